@@ -1,0 +1,84 @@
+#include "effects/ObjectItem.h"
+
+#include "effects/CityHash.h"
+
+namespace
+{
+struct DisplayNameRow
+{
+    const char* defaultName;
+    const char* shownAs;
+};
+
+constexpr DisplayNameRow displayNames[] = {
+    {"Vortan Sheets Object", "Sheets"},
+    {"Vortan Route Object", "Routes"}, // Kept: the singular name is shown in the plural.
+    {"Vortan GEO Object", "GEO"},
+    {"Vortan Solids Object", "Solids"},
+    {"Vortan Copies Object", "Copies"},
+    {"Vortan Cutter Object", "Cutter"},
+    {"Vortan Round Zone", "Round Zone"},
+    {"Vortan Jitter Effector", "Jitter"},
+    {"Vortan Enclosure", "Enclosure"},
+    {"Vortan Placement", "Placement"},
+    {"Vortan Tint Table", "Tint Table"},
+    {"Vortan Dimmer Effector", "Dimmer Effector"},
+    {"Vortan Pulse Effector", "Pulse Effector"},
+    {"Vortan Dots Renderer", "Dots"},
+    {"Vortan Strokes Renderer", "Strokes"},
+    {"Vortan Tiling Renderer", "Tiling"}, // Kept: its match name says "Tiles".
+    {"Vortan Rays Renderer", "Rays"},
+    {"Vortan Panes Renderer", "Panes"},
+    {"Vortan Elder Renderer", "Elder"},
+};
+
+std::uint64_t hashText(const std::string& text) { return CityHash64(text.data(), text.size()); }
+
+std::uint64_t signExtend(std::int32_t value) { return static_cast<std::uint64_t>(std::int64_t{value}); }
+} // namespace
+
+VN_UUID ZeroUUID() { return VN_UUID{}; }
+
+VN_UUIDStr GetUUIDStr(VN_UUID uuid)
+{
+    constexpr char digits[] = "0123456789abcdef";
+    VN_UUIDStr result{};
+    char* out = result.text;
+    for (std::size_t i = 0; i < uuid.bytes.size(); ++i)
+    {
+        if (i == 4 || i == 6 || i == 8 || i == 10)
+            *out++ = '-';
+        *out++ = digits[uuid.bytes[i] >> 4];
+        *out++ = digits[uuid.bytes[i] & 15];
+    }
+    return result;
+}
+
+std::uint64_t CombineHash(std::uint64_t hash, std::uint64_t value)
+{
+    return hash ^ (value + 0x9e3779b9ULL + (hash << 6) + (hash >> 2));
+}
+
+std::uint64_t CalcItemsHash(std::uint64_t seed, const std::vector<ObjectItem>& items)
+{
+    std::uint64_t hash = seed;
+    for (const ObjectItem& item : items)
+    {
+        hash = CombineHash(hash, hashText(item.uuid));
+        hash = CombineHash(hash, hashText(item.name));
+        hash = CombineHash(hash, signExtend(item.group));
+        hash = CombineHash(hash, signExtend(item.active));
+    }
+    return hash;
+}
+
+std::string GetItemDisplayString(std::string name)
+{
+    for (const DisplayNameRow& row : displayNames)
+    {
+        const std::string defaultName = row.defaultName;
+        if (name.compare(0, defaultName.size(), defaultName) == 0)
+            name.replace(0, defaultName.size(), row.shownAs);
+    }
+    return name;
+}
