@@ -14,4 +14,10 @@ PanelatorUI_Plat::PanelatorUI_Plat(SPBasicSuite* basicSuite, AEGP_PanelH hostPan
     addToDesktop(CreatePanelContents(basicSuite, stateTable, tree), nullptr, 0, 0, hostView);
 }
 
-void DispatchPlatformEvents() { TreeLog().Add("DispatchPlatformEvents()"); }
+void DispatchPlatformEvents(ValueTreesDemo* tree)
+{
+    TreeLog().Add(tree == nullptr ? "DispatchPlatformEvents(null)" : "DispatchPlatformEvents(tree)");
+}
+
+PlatformErrorScope::PlatformErrorScope() : formerHandler(nullptr) {}
+PlatformErrorScope::~PlatformErrorScope() = default;
