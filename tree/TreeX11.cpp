@@ -4,6 +4,8 @@
 
 #include "tree/ValueTreesDemo.h"
 
+#include <juce_events/native/juce_linux_EventLoopInternal.h>
+
 #include <algorithm>
 
 namespace juce
@@ -15,6 +17,9 @@ extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
 namespace
 {
 constexpr int mostMessagesPerRound = 100;
+
+/// Xlib's KeyPress, a name that JUCE has for something else.
+constexpr int keyPressType = 2;
 
 Display* treeDisplay()
 {
@@ -40,7 +45,7 @@ bool serverTimeOf(const XEvent& event, Time& time)
 {
     switch (event.type)
     {
-    case KeyPress:
+    case keyPressType:
     case KeyRelease:
         time = event.xkey.time;
         return true;
@@ -225,7 +230,7 @@ KeyUse HandleTreeKey(ValueTreesDemo* tree, void* keyEvent)
         focused->removeKeyListener(&first);
     if (safeTree != nullptr)
         tree->removeKeyListener(&last);
-    return event.type == KeyPress && first.wasReached && !last.wasReached ? KeyUse::used : KeyUse::unused;
+    return event.type == keyPressType && first.wasReached && !last.wasReached ? KeyUse::used : KeyUse::unused;
 }
 
 void DismissTreeMenus() { (void)juce::PopupMenu::dismissAllActiveMenus(); }
