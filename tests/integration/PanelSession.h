@@ -4,9 +4,9 @@
 
 #include "panel/Panelator.h"
 #include "tests/support/ProductHost.h"
-#include "tests/support/XHostWindow.h"
-#include "tests/support/XTestInput.h"
-#include "tests/support/Xvfb.h"
+#include "standin/x11/XHostWindow.h"
+#include "standin/x11/XTestInput.h"
+#include "standin/x11/Xvfb.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
