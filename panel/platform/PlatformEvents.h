@@ -21,5 +21,5 @@ public:
     PlatformErrorScope& operator=(const PlatformErrorScope&) = delete;
 
 private:
-    void* formerHandler;
+    [[maybe_unused]] void* formerHandler; ///< No platform but X11 has one.
 };

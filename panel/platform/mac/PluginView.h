@@ -3,5 +3,7 @@
 
 #import <AppKit/AppKit.h>
 
+// The classes of all plug-ins in the host's process share one space of names.
+__attribute__((objc_runtime_name("VortanPluginView")))
 @interface PluginView : NSView
 @end
