@@ -20,18 +20,17 @@ TEST_F(LayerEffectChangesOrder, TheLastEffectComesToTheTopAndTheOthersAreMovedTo
 
     EXPECT_EQ(OutputOf([&] { EXPECT_EQ(stack.Change(stack.Tree("C A B")).thrown, ""); }), "");
 
-    EXPECT_EQ(stack.Calls(), reading +
-                                 "Utility 3 AEGP_StartUndoGroup(\"Reorder Effect(s)\")\n"
-                                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect C\n"
-                                 "Effect 1 AEGP_ReorderEffect(effect C, 0)\n"
-                                 "Effect 1 AEGP_DisposeEffect(effect C)\n"
-                                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect A\n"
-                                 "Effect 1 AEGP_ReorderEffect(effect A, 1)\n"
-                                 "Effect 1 AEGP_DisposeEffect(effect A)\n"
-                                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect B\n"
-                                 "Effect 1 AEGP_ReorderEffect(effect B, 2)\n"
-                                 "Effect 1 AEGP_DisposeEffect(effect B)\n"
-                                 "Utility 3 AEGP_EndUndoGroup()\n");
+    EXPECT_EQ(stack.Calls(), reading + "Utility 3 AEGP_StartUndoGroup(\"Reorder Effect(s)\")\n"
+                                       "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect C\n"
+                                       "Effect 1 AEGP_ReorderEffect(effect C, 0)\n"
+                                       "Effect 1 AEGP_DisposeEffect(effect C)\n"
+                                       "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect A\n"
+                                       "Effect 1 AEGP_ReorderEffect(effect A, 1)\n"
+                                       "Effect 1 AEGP_DisposeEffect(effect A)\n"
+                                       "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect B\n"
+                                       "Effect 1 AEGP_ReorderEffect(effect B, 2)\n"
+                                       "Effect 1 AEGP_DisposeEffect(effect B)\n"
+                                       "Utility 3 AEGP_EndUndoGroup()\n");
     EXPECT_EQ(stack.Stack(), "C A B");
     EXPECT_EQ(stack.Steps(), "[Reorder Effect(s)]");
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
@@ -45,8 +44,7 @@ TEST_F(LayerEffectChangesOrder, AnOutsideEffectSinksBelowTheFamily)
 
     (void)stack.Change(stack.Tree("A B"));
 
-    EXPECT_EQ(stack.Calls(),
-              reading + startNamed + MoveEffect("A", 1, 0) + MoveEffect("B", 2, 1) + endGroup);
+    EXPECT_EQ(stack.Calls(), reading + startNamed + MoveEffect("A", 1, 0) + MoveEffect("B", 2, 1) + endGroup);
     EXPECT_EQ(stack.Stack(), "A B Z");
     EXPECT_EQ(stack.Steps(), "[Reorder Effect(s)]");
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
@@ -60,13 +58,12 @@ TEST_F(LayerEffectChangesOrder, AnObjectThatIsNotOnTheLayerKeepsItsPositionAndTh
 
     (void)stack.Change(stack.Tree("A ? B"));
 
-    EXPECT_EQ(stack.Calls(),
-              reading + startNamed + MoveEffect("A", 0, 0) + MoveEffect("B", 1, 2) + endGroup);
+    EXPECT_EQ(stack.Calls(), reading + startNamed + MoveEffect("A", 0, 0) + MoveEffect("B", 1, 2) + endGroup);
     EXPECT_EQ(stack.Stack(), "A C B");
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesOrder, AfterSuchAPositionTheKeptBelieveTakesAnotherEffectThanTheOneWanted)
+TEST_F(LayerEffectChangesOrder, AfterSuchAPositionTheBeliefTakesAnotherEffectThanTheOneWanted)
 {
     // After B went to 2 the layer holds A C B D. The belief is still A B C D, so C is looked for at 2, where
     // B stands, and D at 3, where B has gone.
@@ -162,8 +159,7 @@ TEST_F(LayerEffectChangesOrder, AZeroIdentityInTheTreeFillsItsPositionAndMovesNo
 
     (void)stack.Change(stack.Tree("0 B"));
 
-    EXPECT_EQ(stack.Calls(),
-              ReadIdentities(stack, "A Z B") + startNamed + MoveEffect("B", 2, 1) + endGroup);
+    EXPECT_EQ(stack.Calls(), ReadIdentities(stack, "A Z B") + startNamed + MoveEffect("B", 2, 1) + endGroup);
     EXPECT_EQ(stack.Stack(), "A B Z");
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
@@ -204,6 +200,7 @@ TEST_F(LayerEffectChangesOrder, OfTwoEffectsWithOneIdentityTheUpperIsMovedBothTi
 {
     StackScene& stack = Make("A B C");
     stack.host.Effect("B").family.uuid = stack.host.Effect("A").family.uuid;
+    stack.host.Effect("B").customName = "A";
 
     (void)stack.Change(stack.Tree("C A B"));
 

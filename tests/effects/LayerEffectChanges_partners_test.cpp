@@ -91,7 +91,8 @@ TEST_F(LayerEffectChangesPartners, AnUnknownIdentityInTheTreeHasNoPartner)
     EXPECT_EQ(stack.Calls(), onlyInPlace(stack, "A"));
 }
 
-TEST_F(LayerEffectChangesPartners, AnIdentityThatTheLayerListDoesNotHoldHasNoPartnerThoughItsEffectStandsThere)
+TEST_F(LayerEffectChangesPartners,
+       AnIdentityThatTheLayerListDoesNotHoldHasNoPartnerThoughItsEffectStandsThere)
 {
     StackScene& stack = Make("A B");
     Items layerItems = stack.LayerItems();
@@ -150,7 +151,8 @@ TEST_F(LayerEffectChangesPartners, OfTwoLayerItemsWithOneIdentityTheFirstIsThePa
 
     (void)stack.Change(layerItems, tree);
 
-    EXPECT_EQ(stack.Report(), "A: B, group 0, on\nB: B, group 0, on\n") << "the search takes the first effect";
+    EXPECT_EQ(stack.Report(), "A: B, group 0, on\nB: B, group 0, on\n")
+        << "the search takes the first effect";
     EXPECT_EQ(stack.Steps(), "[Rename Effect(s)]");
 }
 

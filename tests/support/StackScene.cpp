@@ -161,6 +161,16 @@ bool StackScene::UndoBringsBackTheStart()
     return host.State() == start;
 }
 
+std::vector<std::string> StackScene::Found()
+{
+    host.CheckSuiteBalance();
+    std::vector<std::string> found;
+    for (const Finding& finding : host.Findings().All())
+        found.push_back(finding.id + " " + finding.function);
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
 std::string StackScene::Calls() { return linesOf(host.CallTexts(SuiteTraffic::leftOut)); }
 
 std::string StackScene::CallsWithSuites() { return linesOf(host.CallTexts()); }

@@ -50,6 +50,9 @@ struct StackScene : ProductHost
     std::string Calls();
     std::string CallsWithSuites();
 
+    /// All findings so far, expected ones too, with those about the suites' balance: "id function", sorted.
+    std::vector<std::string> Found();
+
 private:
     ObjectItem itemOf(const EffectInstance& effect);
     ProjectState start; ///< When the operation began.
