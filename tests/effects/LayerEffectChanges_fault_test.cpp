@@ -83,9 +83,9 @@ void checkChange(ChangedStack& stack, const SweptFault& fault)
     EXPECT_EQ(stack.result.thrownNumber, audit.suiteMissing ? std::optional<int>(516) : std::nullopt);
     EXPECT_EQ(stack.Found(), expectedFindings(stack, audit, fault)) << stack.CallsWithSuites();
     EXPECT_EQ(stack.host.LiveReferences(), 0);
-    const std::string last = stack.host.CallTexts(SuiteTraffic::leftOut).back();
-    EXPECT_TRUE(audit.suiteMissing || last.find("AEGP_EndUndoGroup()") != std::string::npos)
-        << "the order's group is closed whatever happened; the last call was " << last;
+    const std::vector<std::string> calls = stack.host.CallTexts(SuiteTraffic::leftOut);
+    const bool isClosed = !calls.empty() && calls.back().find("AEGP_EndUndoGroup()") != std::string::npos;
+    EXPECT_TRUE(audit.suiteMissing || isClosed) << "the order's group is closed whatever happened";
 }
 
 void editNothing(Items&) {}
