@@ -73,7 +73,7 @@ void checkSelection(SelectedStack& stack, const SweptFault& fault)
     std::vector<std::string> expected = audit.referenceFindings;
     if (audit.suiteMissing)
         expected.push_back("exception-left-hook ");
-    if (audit.leftOpen > 0 && audit.endFailed == 0)
+    if (audit.leftOpen > 0)
         expected.push_back("undo-group-left-open AEGP_StartUndoGroup");
     std::sort(expected.begin(), expected.end());
     EXPECT_EQ(found, expected) << stack.CallsWithSuites();

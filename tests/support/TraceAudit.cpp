@@ -170,10 +170,7 @@ TraceAudit AuditTrace(const std::vector<CallRecord>& records, const std::string&
 {
     TraceAudit audit;
     for (const CallRecord& record : records)
-    {
         audit.suiteMissing |= Begins(record, "Basic AcquireSuite") && record.error != errNone;
-        audit.endFailed += record.function == "AEGP_EndUndoGroup" && record.error != errNone ? 1 : 0;
-    }
     const std::string start = "Utility 3 AEGP_StartUndoGroup(\"" + groupName + "\")";
     Walk walk(records, audit);
     while (const CallRecord* record = walk.Peek())

@@ -20,7 +20,6 @@ struct TraceAudit
     std::string violation;
     int chains = 0;            ///< Undo groups that were opened.
     int leftOpen = 0;          ///< Those that an error left open before their last call was reached.
-    int endFailed = 0;         ///< Calls of AEGP_EndUndoGroup that failed.
     bool suiteMissing = false; ///< An acquire failed, so that 516 is on its way to the host.
     /// The findings about references that had to be kept because their disposing suite was missing: id and
     /// function, sorted.
