@@ -56,8 +56,9 @@ TEST_F(Embedding, WorksWithoutAParentAndWithoutASize)
     addToDesktop(other, nullptr, 0, 0, nullptr);
     pumpFor(50);
     EXPECT_TRUE(other->isOnDesktop());
-    EXPECT_EQ(other->getWidth(), 0);
-    EXPECT_EQ(other->getHeight(), 0);
+    // No X window is empty.
+    EXPECT_LE(other->getWidth(), 1);
+    EXPECT_LE(other->getHeight(), 1);
     RefreshTree(other, {object(1, "a", 1)});
     NotifyMsg(other, "Hello");
     pumpFor(50);

@@ -192,14 +192,16 @@ TEST_F(Menu, ChosenWhileItsWidgetGoesAddsNothing)
 
 TEST_F(Menu, OpensOneAfterTheOther)
 {
-    AddObject(panel, VN_OBJECT_EFFECTOR, 98, "another");
-    openMenu();
-    (void)outputOf([this] { click(centreOf(panel->effectorButton)); });
-    pumpFor(500);
+    AddObject(panel, VN_OBJECT_RENDERER, 21, "Dots");
+    AddObject(panel, VN_OBJECT_RENDERER, 22, "Rays");
+    (void)outputOf([this] { click(centreOf(panel->rendererButton)); });
+    pumpFor(400);
     ASSERT_TRUE(isMenuOpen());
+    // Above the open menu, and not under it.
+    openMenu();
     EXPECT_EQ(juce::Component::getNumCurrentlyModalComponents(), 1);
-    const auto bounds = menu()->getScreenBounds();
-    click({bounds.getCentreX(), bounds.getY() + bounds.getHeight() / 4});
+    click(menuRow(3));
     EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
-    EXPECT_THAT(keys(), ElementsAre(99));
+    pumpFor(100);
+    EXPECT_THAT(keys(), ElementsAre(13));
 }

@@ -238,7 +238,9 @@ TEST_F(Mouse, WheelScrollsAndAClickHitsWhatTheUserSees)
     wheel(textOf("row 5"), 5, 6);
     ASSERT_TRUE(pumpUntil([this] { return view().getViewport()->getViewPositionY() > 0; }));
     pumpFor(100);
-    const std::string name = "row 20";
+    auto* item = dynamic_cast<ValueTreeItem*>(view().getItemAt(70));
+    ASSERT_NE(item, nullptr);
+    const std::string name = item->getNode()["name"].toString().toStdString();
     const int before = node(name)["active"];
     click(boxOf(name));
     EXPECT_EQ(static_cast<int>(node(name)["active"]), 1 - before);
