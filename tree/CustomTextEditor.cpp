@@ -2,7 +2,8 @@
 
 #include "tree/NameText.h"
 
-CustomTextEditor::CustomTextEditor() = default;
+CustomTextEditor::CustomTextEditor(ClickFocus& sharedClickFocus) : clickFocus(sharedClickFocus) {}
+
 CustomTextEditor::~CustomTextEditor() = default;
 
 void CustomTextEditor::returnPressed()
@@ -16,4 +17,16 @@ void CustomTextEditor::escapePressed()
 {
     setVisible(false);
     onRename = nullptr;
+}
+
+void CustomTextEditor::focusGained(FocusChangeType cause)
+{
+    juce::TextEditor::focusGained(cause);
+    clickFocus.gained(*this, cause);
+}
+
+void CustomTextEditor::focusLost(FocusChangeType cause)
+{
+    juce::TextEditor::focusLost(cause);
+    clickFocus.lost(*this);
 }

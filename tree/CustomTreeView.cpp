@@ -43,7 +43,9 @@ void renameItemInTreeByUUID(juce::TreeView* view, std::string uuid, std::string 
 } // namespace
 
 CustomTreeView::CustomTreeView()
-    : juce::TreeView(juce::String()), renameEditor(std::make_unique<CustomTextEditor>()), retiredRows(*this)
+    : juce::TreeView(juce::String()),
+      renameEditor(std::make_unique<CustomTextEditor>(clickFocus)),
+      retiredRows(*this)
 {
     addAndMakeVisible(*renameEditor);
     renameEditor->setSize(200, 20);
@@ -194,6 +196,10 @@ void CustomTreeView::resized()
     forgetHoveredBox();
     juce::TreeView::resized();
 }
+
+void CustomTreeView::focusGained(FocusChangeType cause) { clickFocus.gained(*this, cause); }
+
+void CustomTreeView::focusLost(FocusChangeType) { clickFocus.lost(*this); }
 
 // Called ahead of the viewport, which drops the components of rows that scroll out of sight.
 void CustomTreeView::componentMovedOrResized(juce::Component&, bool, bool) { forgetHoveredBox(); }

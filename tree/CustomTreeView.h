@@ -25,6 +25,8 @@ public:
     bool keyPressed(const juce::KeyPress&) override;
 
     void resized() override;
+    void focusGained(FocusChangeType) override;
+    void focusLost(FocusChangeType) override;
 
     void deleteSelectedItems();
 
@@ -43,6 +45,10 @@ public:
 
     const RetiredRows& getRetiredRows() const { return retiredRows; }
 
+private:
+    ClickFocus clickFocus;
+
+public:
     std::unique_ptr<CustomTextEditor> renameEditor;
     std::vector<std::string> effectsToBeRemoved; ///< uuids, waiting for the next idle pass
 

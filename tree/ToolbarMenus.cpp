@@ -68,20 +68,21 @@ void ValueTreesDemo::showMenu(juce::PopupMenu menu, juce::Button& button, std::v
 void ValueTreesDemo::showMenu(juce::PopupMenu menu, juce::Button& button, std::vector<int> keys)
 {
     const juce::Component::SafePointer<ValueTreesDemo> panel(this);
-    const bool hadFocus = hasKeyboardFocus(true);
+    const juce::Component::SafePointer<juce::Component> focused(
+        hasKeyboardFocus(true) ? getCurrentlyFocusedComponent() : nullptr);
+    // JUCE fetches the keyboard back for whatever has the focus when a menu closes, also from a host that
+    // the user has turned to. With the focus put aside it leaves that to the lines below.
+    giveAwayKeyboardFocus();
     ++openMenus;
     menu.showMenuAsync(juce::PopupMenu::Options().withTargetComponent(button),
-                       [panel, hadFocus, keys = std::move(keys)](int result)
+                       [panel, focused, keys = std::move(keys)](int result)
                        {
                            if (panel == nullptr)
                                return;
                            --panel->openMenus;
                            panel->takeChoice(keys, result);
-                           // The menu's window may have had the focus. It goes back where it was, unless
-                           // the user has turned to the host.
-                           if (hadFocus && juce::Process::isForegroundProcess() &&
-                               panel->treeView.isShowing())
-                               panel->treeView.grabKeyboardFocus();
+                           if (focused != nullptr && focused->isShowing() && !IsKeyboardElsewhere())
+                               focused->grabKeyboardFocus();
                        });
 }
 #endif

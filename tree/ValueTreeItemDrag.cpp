@@ -29,6 +29,9 @@ void moveNode(juce::ValueTree node, juce::ValueTree newParent, int insertIndex)
 
 juce::var ValueTreeItem::getDragSourceDescription()
 {
+    // A row that has left its view under a held button starts no drag.
+    if (getOwnerView() == nullptr)
+        return {};
     if (rowTree.hasType(TreeIds::Object) && rowTree.hasProperty(TreeIds::rigid))
         return juce::String(rigidObject);
     return rowTree.getType().toString();

@@ -21,7 +21,8 @@ private:
 };
 } // namespace
 
-ValueTreesDemo::ValueTreesDemo(bool hideToolbar) : toolbarHidden(hideToolbar), notifyLabel(notifyTimeMs)
+ValueTreesDemo::ValueTreesDemo(bool hideToolbar)
+    : toolbarHidden(hideToolbar), notifyLabel(notifyTimeMs), dragFocus(treeView)
 {
     setSize(400, 200);
     bgColour = juce::Colours::blue;
@@ -69,6 +70,8 @@ ValueTreesDemo::~ValueTreesDemo()
     }
     if (openMenus > 0)
         juce::PopupMenu::dismissAllActiveMenus();
+    // The picture of a row that was dragged fades in a window of its own, which must not outlive JUCE.
+    juce::Desktop::getInstance().getAnimator().cancelAllAnimations(false);
     // The look and feel goes before the buttons do.
     for (auto* button : buttons())
         button->setLookAndFeel(nullptr);
@@ -135,8 +138,12 @@ void ValueTreesDemo::resized()
 }
 
 // On X11 the picture of the dragged row is a window of its own, and takes the focus with it when it goes.
+void ValueTreesDemo::dragOperationStarted(const juce::DragAndDropTarget::SourceDetails&)
+{
+    dragFocus.dragStarted();
+}
+
 void ValueTreesDemo::dragOperationEnded(const juce::DragAndDropTarget::SourceDetails&)
 {
-    if (juce::Process::isForegroundProcess() && treeView.isShowing())
-        treeView.grabKeyboardFocus();
+    dragFocus.dragEnded();
 }

@@ -4,6 +4,7 @@
 
 #include "effects/ObjectItem.h"
 #include "tree/CustomTreeView.h"
+#include "tree/Keyboard.h"
 #include "tree/NotifyLabel.h"
 #include "tree/PanelBase.h"
 #include "tree/SimpleButton.h"
@@ -33,6 +34,7 @@ public:
     void mouseDown(const juce::MouseEvent&) override;
     void paint(juce::Graphics&) override;
     void resized() override;
+    void dragOperationStarted(const juce::DragAndDropTarget::SourceDetails&) override;
     void dragOperationEnded(const juce::DragAndDropTarget::SourceDetails&) override;
 
     void buttonClicked(juce::Button*);
@@ -77,6 +79,7 @@ private:
     void addKey(int key);
 
     int openMenus = 0;
+    DragFocus dragFocus;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR(ValueTreesDemo)
 };
