@@ -1,6 +1,7 @@
 # Configures the project as for macOS, with an empty SDK, and looks at what would be run: nothing is
 # compiled. Keeps the parts of the build that no Linux build enters from breaking unseen.
-#   cmake -DSOURCE=... -DWORK=... -DCLANG=... -DCLANGXX=... -DJUCE=... -DNINJA=... -P MacosConfigure.cmake
+#   cmake -DSOURCE=... -DWORK=... -DCLANG=... -DCLANGXX=... -DJUCE=... -DNINJA=...
+#     -DGTEST=... -DABSL=... -P MacosConfigure.cmake
 
 set(sdk ${WORK}/MacOSX.sdk)
 file(REMOVE_RECURSE ${WORK})
@@ -30,7 +31,6 @@ function(configure_for_macos folder)
       -DPKG_CONFIG_EXECUTABLE=/bin/false -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON
       -DCMAKE_BUILD_TYPE=Release
       -DVORTAN_JUCE_DIR=${JUCE}
-      -DBUILD_TESTING=OFF
       ${ARGN}
     RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
   if(NOT result EQUAL 0)
@@ -47,7 +47,7 @@ function(commands_of target folder variable)
   set(${variable} "${commands}" PARENT_SCOPE)
 endfunction()
 
-configure_for_macos(${WORK}/whole)
+configure_for_macos(${WORK}/whole -DBUILD_TESTING=OFF)
 commands_of(VortanObjectPanel-signed ${WORK}/whole commands)
 demand("${commands}" "-arch x86_64 -arch arm64 [^\n]*-mmacosx-version-min=10.15")
 demand("${commands}" "-fno-objc-arc [^\n]*/panel/platform/mac/SurfaceView.mm")
@@ -63,10 +63,18 @@ demand("${exports}" "^_EffectorAEGP\n_PanelEntryPointFunc\n$")
 file(READ ${WORK}/whole/bundle/cmake_install.cmake installation)
 demand("${installation}" "REMOVE_RECURSE [^\n]*/VortanObjectPanel.plugin.*file\\(INSTALL DESTINATION")
 
-configure_for_macos(${WORK}/split -DVORTAN_SPLIT_BUNDLES=ON "-DVORTAN_SIGNING_IDENTITY=Developer ID")
+configure_for_macos(${WORK}/split -DBUILD_TESTING=OFF -DVORTAN_SPLIT_BUNDLES=ON "-DVORTAN_SIGNING_IDENTITY=Developer ID")
 commands_of(VortanIdleSuite-signed ${WORK}/split commands)
 demand("${commands}" "-o VortanIdleSuite.plugin/Contents/MacOS/VortanIdleSuite ")
 demand("${commands}" "write-resource [^\n]*/VortanIdleSuite.rsrc EffectorAEGP\n")
 demand("${commands}" "codesign --force --options runtime --timestamp --sign \"Developer ID\" ")
 commands_of(VortanObjectPanel-signed ${WORK}/split commands)
 demand("${commands}" "write-resource [^\n]*/VortanObjectPanel.rsrc PanelEntryPointFunc\n")
+
+configure_for_macos(${WORK}/tests -DBUILD_TESTING=ON -DGTest_DIR=${GTEST} -Dabsl_DIR=${ABSL})
+commands_of(all ${WORK}/tests commands)
+demand("${commands}" "-o bundle-test ")
+demand("${commands}" "-o items-test ")
+if(commands MATCHES "libX11|libXtst|GNUstep")
+  message(FATAL_ERROR "The tests need what macOS does not have: ${CMAKE_MATCH_0}")
+endif()
