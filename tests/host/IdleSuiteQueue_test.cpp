@@ -68,7 +68,7 @@ protected:
     Names RunIdle()
     {
         ran.clear();
-        const HookResult result = host.RunInHook([&] { return IdleHook(nullptr, &ref, nullptr); });
+        const HookResult result = host.RunInHook([&] { return ::IdleHook(nullptr, &ref, nullptr); });
         EXPECT_EQ(result.error, A_Err_NONE);
         EXPECT_EQ(result.thrown, "");
         return ran;
@@ -136,7 +136,7 @@ TEST_F(IdleQueue, FunctionsRunInTheOrderInWhichTheyWereQueued)
 TEST_F(IdleQueue, TheHookLeavesTheHostsMaxSleepAlone)
 {
     A_long maxSleep = 1234;
-    EXPECT_EQ(IdleHook(nullptr, &ref, &maxSleep), A_Err_NONE);
+    EXPECT_EQ(::IdleHook(nullptr, &ref, &maxSleep), A_Err_NONE);
     EXPECT_EQ(maxSleep, 1234);
 }
 
@@ -154,9 +154,10 @@ TEST_F(IdleQueue, TheThirtyThirdEntryIsReportedAndDropped)
     Job late = MakeJob("late");
     QueueTimes(32, job);
     EXPECT_EQ(Queue(late), 0);
-    EXPECT_THAT(host.CallTexts(), ElementsAre("Basic AcquireSuite(AEGP Utility Suite, 11)",
-                                              "Utility 11 AEGP_ReportInfo(\"Max Idle Stack Limit Reached.\")",
-                                              "Basic ReleaseSuite(AEGP Utility Suite, 11)"));
+    EXPECT_THAT(host.CallTexts(),
+                ElementsAre(R"(Basic AcquireSuite("AEGP Utility Suite", 11))",
+                            R"(Utility 11 AEGP_ReportInfo(id 7, "Max Idle Stack Limit Reached."))",
+                            R"(Basic ReleaseSuite("AEGP Utility Suite", 11))"));
     EXPECT_THAT(AlertTexts(), ElementsAre("Max Idle Stack Limit Reached."));
     EXPECT_EQ(host.Alerts().at(0).pluginId, 7);
     EXPECT_EQ(RunIdle(), Names(32, "A"));
@@ -183,8 +184,8 @@ TEST_F(IdleQueue, AFullQueueWithoutTheUtilitySuiteDropsTheEntryInSilenceAndRelea
     host.Faults().Withhold("AEGP Utility Suite", 11);
     EXPECT_EQ(Queue(late), 0);
     EXPECT_THAT(host.CallTexts(),
-                ElementsAre("Basic AcquireSuite(AEGP Utility Suite, 11) = 1394689636",
-                            "Basic ReleaseSuite(AEGP Utility Suite, 11) = 1397908844"));
+                ElementsAre(R"(Basic AcquireSuite("AEGP Utility Suite", 11) = 1394689636)",
+                            R"(Basic ReleaseSuite("AEGP Utility Suite", 11) = 1397908844)"));
     EXPECT_THAT(AlertTexts(), IsEmpty());
     EXPECT_EQ(RunIdle(), Names(32, "A"));
 }

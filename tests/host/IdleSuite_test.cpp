@@ -13,8 +13,8 @@ namespace standin
 {
 namespace
 {
-using ::testing::ElementsAre;
 using ::testing::Each;
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr A_long loadedId = 8; ///< The id of the first plug-in that a host loads.
@@ -64,17 +64,17 @@ TEST_F(IdleSuiteEntry, PublishesRegistersAndReleasesInThisOrder)
 {
     LoadWell();
     EXPECT_THAT(host.CallTexts(),
-                ElementsAre("Basic AcquireSuite(SP Suites Suite, 2)",
-                            "Suites 2 AddSuite(null, null, \"Vortan Idle Suite v1\", 1, 1)",
-                            "Basic ReleaseSuite(SP Suites Suite, 2)",
+                ElementsAre(R"(Basic AcquireSuite("SP Suites Suite", 2))",
+                            R"(Suites 2 AddSuite(null, null, "Vortan Idle Suite v1", 1, 1, table))",
+                            R"(Basic ReleaseSuite("SP Suites Suite", 2))",
                             // Acquired once more, to no use.
-                            "Basic AcquireSuite(SP Suites Suite, 2)",
-                            "Basic ReleaseSuite(SP Suites Suite, 2)",
-                            "Basic AcquireSuite(AEGP Register Suite, 6)",
-                            "Basic AcquireSuite(AEGP Utility Suite, 7)",
-                            "Register 6 AEGP_RegisterIdleHook(8)",
-                            "Basic ReleaseSuite(AEGP Register Suite, 6)",
-                            "Basic ReleaseSuite(AEGP Utility Suite, 7)"));
+                            R"(Basic AcquireSuite("SP Suites Suite", 2))",
+                            R"(Basic ReleaseSuite("SP Suites Suite", 2))",
+                            R"(Basic AcquireSuite("AEGP Register Suite", 6))",
+                            R"(Basic AcquireSuite("AEGP Utility Suite", 7))",
+                            "Register 6 AEGP_RegisterIdleHook(id 8, hook, refcon)",
+                            R"(Basic ReleaseSuite("AEGP Register Suite", 6))",
+                            R"(Basic ReleaseSuite("AEGP Utility Suite", 7))"));
 }
 
 TEST_F(IdleSuiteEntry, GivesTheHostABlockWithItsIdAndBasicSuite)
@@ -114,9 +114,9 @@ TEST_F(IdleSuiteEntry, PublishesATableOfTwoWordsWithAnEmptyQueueBehindIt)
 
 TEST_F(IdleSuiteEntry, IgnoresTheVersionOfTheHost)
 {
-    const LoadedPlugin loaded = host.Load(
-        +[](SPBasicSuite* basicSuite, A_long, A_long, AEGP_PluginID id, AEGP_GlobalRefcon* out)
-        { return EffectorAEGP(basicSuite, -1, 0, id, out); });
+    const LoadedPlugin loaded =
+        host.Load(+[](SPBasicSuite* basicSuite, A_long, A_long, AEGP_PluginID id, AEGP_GlobalRefcon* out)
+                  { return EffectorAEGP(basicSuite, -1, 0, id, out); });
     EXPECT_EQ(loaded.result.error, A_Err_NONE);
     EXPECT_NE(Published(), nullptr);
 }

@@ -1,6 +1,5 @@
 // What a pass does by what it finds: did the layer change, did the tree change, and do the two differ.
 
-#include "standin/family/Liars.h"
 #include "tests/panel/PanelTest.h"
 
 namespace standin
@@ -84,8 +83,7 @@ TEST_F(PassOutcome, AMismatchIsReportedBeforeTheLayerIsChanged)
 {
     // The messages of the pass's two readings are 1 to 4; the fifth is the first of the change.
     std::string printed;
-    host.Effect("A").behaviour =
-        ActsInMessage([&](Host&) { printed = bench.PrintedSoFar(); }, 5);
+    bench.ActInMessage("A", 5, [&] { printed = bench.PrintedSoFar(); });
     bench.TreeItem("B").name = "X";
     (void)bench.Pass();
     EXPECT_EQ(printed, "Hash Mismatch\n"
@@ -147,7 +145,7 @@ TEST_F(PassOutcome, ALayerThatMovesBetweenTheReadingsIsBroughtBackToWhatTheTreeS
 {
     // Five messages: two in each of the first two readings, then the first of the third.
     host.User().Rename("A", "A2");
-    host.Effect("A").behaviour = ActsInMessage([](Host& inside) { inside.Effect("B").customName = "moved"; }, 5);
+    bench.ActInMessage("A", 5, [&] { host.Effect("B").customName = "moved"; });
     EffectRows rows = three;
     rows[0].name = "A2";
     EffectRows moved = rows;
@@ -178,7 +176,7 @@ TEST_F(PassOutcome, TheStoredHashOfTheLayerIsThatOfTheFirstReading)
 {
     // The third message is the first of the second reading: the tree gets the new name, the hash the old.
     host.User().Rename("A", "A2");
-    host.Effect("A").behaviour = ActsInMessage([](Host& inside) { inside.Effect("B").customName = "moved"; }, 3);
+    bench.ActInMessage("A", 3, [&] { host.Effect("B").customName = "moved"; });
     EXPECT_EQ(bench.Pass().printed, "State Changed\n");
     EXPECT_EQ(bench.TreeText(), "A2 moved C");
 
@@ -213,11 +211,9 @@ TEST_F(PassOutcome, TheSelectionThatWasCachedComesBackAfterARebuildAndGoesToTheL
 
 TEST_F(PassOutcome, TheFirstPassOfAPanelBuildsTheTreeByTheOrdinaryPath)
 {
-    PanelBench* const settled = &bench;
-    settled->plugin->layerHash = 0;
-    settled->plugin->treeHash = 0;
-    TreeLog().Clear();
-    const PassRecord pass = settled->Pass();
+    bench.plugin->layerHash = 0;
+    bench.plugin->treeHash = 0;
+    const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
                                     LayerRead(three),

@@ -6,9 +6,9 @@ namespace standin
 {
 namespace
 {
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::Not;
-using ::testing::Contains;
 using ::testing::StartsWith;
 using ::testing::UnorderedElementsAre;
 
@@ -19,23 +19,17 @@ class QuietPass : public PanelTest
 TEST_F(QuietPass, OverAnEmptyStackReadsTheLayerOnceAndTheTreeOnce)
 {
     bench.ShowAndSettle();
-    EXPECT_THAT(bench.Pass(SuiteTraffic::included).calls,
-                ElementsAre("Tree DispatchPlatformEvents()",
-                            R"(Panel 1 AEGP_IsShown("Vortan Object Panel") -> 1, 1)",
-                            "Command 1 AEGP_CheckMarkMenuCommand(1001, 1)",
-                            "Item 3 AEGP_GetActiveItem() -> item 101",
-                            "Item 3 AEGP_GetItemID(item 101) -> 101",
-                            R"(Basic AcquireSuite("AEGP Layer Suite", 5))",
-                            "Layer 5 AEGP_GetActiveLayer() -> layer 1",
-                            "Layer 5 AEGP_GetLayerID(layer 1) -> 1",
-                            "Tree GetKeysToBeAddedToLayer(tree)",
-                            "Tree GetEffectsToBeRemoved(tree)",
-                            R"(Basic AcquireSuite("AEGP Effect Suite", 1))",
-                            "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 0",
-                            R"(Basic ReleaseSuite("AEGP Effect Suite", 1))",
-                            "Tree GetItemsFromTree(tree)",
-                            "Tree DidLayerStateChange(1)",
-                            R"(Basic ReleaseSuite("AEGP Layer Suite", 5))"));
+    EXPECT_THAT(
+        bench.Pass(SuiteTraffic::included).calls,
+        ElementsAre("Tree DispatchPlatformEvents()", R"(Panel 1 AEGP_IsShown("Vortan Object Panel") -> 1, 1)",
+                    "Command 1 AEGP_CheckMarkMenuCommand(1001, 1)", "Item 3 AEGP_GetActiveItem() -> item 101",
+                    "Item 3 AEGP_GetItemID(item 101) -> 101", R"(Basic AcquireSuite("AEGP Layer Suite", 5))",
+                    "Layer 5 AEGP_GetActiveLayer() -> layer 1", "Layer 5 AEGP_GetLayerID(layer 1) -> 1",
+                    "Tree GetKeysToBeAddedToLayer(tree)", "Tree GetEffectsToBeRemoved(tree)",
+                    R"(Basic AcquireSuite("AEGP Effect Suite", 1))",
+                    "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 0",
+                    R"(Basic ReleaseSuite("AEGP Effect Suite", 1))", "Tree GetItemsFromTree(tree)",
+                    "Tree DidLayerStateChange(1)", R"(Basic ReleaseSuite("AEGP Layer Suite", 5))"));
 }
 
 TEST_F(QuietPass, OverOneEffectSendsItTwoMessagesAndReadsItFromTheHost)
@@ -154,8 +148,8 @@ TEST_F(QuietPass, CostsTwentyTwoHostCallsForEachEffectAndSevenForItself)
     {
         bench.Settle();
         const Calls calls = bench.Pass().calls;
-        const auto ofTree = std::count_if(calls.begin(), calls.end(), [](const std::string& call)
-                                          { return call.rfind("Tree ", 0) == 0; });
+        const auto ofTree = std::count_if(
+            calls.begin(), calls.end(), [](const std::string& call) { return call.rfind("Tree ", 0) == 0; });
         EXPECT_EQ(ofTree, 5);
         EXPECT_EQ(static_cast<int>(calls.size() - 5), 7 + 22 * count) << count << " effects";
         bench.Add("QVK VORTSRC Lamps", "E" + std::to_string(count));
@@ -187,13 +181,12 @@ TEST_F(QuietPass, LeavesTheHostsMaxSleepAlone)
 {
     bench.ShowAndSettle();
     A_long maxSleep = 4321;
-    const PassRecord record = bench.Record(
-        SuiteTraffic::leftOut,
-        [&]
-        {
-            return host.RunInHook(
-                [&] { return Panelator::S_IdleHook(bench.plugin, &bench.Inbox(), &maxSleep); });
-        });
+    const PassRecord record =
+        bench.Record(SuiteTraffic::leftOut,
+                     [&] {
+                         return host.RunInHook(
+                             [&] { return Panelator::S_IdleHook(bench.plugin, &bench.Inbox(), &maxSleep); });
+                     });
     EXPECT_EQ(record.result.error, errNone);
     EXPECT_EQ(maxSleep, 4321);
 }

@@ -45,7 +45,8 @@ std::string SoFar()
     char buffer[4096];
     ssize_t length = 0;
     // pread leaves the position of the shared file alone, at which the program goes on writing.
-    while ((length = pread(fileno(current().file), buffer, sizeof buffer, static_cast<off_t>(text.size()))) > 0)
+    while ((length = pread(fileno(current().file), buffer, sizeof buffer, static_cast<off_t>(text.size()))) >
+           0)
         text.append(buffer, static_cast<std::size_t>(length));
     return text;
 }

@@ -1,6 +1,8 @@
 #include "tests/support/PanelBench.h"
 
 #include "panel/platform/PanelatorUI_Plat.h"
+#include "standin/core/Behaviour.h"
+#include "standin/family/Liars.h"
 #include "tests/support/OutputCapture.h"
 
 #include <algorithm>
@@ -101,6 +103,13 @@ void PanelBench::moveHostCalls(SuiteTraffic traffic)
     for (std::string& call : host.CallTexts(traffic))
         record.push_back(std::move(call));
     host.ClearTrace();
+}
+
+void PanelBench::ActInMessage(const std::string& label, int nth, std::function<void()> action)
+{
+    EffectInstance& effect = host.Effect(label);
+    host.RuntimeOf(effect.id).messages = 0;
+    effect.behaviour = ActsInMessage([act = std::move(action)](Host&) { act(); }, nth);
 }
 
 std::string PanelBench::PrintedSoFar() const { return OutputCapture::SoFar(); }

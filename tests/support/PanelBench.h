@@ -9,7 +9,7 @@
 #include "tests/support/FakeTree.h"
 #include "tests/support/ProductHost.h"
 
-#include <map>
+#include <functional>
 
 namespace standin
 {
@@ -58,6 +58,8 @@ public:
         HookResult result = body();
         return stopRecording(traffic, std::move(result));
     }
+    /// Runs `action` inside the `nth` message from now on that the effect gets.
+    void ActInMessage(const std::string& label, int nth, std::function<void()> action);
     /// What was printed since the record was started. For behaviours that look from inside a pass.
     std::string PrintedSoFar() const;
 

@@ -39,8 +39,8 @@ Calls takeStreams(const EffectRows& rows, int index)
 {
     const EffectRow& row = rowAt(rows, index);
     return {takeCall(rows, index),
-            "Stream 4 AEGP_GetNewEffectStreamByIndex(id 8, effect " + row.label + ", 1) -> stream " + row.label +
-                ".1",
+            "Stream 4 AEGP_GetNewEffectStreamByIndex(id 8, effect " + row.label + ", 1) -> stream " +
+                row.label + ".1",
             "DynamicStream 2 AEGP_GetNewParentStreamRef(id 8, stream " + row.label + ".1) -> stream " +
                 row.label};
 }
@@ -124,7 +124,8 @@ Calls GroupMessage(const EffectRows& rows, int index)
 
 Calls IdentityMessage(const EffectRows& rows, int index)
 {
-    return message(rows, index, std::string("VORT 5 uuid ") + zeroUuid + ") -> uuid " + rowAt(rows, index).uuid);
+    return message(rows, index,
+                   std::string("VORT 5 uuid ") + zeroUuid + ") -> uuid " + rowAt(rows, index).uuid);
 }
 
 Calls HostRead(const EffectRows& rows, int index)
@@ -134,8 +135,8 @@ Calls HostRead(const EffectRows& rows, int index)
             "Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect " + row.label + ") -> " +
                 std::to_string(row.key),
             "Effect 1 AEGP_GetEffectMatchName(" + std::to_string(row.key) + ") -> \"" + row.matchName + "\"",
-            "Stream 4 AEGP_GetNewEffectStreamByIndex(id 8, effect " + row.label + ", 1) -> stream " + row.label +
-                ".1",
+            "Stream 4 AEGP_GetNewEffectStreamByIndex(id 8, effect " + row.label + ", 1) -> stream " +
+                row.label + ".1",
             "DynamicStream 2 AEGP_GetNewParentStreamRef(id 8, stream " + row.label + ".1) -> stream " +
                 row.label,
             "Effect 1 AEGP_GetEffectFlags(effect " + row.label + ") -> " + std::to_string(row.flags),
@@ -168,7 +169,8 @@ Calls IdentityRead(const EffectRows& rows)
 
 Calls TreeRebuild(const std::string& names)
 {
-    return {"Tree RefreshTree([" + names + "])", "Tree ApplyLayerTreeState(1)", "Tree CacheLayerTreeState(1)"};
+    return {"Tree RefreshTree([" + names + "])", "Tree ApplyLayerTreeState(1)",
+            "Tree CacheLayerTreeState(1)"};
 }
 
 Calls QuietTree() { return {"Tree GetItemsFromTree(tree)", "Tree DidLayerStateChange(1)"}; }
