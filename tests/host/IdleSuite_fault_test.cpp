@@ -5,6 +5,7 @@
 #include "host/IdleSuite.h"
 #include "standin/core/Host.h"
 #include "standin/sensors/FindingIds.h"
+#include "tests/support/Sanitized.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -22,7 +23,7 @@ using ::testing::IsEmpty;
 /// What the dying program says: that it called through a null table, and after which call to the host.
 std::string deathAfter(const std::string& lastCall)
 {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VORTAN_TESTS_ARE_SANITIZED)
     (void)lastCall; // The sanitizer sees the access coming, and names it alone.
     return "member access within null pointer of type 'const (struct )?AEGP_UtilitySuite3'";
 #else
