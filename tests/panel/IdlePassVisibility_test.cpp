@@ -109,12 +109,11 @@ TEST_F(PassVisibility, WithoutAnActiveItemTheTreeAndAllCachedStatesGoAtEveryPass
     for (int pass = 0; pass < 2; ++pass)
     {
         const PassRecord record = bench.Pass(SuiteTraffic::included);
-        EXPECT_THAT(record.calls,
-                    ElementsAre("Tree DispatchPlatformEvents()",
-                                R"(Panel 1 AEGP_IsShown("Vortan Object Panel") -> 1, 1)",
-                                "Command 1 AEGP_CheckMarkMenuCommand(1001, 1)",
-                                "Item 3 AEGP_GetActiveItem() -> item null", "Tree ClearTree(tree)",
-                                "Tree ClearTreeState(table)"));
+        EXPECT_THAT(record.calls, ElementsAre("Tree DispatchPlatformEvents()",
+                                              R"(Panel 1 AEGP_IsShown("Vortan Object Panel") -> 1, 1)",
+                                              "Command 1 AEGP_CheckMarkMenuCommand(1001, 1)",
+                                              "Item 3 AEGP_GetActiveItem() -> item null",
+                                              "Tree ClearTree(tree)", "Tree ClearTreeState(table)"));
         EXPECT_EQ(record.printed, "No active item\n");
     }
     EXPECT_FALSE(bench.Tree()->hasRoot);
@@ -179,15 +178,13 @@ TEST_F(PassWithoutLayer, TheNextPassIsQuietAndAsksNoStateTable)
 {
     (void)bench.Pass();
     const PassRecord pass = bench.Pass(SuiteTraffic::included);
-    EXPECT_THAT(pass.calls,
-                ElementsAre("Tree DispatchPlatformEvents()",
-                            R"(Panel 1 AEGP_IsShown("Vortan Object Panel") -> 1, 1)",
-                            "Command 1 AEGP_CheckMarkMenuCommand(1001, 1)",
-                            "Item 3 AEGP_GetActiveItem() -> item 101",
-                            "Item 3 AEGP_GetItemID(item 101) -> 101",
-                            R"(Basic AcquireSuite("AEGP Layer Suite", 5))",
-                            "Layer 5 AEGP_GetActiveLayer() -> layer null", "Tree GetItemsFromTree(tree)",
-                            R"(Basic ReleaseSuite("AEGP Layer Suite", 5))"));
+    EXPECT_THAT(
+        pass.calls,
+        ElementsAre("Tree DispatchPlatformEvents()", R"(Panel 1 AEGP_IsShown("Vortan Object Panel") -> 1, 1)",
+                    "Command 1 AEGP_CheckMarkMenuCommand(1001, 1)", "Item 3 AEGP_GetActiveItem() -> item 101",
+                    "Item 3 AEGP_GetItemID(item 101) -> 101", R"(Basic AcquireSuite("AEGP Layer Suite", 5))",
+                    "Layer 5 AEGP_GetActiveLayer() -> layer null", "Tree GetItemsFromTree(tree)",
+                    R"(Basic ReleaseSuite("AEGP Layer Suite", 5))"));
     EXPECT_EQ(pass.printed, "");
 }
 

@@ -11,6 +11,13 @@
 
 namespace standin
 {
+inline void PrintTo(Withheld how, std::ostream* out)
+{
+    *out << (how == Withheld::asError       ? "as an error"
+             : how == Withheld::asNullTable ? "as a null table"
+                                            : "as a poisoned pointer");
+}
+
 class PanelTest : public ::testing::Test
 {
 protected:

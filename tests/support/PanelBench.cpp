@@ -10,13 +10,18 @@
 
 namespace standin
 {
-PanelBench::PanelBench(HostOptions options) : on(options)
+PanelBench::PanelBench(HostOptions options, const std::function<void(Host&)>& arm) : on(options)
 {
     TreeLog() = {};
-    const LoadedPlugin loaded = host.Load(&PanelEntryPointFunc);
-    loading = loaded.result;
-    if (loading.thrown.empty())
-        plugin = static_cast<Panelator*>(loaded.globalRefcon);
+    if (arm)
+        arm(host);
+    loading = Record(SuiteTraffic::included,
+                     [this]
+                     {
+                         const LoadedPlugin loaded = host.Load(&PanelEntryPointFunc);
+                         plugin = static_cast<Panelator*>(loaded.globalRefcon);
+                         return loaded.result;
+                     });
 }
 
 PanelBench::~PanelBench()
@@ -52,6 +57,15 @@ void PanelBench::Show()
 void PanelBench::Hide() { (void)host.SetPanelState(PANEL_NAME, PanelState::absent); }
 
 void PanelBench::Cover() { (void)host.SetPanelState(PANEL_NAME, PanelState::behind); }
+
+bool PanelBench::Choose()
+{
+    OutputCapture::Start();
+    const bool taken = host.ChooseMenuItem(PANEL_NAME);
+    (void)OutputCapture::Stop();
+    notePanel();
+    return taken;
+}
 
 void PanelBench::Settle()
 {

@@ -26,8 +26,8 @@ struct PassRecord
 class PanelBench
 {
 public:
-    /// Loads the plug-in. There is no panel yet.
-    explicit PanelBench(HostOptions options = {});
+    /// Loads the plug-in. There is no panel yet. `arm` may prepare faults for the entry point.
+    explicit PanelBench(HostOptions options = {}, const std::function<void(Host&)>& arm = nullptr);
     ~PanelBench();
     PanelBench(const PanelBench&) = delete;
     PanelBench& operator=(const PanelBench&) = delete;
@@ -43,6 +43,8 @@ public:
     void Hide();
     /// Lets another tab cover the panel.
     void Cover();
+    /// Chooses the panel's entry in the Window menu. False if it cannot be chosen.
+    bool Choose();
     /// Passes until one has found nothing to do, which must be one of the first four.
     void Settle();
     /// Show and Settle.
@@ -83,7 +85,7 @@ public:
 
     ProductHost on;
     Host& host = on.host;
-    HookResult loading;          ///< How the entry point came back.
+    PassRecord loading;          ///< What the entry point did, with the traffic of suites.
     Panelator* plugin = nullptr; ///< Null if the entry point threw, and after Close.
 
 private:
