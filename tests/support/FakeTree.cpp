@@ -101,11 +101,12 @@ void addToDesktop(ValueTreesDemo*, void*, int width, int height, void*)
     TreeLog().Add("addToDesktop(" + std::to_string(width) + ", " + std::to_string(height) + ")");
 }
 
-void SetBGColor(ValueTreesDemo*, float red, float green, float blue, float alpha)
+void SetBGColor(ValueTreesDemo* tree, float red, float green, float blue, float alpha)
 {
     std::ostringstream text;
     text << "SetBGColor(" << red << ", " << green << ", " << blue << ", " << alpha << ")";
     TreeLog().Add(text.str());
+    tree->background = {red, green, blue, alpha};
 }
 
 std::vector<ObjectItem> GetItemsFromTree(ValueTreesDemo* tree)
@@ -152,7 +153,8 @@ void JuceGlobalShutDown() { TreeLog().Add("JuceGlobalShutDown()"); }
 _TreeStateTable_Internal* CreateTreeStateTable()
 {
     TreeLog().Add("CreateTreeStateTable()");
-    return new _TreeStateTable_Internal;
+    TreeLog().lastTable = new _TreeStateTable_Internal;
+    return TreeLog().lastTable;
 }
 
 void DeleteTreeStateTable(_TreeStateTable_Internal* table)

@@ -4,11 +4,14 @@
 
 #include "effects/ObjectItem.h"
 
+#include <array>
 #include <functional>
 #include <map>
 #include <string>
 #include <utility>
 #include <vector>
+
+struct _TreeStateTable_Internal;
 
 /// Every call of a function of tree/Tree.h, as text, in order. A test that wants them in one list with
 /// the host's calls sets `sink`.
@@ -16,6 +19,7 @@ struct FakeTreeLog
 {
     std::vector<std::string> calls;
     std::function<void(const std::string&)> sink;
+    _TreeStateTable_Internal* lastTable = nullptr; ///< The one made last, for when nobody else stores it.
 
     void Add(const std::string& call);
     void Clear() { calls.clear(); }
@@ -35,6 +39,7 @@ public:
     std::vector<int> keysToBeAdded;
     std::vector<std::string> effectsToBeRemoved;
     std::vector<std::string> notifications;
+    std::array<float, 4> background{}; ///< Red, green, blue, alpha.
     std::vector<std::tuple<VN_OBJECT_TYPE, int, std::string>> entries;
 
     /// The text that the state table compares and restores.
