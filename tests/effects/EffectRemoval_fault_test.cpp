@@ -131,6 +131,7 @@ TEST(RemovalWhileTheHostFails, FetchInTheSecondSweepDeletesThroughNullFromThereO
     EXPECT_EQ(product.outcome, hostError);
     EXPECT_EQ(product.Stack(), "C D A");
     const std::vector<std::string> calls = product.Sweeps();
+    ASSERT_EQ(calls.size(), 12u);
     EXPECT_THAT(std::vector<std::string>(calls.begin() + 7, calls.end()),
                 ElementsAre("Effect 3 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect B",
                             "Effect 3 AEGP_DeleteLayerEffect(effect B)",

@@ -145,6 +145,7 @@ TEST_F(EffectRemoval, MovesStandInTheUndoGroupAndDoNotDependOnTheOrderOfTheList)
     EXPECT_EQ(Remove({"A", "C", "E"}), 0);
     EXPECT_EQ(on->Stack(), "B D");
     EXPECT_EQ(Sweeps(), calls);
+    ASSERT_EQ(calls.size(), 20u);
     EXPECT_EQ(calls[2], "Effect 3 AEGP_ReorderEffect(effect A, 0)");
     EXPECT_EQ(calls[5], "Effect 3 AEGP_ReorderEffect(effect C, 1)");
     EXPECT_EQ(calls[8], "Effect 3 AEGP_ReorderEffect(effect E, 2)");

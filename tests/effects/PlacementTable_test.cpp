@@ -2,6 +2,7 @@
 #include "tests/effects/LabelledStack.h"
 
 #include <cctype>
+#include <ostream>
 
 namespace standin
 {
@@ -15,6 +16,8 @@ struct Cell
     int index;
     const char* after;
 };
+
+void PrintTo(const Cell& cell, std::ostream* out) { *out << cell.added << " into \"" << cell.stack << "\""; }
 
 constexpr Cell cells[] = {
     {"", "G", 0, "new"},
@@ -104,6 +107,9 @@ constexpr Cell cells[] = {
     {"G1 R G2", "X", 1, "G1 new R G2"},
     {"K M", "X", 1, "K new M"},
     {"R G", "X", 0, "new R G"},
+    {"R E G", "X", 1, "R new E G"},
+    {"R G E", "X", 1, "R new G E"},
+    {"E R G", "X", 1, "E new R G"},
 
     // A stack that is out of order stays out of order.
     {"M R E G", "G", 4, "M R E G new"},
