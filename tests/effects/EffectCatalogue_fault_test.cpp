@@ -4,10 +4,6 @@
 #include "tests/effects/FaultOutcome.h"
 #include "tests/effects/LabelledStack.h"
 
-#include <numeric>
-
-using ::testing::ElementsAre;
-
 namespace standin
 {
 namespace

@@ -122,6 +122,16 @@ TEST_F(PlacementAfterError, OnceKnowsTheKeysThatWereReadAndNoOthers)
     EXPECT_EQ(once("M", "AEGP_GetEffectMatchName", 4), 4);
 }
 
+TEST_F(PlacementAfterError, EffectThatIsNotInstalledAnyMoreHasNoNameAndCountsLikeTheOneAboveIt)
+{
+    Build("G X R M");
+    on->host.Effect("X").key = 4711;
+    on->host.Effect("X").flags = effectMissing;
+    on->host.Expect("unknown-key", "AEGP_GetEffectMatchName", "the layer holds an effect that is missing");
+    EXPECT_EQ(Place("G"), 4);
+    EXPECT_EQ(Place("R"), 0);
+}
+
 // An effect that cannot be moved.
 
 TEST_F(PlacementAfterError, EffectThatCannotBeMovedStaysWhereTheHostPutIt)

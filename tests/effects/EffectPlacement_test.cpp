@@ -2,6 +2,8 @@
 
 #include "tests/effects/LabelledStack.h"
 
+#include <map>
+
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 

@@ -291,6 +291,14 @@ TEST_F(EffectRemoval, EffectThatOnlyGivesAnErrorIsNotFound)
     EXPECT_EQ(on->Stack(), "A B");
 }
 
+TEST_F(EffectRemoval, EffectThatIsNotInstalledAnyMoreIsNotFound)
+{
+    Build("A B C");
+    on->host.Effect("B").flags = effectMissing;
+    EXPECT_EQ(Remove({"B", "C"}), 0);
+    EXPECT_EQ(on->Stack(), "A B");
+}
+
 TEST_F(EffectRemoval, EffectThatThrowsIsNotFound)
 {
     Build("A B C");

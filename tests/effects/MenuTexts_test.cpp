@@ -1,6 +1,9 @@
 #include "effects/EffectCatalogue.h"
+#include "effects/NameBuffer.h"
 #include "standin/family/Family.h"
 #include "tests/effects/CatalogueTest.h"
+
+#include <cstring>
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -121,5 +124,13 @@ TEST_F(Catalogue, LegacyEffectIsNotAmongTheRenderers)
     Install(12, "QVK VORTREN Dots");
     EXPECT_EQ(Find("QVK VORTREN"), 0);
     EXPECT_THAT(keys, ElementsAre(12));
+}
+
+TEST(NameBuffer, IsEmptyAtFirstAndEndsBehindAllThatTheHostMayWrite)
+{
+    NameBuffer name;
+    EXPECT_STREQ(name.text, "");
+    std::memset(name.text, 'x', 128);
+    EXPECT_EQ(std::string(name.text, sizeof(name.text)), std::string(128, 'x') + '\0');
 }
 } // namespace standin

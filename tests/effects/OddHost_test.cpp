@@ -28,6 +28,8 @@ struct OddHost
     A_Err errorOfFetch1 = A_Err_NONE;  ///< Version 1's fetch of an effect.
     std::vector<A_Err> errorsOfFetch3; ///< Version 3's fetches, one after the other; none behind them.
     A_Err errorOfApply = A_Err_NONE;
+    AEGP_LayerIDVal layerId = 0;
+    A_Err errorOfLayerId = A_Err_NONE;
     std::vector<std::string> calls;
 };
 
@@ -128,6 +130,11 @@ AEGP_LayerSuite1 makeLayerSuite()
         *out = *in;
         return A_Err{A_Err_NONE};
     };
+    table.AEGP_GetLayerID = [](AEGP_LayerH, AEGP_LayerIDVal* id)
+    {
+        *id = odd->layerId;
+        return note("layer id", odd->errorOfLayerId);
+    };
     return table;
 }
 
@@ -211,6 +218,21 @@ TEST_F(OddHostTest, NewEffectThatComesWithAnErrorIsNotMovedAndItsReferenceIsDisp
     odd->errorOfApply = 4;
     EXPECT_EQ(ApplyEffectToLayerAtIndex(7, &basic, 5, layer, 0), 4);
     EXPECT_THAT(odd->calls, ElementsAre("apply = 4", "dispose1 effect"));
+}
+
+TEST_F(OddHostTest, LayerWithTheIdZeroGetsNoEffect)
+{
+    EXPECT_EQ(ApplyEffectToLayerIdleFn(7, &basic, 5, layer), 0);
+    EXPECT_THAT(odd->calls, ElementsAre("layer id"));
+}
+
+TEST_F(OddHostTest, LayerIdThatComesWithAnErrorIsGoodEnough)
+{
+    odd->layerId = 3;
+    odd->errorOfLayerId = 4;
+    EXPECT_EQ(ApplyEffectToLayerIdleFn(7, &basic, 5, layer), 0);
+    EXPECT_THAT(odd->calls, ElementsAre("layer id = 4", "count", "name 5", "apply", "reorder effect to 0",
+                                        "dispose1 effect"));
 }
 
 TEST_F(OddHostTest, EffectsBelowZeroAreAnEmptyStackForADeletion)
