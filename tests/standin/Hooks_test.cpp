@@ -79,6 +79,22 @@ TEST_F(Hooks, RegisteringOutsideTheEntryPointIsRefusedAndReported)
     EXPECT_EQ(host.RunIdle().error, errNone);
 }
 
+TEST_F(Hooks, ATestCanStandInForAnEntryPoint)
+{
+    const auto hook =
+        +[](void*, void* refcon, A_long*) -> A_Err { return ++*static_cast<int*>(refcon), errNone; };
+    int calls = 0;
+    host.RunInEntryPoint(
+        [&]
+        {
+            Client client(host);
+            EXPECT_EQ(client.Call(registerSuite, 6, 8, host.PluginId(), hook, static_cast<void*>(&calls)),
+                      errNone);
+        });
+    (void)host.RunIdle();
+    EXPECT_EQ(calls, 1);
+}
+
 TEST_F(Hooks, IdleComesOnceInEachPassWithMaxSleepSetAnew)
 {
     (void)host.RunIdle();

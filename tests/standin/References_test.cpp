@@ -364,6 +364,41 @@ TEST_F(References, ALayerThatIsGoneIsStale)
                 ElementsAre("stale-reference in Effect 1 AEGP_GetLayerNumEffects(layer 1)"));
 }
 
+TEST_F(References, AReferenceOfLongAgoIsStillKnownForWhatItWas)
+{
+    void* old = nullptr;
+    void* oldStream = nullptr;
+    host.RunInHook(
+        [&]
+        {
+            Client client(host);
+            old = client.EffectAt(handle, 1);
+            oldStream = client.StreamOf(old, 2);
+            (void)client.DisposeStream(oldStream);
+            (void)client.DisposeEffect(old);
+        });
+    for (int i = 0; i < 100; ++i)
+        host.RunInHook(
+            [&]
+            {
+                Client client(host);
+                for (int k = 0; k < 100; ++k)
+                    (void)client.DisposeEffect(client.EffectAt(handle, 0));
+            });
+    EXPECT_THAT(findingsOf(
+                    [&](Client& client)
+                    {
+                        (void)client.DisposeEffect(old);
+                        (void)client.StreamFlags(oldStream);
+                        (void)client.Flags(oldStream);
+                        (void)client.Flags(static_cast<char*>(old) + 1);
+                    }),
+                ElementsAre("double-dispose in Effect 1 AEGP_DisposeEffect(effect B)",
+                            "disposed-reference in DynamicStream 2 AEGP_GetDynamicStreamFlags(stream B.2)",
+                            "wrong-kind in Effect 1 AEGP_GetEffectFlags(stream B.2)",
+                            "foreign-reference in Effect 1 AEGP_GetEffectFlags(effect foreign)"));
+}
+
 TEST_F(References, AKeyThatIsNotInstalledIsRefused)
 {
     char name[128] = "untouched";

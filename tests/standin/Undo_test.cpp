@@ -249,6 +249,23 @@ TEST_F(Undo, AnEndThatAFaultPreventedIsNotTheCallersDoing)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Both"));
 }
 
+TEST_F(Undo, AFaultExcusesNoOtherGroupThanItsOwn)
+{
+    host.Faults().FailFunction("AEGP_EndUndoGroup");
+    inHook(
+        [&](Client& client)
+        {
+            (void)client.StartUndo("Excused");
+            (void)client.EndUndo();
+            (void)client.StartUndo("Forgotten");
+        });
+    EXPECT_THAT(FindingsOf(host),
+                ElementsAre("undo-group-left-open in Utility 3 AEGP_StartUndoGroup(\"Excused\")"));
+    inHook([&](Client& client) { (void)client.StartUndo("Forgotten"); });
+    EXPECT_THAT(FindingsOf(host),
+                ElementsAre("undo-group-left-open in Utility 3 AEGP_StartUndoGroup(\"Forgotten\")"));
+}
+
 TEST_F(Undo, AnUndoableFlagIsAStep)
 {
     inHook([&](Client& client) { hide(client, Switch::on, Switch::on); });
