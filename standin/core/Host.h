@@ -34,6 +34,7 @@
 
 namespace standin
 {
+struct EffectRuntime;
 struct HostParts;
 
 /// How a hook came back.
@@ -172,7 +173,7 @@ public:
     HookResult UpdateMenus(WindowType active = WindowType::timeline);
     /// Opens the menu, that is UpdateMenus, and chooses an item. False if it is missing or off.
     bool ChooseMenuItem(const std::string& name);
-    /// Runs a command as the host does for a menu item or AEGP_DoCommand. True if a hook took it.
+    /// Runs a command as the host does for a menu item or AEGP_DoCommand. True if the host or a hook took it.
     bool RunCommand(A_long command);
     /// Death hooks, then the containers, then the suite balance. No hook is called afterwards.
     void Quit();

@@ -113,11 +113,11 @@ enum class WalkEnd
     isError
 };
 
-/// What the disposal of the reference of a deleted effect is.
+/// What the disposal of a deleted effect's reference is.
 enum class DisposeDeleted
 {
     isRequired,
-    isOptional
+    isRefused ///< It gives an error, and nobody is to blame for the reference.
 };
 
 /// Whether a parameter's stream takes a name.
@@ -162,7 +162,8 @@ struct HostOptions
     ParameterRename parameterRename = ParameterRename::isRefused;
     SuitesAtDeath suitesAtDeath = SuitesAtDeath::work;
     UnusedAcquire unusedAcquire = UnusedAcquire::isFine;
-    int burstLength = 8;        ///< Idle passes of one burst.
-    std::size_t traceLimit = 0; ///< Calls that the trace keeps, the newest; 0 keeps all.
+    int burstLength = 8;         ///< Idle passes of one burst.
+    std::size_t undoLevels = 99; ///< Steps that can be undone; the oldest goes first.
+    std::size_t traceLimit = 0;  ///< Calls that the trace keeps, the newest; 0 keeps all.
 };
 } // namespace standin

@@ -1,8 +1,8 @@
 #pragma once
 // The panels of plug-ins in the host's workspace.
 
+#include <deque>
 #include <string>
-#include <vector>
 
 #include "standin/core/Abi.h"
 
@@ -38,9 +38,9 @@ public:
     const Panel* Find(const std::string& matchName) const;
     Panel& Add(Panel panel);
     bool Remove(const std::string& matchName);
-    std::vector<Panel>& All() { return panels; }
+    std::deque<Panel>& All() { return panels; }
 
 private:
-    std::vector<Panel> panels;
+    std::deque<Panel> panels; ///< A deque: hooks may look at a panel while another is added.
 };
 } // namespace standin

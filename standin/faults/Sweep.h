@@ -37,7 +37,6 @@ std::size_t SweepFaults(Make make, Run run, Check check,
     {
         auto scenario = make();
         scenario->host.ClearTrace();
-        scenario->host.Faults().Disarm();
         run(*scenario);
         calls = scenario->host.CallTexts();
         check(*scenario, SweptFault{});
@@ -48,7 +47,6 @@ std::size_t SweepFaults(Make make, Run run, Check check,
         {
             auto scenario = make();
             scenario->host.ClearTrace();
-            scenario->host.Faults().Disarm();
             scenario->host.Faults().FailCall(ordinal, length, error);
             run(*scenario);
             check(*scenario, SweptFault{ordinal, length, error, calls[ordinal - 1]});
