@@ -4,6 +4,7 @@
 
 #include "standin/faults/Sweep.h"
 #include "tests/effects/ReadFixture.h"
+#include "tests/support/FindingIds.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -150,15 +151,6 @@ void expectBalancedSuites(const Calls& calls)
     EXPECT_THAT(released, UnorderedElementsAreArray(acquired));
 }
 
-std::vector<std::string> findingIds(Host& host)
-{
-    std::vector<std::string> ids;
-    for (const Finding& finding : host.TakeFindings())
-        ids.push_back(finding.id);
-    std::sort(ids.begin(), ids.end());
-    return ids;
-}
-
 class LayerItemsFaults : public ::testing::Test
 {
 protected:
@@ -186,7 +178,7 @@ protected:
         ++lists;
         EXPECT_EQ(scenario.outcome.result.thrown, "");
         EXPECT_EQ(scenario.outcome.Lines(), LinesOf(demandedItems(FailingPlaces(clean, fault))));
-        EXPECT_THAT(findingIds(scenario.host), IsEmpty());
+        EXPECT_THAT(TakeFindingIds(scenario.host), IsEmpty());
     }
 
     /// The read is left by 516. A reference may stay behind only where its disposing suite is not to be
@@ -211,7 +203,7 @@ protected:
             ids.push_back("leaked-reference");
         if (noStreams && made("DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A"))
             ids.push_back("leaked-reference");
-        EXPECT_EQ(findingIds(scenario.host), ids);
+        EXPECT_EQ(TakeFindingIds(scenario.host), ids);
     }
 
     Calls clean;
@@ -278,7 +270,7 @@ TEST(LayerItems, WithoutOneOfTheirSuitesLeaveAsTheInteger516)
             EXPECT_EQ(scenario.outcome.result.thrownNumber, 516);
             EXPECT_THAT(scenario.outcome.items, IsEmpty());
             scenario.host.CheckSuiteBalance();
-            EXPECT_EQ(findingIds(scenario.host), row.findings);
+            EXPECT_EQ(TakeFindingIds(scenario.host), row.findings);
         }
     }
 }
