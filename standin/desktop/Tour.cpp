@@ -186,7 +186,8 @@ void Tour::workInThePanel()
         {
             hands->ClickPanel(buttonX, addGroupY);
             hands->LetIdle(4);
-            hands->DragRow("glow", "new group");
+            hands->NoteNewGroup("Group 1");
+            hands->DragRow("glow", "Group 1");
         },
         [](const Shown& shown) { return find(shown, "glow") != nullptr && find(shown, "glow")->group == 1; });
     tell(

@@ -170,7 +170,9 @@ void TourHands::ClickPanel(int x, int y) { Click("dock", x, y + theme::headerHei
 juce::Point<int> TourHands::rowPoint(const std::string& name, int x)
 {
     const Shown shown = OnMain([this] { return ShowHost(bench.TheHost()); });
-    const std::vector<std::string> rows = PanelRows(shown);
+    std::vector<std::string> rows = PanelRows(shown);
+    if (!newGroup.empty() && std::find(rows.begin(), rows.end(), newGroup) == rows.end())
+        rows.insert(rows.begin(), newGroup);
     const auto row = std::find(rows.begin(), rows.end(), name);
     if (row == rows.end())
         throw std::logic_error("the panel has no row " + name);

@@ -44,6 +44,8 @@ public:
     void ClickRow(const std::string& name);
     void ClickBox(const std::string& name);
     void DragRow(const std::string& name, const std::string& target);
+    /// The panel has just made this group, which is above all rows until an object is in it.
+    void NoteNewGroup(const std::string& name) { newGroup = name; }
 
     void Key(const std::string& name);
     void Keys(const std::vector<std::string>& modifiers, const std::string& name);
@@ -61,6 +63,7 @@ private:
     Workbench& bench;
     DesktopWindow& window;
     XTestInput input;
+    std::string newGroup;
 };
 
 /// The rows of the panel below "Layer", from the top, as a layer's effects and their groups make them: a

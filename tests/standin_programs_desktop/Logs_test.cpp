@@ -46,6 +46,15 @@ TEST(CallLogTest, TheFilterLooksForItsLettersInEitherCaseAndLeavesEmptyGroupsOut
     EXPECT_TRUE(log.Lines("nothing like it").empty());
 }
 
+TEST(CallLogTest, AcquiresAndReleasesOfSuitesCanBeLeftOut)
+{
+    CallLog log;
+    log.Add("Idle pass", {"Basic AcquireSuite(\"S\", 1)", "A()", "Basic ReleaseSuite(\"S\", 1)"});
+    log.Add("Update menus", {"Basic AcquireSuite(\"S\", 1) = 1399219812"});
+    EXPECT_THAT(textsOf(log.Lines("", SuiteTraffic::leftOut)), ElementsAre("Idle pass: 3 calls", "A()"));
+    EXPECT_EQ(log.Lines("", SuiteTraffic::included).size(), 6u);
+}
+
 TEST(CallLogTest, ACallThatFailedIsToldFromOneThatAnswered)
 {
     CallLog log;

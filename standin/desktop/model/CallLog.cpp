@@ -22,6 +22,11 @@ std::string headOf(const CallGroup& group)
     return group.origin + ": " + count + times;
 }
 
+bool isTraffic(const std::string& call)
+{
+    return call.rfind("Basic AcquireSuite(", 0) == 0 || call.rfind("Basic ReleaseSuite(", 0) == 0;
+}
+
 /// A failed call ends in " = " and its number; see CallRecord.
 CallLine::Kind kindOf(const std::string& call)
 {
@@ -58,7 +63,7 @@ void CallLog::Clear()
     groups.clear();
 }
 
-std::vector<CallLine> CallLog::Lines(const std::string& filter) const
+std::vector<CallLine> CallLog::Lines(const std::string& filter, SuiteTraffic traffic) const
 {
     const std::string wanted = lowered(filter);
     std::vector<CallLine> lines;
@@ -67,7 +72,8 @@ std::vector<CallLine> CallLog::Lines(const std::string& filter) const
         bool hasHead = false;
         for (const std::string& call : group.calls)
         {
-            if (lowered(call).find(wanted) == std::string::npos)
+            const bool isLeftOut = traffic == SuiteTraffic::leftOut && isTraffic(call);
+            if (isLeftOut || lowered(call).find(wanted) == std::string::npos)
                 continue;
             if (!hasHead)
                 lines.push_back({CallLine::Kind::head, headOf(group)});

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "standin/sensors/CallTrace.h"
+
 namespace standin
 {
 struct CallGroup
@@ -41,7 +43,8 @@ public:
     void Clear();
     const std::deque<CallGroup>& Groups() const { return groups; }
     /// The lines that hold the filter, whatever the case of its letters, each under the head of its group.
-    std::vector<CallLine> Lines(const std::string& filter) const;
+    std::vector<CallLine> Lines(const std::string& filter,
+                                SuiteTraffic traffic = SuiteTraffic::included) const;
     /// Everything, as it goes into a file.
     std::string Text() const;
     /// Moves with every change.

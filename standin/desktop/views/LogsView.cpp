@@ -5,6 +5,7 @@ namespace standin
 namespace
 {
 constexpr int filterWidth = 220;
+constexpr int suitesWidth = 64;
 
 juce::String markOf(MessageKind kind)
 {
@@ -75,7 +76,13 @@ LogsView::LogsView(Workbench& owner) : bench(owner)
         filter.setText({});
         getTopLevelComponent()->grabKeyboardFocus();
     };
+    filter.setJustification(juce::Justification::centredLeft);
     addAndMakeVisible(filter);
+    suites.setComponentID("suites");
+    suites.setClickingTogglesState(true);
+    suites.setWantsKeyboardFocus(false);
+    suites.onClick = [this] { showCalls(); };
+    addAndMakeVisible(suites);
 }
 
 void LogsView::resized()
@@ -85,10 +92,10 @@ void LogsView::resized()
     area.removeFromLeft(theme::split);
     messages.setBounds(left.withTrimmedTop(theme::headerHeight));
     calls.setBounds(area.withTrimmedTop(theme::headerHeight));
-    filter.setBounds(area.removeFromTop(theme::headerHeight)
-                         .removeFromRight(filterWidth + theme::margin)
-                         .withTrimmedRight(theme::margin)
-                         .reduced(0, 3));
+    auto head = area.removeFromTop(theme::headerHeight).reduced(0, 3).withTrimmedRight(theme::margin);
+    filter.setBounds(head.removeFromRight(filterWidth));
+    head.removeFromRight(6);
+    suites.setBounds(head.removeFromRight(suitesWidth));
 }
 
 void LogsView::paint(juce::Graphics& g)
@@ -122,8 +129,9 @@ void LogsView::showMessages()
 void LogsView::showCalls()
 {
     shownCalls = bench.Calls().Revision();
+    const SuiteTraffic traffic = suites.getToggleState() ? SuiteTraffic::included : SuiteTraffic::leftOut;
     std::vector<Line> lines;
-    for (const CallLine& line : bench.Calls().Lines(filter.getText().toStdString()))
+    for (const CallLine& line : bench.Calls().Lines(filter.getText().toStdString(), traffic))
     {
         const char* indent = line.kind == CallLine::Kind::head ? "" : "  ";
         lines.push_back({{}, indent + theme::Text(line.text), {}, colourOf(line.kind)});

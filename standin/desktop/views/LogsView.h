@@ -1,6 +1,7 @@
 #pragma once
-// The bottom: what was said on the left, what the bundle called on the right, and a field that filters the
-// calls. Both follow their newest line until the user scrolls up.
+// The bottom: what was said on the left, what the bundle called on the right, with a field that filters the
+// calls and a button that lists the acquires and releases of suites among them. Both follow their newest line
+// until the user scrolls up.
 
 #include "standin/desktop/model/Workbench.h"
 #include "standin/desktop/views/Theme.h"
@@ -51,6 +52,7 @@ private:
     juce::ListBox messages{"messages", &messageLines};
     juce::ListBox calls{"calls", &callLines};
     juce::TextEditor filter;
+    juce::TextButton suites{"Suites"};
     std::size_t shownMessages = static_cast<std::size_t>(-1);
     std::size_t shownCalls = static_cast<std::size_t>(-1);
 };

@@ -9,7 +9,7 @@ constexpr int menuHeight = 26;
 constexpr int statusHeight = 24;
 constexpr int leftWidth = 240;
 constexpr int dockWidth = 380;
-constexpr int logsHeight = 210;
+constexpr int logsHeight = theme::headerHeight + 9 * theme::lineHeight;
 
 double now() { return juce::Time::getMillisecondCounterHiRes() / 1000.0; }
 } // namespace

@@ -61,6 +61,10 @@ Look::Look()
     setColour(juce::ScrollBar::thumbColourId, faint);
     setColour(juce::PopupMenu::highlightedBackgroundColourId, selection);
     setColour(juce::TextButton::buttonColourId, header.brighter(0.1f));
+    setColour(juce::TextButton::buttonOnColourId, selection);
+    setColour(juce::TextButton::textColourOffId, dim);
+    setColour(juce::TextButton::textColourOnId, strong);
+    setColour(juce::ComboBox::outlineColourId, line);
 }
 
 void Look::drawMenuBarBackground(juce::Graphics& g, int width, int height, bool, juce::MenuBarComponent&)

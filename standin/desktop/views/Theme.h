@@ -24,7 +24,7 @@ const juce::Colour alarm{0xffe5746c};
 constexpr int margin = 10;
 constexpr int headerHeight = 28;
 constexpr int rowHeight = 26;
-constexpr int lineHeight = 19; ///< Of logs.
+constexpr int lineHeight = 20; ///< Of logs.
 constexpr int split = 3;       ///< The gap between two areas.
 
 juce::Font Body();
