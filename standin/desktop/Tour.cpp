@@ -100,6 +100,8 @@ void Tour::tell(const std::string& sentence, const std::function<void()>& action
     {
         printSides();
         picture("stuck");
+        (void)folder.getChildFile("calls.txt")
+            .replaceWithText(theme::Text(hands->OnMain([this] { return bench.Calls().Text(); })));
         throw std::runtime_error("what the last step says did not come about");
     }
     hands->LetIdle(4);
@@ -112,7 +114,11 @@ void Tour::printSides()
     std::string text = "   layer:";
     for (const ShownEffect& effect : shown.effects)
         text += "  " + textOf(effect);
-    text += "\n   undo:   " + (shown.canUndo ? "\"" + shown.undoName + "\"" : std::string("nothing")) + "\n";
+    const auto steps = hands->OnMain([this] { return bench.TheHost().UndoNames(); });
+    text += "\n   undo:   " +
+            (steps.empty() ? "nothing"
+                           : std::to_string(steps.size()) + " steps, the last is \"" + steps.back() + "\"") +
+            "\n";
     print(text);
 }
 
@@ -187,11 +193,11 @@ void Tour::workInThePanel()
             hands->ClickPanel(buttonX, addGroupY);
             hands->LetIdle(4);
             hands->NoteNewGroup("Group 1");
-            hands->DragRow("glow", "Group 1");
+            hands->DragRowInto("glow", "Group 1");
         },
         [](const Shown& shown) { return find(shown, "glow") != nullptr && find(shown, "glow")->group == 1; });
     tell(
-        "\"" + rows.at(2) + "\" follows it.", [&] { hands->DragRow(rows.at(2), "Group 1"); },
+        "\"" + rows.at(2) + "\" follows it.", [&] { hands->DragRowBelow(rows.at(2), "glow"); },
         [&](const Shown& shown) { return find(shown, rows.at(2))->group == 1; });
     tell(
         "A click on its box switches \"glow\" off.", [this] { hands->ClickBox("glow"); },
@@ -201,12 +207,13 @@ void Tour::workInThePanel()
 
 void Tour::undoAllAndRedoAll()
 {
-    const ProjectState reached = hands->OnMain([this] { return bench.TheHost().State(); });
     while (now().canUndo)
     {
         const std::size_t steps = hands->OnMain([this] { return bench.TheHost().UndoNames().size(); });
         tell(
-            "Edit > Undo " + now().undoName + ". The panel follows.",
+            "Edit > Undo" +
+                (now().undoName.empty() ? std::string(" (a step without a name)") : " " + now().undoName) +
+                ". The panel follows.",
             [this] { hands->ChooseFromMenu("Edit", 0); },
             [&](const Shown&) { return bench.TheHost().UndoNames().size() == steps - 1; });
     }
@@ -218,7 +225,6 @@ void Tour::undoAllAndRedoAll()
                 hands->Keys({"Control_L", "Shift_L"}, "z");
         },
         [](const Shown& shown) { return !shown.canRedo && find(shown, "glow") != nullptr; });
-    (void)reached;
 }
 
 void Tour::workInTheEffectControls()
@@ -264,7 +270,7 @@ void Tour::useSiblingsAndDock()
     picture("window-menu");
     hands->Key("Escape");
     tell(
-        "The panel goes into a window of its own.", [this] { hands->ChooseFromMenu("Window", 1); },
+        "The panel goes into a window of its own.", [this] { hands->ChooseFromMenu("Window", 2); },
         [this](const Shown&) { return bench.TheDock().Place() == PanelPlace::floating; });
     hands->LetIdle(10);
     picture("undocked");
@@ -272,7 +278,7 @@ void Tour::useSiblingsAndDock()
         "It goes back into the dock, and the other tab is put in front of it.",
         [this]
         {
-            hands->ChooseFromMenu("Window", 1);
+            hands->ChooseFromMenu("Window", 3);
             hands->LetIdle(4);
             hands->Click("dock", 260, 12);
         },

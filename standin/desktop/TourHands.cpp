@@ -147,22 +147,36 @@ void TourHands::OpenMenu(const char* menu)
             }
             throw std::logic_error(std::string("there is no menu ") + menu);
         });
+    // A menu that has just closed hands the keyboard back within a pass or two.
+    LetIdle(3);
     Click("menus", x, 12);
     if (!Until([] { return juce::Component::getCurrentlyModalComponent() != nullptr; }))
         throw std::runtime_error(std::string("the menu ") + menu + " did not open");
     rest();
 }
 
-void TourHands::ChooseFromMenu(const char* menu, int entry)
+juce::Point<int> TourHands::pointOfMenuLine(int line)
+{
+    return OnMain(
+        [line]
+        {
+            const juce::Component* menu = juce::Component::getCurrentlyModalComponent();
+            if (menu == nullptr || line >= menu->getNumChildComponents())
+                throw std::runtime_error("the menu has no line " + std::to_string(line));
+            return menu->getChildComponent(line)->getScreenBounds().getCentre();
+        });
+}
+
+void TourHands::ChooseFromMenu(const char* menu, int line)
 {
     OpenMenu(menu);
-    for (int i = 0; i <= entry; ++i)
-    {
-        Key("Down");
-        rest();
-    }
-    Key("Return");
-    (void)Until([] { return juce::Component::getCurrentlyModalComponent() == nullptr; });
+    const juce::Point<int> at = pointOfMenuLine(line);
+    input.move(at.x - 10, at.y);
+    // A menu takes no click in its first moments, when it may still be the one that opened it.
+    LetIdle(15);
+    clickAt(at);
+    if (!Until([] { return juce::Component::getCurrentlyModalComponent() == nullptr; }))
+        throw std::runtime_error(std::string("the menu ") + menu + " did not close");
 }
 
 void TourHands::ClickPanel(int x, int y) { Click("dock", x, y + theme::headerHeight); }
@@ -188,9 +202,15 @@ void TourHands::ClickRow(const std::string& name) { clickAt(rowPoint(name, 30));
 
 void TourHands::ClickBox(const std::string& name) { clickAt(rowPoint(name, 6)); }
 
-void TourHands::DragRow(const std::string& name, const std::string& target)
+void TourHands::DragRowInto(const std::string& name, const std::string& target)
 {
     dragBetween(rowPoint(name, 30), rowPoint(target, 34));
+}
+
+void TourHands::DragRowBelow(const std::string& name, const std::string& target)
+{
+    constexpr int nearTheEnd = panelRowHeight / 2 - 4;
+    dragBetween(rowPoint(name, 30), rowPoint(target, 34).translated(0, nearTheEnd));
 }
 
 void TourHands::Key(const std::string& name)

@@ -35,15 +35,18 @@ public:
     void Click(const char* componentId, int x, int y);
     void DoubleClick(const char* componentId, int x, int y);
     void Drag(const char* componentId, juce::Point<int> from, juce::Point<int> to);
-    /// Opens the menu and chooses the entry that comes after so many others that are on.
-    void ChooseFromMenu(const char* menu, int entry);
+    /// Opens the menu and clicks the line with this index, separators counted.
+    void ChooseFromMenu(const char* menu, int line);
     void OpenMenu(const char* menu);
 
     // In the panel, which is docked and in front.
     void ClickPanel(int x, int y);
     void ClickRow(const std::string& name);
     void ClickBox(const std::string& name);
-    void DragRow(const std::string& name, const std::string& target);
+    /// Into a row that takes others in, a group without any.
+    void DragRowInto(const std::string& name, const std::string& target);
+    /// Behind a row, to the same depth.
+    void DragRowBelow(const std::string& name, const std::string& target);
     /// The panel has just made this group, which is above all rows until an object is in it.
     void NoteNewGroup(const std::string& name) { newGroup = name; }
 
@@ -57,6 +60,7 @@ public:
 private:
     void clickAt(juce::Point<int> at);
     void dragBetween(juce::Point<int> from, juce::Point<int> to);
+    juce::Point<int> pointOfMenuLine(int line);
     juce::Point<int> pointIn(const char* componentId, juce::Point<int> at);
     juce::Point<int> rowPoint(const std::string& name, int x);
 

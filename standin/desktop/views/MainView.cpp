@@ -57,7 +57,16 @@ void MainView::timerCallback()
 {
     followFocus();
     bench.Idle(now(), effects.IsDragging() ? IdleMode::starved : IdleMode::normal);
+    fetchLostFocus();
     Refresh();
+}
+
+/// Behind the idle, in which the panel fetches it back for itself.
+void MainView::fetchLostFocus()
+{
+    const auto* peer = getPeer();
+    if (peer != nullptr && isShowing() && getCurrentlyModalComponent() == nullptr)
+        containers.FetchLostFocus(reinterpret_cast<unsigned long>(peer->getNativeHandle()));
 }
 
 void MainView::followFocus()

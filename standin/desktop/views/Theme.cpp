@@ -89,6 +89,16 @@ int Look::getMenuBarItemWidth(juce::MenuBarComponent&, int, const juce::String& 
     return Body().getStringWidth(itemText) + 2 * margin + 4;
 }
 
+void Look::drawButtonBackground(juce::Graphics& g, juce::Button& button, const juce::Colour& colour,
+                                bool isOver, bool isDown)
+{
+    const auto area = button.getLocalBounds().toFloat().reduced(0.5f);
+    g.setColour(isDown ? colour.darker(0.2f) : isOver ? colour.brighter(0.1f) : colour);
+    g.fillRoundedRectangle(area, 2.0f);
+    g.setColour(line);
+    g.drawRoundedRectangle(area, 2.0f, 1.0f);
+}
+
 void Look::drawPopupMenuBackground(juce::Graphics& g, int width, int height)
 {
     g.fillAll(header);

@@ -55,7 +55,9 @@ public:
     int getMenuBarItemWidth(juce::MenuBarComponent&, int itemIndex, const juce::String& itemText) override;
     juce::Font getPopupMenuFont() override { return Body(); }
     void drawPopupMenuBackground(juce::Graphics&, int width, int height) override;
-    juce::Font getTextButtonFont(juce::TextButton&, int) override { return Body(); }
+    void drawButtonBackground(juce::Graphics&, juce::Button&, const juce::Colour&, bool isOver,
+                              bool isDown) override;
+    juce::Font getTextButtonFont(juce::TextButton&, int) override { return Small(); }
     int getDefaultScrollbarWidth() override { return 10; }
 };
 } // namespace standin::theme

@@ -102,4 +102,15 @@ bool X11Containers::HasFocus() const
         focused = parentOf(connection->display, focused);
     return focused != None && focused != PointerRoot;
 }
+
+void X11Containers::FetchLostFocus(unsigned long window) const
+{
+    Window focused = None;
+    int revert = 0;
+    (void)XGetInputFocus(connection->display, &focused, &revert);
+    if (focused != None && focused != PointerRoot && focused != DefaultRootWindow(connection->display))
+        return;
+    (void)XSetInputFocus(connection->display, window, RevertToParent, CurrentTime);
+    (void)XSync(connection->display, False);
+}
 } // namespace standin

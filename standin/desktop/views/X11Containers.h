@@ -35,6 +35,9 @@ public:
     void Place(unsigned long parentWindow, NativeArea area);
     /// Whether the keyboard focus is in one of them.
     bool HasFocus() const;
+    /// Gives the focus to a window of the desktop if nobody has it: a menu that closes leaves it on the
+    /// screen's root where no window manager hands it on.
+    void FetchLostFocus(unsigned long window) const;
 
 private:
     struct Connection;
