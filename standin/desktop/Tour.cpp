@@ -14,8 +14,6 @@ constexpr int addEffectorY = 31;
 constexpr int addRendererY = 47;
 constexpr int addGroupY = 63;
 
-constexpr int effectStep = theme::rowHeight + 2; ///< From one row of the effect controls to the next.
-
 bool hasEffects(const Shown& shown, std::size_t count) { return shown.effects.size() == count; }
 
 const ShownEffect* find(const Shown& shown, const std::string& name)
@@ -55,6 +53,7 @@ void Tour::run()
     }
     catch (const std::exception& error)
     {
+        picture("ended-early");
         print(std::string("\nThe tour ended early: ") + error.what() + "\n");
         juce::MessageManager::callAsync(
             []
@@ -99,7 +98,6 @@ void Tour::tell(const std::string& sentence, const std::function<void()>& action
     if (!hands->Until([&] { return expected(ShowHost(bench.TheHost())); }))
     {
         printSides();
-        picture("stuck");
         (void)folder.getChildFile("calls.txt")
             .replaceWithText(theme::Text(hands->OnMain([this] { return bench.Calls().Text(); })));
         throw std::runtime_error("what the last step says did not come about");
@@ -117,7 +115,8 @@ void Tour::printSides()
     const auto steps = hands->OnMain([this] { return bench.TheHost().UndoNames(); });
     text += "\n   undo:   " +
             (steps.empty() ? "nothing"
-                           : std::to_string(steps.size()) + " steps, the last is \"" + steps.back() + "\"") +
+                           : std::to_string(steps.size()) + (steps.size() == 1 ? " step" : " steps") +
+                                 ", the last is \"" + steps.back() + "\"") +
             "\n";
     print(text);
 }
@@ -229,24 +228,33 @@ void Tour::undoAllAndRedoAll()
 
 void Tour::workInTheEffectControls()
 {
+    const auto rowOf = [this](std::size_t index)
+    {
+        const Shown shown = now();
+        int top = 0;
+        for (std::size_t i = 0; i < index; ++i)
+            top += HeightOfEffect(shown.effects.at(i));
+        return top + theme::rowHeight / 2;
+    };
     tell(
         "In the effect controls, a double click opens a name; it becomes \"lamp\", and the panel shows it.",
-        [this]
+        [&]
         {
-            hands->DoubleClick("effects", 90, effectStep / 2);
+            hands->DoubleClick("effects", 90, rowOf(0));
             hands->LetIdle(2);
             hands->Type("lamp");
             hands->Key("Return");
         },
         [](const Shown& shown) { return shown.effects.front().name == "lamp"; });
+    const std::string third = now().effects.at(2).name;
     tell(
-        "It is dragged to the end of the stack.",
-        [this] {
-            hands->Drag("effects", {90, effectStep / 2}, {90, 4 * effectStep - 4});
+        "\"" + third + "\" is dragged to the top of the stack.",
+        [&] {
+            hands->Drag("effects", {90, rowOf(2)}, {90, 3});
         },
-        [](const Shown& shown) { return shown.effects.back().name == "lamp"; });
+        [&](const Shown& shown) { return shown.effects.front().name == third; });
     tell(
-        "The first effect is twirled open.", [this] { hands->Click("effects", 12, effectStep / 2); },
+        "The first effect is twirled open.", [&] { hands->Click("effects", 12, rowOf(0)); },
         [](const Shown& shown) { return shown.effects.front().isOpen; });
 }
 

@@ -64,7 +64,7 @@ void EffectControls::paint(juce::Graphics& g)
     theme::PaintHeader(g, {0, 0, getWidth(), theme::headerHeight}, "Effect Controls", aside);
 }
 
-int EffectControls::Stack::heightOf(const ShownEffect& one)
+int HeightOfEffect(const ShownEffect& one)
 {
     const int rows = one.isOpen ? static_cast<int>(one.parameters.size()) : 0;
     return theme::rowHeight + 2 + rows * parameterHeight;
@@ -74,7 +74,7 @@ int EffectControls::Stack::topOf(std::size_t index) const
 {
     int top = 0;
     for (std::size_t i = 0; i < index && i < effects().size(); ++i)
-        top += heightOf(effects()[i]);
+        top += HeightOfEffect(effects()[i]);
     return top;
 }
 
@@ -85,7 +85,7 @@ std::size_t EffectControls::Stack::indexAt(int y) const
     std::size_t index = 0;
     for (int top = 0; index < effects().size(); ++index)
     {
-        top += heightOf(effects()[index]);
+        top += HeightOfEffect(effects()[index]);
         if (y < top)
             break;
     }
@@ -97,7 +97,7 @@ int EffectControls::Stack::gapAt(int y) const
     const std::size_t index = indexAt(y);
     if (index == effects().size())
         return static_cast<int>(index);
-    const bool isLowerHalf = y >= topOf(index) + heightOf(effects()[index]) / 2;
+    const bool isLowerHalf = y >= topOf(index) + HeightOfEffect(effects()[index]) / 2;
     return static_cast<int>(index) + (isLowerHalf ? 1 : 0);
 }
 
@@ -120,7 +120,7 @@ void EffectControls::Stack::paint(juce::Graphics& g)
                                 theme::Body(), juce::Justification::centred);
     }
     for (std::size_t i = 0; i < effects().size(); ++i)
-        paintEffect(g, effects()[i], {0, topOf(i), getWidth(), heightOf(effects()[i])});
+        paintEffect(g, effects()[i], {0, topOf(i), getWidth(), HeightOfEffect(effects()[i])});
     if (isMoving)
     {
         g.setColour(theme::accent);

@@ -8,6 +8,9 @@
 
 namespace standin
 {
+/// The height of an effect's row in the controls, with its parameters if it is twirled open.
+int HeightOfEffect(const ShownEffect& effect);
+
 class EffectControls : public juce::Component
 {
 public:
@@ -53,7 +56,6 @@ private:
     private:
         const std::vector<ShownEffect>& effects() const { return controls.shown.effects; }
         int topOf(std::size_t index) const;
-        static int heightOf(const ShownEffect& effect);
         /// The effect whose row, parameters included, is there; the number of effects below the last.
         std::size_t indexAt(int y) const;
         int gapAt(int y) const;

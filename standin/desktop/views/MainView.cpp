@@ -57,16 +57,20 @@ void MainView::timerCallback()
 {
     followFocus();
     bench.Idle(now(), effects.IsDragging() ? IdleMode::starved : IdleMode::normal);
-    fetchLostFocus();
+    tendWindow();
     Refresh();
 }
 
-/// Behind the idle, in which the panel fetches it back for itself.
-void MainView::fetchLostFocus()
+/// Behind the idle, in which the panel fetches a lost focus back for itself.
+void MainView::tendWindow()
 {
     const auto* peer = getPeer();
-    if (peer != nullptr && isShowing() && getCurrentlyModalComponent() == nullptr)
-        containers.FetchLostFocus(reinterpret_cast<unsigned long>(peer->getNativeHandle()));
+    if (peer == nullptr)
+        return;
+    const auto window = reinterpret_cast<unsigned long>(peer->getNativeHandle());
+    if (isShowing() && getCurrentlyModalComponent() == nullptr)
+        containers.FetchLostFocus(window);
+    containers.Wake(window);
 }
 
 void MainView::followFocus()

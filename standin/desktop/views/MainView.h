@@ -36,7 +36,7 @@ private:
 
     void timerCallback() override;
     void followFocus();
-    void fetchLostFocus();
+    void tendWindow();
     void paintStatus(juce::Graphics&, juce::Rectangle<int> area) const;
     juce::String statusText() const;
     Menus::Windows actions();

@@ -113,4 +113,15 @@ void X11Containers::FetchLostFocus(unsigned long window) const
     (void)XSetInputFocus(connection->display, window, RevertToParent, CurrentTime);
     (void)XSync(connection->display, False);
 }
+
+void X11Containers::Wake(unsigned long window) const
+{
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(connection->display, "STANDIN_WAKE", False);
+    event.xclient.format = 32;
+    (void)XSendEvent(connection->display, window, False, NoEventMask, &event);
+    (void)XFlush(connection->display);
+}
 } // namespace standin
