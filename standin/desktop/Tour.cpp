@@ -106,6 +106,18 @@ void Tour::tell(const std::string& sentence, const std::function<void()>& action
     printSides();
 }
 
+void Tour::require(const std::function<bool()>& seen)
+{
+    constexpr int looks = 100;
+    for (int i = 0; i < looks; ++i)
+    {
+        if (seen())
+            return;
+        hands->LetIdle(2);
+    }
+    throw std::runtime_error("what the last step says is not to be seen");
+}
+
 void Tour::printSides()
 {
     const Shown shown = now();
@@ -265,16 +277,21 @@ void Tour::useSiblingsAndDock()
         [this]
         {
             hands->ChooseFromMenu("Siblings", 3);
-            hands->LetIdle(2);
+            hands->LetIdle(5);
             hands->Type("rendered 120 frames");
             hands->Key("Return");
-            hands->LetIdle(6);
+            require([this] { return hands->SeesNotification(); });
         },
         [](const Shown&) { return true; });
     picture("notified");
     tell(
         "The Window menu has the panel's entry, with its mark, through the bundle's update hook.",
-        [this] { hands->OpenMenu("Window"); }, [](const Shown&) { return true; });
+        [this] { hands->OpenMenu("Window"); },
+        [this](const Shown&)
+        {
+            const auto& items = bench.TheHost().MenuItems();
+            return items.size() == 1 && items.front().enabled && items.front().ticked;
+        });
     picture("window-menu");
     hands->Key("Escape");
     tell(
@@ -298,6 +315,7 @@ void Tour::useSiblingsAndDock()
         {
             hands->Click("filter", 60, 10);
             hands->Type("set");
+            require([this] { return hands->TextIn("filter") == "set"; });
         },
         [](const Shown&) { return true; });
     picture("filtered");

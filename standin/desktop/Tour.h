@@ -28,6 +28,8 @@ private:
     /// Prints the sentence, lets it happen and waits until the condition holds; throws if it does not.
     void tell(const std::string& sentence, const std::function<void()>& action,
               const std::function<bool(const Shown&)>& expected);
+    /// Looks, on the tour's own thread, until it is seen; throws if it is not.
+    void require(const std::function<bool()>& seen);
     void print(const std::string& text);
     void printSides();
     void picture(const std::string& name);

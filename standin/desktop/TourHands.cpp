@@ -235,6 +235,38 @@ void TourHands::Type(const std::string& text)
     rest();
 }
 
+bool TourHands::SeesNotification()
+{
+    const juce::Point<int> from = pointIn("dock", {0, theme::headerHeight});
+    const juce::Point<int> to = OnMain(
+        [this]
+        {
+            const auto* dock = findComponent(window, "dock");
+            return dock->getScreenBounds().getBottomRight();
+        });
+    const ScreenPicture screen = input.screen();
+    constexpr int bluer = 40;
+    constexpr int enough = 200;
+    int blue = 0;
+    for (int y = from.y; y < to.y; ++y)
+        for (int x = from.x; x < to.x; ++x)
+        {
+            const juce::Colour colour(screen.at(x, y));
+            blue += colour.getBlue() > colour.getRed() + bluer ? 1 : 0;
+        }
+    return blue > enough;
+}
+
+std::string TourHands::TextIn(const char* editorId)
+{
+    return OnMain(
+        [&]
+        {
+            const auto* editor = dynamic_cast<juce::TextEditor*>(findComponent(window, editorId));
+            return editor != nullptr ? editor->getText().toStdString() : std::string();
+        });
+}
+
 void TourHands::TakePicture(const juce::File& file)
 {
     const ScreenPicture screen = input.screen();

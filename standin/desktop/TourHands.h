@@ -54,6 +54,9 @@ public:
     void Keys(const std::vector<std::string>& modifiers, const std::string& name);
     void Type(const std::string& text);
 
+    /// Whether the panel shows a notification, which is the one thing in it that is blue.
+    bool SeesNotification();
+    std::string TextIn(const char* editorId);
     /// Writes the whole screen as PNG.
     void TakePicture(const juce::File& file);
 

@@ -32,8 +32,8 @@ TEST(CallLogTest, PassesOfTheSameCallsAreCountedAndNotListedAgain)
     log.Add("Idle pass", {"A() -> 1", "B()"});
     log.Add("Idle pass", {"A() -> 2"});
     log.Add("Idle pass", {});
-    EXPECT_THAT(textsOf(log.Lines("")), ElementsAre("Idle pass: 2 calls, 2 times", "A() -> 1", "B()",
-                                                    "Idle pass: 1 call", "A() -> 2"));
+    EXPECT_THAT(textsOf(log.Lines("")), ElementsAre("Idle pass: 1 call", "A() -> 2",
+                                                    "Idle pass: 2 calls, 2 times", "A() -> 1", "B()"));
 }
 
 TEST(CallLogTest, TheFilterLooksForItsLettersInEitherCaseAndLeavesEmptyGroupsOut)

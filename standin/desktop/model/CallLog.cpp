@@ -67,16 +67,16 @@ std::vector<CallLine> CallLog::Lines(const std::string& filter, SuiteTraffic tra
 {
     const std::string wanted = lowered(filter);
     std::vector<CallLine> lines;
-    for (const CallGroup& group : groups)
+    for (auto group = groups.rbegin(); group != groups.rend(); ++group)
     {
         bool hasHead = false;
-        for (const std::string& call : group.calls)
+        for (const std::string& call : group->calls)
         {
             const bool isLeftOut = traffic == SuiteTraffic::leftOut && isTraffic(call);
             if (isLeftOut || lowered(call).find(wanted) == std::string::npos)
                 continue;
             if (!hasHead)
-                lines.push_back({CallLine::Kind::head, headOf(group)});
+                lines.push_back({CallLine::Kind::head, headOf(*group)});
             hasHead = true;
             lines.push_back({kindOf(call), call});
         }
@@ -87,8 +87,12 @@ std::vector<CallLine> CallLog::Lines(const std::string& filter, SuiteTraffic tra
 std::string CallLog::Text() const
 {
     std::string text;
-    for (const CallLine& line : Lines(""))
-        text += (line.kind == CallLine::Kind::head ? "" : "  ") + line.text + "\n";
+    for (const CallGroup& group : groups)
+    {
+        text += headOf(group) + "\n";
+        for (const std::string& call : group.calls)
+            text += "  " + call + "\n";
+    }
     return text;
 }
 } // namespace standin

@@ -43,9 +43,10 @@ public:
     void Clear();
     const std::deque<CallGroup>& Groups() const { return groups; }
     /// The lines that hold the filter, whatever the case of its letters, each under the head of its group.
+    /// The newest group comes first.
     std::vector<CallLine> Lines(const std::string& filter,
                                 SuiteTraffic traffic = SuiteTraffic::included) const;
-    /// Everything, as it goes into a file.
+    /// Everything in the order of time, as it goes into a file.
     std::string Text() const;
     /// Moves with every change.
     std::size_t Revision() const { return revision; }

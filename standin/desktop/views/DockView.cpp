@@ -21,14 +21,16 @@ juce::Rectangle<int> onScreen(juce::Rectangle<int> area)
 }
 } // namespace
 
-/// The panel's own window. Closing it closes the panel.
+/// The panel's own window. It draws its title bar itself, so that it has one where no window manager runs.
+/// Closing it closes the panel.
 class DockView::Floating : public juce::DocumentWindow
 {
 public:
     Floating(Workbench& owner, const juce::String& name, juce::Point<int> at)
         : DocumentWindow(name, theme::surface, DocumentWindow::closeButton), bench(owner)
     {
-        setUsingNativeTitleBar(true);
+        setTitleBarHeight(theme::headerHeight);
+        setColour(juce::DocumentWindow::textColourId, theme::strong);
         setContentOwned(new juce::Component(), false);
         setResizable(true, false);
         setBounds(at.x, at.y, 360, 480);
@@ -74,11 +76,10 @@ void DockView::Follow()
 void DockView::placeNativeView()
 {
     const bool isFloating = place == PanelPlace::floating;
-    const juce::Component& around = isFloating ? static_cast<juce::Component&>(*floating) : *this;
+    const juce::Component& around = isFloating ? *floating->getContentComponent() : *this;
     const auto* top = around.getTopLevelComponent();
-    const auto area =
-        onScreen(isFloating ? around.getLocalBounds()
-                            : top->getLocalArea(this, getLocalBounds().withTrimmedTop(theme::headerHeight)));
+    const auto inside = around.getLocalBounds().withTrimmedTop(isFloating ? 0 : theme::headerHeight);
+    const auto area = onScreen(top->getLocalArea(&around, inside));
     const unsigned long window = windowOf(*top);
     if (window == 0 || (window == lastParent && area == lastArea))
         return;

@@ -107,7 +107,7 @@ void LogsView::paint(juce::Graphics& g)
     theme::PaintHeader(g, head, "Host Calls");
 }
 
-void LogsView::Follow()
+void LogsView::ReadOn()
 {
     if (shownMessages != bench.Messages().Revision())
         showMessages();
@@ -123,7 +123,7 @@ void LogsView::showMessages()
         lines.push_back({markOf(message.kind), theme::Text(message.text),
                          message.times > 1 ? juce::String(message.times) + " times" : juce::String(),
                          colourOf(message.kind)});
-    update(messages, messageLines, std::move(lines));
+    update(messages, messageLines, std::move(lines), Follow::end);
 }
 
 void LogsView::showCalls()
@@ -136,16 +136,16 @@ void LogsView::showCalls()
         const char* indent = line.kind == CallLine::Kind::head ? "" : "  ";
         lines.push_back({{}, indent + theme::Text(line.text), {}, colourOf(line.kind)});
     }
-    update(calls, callLines, std::move(lines));
+    update(calls, callLines, std::move(lines), Follow::nothing);
 }
 
-void LogsView::update(juce::ListBox& list, Lines& model, std::vector<Line> lines)
+void LogsView::update(juce::ListBox& list, Lines& model, std::vector<Line> lines, Follow follow)
 {
     const auto& bar = list.getVerticalScrollBar();
     const bool wasAtEnd = bar.getCurrentRange().getEnd() >= bar.getMaximumRangeLimit() - theme::lineHeight;
     model.lines = std::move(lines);
     list.updateContent();
-    if (wasAtEnd && !model.lines.empty())
+    if (follow == Follow::end && wasAtEnd && !model.lines.empty())
         list.scrollToEnsureRowIsOnscreen(model.getNumRows() - 1);
     list.repaint();
 }

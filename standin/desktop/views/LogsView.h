@@ -1,7 +1,7 @@
 #pragma once
 // The bottom: what was said on the left, what the bundle called on the right, with a field that filters the
-// calls and a button that lists the acquires and releases of suites among them. Both follow their newest line
-// until the user scrolls up.
+// calls and a button that lists the acquires and releases of suites among them. Messages follow their newest
+// line until the user scrolls up; of the calls the newest group stands first.
 
 #include "standin/desktop/model/Workbench.h"
 #include "standin/desktop/views/Theme.h"
@@ -14,7 +14,7 @@ public:
     explicit LogsView(Workbench& owner);
 
     /// Reads the logs again if they have changed.
-    void Follow();
+    void ReadOn();
     void paint(juce::Graphics&) override;
     void resized() override;
 
@@ -43,7 +43,12 @@ private:
 
     void showMessages();
     void showCalls();
-    static void update(juce::ListBox&, Lines&, std::vector<Line> lines);
+    enum class Follow
+    {
+        end,
+        nothing
+    };
+    static void update(juce::ListBox&, Lines&, std::vector<Line> lines, Follow follow);
     int leftWidth() const { return getWidth() * 2 / 5; }
 
     Workbench& bench;

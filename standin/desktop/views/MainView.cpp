@@ -94,7 +94,7 @@ void MainView::Refresh()
         dock.Show(shown);
     }
     dock.Follow();
-    logs.Follow();
+    logs.ReadOn();
     const juce::String text = statusText();
     if (text == status)
         return;
