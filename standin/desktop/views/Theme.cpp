@@ -99,6 +99,24 @@ void Look::drawButtonBackground(juce::Graphics& g, juce::Button& button, const j
     g.drawRoundedRectangle(area, 2.0f, 1.0f);
 }
 
+void Look::drawDocumentWindowTitleBar(juce::DocumentWindow& window, juce::Graphics& g, int width, int height,
+                                      int, int, const juce::Image*, bool)
+{
+    PaintHeader(g, {0, 0, width, height}, window.getName());
+}
+
+/// A window of ours has a close button and no other.
+juce::Button* Look::createDocumentWindowButton(int)
+{
+    juce::Path cross;
+    cross.addLineSegment({0.0f, 0.0f, 1.0f, 1.0f}, 0.16f);
+    cross.addLineSegment({0.0f, 1.0f, 1.0f, 0.0f}, 0.16f);
+    auto* button = new juce::ShapeButton("close", dim, strong, strong);
+    button->setShape(cross, false, true, false);
+    button->setBorderSize(juce::BorderSize<int>(9));
+    return button;
+}
+
 void Look::drawPopupMenuBackground(juce::Graphics& g, int width, int height)
 {
     g.fillAll(header);

@@ -17,7 +17,7 @@ const juce::Colour accent{0xff5a9ee6};
 const juce::Colour ink{0xffcdcdcd};
 const juce::Colour strong{0xffededed};
 const juce::Colour dim{0xff8f8f8f};
-const juce::Colour faint{0xff5f5f5f};
+const juce::Colour faint{0xff707070};
 const juce::Colour warning{0xffe0b050};
 const juce::Colour alarm{0xffe5746c};
 
@@ -55,6 +55,9 @@ public:
     int getMenuBarItemWidth(juce::MenuBarComponent&, int itemIndex, const juce::String& itemText) override;
     juce::Font getPopupMenuFont() override { return Body(); }
     void drawPopupMenuBackground(juce::Graphics&, int width, int height) override;
+    void drawDocumentWindowTitleBar(juce::DocumentWindow&, juce::Graphics&, int width, int height, int, int,
+                                    const juce::Image*, bool) override;
+    juce::Button* createDocumentWindowButton(int) override;
     void drawButtonBackground(juce::Graphics&, juce::Button&, const juce::Colour&, bool isOver,
                               bool isDown) override;
     juce::Font getTextButtonFont(juce::TextButton&, int) override { return Small(); }
