@@ -148,6 +148,14 @@ TEST_F(Hooks, ChoosingAMenuItemUpdatesTheMenusAndRunsItsCommand)
     EXPECT_FALSE(host.ChooseMenuItem("Nobody's Item"));
 }
 
+TEST_F(Hooks, AnItemThatIsOffCannotBeChosen)
+{
+    (void)host.UpdateMenus();
+    plugin.menuItem = Switch::off;
+    EXPECT_FALSE(host.ChooseMenuItem("Test Panel"));
+    EXPECT_THAT(plugin.events, ElementsAre("update 3", "update 3"));
+}
+
 TEST_F(Hooks, MenuItemsStandSortedByName)
 {
     inHook(

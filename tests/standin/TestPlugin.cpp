@@ -51,7 +51,8 @@ A_Err TestPlugin::commandHook(void* global, void* refcon, A_long command, A_u_lo
 A_Err TestPlugin::updateHook(void* global, void*, A_char active)
 {
     Client client(of(global).host);
-    (void)client.Call(commandSuite, 1, 4, of(global).command);
+    if (of(global).menuItem == Switch::on)
+        (void)client.Call(commandSuite, 1, 4, of(global).command);
     of(global).note("update " + std::to_string(active));
     return errNone;
 }

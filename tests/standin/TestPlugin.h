@@ -24,6 +24,7 @@ public:
     std::vector<std::string> events; ///< "idle", "command 1001", "update", "death", "create" and so on.
     A_long command = 0;
     A_long id = 0;
+    Switch menuItem = Switch::on; ///< Whether the update hook turns the item on.
     /// Run inside the hook whose event is being written, after it.
     std::function<void(const std::string& event)> inHook;
 
