@@ -187,6 +187,7 @@ void PanelBench::Close()
 {
     if (plugin == nullptr)
         return;
+    notePanel();
     TreeLog().sink = nullptr;
     host.Faults().Disarm();
     (void)host.RunInHook(
