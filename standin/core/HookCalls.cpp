@@ -73,7 +73,7 @@ HookResult RunHook(HostParts& parts, HookKind kind, const std::function<A_Err()>
     const HookKind outer = parts.hookKind;
     parts.hookKind = kind;
     const int depth = ++parts.hookDepth;
-    const HookResult result = catchAll(body);
+    HookResult result = catchAll(body);
     reportThrown(parts, result);
     reportLeaks(parts, depth);
     if (depth == 1)

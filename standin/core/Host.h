@@ -151,14 +151,13 @@ public:
     template <class Body>
     HookResult RunInHook(Body body)
     {
-        return runHook(
-            [&body]() -> A_Err
-            {
-                if constexpr (std::is_convertible_v<std::invoke_result_t<Body>, A_Err>)
-                    return static_cast<A_Err>(body());
-                else
-                    return body(), errNone;
-            });
+        return runHook(Where::hook, wrap(body));
+    }
+    /// The same, where hooks may be registered: for tests that build what an entry point builds.
+    template <class Body>
+    HookResult RunInEntryPoint(Body body)
+    {
+        return runHook(Where::entryPoint, wrap(body));
     }
     /// Calls an entry point under a new plug-in id. The function is the plug-in's own type; it is
     /// only called with the arguments of an entry point.
@@ -214,7 +213,24 @@ public:
     const HostParts& Parts() const { return *parts; }
 
 private:
-    HookResult runHook(const std::function<A_Err()>& body);
+    enum class Where
+    {
+        hook,
+        entryPoint
+    };
+
+    template <class Body>
+    static std::function<A_Err()> wrap(Body& body)
+    {
+        return [&body]() -> A_Err
+        {
+            if constexpr (std::is_convertible_v<std::invoke_result_t<Body>, A_Err>)
+                return static_cast<A_Err>(body());
+            else
+                return body(), errNone;
+        };
+    }
+    HookResult runHook(Where where, const std::function<A_Err()>& body);
     LoadedPlugin loadEntry(EntryPoint entry);
 
     std::unique_ptr<HostParts> parts;

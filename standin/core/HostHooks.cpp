@@ -64,9 +64,9 @@ bool runCommandHooks(HostParts& parts, A_long command)
 }
 } // namespace
 
-HookResult Host::runHook(const std::function<A_Err()>& body)
+HookResult Host::runHook(Where where, const std::function<A_Err()>& body)
 {
-    return RunHook(*parts, HookKind::ordinary, body);
+    return RunHook(*parts, where == Where::hook ? HookKind::ordinary : HookKind::entryPoint, body);
 }
 
 LoadedPlugin Host::loadEntry(EntryPoint entry)

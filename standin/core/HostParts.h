@@ -76,8 +76,9 @@ struct HostParts
     std::vector<RunningCall> running;
     int hookDepth = 0;
     HookKind hookKind = HookKind::ordinary;
-    /// An EndUndoGroup was made to fail by a fault: that the group stays open is not the caller's doing.
-    bool undoGroupExcused = false;
+    /// Levels of undo groups whose end was made to fail by a fault: that they stay open is not the
+    /// caller's doing.
+    int excusedUndoLevels = 0;
 
     /// Adds a finding for the innermost running call.
     void Report(const char* id, const std::string& sentence);

@@ -236,7 +236,7 @@ void CloseUndoGroups(HostParts& parts, const std::string& when)
 {
     if (parts.undo.OpenGroups() == 0)
         return;
-    if (!parts.undoGroupExcused)
+    if (parts.undo.OpenGroups() > parts.excusedUndoLevels)
     {
         Finding finding;
         finding.id = finding::undoGroupLeftOpen;
@@ -246,7 +246,7 @@ void CloseUndoGroups(HostParts& parts, const std::string& when)
         finding.function = "AEGP_StartUndoGroup";
         parts.findings.Add(std::move(finding));
     }
-    parts.undoGroupExcused = false;
+    parts.excusedUndoLevels = 0;
     parts.undo.CloseAllGroups(parts.project);
 }
 } // namespace standin

@@ -19,6 +19,7 @@ constexpr const char* overReleasedSuite = "over-released-suite";
 constexpr const char* unusedSuite = "unused-suite";
 constexpr const char* duplicateSuite = "duplicate-suite";
 constexpr const char* reservedSlot = "reserved-slot";
+constexpr const char* poisonedTable = "poisoned-table"; ///< The pointer of a failed acquire was used.
 
 // Hooks, threads, plug-ins.
 constexpr const char* outsideHook = "outside-hook";

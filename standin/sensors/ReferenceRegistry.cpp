@@ -4,10 +4,49 @@
 
 namespace standin
 {
+namespace
+{
+// A note is a kind, a state and what is needed to name the reference; never 0.
+constexpr unsigned stateShift = 4;
+constexpr unsigned parameterShift = 8;
+constexpr unsigned ownerShift = 32;
+constexpr std::uint64_t nibble = 15;
+constexpr std::uint64_t parameterMask = 0xFFFFFF;
+
+std::uint64_t noteOf(const Reference& reference)
+{
+    return (static_cast<std::uint64_t>(reference.kind) + 1) |
+           static_cast<std::uint64_t>(reference.state) << stateShift |
+           (static_cast<std::uint64_t>(reference.parameter) & parameterMask) << parameterShift |
+           static_cast<std::uint64_t>(static_cast<std::uint32_t>(reference.owner)) << ownerShift;
+}
+
+Reference noted(std::uint64_t note)
+{
+    Reference reference;
+    reference.kind = static_cast<ReferenceKind>((note & nibble) - 1);
+    reference.state = static_cast<ReferenceState>(note >> stateShift & nibble);
+    reference.parameter = static_cast<int>(note >> parameterShift & parameterMask);
+    reference.owner = static_cast<int>(note >> ownerShift);
+    return reference;
+}
+} // namespace
+
+ReferenceRegistry::Cell& ReferenceRegistry::newCell()
+{
+    if (usedInNewest == cellsPerBlock)
+    {
+        auto block = std::make_unique<Block>();
+        newest = block.get();
+        usedInNewest = 0;
+        blocks[reinterpret_cast<std::uintptr_t>(newest->data())] = std::move(block);
+    }
+    return (*newest)[usedInNewest++];
+}
+
 void* ReferenceRegistry::HandOut(Reference reference)
 {
-    Cell& cell = cells.emplace_back();
-    cell.content = &cell;
+    Cell& cell = newCell();
     reference.state = ReferenceState::live;
     reference.generation = generationOf(reference.layer);
     reference.handle = &cell;
@@ -20,7 +59,23 @@ void* ReferenceRegistry::HandOut(Reference reference)
 Reference* ReferenceRegistry::Find(const void* handle)
 {
     const auto found = references.find(handle);
-    return found == references.end() ? nullptr : &found->second;
+    return found == references.end() ? findNote(handle) : &found->second;
+}
+
+Reference* ReferenceRegistry::findNote(const void* handle)
+{
+    const auto address = reinterpret_cast<std::uintptr_t>(handle);
+    auto behind = blocks.upper_bound(address);
+    if (behind == blocks.begin())
+        return nullptr;
+    const auto& [start, block] = *--behind;
+    const std::size_t index = (address - start) / sizeof(Cell);
+    const bool isCell = (address - start) % sizeof(Cell) == 0 && index < cellsPerBlock;
+    if (!isCell || (*block)[index].note == 0)
+        return nullptr;
+    fromNote = noted((*block)[index].note);
+    fromNote.handle = handle;
+    return &fromNote;
 }
 
 void ReferenceRegistry::Settle(Reference& reference, ReferenceState state)
@@ -31,6 +86,19 @@ void ReferenceRegistry::Settle(Reference& reference, ReferenceState state)
         return;
     live.erase(found->second);
     liveOrder.erase(found);
+    settled.push_back(reference.handle);
+}
+
+void ReferenceRegistry::giveUpOldRecords()
+{
+    while (settled.size() > recordsKept)
+    {
+        const auto found = references.find(settled.front());
+        const auto* cell = static_cast<const Cell*>(settled.front());
+        const_cast<Cell*>(cell)->note = noteOf(found->second);
+        references.erase(found);
+        settled.pop_front();
+    }
 }
 
 unsigned ReferenceRegistry::generationOf(int layerId) const
@@ -59,6 +127,7 @@ std::vector<Reference> ReferenceRegistry::ExpireFrom(int hookDepth)
     }
     for (const void* handle : expired)
         Settle(references.at(handle), ReferenceState::expired);
+    giveUpOldRecords();
     return leaked;
 }
 

@@ -2,11 +2,12 @@
 // Every handle that the host gave away. A handle is unique and never used again while the host
 // lives, so that null, foreign, wrong kind, disposed and stale can be told apart.
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <map>
-#include <set>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -51,7 +52,7 @@ class ReferenceRegistry
 public:
     /// Takes the kind, owner, layer and so on from `reference`; gives the new handle.
     void* HandOut(Reference reference);
-    /// Null for a handle that this host never gave away.
+    /// Null for a handle that this host never gave away. Good until the next call.
     Reference* Find(const void* handle);
     void Settle(Reference& reference, ReferenceState state);
 
@@ -70,12 +71,26 @@ public:
 private:
     unsigned generationOf(int layerId) const;
 
+    /// What a handle points at. It only says what the reference was once its record has been given up.
     struct Cell
     {
-        void* content = nullptr; ///< What the handle points at.
+        std::uint64_t note = 0;
     };
+    static constexpr std::size_t cellsPerBlock = 1024;
+    /// How many records of settled references are kept whole. Of older ones only the note is left, so
+    /// that a run of many hours does not fill the memory.
+    static constexpr std::size_t recordsKept = 4096;
+    using Block = std::array<Cell, cellsPerBlock>;
 
-    std::deque<Cell> cells;
+    Cell& newCell();
+    Reference* findNote(const void* handle);
+    void giveUpOldRecords();
+
+    std::map<std::uintptr_t, std::unique_ptr<Block>> blocks; ///< By their addresses.
+    Block* newest = nullptr;
+    std::size_t usedInNewest = cellsPerBlock;
+    std::deque<const void*> settled; ///< In the order of their settling.
+    Reference fromNote;              ///< What findNote gives out.
     std::unordered_map<const void*, Reference> references;
     std::map<std::size_t, const void*> live; ///< By the order of handing out.
     std::unordered_map<const void*, std::size_t> liveOrder;

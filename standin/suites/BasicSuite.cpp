@@ -10,19 +10,17 @@ namespace standin
 {
 namespace
 {
-/// Fills a table that must never be called: every slot says so.
-template <int... slots>
-const void* poisonTable(std::integer_sequence<int, slots...>)
+/// A table as long as the longest, of functions that must never be called.
+const void* poisonTable()
 {
-    static const AnyFunction table[] = {
-        reinterpret_cast<AnyFunction>(&Trap<SuiteId::basic, 1000 + slots>)...};
-    return table;
+    static const std::vector<AnyFunction> table(40, reinterpret_cast<AnyFunction>(&SpringPoison));
+    return table.data();
 }
 
 A_Err refuse(HostParts& parts, OutTable out, Withheld how)
 {
     if (how == Withheld::asPoisonedPointer)
-        *out.value = poisonTable(std::make_integer_sequence<int, 40>());
+        *out.value = poisonTable();
     else if (how == Withheld::asNullTable || parts.options.failedAcquire == FailedAcquire::givesNull)
         *out.value = nullptr;
     return how == Withheld::asNullTable ? errNone : errSuiteNotFound;

@@ -84,4 +84,11 @@ A_Err SpringTrap(SuiteId suiteId, int slot)
                              callee, callee, ""});
     return errNotImplemented;
 }
+
+A_Err SpringPoison()
+{
+    if (HostParts* parts = hostForCall("poisoned slot", "poisoned slot"))
+        parts->Report(finding::poisonedTable, "A function was called in a table whose acquire had failed.");
+    return errNotImplemented;
+}
 } // namespace standin

@@ -1,6 +1,8 @@
 // "AEGP Utility Suite" 3, 7 and 11: alerts and undo groups. "PF AE App Suite" 6: the colour of the
 // host's own interface.
 
+#include <algorithm>
+
 #include "standin/core/StackChanges.h"
 #include "standin/suites/Entry.h"
 #include "standin/suites/Resolve.h"
@@ -39,14 +41,18 @@ A_Err startUndoGroup(HostParts& parts, NullableTextArg name)
 A_Err endUndoGroup(HostParts& parts)
 {
     if (parts.undo.EndGroup(parts.project))
+    {
+        parts.excusedUndoLevels = std::min(parts.excusedUndoLevels, parts.undo.OpenGroups());
         return errNone;
+    }
     parts.Report(finding::undoGroupMismatch, "No undo group is open.");
     return errGeneric;
 }
 
 A_Err excuseEnd(HostParts& parts)
 {
-    parts.undoGroupExcused = parts.undo.OpenGroups() > 0;
+    if (parts.excusedUndoLevels < parts.undo.OpenGroups())
+        ++parts.excusedUndoLevels;
     return errNone;
 }
 

@@ -33,8 +33,7 @@ protected:
         if (command != message::getIdentity)
             message::PutGroup(sent, group);
         const A_Time time{0, 100};
-        (void)client.Call(effectSuite, 3, 7, A_long{7}, effect, &time, A_long{17},
-                          static_cast<void*>(sent));
+        (void)client.Call(effectSuite, 3, 7, A_long{7}, effect, &time, A_long{17}, static_cast<void*>(sent));
     }
 
     std::vector<std::string> lines() const { return host.CallTexts(SuiteTraffic::leftOut); }
