@@ -28,11 +28,11 @@ constexpr const char* ZERO_UUID_TEXT = "00000000-0000-0000-0000-000000000000";
 /// One effect of a layer, or one object of the tree.
 struct ObjectItem
 {
-    std::string uuid;         ///< 36 characters; ZERO_UUID_TEXT for an effect from outside the family.
-    std::string name;         ///< The bytes that the host gave, or that the user typed.
-    std::int32_t group = -1;  ///< 0 at the top level, 1 to 10 in that group. -1: no part in grouping.
-    std::int32_t active = 0;  ///< 0 or 1.
-    std::string tag;          ///< The match name, on the layer side only. Carried along, read by nobody.
+    std::string uuid;        ///< 36 characters; ZERO_UUID_TEXT for an effect from outside the family.
+    std::string name;        ///< The bytes that the host gave, or that the user typed.
+    std::int32_t group = -1; ///< 0 at the top level, 1 to 10 in that group. -1: no part in grouping.
+    std::int32_t active = 0; ///< 0 or 1.
+    std::string tag;         ///< The match name, on the layer side only. Carried along, read by nobody.
 };
 
 /// The kinds of object that the panel can add. 0 is none.

@@ -35,8 +35,9 @@ struct AEGP_PanelFunctions1
     void* DoFlyoutCommand;
 };
 
-using AEGP_CreatePanelHook = A_Err (*)(AEGP_GlobalRefcon, AEGP_CreatePanelRefcon, AEGP_PlatformViewRef container,
-                                       AEGP_PanelH, AEGP_PanelFunctions1* outFunctions, AEGP_PanelRefcon* out);
+using AEGP_CreatePanelHook = A_Err (*)(AEGP_GlobalRefcon, AEGP_CreatePanelRefcon,
+                                       AEGP_PlatformViewRef container, AEGP_PanelH,
+                                       AEGP_PanelFunctions1* outFunctions, AEGP_PanelRefcon* out);
 
 struct SPSuitesSuite
 {
@@ -223,9 +224,10 @@ struct PFAppSuite4
     ReservedSlot reserved1[10];
 };
 
-#define VORTAN_ASSERT_SLOT(suite, function, slot)                                                                \
-    static_assert(offsetof(suite, function) == (slot) * sizeof(void*), #suite "::" #function " is slot " #slot)
-#define VORTAN_ASSERT_SLOTS(suite, count)                                                                        \
+#define VORTAN_ASSERT_SLOT(suite, function, slot)                                                            \
+    static_assert(offsetof(suite, function) == (slot) * sizeof(void*),                                       \
+                  #suite "::" #function " is slot " #slot)
+#define VORTAN_ASSERT_SLOTS(suite, count)                                                                    \
     static_assert(sizeof(suite) == (count) * sizeof(void*), #suite " has " #count " slots")
 
 VORTAN_ASSERT_SLOT(SPBasicSuite, AcquireSuite, 0);
@@ -269,19 +271,19 @@ VORTAN_ASSERT_SLOT(AEGP_LayerSuite1, AEGP_ConvertLayerToCompTime, 33);
 VORTAN_ASSERT_SLOT(AEGP_LayerSuite1, AEGP_GetLayerID, 35);
 VORTAN_ASSERT_SLOTS(AEGP_LayerSuite1, 39);
 
-#define VORTAN_ASSERT_EFFECT_SLOTS(suite)                                                                        \
-    VORTAN_ASSERT_SLOT(suite, AEGP_GetLayerNumEffects, 0);                                                       \
-    VORTAN_ASSERT_SLOT(suite, AEGP_GetLayerEffectByIndex, 1);                                                    \
-    VORTAN_ASSERT_SLOT(suite, AEGP_GetInstalledKeyFromLayerEffect, 2);                                           \
-    VORTAN_ASSERT_SLOT(suite, AEGP_GetEffectFlags, 4);                                                           \
-    VORTAN_ASSERT_SLOT(suite, AEGP_SetEffectFlags, 5);                                                           \
-    VORTAN_ASSERT_SLOT(suite, AEGP_ReorderEffect, 6);                                                            \
-    VORTAN_ASSERT_SLOT(suite, AEGP_EffectCallGeneric, 7);                                                        \
-    VORTAN_ASSERT_SLOT(suite, AEGP_DisposeEffect, 8);                                                            \
-    VORTAN_ASSERT_SLOT(suite, AEGP_ApplyEffect, 9);                                                              \
-    VORTAN_ASSERT_SLOT(suite, AEGP_DeleteLayerEffect, 10);                                                       \
-    VORTAN_ASSERT_SLOT(suite, AEGP_GetNumInstalledEffects, 11);                                                  \
-    VORTAN_ASSERT_SLOT(suite, AEGP_GetNextInstalledEffect, 12);                                                  \
+#define VORTAN_ASSERT_EFFECT_SLOTS(suite)                                                                    \
+    VORTAN_ASSERT_SLOT(suite, AEGP_GetLayerNumEffects, 0);                                                   \
+    VORTAN_ASSERT_SLOT(suite, AEGP_GetLayerEffectByIndex, 1);                                                \
+    VORTAN_ASSERT_SLOT(suite, AEGP_GetInstalledKeyFromLayerEffect, 2);                                       \
+    VORTAN_ASSERT_SLOT(suite, AEGP_GetEffectFlags, 4);                                                       \
+    VORTAN_ASSERT_SLOT(suite, AEGP_SetEffectFlags, 5);                                                       \
+    VORTAN_ASSERT_SLOT(suite, AEGP_ReorderEffect, 6);                                                        \
+    VORTAN_ASSERT_SLOT(suite, AEGP_EffectCallGeneric, 7);                                                    \
+    VORTAN_ASSERT_SLOT(suite, AEGP_DisposeEffect, 8);                                                        \
+    VORTAN_ASSERT_SLOT(suite, AEGP_ApplyEffect, 9);                                                          \
+    VORTAN_ASSERT_SLOT(suite, AEGP_DeleteLayerEffect, 10);                                                   \
+    VORTAN_ASSERT_SLOT(suite, AEGP_GetNumInstalledEffects, 11);                                              \
+    VORTAN_ASSERT_SLOT(suite, AEGP_GetNextInstalledEffect, 12);                                              \
     VORTAN_ASSERT_SLOT(suite, AEGP_GetEffectMatchName, 14)
 VORTAN_ASSERT_EFFECT_SLOTS(AEGP_EffectSuite1);
 VORTAN_ASSERT_SLOTS(AEGP_EffectSuite1, 16);
@@ -305,10 +307,10 @@ VORTAN_ASSERT_SLOTS(AEGP_DynamicStreamSuite2, 17);
 VORTAN_ASSERT_SLOT(AEGP_DynamicStreamSuite4, AEGP_SetDynamicStreamFlag, 6);
 VORTAN_ASSERT_SLOTS(AEGP_DynamicStreamSuite4, 26);
 
-#define VORTAN_ASSERT_UTILITY_SLOTS(suite, startUndoGroup, endUndoGroup)                                         \
-    VORTAN_ASSERT_SLOT(suite, AEGP_ReportInfo, 0);                                                               \
-    VORTAN_ASSERT_SLOT(suite, AEGP_GetDriverPluginInitFuncVersion, 1);                                           \
-    VORTAN_ASSERT_SLOT(suite, AEGP_StartUndoGroup, startUndoGroup);                                              \
+#define VORTAN_ASSERT_UTILITY_SLOTS(suite, startUndoGroup, endUndoGroup)                                     \
+    VORTAN_ASSERT_SLOT(suite, AEGP_ReportInfo, 0);                                                           \
+    VORTAN_ASSERT_SLOT(suite, AEGP_GetDriverPluginInitFuncVersion, 1);                                       \
+    VORTAN_ASSERT_SLOT(suite, AEGP_StartUndoGroup, startUndoGroup);                                          \
     VORTAN_ASSERT_SLOT(suite, AEGP_EndUndoGroup, endUndoGroup)
 VORTAN_ASSERT_UTILITY_SLOTS(AEGP_UtilitySuite1, 5, 6);
 VORTAN_ASSERT_SLOTS(AEGP_UtilitySuite1, 9);

@@ -103,5 +103,6 @@ constexpr AEGP_InstalledEffectKey AEGP_InstalledEffectKey_NONE = 0;
 
 static_assert(sizeof(void*) == 8, "the interface is 64-bit");
 static_assert(sizeof(A_Time) == 8 && offsetof(A_Time, scale) == 4, "A_Time is two 32-bit words");
-static_assert(sizeof(PF_App_Color) == 6 && offsetof(PF_App_Color, green) == 2 && offsetof(PF_App_Color, blue) == 4,
+static_assert(sizeof(PF_App_Color) == 6 && offsetof(PF_App_Color, green) == 2 &&
+                  offsetof(PF_App_Color, blue) == 4,
               "PF_App_Color is three 16-bit words");

@@ -2,7 +2,8 @@
 
 namespace
 {
-template <class Suite> void releaseIfHeld(const SPBasicSuite* basicSuite, const Suite* suite)
+template <class Suite>
+void releaseIfHeld(const SPBasicSuite* basicSuite, const Suite* suite)
 {
     if (suite != nullptr)
         (void)basicSuite->ReleaseSuite(SuiteTraits<Suite>::i_name, SuiteTraits<Suite>::i_version);

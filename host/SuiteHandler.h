@@ -39,11 +39,13 @@ public:
     const SPSuitesSuite* SuitesSuite() const { return Get<SPSuitesSuite>(); }
 
     /// The accessors by type, for code that is generic over the suite's version.
-    template <class Suite> const Suite* Get() const
+    template <class Suite>
+    const Suite* Get() const
     {
         const Suite*& slot = std::get<const Suite*>(slots);
         if (slot == nullptr)
-            slot = static_cast<const Suite*>(Acquire(SuiteTraits<Suite>::i_name, SuiteTraits<Suite>::i_version));
+            slot =
+                static_cast<const Suite*>(Acquire(SuiteTraits<Suite>::i_name, SuiteTraits<Suite>::i_version));
         return slot;
     }
 
@@ -58,10 +60,11 @@ private:
     const void* Acquire(const char* name, std::int32_t version) const;
 
     const SPBasicSuite* basicSuite;
-    mutable std::tuple<const AEGP_CommandSuite1*, const AEGP_DynamicStreamSuite2*, const AEGP_DynamicStreamSuite4*,
-                       const AEGP_EffectSuite1*, const AEGP_EffectSuite3*, const AEGP_ItemSuite1*,
-                       const AEGP_LayerSuite1*, const AEGP_RegisterSuite5*, const AEGP_StreamSuite1*,
-                       const AEGP_StreamSuite2*, const AEGP_UtilitySuite1*, const AEGP_UtilitySuite3*,
-                       const AEGP_UtilitySuite5*, const PFAppSuite4*, const SPSuitesSuite*>
+    mutable std::tuple<const AEGP_CommandSuite1*, const AEGP_DynamicStreamSuite2*,
+                       const AEGP_DynamicStreamSuite4*, const AEGP_EffectSuite1*, const AEGP_EffectSuite3*,
+                       const AEGP_ItemSuite1*, const AEGP_LayerSuite1*, const AEGP_RegisterSuite5*,
+                       const AEGP_StreamSuite1*, const AEGP_StreamSuite2*, const AEGP_UtilitySuite1*,
+                       const AEGP_UtilitySuite3*, const AEGP_UtilitySuite5*, const PFAppSuite4*,
+                       const SPSuitesSuite*>
         slots{};
 };

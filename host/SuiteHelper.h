@@ -5,7 +5,8 @@
 #include "host/SuiteTraits.h"
 
 /// The policy of a SuiteHelper whose owner cannot live without the suite: throws the integer 13.
-template <class Suite> struct AssertAndThrowOnMissingSuite
+template <class Suite>
+struct AssertAndThrowOnMissingSuite
 {
     [[noreturn]] static void OnMissingSuite() { throw static_cast<int>(A_Err_MISSING_SUITE); }
 };
@@ -13,13 +14,15 @@ template <class Suite> struct AssertAndThrowOnMissingSuite
 /// Acquires the suite on construction and releases it on destruction.
 /// `basicSuite` must outlive the helper. `Policy::OnMissingSuite` runs when the host answers with an
 /// error or with a null table; if it returns, the helper is empty.
-template <class Suite, class Policy = AssertAndThrowOnMissingSuite<Suite>> class SuiteHelper
+template <class Suite, class Policy = AssertAndThrowOnMissingSuite<Suite>>
+class SuiteHelper
 {
 public:
     explicit SuiteHelper(const SPBasicSuite* hostBasicSuite) : basicSuite(hostBasicSuite)
     {
         const void* table = nullptr;
-        const SPErr err = basicSuite->AcquireSuite(SuiteTraits<Suite>::i_name, SuiteTraits<Suite>::i_version, &table);
+        const SPErr err =
+            basicSuite->AcquireSuite(SuiteTraits<Suite>::i_name, SuiteTraits<Suite>::i_version, &table);
         if (err != 0 || table == nullptr)
             Policy::OnMissingSuite();
         else

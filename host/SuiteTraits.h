@@ -4,13 +4,15 @@
 #include "host/HostSuites.h"
 
 /// `i_name` is the suite's name; `i_version` the version whose table `Suite` describes.
-template <class Suite> struct SuiteTraits;
+template <class Suite>
+struct SuiteTraits;
 
-#define VORTAN_SUITE_TRAITS(suite, name, version)                                                                \
-    template <> struct SuiteTraits<suite>                                                                        \
-    {                                                                                                            \
-        static constexpr const char* i_name = name;                                                              \
-        static constexpr std::int32_t i_version = version;                                                       \
+#define VORTAN_SUITE_TRAITS(suite, name, version)                                                            \
+    template <>                                                                                              \
+    struct SuiteTraits<suite>                                                                                \
+    {                                                                                                        \
+        static constexpr const char* i_name = name;                                                          \
+        static constexpr std::int32_t i_version = version;                                                   \
     }
 
 VORTAN_SUITE_TRAITS(AEGP_CommandSuite1, "AEGP Command Suite", 1);

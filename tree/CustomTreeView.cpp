@@ -159,7 +159,7 @@ void CustomTreeView::renameItem()
     const juce::String editable = EditableText(name);
     // A name that the editor cannot hold as it is stays untouched unless the user edits it.
     renameEditor->onRename =
-        [this, uuid, before = BytesFromText(editable), oldName = BytesFromText(name)](std::string newName)
+        [this, uuid, before = BytesFromText(editable), oldName = BytesFromText(name)](const std::string& newName)
     { renameItemInTreeByUUID(this, uuid, newName == before ? oldName : newName); };
     renameEditor->setVisible(true);
     renameEditor->setText(editable, true);

@@ -12,7 +12,8 @@ namespace
 constexpr const char* uuidA = "00000000-0000-0000-0000-00000000000a";
 constexpr const char* uuidB = "00000000-0000-0000-0000-00000000000b";
 
-ObjectItem item(const char* uuid, const char* name, std::int32_t group, std::int32_t active, const char* tag = "")
+ObjectItem item(const char* uuid, const char* name, std::int32_t group, std::int32_t active,
+                const char* tag = "")
 {
     ObjectItem result;
     result.uuid = uuid;
@@ -40,7 +41,8 @@ TEST(UuidText, OfZeroIsTheZeroIdentityText)
 
 TEST(UuidText, WritesTheBytesInMemoryOrderInLowerCase)
 {
-    const VN_UUID uuid = {{0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF, 0x10, 0x32, 0x54, 0x76, 0x98, 0xBA, 0xDC, 0xFE}};
+    const VN_UUID uuid = {
+        {0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF, 0x10, 0x32, 0x54, 0x76, 0x98, 0xBA, 0xDC, 0xFE}};
     EXPECT_STREQ(GetUUIDStr(uuid).text, "01234567-89ab-cdef-1032-547698badcfe");
 }
 
@@ -87,12 +89,14 @@ TEST(ItemsHash, ShiftsLogicallyAndWraps)
     // A seed with its top bit set tells a logical shift from an arithmetic one.
     const std::uint64_t seed = 0x8000000000000000ULL;
     EXPECT_EQ(CombineHash(seed, 0), seed ^ (0x9e3779b9ULL + 0x2000000000000000ULL));
-    EXPECT_EQ(CombineHash(~0ULL, ~0ULL), ~0ULL ^ (~0ULL + 0x9e3779b9ULL + 0xffffffffffffffc0ULL + 0x3fffffffffffffffULL));
+    EXPECT_EQ(CombineHash(~0ULL, ~0ULL),
+              ~0ULL ^ (~0ULL + 0x9e3779b9ULL + 0xffffffffffffffc0ULL + 0x3fffffffffffffffULL));
 }
 
 TEST(ItemsHash, DoesNotCoverTheTag)
 {
-    EXPECT_EQ(CalcItemsHash(1, {item(uuidA, "n", 0, 1, "QVK VORTSRC Routes")}), CalcItemsHash(1, {item(uuidA, "n", 0, 1)}));
+    EXPECT_EQ(CalcItemsHash(1, {item(uuidA, "n", 0, 1, "QVK VORTSRC Routes")}),
+              CalcItemsHash(1, {item(uuidA, "n", 0, 1)}));
 }
 
 TEST(ItemsHash, ChangesWithEachOfTheFourFields)
@@ -153,11 +157,20 @@ TEST(DisplayName, ShortensEachDefaultName)
 
 TEST(DisplayName, OfTheEmptyTextIsTheEmptyText) { EXPECT_EQ(GetItemDisplayString(""), ""); }
 
-TEST(DisplayName, KnowsNoWordBoundary) { EXPECT_EQ(GetItemDisplayString("Vortan Placementer"), "Placementer"); }
+TEST(DisplayName, KnowsNoWordBoundary)
+{
+    EXPECT_EQ(GetItemDisplayString("Vortan Placementer"), "Placementer");
+}
 
-TEST(DisplayName, NeedsTheWholeDefaultName) { EXPECT_EQ(GetItemDisplayString("Vortan Cutter"), "Vortan Cutter"); }
+TEST(DisplayName, NeedsTheWholeDefaultName)
+{
+    EXPECT_EQ(GetItemDisplayString("Vortan Cutter"), "Vortan Cutter");
+}
 
-TEST(DisplayName, IsCaseSensitive) { EXPECT_EQ(GetItemDisplayString("vortan enclosure"), "vortan enclosure"); }
+TEST(DisplayName, IsCaseSensitive)
+{
+    EXPECT_EQ(GetItemDisplayString("vortan enclosure"), "vortan enclosure");
+}
 
 TEST(DisplayName, LeavesCustomNamesAndTheMainEffectAlone)
 {
@@ -167,5 +180,6 @@ TEST(DisplayName, LeavesCustomNamesAndTheMainEffectAlone)
 
 TEST(DisplayName, KeepsBytesThatAreNotText)
 {
-    EXPECT_EQ(GetItemDisplayString(std::string("Vortan Enclosure\xff\x00\xfe", 19)), std::string("Enclosure\xff\x00\xfe", 12));
+    EXPECT_EQ(GetItemDisplayString(std::string("Vortan Enclosure\xff\x00\xfe", 19)),
+              std::string("Enclosure\xff\x00\xfe", 12));
 }

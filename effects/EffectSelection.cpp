@@ -1,0 +1,178 @@
+#include "effects/EffectSelection.h"
+
+#include "effects/EffectCatalogue.h"
+#include "effects/EffectChain.h"
+#include "effects/LayerItems.h"
+#include "effects/NameBuffer.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+namespace
+{
+/// One step of a flag sequence: sets or clears the hidden flag of `stream`. The flag is switched in the host
+/// as a view state that undo does not bring back.
+template <class DynamicStreamSuite>
+EffectChain& setHidden(EffectChain& chain, const AEGP_SuiteHandler& suites, AEGP_StreamRefH stream,
+                       A_Boolean hidden)
+{
+    constexpr A_Boolean undoable = 0;
+    return chain.Then(
+        [&]
+        {
+            return suites.Get<DynamicStreamSuite>()->AEGP_SetDynamicStreamFlag(
+                stream, AEGP_DynStreamFlag_HIDDEN, undoable, hidden);
+        });
+}
+
+/// The common head of both actions. Kept: an error behind the start of the undo group leaves it open.
+EffectChain& takeEffectAndStreams(EffectChain& chain, const AEGP_SuiteHandler& suites, AEGP_LayerH layer,
+                                  int effectIndex)
+{
+    return chain.Then([&] { return suites.UtilitySuite1()->AEGP_StartUndoGroup(""); })
+        .TakeEffect<AEGP_EffectSuite1>(layer, effectIndex)
+        .TakeParamStream()
+        .TakeGroupStream();
+}
+
+void endUndoGroup(EffectChain& chain, const AEGP_SuiteHandler& suites)
+{
+    chain.Then([&] { return suites.UtilitySuite1()->AEGP_EndUndoGroup(); });
+}
+
+/// Hides or shows the effect. The sequences run in full also if the flags already stand as wanted.
+void HideEffect(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, int effectIndex, bool hide)
+{
+    EffectChain chain(*suites, pluginId);
+    AEGP_DynStreamFlags flags = 0;
+    takeEffectAndStreams(chain, *suites, layer, effectIndex)
+        .Then(
+            [&]
+            { return suites->DynamicStreamSuite2()->AEGP_GetDynamicStreamFlags(chain.paramStream, &flags); });
+    if (hide)
+    {
+        setHidden<AEGP_DynamicStreamSuite4>(chain, *suites, chain.groupStream, 0);
+        setHidden<AEGP_DynamicStreamSuite4>(chain, *suites, chain.groupStream, 1);
+    }
+    else
+    {
+        // The pulse on the first parameter opens the effect; its own hidden state comes back at the end.
+        const A_Boolean wasHidden = (flags & AEGP_DynStreamFlag_HIDDEN) != 0 ? 1 : 0;
+        setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, chain.groupStream, 0);
+        setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, chain.paramStream, 1);
+        setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, chain.paramStream, 0);
+        setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, chain.paramStream, wasHidden);
+    }
+    endUndoGroup(chain, *suites);
+    (void)chain.Finish();
+}
+
+/// Twirls the effect open by a pulse on its first parameter, or closed by one on its own group.
+void TwirlEffect(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, int effectIndex, bool open)
+{
+    EffectChain chain(*suites, pluginId);
+    takeEffectAndStreams(chain, *suites, layer, effectIndex);
+    const AEGP_StreamRefH pulsed = open ? chain.paramStream : chain.groupStream;
+    setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, pulsed, 1);
+    setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, pulsed, 0);
+    endUndoGroup(chain, *suites);
+    (void)chain.Finish();
+}
+
+/// The match name as the host tells it; empty if it cannot. None of the results is looked at.
+NameBuffer readMatchName(int pluginId, const AEGP_SuiteHandler& suites, AEGP_LayerH layer, int index)
+{
+    NameBuffer name;
+    AEGP_InstalledEffectKey key = AEGP_InstalledEffectKey_NONE;
+    EffectChain chain(suites, pluginId);
+    chain.TakeEffect<AEGP_EffectSuite1>(layer, index);
+    // Kept: asked for also when the effect could not be had.
+    (void)suites.EffectSuite1()->AEGP_GetInstalledKeyFromLayerEffect(chain.effect, &key);
+    (void)suites.EffectSuite1()->AEGP_GetEffectMatchName(key, name.text);
+    (void)chain.Finish();
+    return name;
+}
+
+/// What is to happen to which effect index.
+struct Classes
+{
+    std::vector<int> outside;
+    std::vector<int> selected; ///< From the bottom of the stack up.
+    std::vector<int> other;    ///< From the top of the stack down.
+    int main = -1;             ///< The last main effect of the stack.
+};
+
+bool contains(const std::vector<int>& indices, int index)
+{
+    return std::find(indices.begin(), indices.end(), index) != indices.end();
+}
+
+Classes classifyItems(const std::vector<ObjectItem>& items, const std::vector<ObjectItem>& selected)
+{
+    Classes classes;
+    for (int place = 0; place < static_cast<int>(items.size()); ++place)
+    {
+        const std::string& uuid = items[static_cast<std::size_t>(place)].uuid;
+        const auto isSame = [&](const ObjectItem& item) { return item.uuid == uuid; };
+        if (uuid == ZERO_UUID_TEXT)
+            classes.outside.push_back(place);
+        else if (std::any_of(selected.begin(), selected.end(), isSame))
+            classes.selected.push_back(place);
+    }
+    std::reverse(classes.selected.begin(), classes.selected.end());
+    return classes;
+}
+
+/// Completes the classes by the match names that the host tells. An effect that joined the layer since the
+/// items were read is in none of the lists, and so counts as other unless its match name says otherwise.
+void classifyByMatchName(Classes& classes, int pluginId, const AEGP_SuiteHandler& suites, AEGP_LayerH layer,
+                         int count)
+{
+    for (int index = 0; index < count; ++index)
+    {
+        if (contains(classes.outside, index))
+            continue;
+        const NameBuffer name = readMatchName(pluginId, suites, layer, index);
+        if (std::strcmp(name.text, KIT_MATCH_NAME) == 0)
+            continue;
+        if (std::strcmp(name.text, MAIN_MATCH_NAME) == 0)
+            classes.main = index;
+        else if (!contains(classes.selected, index))
+            classes.other.push_back(index);
+    }
+}
+} // namespace
+
+void SelectEffectsFromItems(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** layer, bool useHide,
+                            bool touchMain, const std::vector<ObjectItem>& selected)
+{
+    Classes classes =
+        classifyItems(CreateItemsFromLayer(pluginId, basicSuite, layer, touchMain ? 1 : 0), selected);
+    if (layer == nullptr)
+        return;
+    AEGP_SuiteHandler suites(basicSuite);
+    A_long count = 0;
+    (void)suites.EffectSuite1()->AEGP_GetLayerNumEffects(layer, &count);
+    AEGP_CompH unusedComp = nullptr;
+    (void)suites.LayerSuite1()->AEGP_GetLayerParentComp(layer, &unusedComp);
+    classifyByMatchName(classes, pluginId, suites, layer, count);
+
+    const auto putOutOfSight = [&](int index)
+    {
+        useHide ? HideEffect(pluginId, &suites, layer, index, true)
+                : TwirlEffect(pluginId, &suites, layer, index, false);
+    };
+    const auto show = [&](int index)
+    {
+        useHide ? HideEffect(pluginId, &suites, layer, index, false)
+                : TwirlEffect(pluginId, &suites, layer, index, true);
+    };
+    std::for_each(classes.other.begin(), classes.other.end(), putOutOfSight);
+    std::for_each(classes.selected.begin(), classes.selected.end(), show);
+    if (touchMain && classes.main != -1)
+    {
+        std::puts("touching main effect");
+        show(classes.main);
+    }
+}

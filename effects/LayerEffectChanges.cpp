@@ -1,0 +1,162 @@
+#include "effects/LayerEffectChanges.h"
+
+#include "effects/EffectChain.h"
+#include "effects/EffectMessages.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace
+{
+/// Where the changes go, as every step needs it.
+struct Target
+{
+    int pluginId;
+    SPBasicSuite* basicSuite;
+    AEGP_LayerH layer;
+};
+
+enum class Differences
+{
+    none,
+    some
+};
+
+/// Calls `change` with each tree item whose partner, the first layer item of the same identity, differs
+/// from it in `field`. An outside effect is nobody's partner.
+template <class Field, class Change>
+Differences forEachDifference(const std::vector<ObjectItem>& layerItems,
+                              const std::vector<ObjectItem>& treeItems, Field field, Change change)
+{
+    Differences met = Differences::none;
+    for (const ObjectItem& treeItem : treeItems)
+    {
+        if (treeItem.uuid == ZERO_UUID_TEXT)
+            continue;
+        const auto partner = std::find_if(layerItems.begin(), layerItems.end(),
+                                          [&](const ObjectItem& item) { return item.uuid == treeItem.uuid; });
+        if (partner == layerItems.end() || (*partner).*field == treeItem.*field)
+            continue;
+        change(treeItem);
+        met = Differences::some;
+    }
+    return met;
+}
+
+void renameEffect(const Target& target, const ObjectItem& item)
+{
+    if (target.layer == nullptr)
+        return;
+    AEGP_SuiteHandler suites(target.basicSuite);
+    const int index = FindUuid(ReadStackUuids(target.pluginId, &suites, target.layer), item.uuid);
+    if (index < 0)
+        return;
+    // Kept: an error behind the start of the undo group leaves it open.
+    EffectChain chain(suites, target.pluginId);
+    chain.Then([&] { return suites.UtilitySuite1()->AEGP_StartUndoGroup("Rename Effect(s)"); })
+        .TakeEffect<AEGP_EffectSuite1>(target.layer, index)
+        .TakeParamStream()
+        .TakeGroupStream()
+        .Then(
+            [&] {
+                return suites.DynamicStreamSuite2()->AEGP_SetStreamName(chain.groupStream, item.name.c_str());
+            })
+        .Then([&] { return suites.UtilitySuite1()->AEGP_EndUndoGroup(); });
+    (void)chain.Finish();
+}
+
+void changeGroup(const Target& target, const ObjectItem& item)
+{
+    std::printf("Setting Group: %s\n", item.name.c_str());
+    SetEffectGroup(target.pluginId, target.basicSuite, target.layer, item.uuid, item.group);
+}
+
+void changeActiveState(const Target& target, const ObjectItem& item)
+{
+    // Kept: unlike a rename, this does not ask whether there is a layer.
+    AEGP_SuiteHandler suites(target.basicSuite);
+    const int index = FindUuid(ReadStackUuids(target.pluginId, &suites, target.layer), item.uuid);
+    if (index < 0)
+        return;
+    EffectChain chain(suites, target.pluginId);
+    chain.TakeEffect<AEGP_EffectSuite1>(target.layer, index)
+        .Then(
+            [&]
+            {
+                return suites.EffectSuite1()->AEGP_SetEffectFlags(chain.effect, AEGP_EffectFlags_ACTIVE,
+                                                                  item.active != 0 ? 1 : 0);
+            });
+    (void)chain.Finish();
+}
+
+/// Follows in `stackUuids` the move of the entry at `from` to `to`.
+void followMove(std::vector<std::string>& stackUuids, int from, int to)
+{
+    const auto begin = stackUuids.begin();
+    if (from < to)
+    {
+        // Kept: this lands one short of where the host puts the effect. It takes a position that was
+        // passed without a move, or two effects of one identity, to come here. A position behind the end
+        // of the stack shifts all there is.
+        const auto end = begin + std::min(to, static_cast<int>(stackUuids.size()));
+        std::rotate(begin + from, begin + from + 1, end);
+    }
+    else
+    {
+        std::rotate(begin + to, begin + from, begin + from + 1);
+    }
+}
+
+void moveEffect(const Target& target, const AEGP_SuiteHandler& suites, int from, int to)
+{
+    EffectChain chain(suites, target.pluginId);
+    chain.TakeEffect<AEGP_EffectSuite1>(target.layer, from);
+    // Kept: the move is asked for also when the effect could not be had, or stands there already.
+    (void)suites.EffectSuite1()->AEGP_ReorderEffect(chain.effect, to);
+    (void)chain.Finish();
+}
+
+/// Each wanted identity goes to its position in the list; one that is not on the layer leaves its position
+/// filled all the same.
+void reorderEffects(const Target& target, const std::vector<std::string>& wanted, Differences others)
+{
+    if (target.layer == nullptr)
+        return;
+    AEGP_SuiteHandler suites(target.basicSuite);
+    std::vector<std::string> stackUuids = ReadStackUuids(target.pluginId, &suites, target.layer);
+    const char* undoName = others == Differences::none ? "Reorder Effect(s)" : "";
+    (void)suites.UtilitySuite1()->AEGP_StartUndoGroup(undoName);
+    for (int place = 0; place < static_cast<int>(wanted.size()); ++place)
+    {
+        const std::string& uuid = wanted[static_cast<std::size_t>(place)];
+        const int from = uuid == ZERO_UUID_TEXT ? -1 : FindUuid(stackUuids, uuid);
+        if (from < 0)
+            continue;
+        moveEffect(target, suites, from, place);
+        followMove(stackUuids, from, place);
+    }
+    // Kept: closed whatever happened, also if the group could not be opened.
+    (void)suites.UtilitySuite1()->AEGP_EndUndoGroup();
+}
+} // namespace
+
+void LayerEffectChanges(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** layer,
+                        const std::vector<ObjectItem>& layerItems, const std::vector<ObjectItem>& treeItems)
+{
+    const Target target = {pluginId, basicSuite, layer};
+    const auto carryOut = [&](auto field, auto change)
+    {
+        return forEachDifference(layerItems, treeItems, field,
+                                 [&](const ObjectItem& item) { change(target, item); });
+    };
+    const Differences names = carryOut(&ObjectItem::name, renameEffect);
+    const Differences groups = carryOut(&ObjectItem::group, changeGroup);
+    const Differences actives = carryOut(&ObjectItem::active, changeActiveState);
+
+    const bool nothingElse =
+        names == Differences::none && groups == Differences::none && actives == Differences::none;
+    std::vector<std::string> wanted;
+    for (const ObjectItem& item : treeItems)
+        wanted.push_back(item.uuid);
+    reorderEffects(target, wanted, nothingElse ? Differences::none : Differences::some);
+}

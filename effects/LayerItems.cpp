@@ -1,0 +1,71 @@
+#include "effects/LayerItems.h"
+
+#include "effects/EffectChain.h"
+#include "effects/EffectMessages.h"
+#include "effects/NameBuffer.h"
+
+#include <numeric>
+
+namespace
+{
+/// What the host itself tells about one effect. The names carry over from effect to effect.
+struct HostFacts
+{
+    NameBuffer matchName;
+    NameBuffer name;
+    std::int32_t active = 0;
+};
+
+/// The steps that read one effect from the host.
+void readHostFacts(EffectChain& chain, const AEGP_SuiteHandler& suites, AEGP_LayerH layer, int index,
+                   HostFacts& facts)
+{
+    AEGP_InstalledEffectKey key = AEGP_InstalledEffectKey_NONE;
+    AEGP_EffectFlags flags = 0;
+    chain.TakeEffect<AEGP_EffectSuite1>(layer, index)
+        .Then([&] { return suites.EffectSuite1()->AEGP_GetInstalledKeyFromLayerEffect(chain.effect, &key); })
+        .Then([&] { return suites.EffectSuite1()->AEGP_GetEffectMatchName(key, facts.matchName.text); })
+        .TakeParamStream()
+        .TakeGroupStream()
+        .Then([&] { return suites.EffectSuite1()->AEGP_GetEffectFlags(chain.effect, &flags); })
+        .Then(
+            [&]
+            {
+                facts.active = flags & AEGP_EffectFlags_ACTIVE;
+                constexpr A_Boolean forceEnglish = 1;
+                return suites.StreamSuite1()->AEGP_GetStreamName(chain.groupStream, forceEnglish,
+                                                                 facts.name.text);
+            });
+}
+} // namespace
+
+std::vector<ObjectItem> CreateItemsFromLayer(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** layer, int)
+{
+    std::vector<ObjectItem> items;
+    if (layer == nullptr)
+        return items;
+    AEGP_SuiteHandler suites(basicSuite);
+    A_long count = 0;
+    A_Err err = suites.EffectSuite1()->AEGP_GetLayerNumEffects(layer, &count);
+    if (count < 1)
+        return items;
+
+    std::vector<int> indices(static_cast<std::size_t>(count));
+    std::iota(indices.begin(), indices.end(), 0);
+    std::vector<int> groups;
+    (void)GetEffectGroups(pluginId, &suites, layer, MESSAGE_TIME, &indices, &groups, 0);
+    const std::vector<VN_UUID> identities = ReadIdentities(pluginId, &suites, layer, count);
+
+    HostFacts facts;
+    for (std::size_t i = 0; i < indices.size(); ++i)
+    {
+        facts.active = 0;
+        EffectChain chain(suites, pluginId, err);
+        readHostFacts(chain, suites, layer, indices[i], facts);
+        err = chain.Error();
+        items.push_back(
+            {GetUUIDStr(identities[i]).text, facts.name.text, groups[i], facts.active, facts.matchName.text});
+        (void)chain.Finish();
+    }
+    return items;
+}

@@ -1,0 +1,15 @@
+#pragma once
+// Reading a layer: the layer side of every comparison that the idle pass makes.
+
+#include "effects/ObjectItem.h"
+#include "host/HostSuites.h"
+
+#include <vector>
+
+/// Reads the stack from the top, one item per effect, so that position i of the result is effect index i.
+/// Only reads. A null layer gives an empty list and makes no host call; the last argument is not looked at.
+/// Throws the integer 516 if a suite is missing. After any other host error the effects from there on keep
+/// their identity and group, with `active` 0 and the name and tag that were read last; the list stays
+/// complete.
+std::vector<ObjectItem> CreateItemsFromLayer(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** layer,
+                                             int ignored);

@@ -1,0 +1,183 @@
+#include "panel/IdlePass.h"
+
+#include "effects/EffectPlacement.h"
+#include "effects/EffectRemoval.h"
+#include "effects/EffectSelection.h"
+#include "effects/LayerEffectChanges.h"
+#include "effects/LayerItems.h"
+
+#include <cstdio>
+
+namespace
+{
+constexpr int allItems = -1;
+
+std::uint64_t signExtend(std::int32_t value) { return static_cast<std::uint64_t>(std::int64_t{value}); }
+
+const A_u_char* utf8(const char* text) { return reinterpret_cast<const A_u_char*>(text); }
+} // namespace
+
+void Panelator::IdleHook(VnPanelRef* panelRef) { IdlePass(*this, *panelRef).Run(); }
+
+IdlePass::IdlePass(Panelator& panelator, VnPanelRef& panelRef)
+    : panel(panelator), requests(panelRef), suites(panelRef.basicSuite)
+{
+}
+
+void IdlePass::Run()
+{
+    takeRefreshRequest();
+    runOpenRequest();
+    if (examinePanel() == Outcome::passIsOver)
+        return;
+    showNotification();
+    if (findActiveItem() == Outcome::passIsOver)
+        return;
+    findActiveLayer();
+    carryOutAddsAndDeletes();
+    compareLayer();
+    if (layerChanged)
+        rebuildTree();
+    compareTree();
+    lookForTreeStateChange();
+    if (layerChanged)
+        pushSelection();
+}
+
+/// The request is consumed here, whatever becomes of the pass.
+void IdlePass::takeRefreshRequest()
+{
+    force = requests.refreshPending != 0;
+    requests.refreshPending = 0;
+}
+
+void IdlePass::runOpenRequest()
+{
+    if (requests.openPending == 0)
+        return;
+    (void)panel.suites.CommandSuite1()->AEGP_DoCommand(panel.command);
+    requests.openPending ^= 1;
+}
+
+/// A hidden panel loses its tree; one behind another tab keeps it, and neither does any further work.
+IdlePass::Outcome IdlePass::examinePanel()
+{
+    A_Boolean shown = 0;
+    A_Boolean frontmost = 0;
+    (void)panel.panelSuite->AEGP_IsShown(utf8(panel.matchName), &shown, &frontmost);
+    const bool isUp = shown != 0 && frontmost != 0;
+    (void)panel.suites.CommandSuite1()->AEGP_CheckMarkMenuCommand(panel.command, isUp ? 1 : 0);
+    if (shown == 0)
+        ClearTree(panel.tree);
+    if (!isUp)
+        return Outcome::passIsOver;
+    if (panel.tree == nullptr)
+    {
+        std::puts("no tree found");
+        return Outcome::passIsOver;
+    }
+    return Outcome::goOn;
+}
+
+void IdlePass::showNotification()
+{
+    if (requests.notifyPending == 0)
+        return;
+    NotifyMsg(panel.tree, requests.notifyText);
+    requests.notifyText.clear();
+    requests.notifyPending = 0;
+}
+
+IdlePass::Outcome IdlePass::findActiveItem()
+{
+    (void)panel.suites.ItemSuite1()->AEGP_GetActiveItem(&item);
+    if (item != nullptr)
+        return Outcome::goOn;
+    // Kept: the stored hashes stay as they are, so an item that comes back with an unchanged layer finds the
+    // tree empty and leaves it so.
+    ClearTree(panel.tree);
+    ClearTreeState(panel.stateTable);
+    std::puts("No active item");
+    return Outcome::passIsOver;
+}
+
+void IdlePass::findActiveLayer()
+{
+    (void)panel.suites.ItemSuite1()->AEGP_GetItemID(item, &itemId);
+    (void)suites.LayerSuite1()->AEGP_GetActiveLayer(&layer);
+    if (layer != nullptr)
+        (void)suites.LayerSuite1()->AEGP_GetLayerID(layer, &layerId);
+}
+
+/// Comes before either side is read, so that the reads see it. Without a layer the requests wait in the tree.
+void IdlePass::carryOutAddsAndDeletes()
+{
+    if (layer == nullptr)
+        return;
+    for (const int key : GetKeysToBeAddedToLayer(panel.tree))
+        (void)ApplyEffectToLayerIdleFn(panel.pluginId, panel.basicSuite, key, layer);
+    const std::vector<std::string> uuids = GetEffectsToBeRemoved(panel.tree);
+    (void)RemoveMultipleEffectsByUUID(panel.pluginId, panel.basicSuite, uuids, layer);
+}
+
+/// The ids are part of the layer's hash: another item or layer is a change, also with equal contents.
+void IdlePass::compareLayer()
+{
+    const std::uint64_t seed = CombineHash(CombineHash(0, signExtend(itemId)), signExtend(layerId));
+    currentLayerHash = CalcItemsHash(seed, readLayer());
+    layerChanged = force || currentLayerHash != panel.layerHash;
+}
+
+void IdlePass::rebuildTree()
+{
+    RefreshTree(panel.tree, readLayer());
+    ApplyLayerTreeState(panel.stateTable, layerId, panel.tree);
+    CacheLayerTreeState(panel.stateTable, layerId, panel.tree);
+    panel.layerHash = currentLayerHash;
+}
+
+void IdlePass::compareTree()
+{
+    const std::uint64_t treeNow = CalcItemsHash(signExtend(layerId), GetItemsFromTree(panel.tree));
+    if (treeNow == panel.treeHash)
+        return;
+    const std::vector<ObjectItem> layerItems = readLayer();
+    const std::vector<ObjectItem> treeItems = GetItemsFromTree(panel.tree);
+    if (CalcItemsHash(0, layerItems) != CalcItemsHash(0, treeItems))
+    {
+        reportMismatch(layerItems, treeItems);
+        LayerEffectChanges(panel.pluginId, panel.basicSuite, layer, layerItems, treeItems);
+    }
+    panel.treeHash = treeNow;
+}
+
+void IdlePass::reportMismatch(const std::vector<ObjectItem>& layerItems,
+                              const std::vector<ObjectItem>& treeItems) const
+{
+    std::printf("%s\n", "Hash Mismatch");
+    for (const ObjectItem& layerItem : layerItems)
+        std::printf("Layer Item - %s\n", layerItem.name.c_str());
+    for (const ObjectItem& treeItem : treeItems)
+        std::printf("Tree Item - %s\n", treeItem.name.c_str());
+}
+
+void IdlePass::lookForTreeStateChange()
+{
+    if (layerId == 0)
+        return;
+    const bool stateChanged = DidLayerStateChange(panel.stateTable, layerId, panel.tree);
+    layerChanged = layerChanged || stateChanged;
+}
+
+void IdlePass::pushSelection()
+{
+    std::printf("%s\n", "State Changed");
+    const std::vector<ObjectItem> selected = GetSelectedTreeItems(panel.tree);
+    SelectEffectsFromItems(panel.pluginId, panel.basicSuite, layer, true, false, selected);
+    CacheLayerTreeState(panel.stateTable, layerId, panel.tree);
+}
+
+std::vector<ObjectItem> IdlePass::readLayer() const
+{
+    return CreateItemsFromLayer(panel.pluginId, panel.basicSuite, layer, allItems);
+}

@@ -1,0 +1,13 @@
+// What the first entry point allocates lives as long as the host, which outlives every test.
+
+#include "tests/support/Sanitized.h"
+
+#if defined(VORTAN_TESTS_ARE_SANITIZED)
+extern "C" const char* __lsan_default_suppressions();
+
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
+{
+    return "leak:makeGlobalBlock\n"
+           "leak:makeIdleSuite\n";
+}
+#endif

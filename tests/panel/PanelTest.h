@@ -1,0 +1,46 @@
+#pragma once
+// A test with the panel plug-in in a stand-in host. At its end no suite may be held, no reference be out,
+// and no finding be there that was not expected.
+
+#include "standin/sensors/FindingIds.h"
+#include "tests/support/PanelBench.h"
+#include "tests/support/PassCalls.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace standin
+{
+inline void PrintTo(Withheld how, std::ostream* out)
+{
+    *out << (how == Withheld::asError       ? "as an error"
+             : how == Withheld::asNullTable ? "as a null table"
+                                            : "as a poisoned pointer");
+}
+
+class PanelTest : public ::testing::Test
+{
+protected:
+    explicit PanelTest(HostOptions options = {}) : bench(options) {}
+
+    void TearDown() override
+    {
+        bench.Close();
+        host.CheckSuiteBalance();
+        EXPECT_EQ(host.LiveReferences(), 0);
+        EXPECT_EQ(host.FindingsReport(), "");
+    }
+
+    /// The labels of the stack and the names of the tree, which agree when all is at rest.
+    std::string StackText() const { return host.StackText(bench.on.layerId); }
+
+    PanelBench bench;
+    Host& host = bench.host;
+
+    // What PanelBench::AddThree puts on the layer.
+    const EffectRow a{"A", "01010101-0101-0101-0101-010100000001", "QVK VORTSRC Lamps", 201};
+    const EffectRow b{"B", "02020202-0202-0202-0202-020200000002", "QVK VORTEFF Jitter", 222};
+    const EffectRow c{"C", "03030303-0303-0303-0303-030300000003", "QVK VORTREN Dots", 240};
+    const EffectRows three = {a, b, c};
+};
+} // namespace standin

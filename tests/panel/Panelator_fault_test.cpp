@@ -1,0 +1,198 @@
+// The panel plug-in's entry point with a host that fails it.
+
+#include "standin/faults/Sweep.h"
+#include "tests/panel/PanelTest.h"
+
+#include <memory>
+
+namespace standin
+{
+namespace
+{
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// A plug-in that is loaded into a host prepared by the test.
+class PanelatorFault : public ::testing::Test
+{
+protected:
+    PanelBench& LoadWith(const std::function<void(Host&)>& arm)
+    {
+        bench = std::make_unique<PanelBench>(HostOptions{}, arm);
+        return *bench;
+    }
+
+    void TearDown() override
+    {
+        bench->Close();
+        bench->host.CheckSuiteBalance();
+        EXPECT_EQ(bench->host.FindingsReport(), "");
+    }
+
+    std::unique_ptr<PanelBench> bench;
+};
+
+TEST_F(PanelatorFault, WithoutACommandAllIsSetUpButThePanelSuiteIsNotPublished)
+{
+    LoadWith(
+        [](Host& host)
+        {
+            host.Expect(finding::unknownCommand, "AEGP_InsertMenuCommand", "goes on with the command 0");
+            host.Faults().FailFunction("AEGP_GetUniqueCommand");
+        });
+    EXPECT_THAT(bench->loading.calls,
+                ElementsAre(R"(Basic AcquireSuite("AEGP Workspace Panel Suite", 1))",
+                            R"(Basic AcquireSuite("AEGP Command Suite", 1))",
+                            "Command 1 AEGP_GetUniqueCommand() = 1",
+                            R"(Command 1 AEGP_InsertMenuCommand(0, "Vortan Object Panel", 7, -2) = 3)",
+                            R"(Basic AcquireSuite("AEGP Register Suite", 6))",
+                            "Register 6 AEGP_RegisterCommandHook(id 8, 1, 0, hook, refcon)",
+                            "Register 6 AEGP_RegisterUpdateMenuHook(id 8, hook, null)",
+                            "Register 6 AEGP_RegisterIdleHook(id 8, hook, refcon)",
+                            "Register 6 AEGP_RegisterDeathHook(id 8, hook, null)",
+                            "Panel 1 AEGP_RegisterCreatePanelHook(id 8, \"Vortan Object Panel\", hook, "
+                            "refcon, 0)",
+                            "Tree JuceGlobalInit()"));
+    EXPECT_EQ(bench->loading.printed, "Command Not Found\n");
+    EXPECT_EQ(bench->loading.result.error, errNone);
+    ASSERT_NE(bench->plugin, nullptr);
+    EXPECT_EQ(bench->Inbox().pluginId, 8) << "the table is filled all the same";
+}
+
+struct MissingAtStart
+{
+    const char* name;
+    A_long version;
+    int number;
+    std::size_t calls; ///< Made before the suite is asked for, with the traffic of suites.
+};
+
+void PrintTo(const MissingAtStart& suite, std::ostream* out) { *out << suite.name; }
+
+class PanelatorWithoutSuite : public PanelatorFault,
+                              public ::testing::WithParamInterface<std::tuple<MissingAtStart, Withheld>>
+{
+};
+
+TEST_P(PanelatorWithoutSuite, IsLeftByTheNumberAndUnwindsWhatItHad)
+{
+    const auto& [suite, how] = GetParam();
+    LoadWith(
+        [missing = suite, withheld = how](Host& host)
+        {
+            host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");
+            host.Faults().Withhold(missing.name, missing.version, withheld);
+        });
+    EXPECT_EQ(bench->loading.result.thrownNumber, suite.number);
+    EXPECT_EQ(bench->plugin, nullptr) << "nothing is stored for the host";
+    ASSERT_GT(bench->loading.calls.size(), suite.calls);
+    EXPECT_EQ(
+        bench->loading.calls.at(suite.calls).rfind("Basic AcquireSuite(\"" + std::string(suite.name), 0), 0u);
+    for (std::size_t later = suite.calls + 1; later < bench->loading.calls.size(); ++later)
+        EXPECT_EQ(bench->loading.calls.at(later).rfind("Basic ReleaseSuite", 0), 0u);
+    for (const char* held : {"AEGP Command Suite", "AEGP Workspace Panel Suite", "SP Suites Suite"})
+        EXPECT_EQ(bench->host.SuiteCount(held, 1), 0) << held;
+    EXPECT_EQ(bench->host.SuiteCount("AEGP Register Suite", 6), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Suites, PanelatorWithoutSuite,
+    ::testing::Combine(::testing::Values(MissingAtStart{"AEGP Workspace Panel Suite", 1, 13, 0},
+                                         MissingAtStart{"AEGP Command Suite", 1, 516, 1},
+                                         MissingAtStart{"AEGP Register Suite", 6, 516, 4},
+                                         MissingAtStart{"SP Suites Suite", 2, 516, 10}),
+                       ::testing::Values(Withheld::asError, Withheld::asNullTable,
+                                         Withheld::asPoisonedPointer)));
+
+TEST_F(PanelatorFault, WithoutThePanelSuiteOfTheHostNothingIsRegistered)
+{
+    LoadWith(
+        [](Host& host)
+        {
+            host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");
+            host.Faults().Withhold("AEGP Workspace Panel Suite", 1);
+        });
+    EXPECT_THAT(bench->loading.calls,
+                ElementsAre(R"(Basic AcquireSuite("AEGP Workspace Panel Suite", 1) = 1394689636)"));
+    EXPECT_THAT(bench->host.MenuItems(), IsEmpty());
+    EXPECT_EQ(bench->host.FindPanel(PANEL_NAME), nullptr);
+}
+
+TEST_F(PanelatorFault, ANullBasicSuiteIsAMissingSuite)
+{
+    LoadWith(nullptr);
+    AEGP_GlobalRefcon out = nullptr;
+    try
+    {
+        (void)PanelEntryPointFunc(nullptr, 0, 0, 8, &out);
+        ADD_FAILURE() << "nothing was thrown";
+    }
+    catch (int number)
+    {
+        EXPECT_EQ(number, 516);
+    }
+    EXPECT_EQ(out, nullptr);
+}
+
+// ---- Every call of the entry point
+
+struct Loading
+{
+    std::unique_ptr<ProductHost> on = std::make_unique<ProductHost>();
+    Host& host = on->host;
+    LoadedPlugin loaded;
+    std::vector<std::string> treeCalls;
+};
+
+void load(Loading& loading)
+{
+    TreeLog() = {};
+    testing::internal::CaptureStdout();
+    loading.loaded = loading.host.Load(&PanelEntryPointFunc);
+    (void)testing::internal::GetCapturedStdout();
+    loading.treeCalls = TreeLog().calls;
+}
+
+void checkLoading(Loading& loading, const SweptFault& fault)
+{
+    SCOPED_TRACE(fault.Text());
+    const HookResult& result = loading.loaded.result;
+    if (fault.call.rfind("Basic AcquireSuite", 0) == 0)
+    {
+        const bool isPanelSuite = fault.call.find("Workspace Panel") != std::string::npos;
+        EXPECT_EQ(result.thrownNumber, isPanelSuite ? 13 : 516);
+        EXPECT_EQ(loading.loaded.globalRefcon, nullptr);
+        EXPECT_THAT(loading.treeCalls, IsEmpty());
+    }
+    else if (fault.length != FaultLength::everythingForGood)
+    {
+        EXPECT_EQ(result.error, errNone);
+        EXPECT_THAT(loading.treeCalls, ElementsAre("JuceGlobalInit()"));
+    }
+    for (const Finding& found : loading.host.TakeFindings())
+    {
+        const bool isThrow = found.id == finding::exceptionLeftHook && result.thrownNumber.has_value();
+        const bool isNoCommand = found.id == finding::unknownCommand;
+        EXPECT_TRUE(fault.ordinal != 0 && (isThrow || isNoCommand)) << found.Text();
+    }
+    loading.host.Faults().Disarm();
+    if (auto* plugin = static_cast<Panelator*>(loading.loaded.globalRefcon))
+    {
+        loading.host.RunInHook(
+            [&]
+            {
+                delete plugin->publishedSuite.panelRef;
+                delete plugin;
+            });
+    }
+    loading.host.CheckSuiteBalance();
+    EXPECT_EQ(loading.host.FindingsReport(), "");
+    TreeLog() = {};
+}
+
+TEST(PanelatorFaults, TheEntryPointOutlivesTheFailureOfEachOfItsCalls)
+{
+    EXPECT_EQ(SweepFaults([] { return std::make_unique<Loading>(); }, &load, &checkLoading), 13u);
+}
+} // namespace
+} // namespace standin

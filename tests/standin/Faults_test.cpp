@@ -1,0 +1,257 @@
+// Calls that are made to fail, suites that are withheld, and the sweep over all calls.
+
+#include "standin/faults/Sweep.h"
+#include "tests/standin/Client.h"
+#include "tests/standin/FindingsOf.h"
+#include "tests/standin/HostTest.h"
+
+namespace standin
+{
+namespace
+{
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class Faults : public LayerTest
+{
+protected:
+    Faults()
+    {
+        host.AddEffect(layer, "QVK VORTSRC Lamps", "A");
+        handle = host.LayerHandle(layer);
+    }
+
+    /// The errors of five calls: count, count, flags of the layer's first effect by suite 1, count by
+    /// suite 3, count by suite 1.
+    std::vector<A_Err> errors()
+    {
+        std::vector<A_Err> all;
+        host.RunInHook(
+            [&]
+            {
+                Client client(host);
+                const auto count = [&](A_long version)
+                {
+                    A_long value = -7;
+                    const A_Err error = client.Call(effectSuite, version, 0, handle, &value);
+                    EXPECT_EQ(value, error == errNone ? 1 : -7);
+                    return error;
+                };
+                all = {count(1), count(1)};
+                void* effect = host.EffectReference("A");
+                (void)client.Flags(effect);
+                all.push_back(client.error);
+                all.push_back(count(3));
+                all.push_back(count(1));
+                host.Faults().Disarm();
+                (void)client.DisposeEffect(effect);
+            });
+        return all;
+    }
+
+    void* handle = nullptr;
+};
+
+TEST_F(Faults, TheNthCallFailsOnce)
+{
+    host.Faults().FailCall(3); // Behind the acquire and the first count.
+    EXPECT_THAT(errors(), ElementsAre(0, 1, 0, 0, 0));
+}
+
+TEST_F(Faults, TheNthCallAndItsFunctionOfThatSuiteFailForGood)
+{
+    host.Faults().FailCall(3, FaultLength::functionForGood, 515);
+    EXPECT_THAT(errors(), ElementsAre(0, 515, 0, 0, 515));
+}
+
+TEST_F(Faults, TheNthCallAndEverythingBehindItFail)
+{
+    host.Faults().FailCall(3, FaultLength::everythingForGood);
+    host.RunInHook(
+        [&]
+        {
+            Client client(host);
+            EXPECT_EQ(client.NumEffects(handle), 1);
+            EXPECT_EQ(client.NumEffects(handle), -1);
+            const void* table = nullptr;
+            EXPECT_EQ(client.Acquire(layerSuite, 5, &table), errGeneric);
+            EXPECT_EQ(client.NumEffects(handle), -1);
+        });
+    EXPECT_EQ(host.Faults().Struck()->function, "AEGP_GetLayerNumEffects");
+    EXPECT_EQ(host.Faults().CallsCounted(), 6u);
+}
+
+TEST_F(Faults, ANamedFunctionFailsAtItsKthCallWhateverItsSuite)
+{
+    host.Faults().FailFunction("AEGP_GetLayerNumEffects", 3);
+    EXPECT_THAT(errors(), ElementsAre(0, 0, 0, 1, 0));
+}
+
+TEST_F(Faults, ANamedFunctionOfOneSuiteFailsThere)
+{
+    host.Faults().FailFunction(effectSuite, 1, "AEGP_GetLayerNumEffects", 3);
+    EXPECT_THAT(errors(), ElementsAre(0, 0, 0, 0, 1));
+    host.Faults().FailFunction(effectSuite, 0, "AEGP_GetLayerNumEffects", 2, FaultLength::functionForGood);
+    EXPECT_THAT(errors(), ElementsAre(0, 1, 0, 0, 1));
+}
+
+TEST_F(Faults, AFailedCallDoesNothing)
+{
+    host.Faults().FailFunction("AEGP_DeleteLayerEffect");
+    host.RunInHook(
+        [&]
+        {
+            Client client(host);
+            void* effect = client.EffectAt(handle, 0);
+            EXPECT_EQ(client.Delete(effect), errGeneric);
+            EXPECT_EQ(client.Flags(effect), 1); // Not even stale.
+            (void)client.DisposeEffect(effect);
+        });
+    EXPECT_EQ(host.StackText(layer), "A");
+    EXPECT_THAT(host.UndoNames(), IsEmpty());
+}
+
+TEST_F(Faults, AnAcquireCanFail)
+{
+    host.Faults().FailFunction("AcquireSuite");
+    const void* table = this;
+    host.RunInHook([&] { EXPECT_EQ(Client(host).Acquire(effectSuite, 1, &table), errGeneric); });
+    EXPECT_EQ(table, this);
+    EXPECT_EQ(host.SuiteCount(effectSuite, 1), 0);
+}
+
+TEST_F(Faults, AWithheldSuiteIsNotFound)
+{
+    host.Faults().Withhold(effectSuite, 1);
+    const void* table = this;
+    host.RunInHook(
+        [&]
+        {
+            Client client(host);
+            EXPECT_EQ(client.Acquire(effectSuite, 1, &table), 0x53214664);
+            EXPECT_EQ(table, nullptr);
+            EXPECT_EQ(client.Acquire(effectSuite, 3, &table), errNone);
+            EXPECT_EQ(client.Release(effectSuite, 3), errNone);
+            host.Faults().GiveBack(effectSuite);
+            EXPECT_EQ(client.Acquire(effectSuite, 1, &table), errNone);
+            EXPECT_EQ(client.Release(effectSuite, 1), errNone);
+        });
+}
+
+TEST_F(Faults, AWithheldSuiteCanBeANullTable)
+{
+    host.Faults().Withhold(effectSuite, 0, Withheld::asNullTable);
+    const void* table = this;
+    host.RunInHook([&] { EXPECT_EQ(Client(host).Acquire(effectSuite, 3, &table), errNone); });
+    EXPECT_EQ(table, nullptr);
+    EXPECT_EQ(host.SuiteCount(effectSuite, 3), 0);
+}
+
+TEST_F(Faults, AWithheldSuiteCanLeaveAPoisonedPointer)
+{
+    host.Faults().Withhold(effectSuite, 0, Withheld::asPoisonedPointer);
+    const void* table = nullptr;
+    host.RunInHook(
+        [&]
+        {
+            EXPECT_EQ(Client(host).Acquire(effectSuite, 3, &table), 0x53214664);
+            ASSERT_NE(table, nullptr);
+            using AnyFunction = A_Err (*)();
+            EXPECT_NE(static_cast<const AnyFunction*>(table)[16](), errNone);
+        });
+    const std::vector<Finding> findings = host.TakeFindings();
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_EQ(findings[0].id, "poisoned-table");
+}
+
+/// A scenario for the sweep: a layer with one effect.
+struct Scenario
+{
+    Scenario()
+    {
+        InstallFamily(host);
+        layer = host.AddLayer(host.AddComposition("Comp"));
+        host.AddEffect(layer, "QVK VORTSRC Lamps", "A");
+        handle = host.LayerHandle(layer);
+    }
+    Host host;
+    int layer = 0;
+    void* handle = nullptr;
+    A_Err error = errNone;
+};
+
+/// Reads the first effect's flags; disposes of the reference or, with a mistake, forgets to when
+/// reading fails.
+enum class Mistake
+{
+    none,
+    leaksOnError
+};
+
+void readFlags(Scenario& scenario, Mistake mistake)
+{
+    scenario.host.RunInHook(
+        [&]
+        {
+            Client client(scenario.host);
+            void* effect = client.EffectAt(scenario.handle, 0);
+            scenario.error = client.error;
+            if (effect == nullptr)
+                return;
+            (void)client.Flags(effect);
+            scenario.error = client.error;
+            if (scenario.error == errNone || mistake == Mistake::none)
+                (void)client.DisposeEffect(effect);
+        });
+}
+
+TEST(Sweep, VisitsEachCallInEachLengthOnAFreshHost)
+{
+    std::vector<std::string> visited;
+    const std::size_t calls = SweepFaults([] { return std::make_unique<Scenario>(); },
+                                          [](Scenario& scenario) { readFlags(scenario, Mistake::none); },
+                                          [&](Scenario& scenario, const SweptFault& fault)
+                                          {
+                                              visited.push_back(fault.Text());
+                                              EXPECT_EQ(scenario.host.LiveReferences(), 0) << fault.Text();
+                                          },
+                                          {FaultLength::once});
+    EXPECT_EQ(calls, 5u);
+    EXPECT_THAT(
+        visited,
+        ElementsAre(
+            "no fault", "call 1 fails once with 1: Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
+            "call 2 fails once with 1: Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A",
+            "call 3 fails once with 1: Effect 1 AEGP_GetEffectFlags(effect A) -> 1",
+            "call 4 fails once with 1: Effect 1 AEGP_DisposeEffect(effect A)",
+            "call 5 fails once with 1: Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
+}
+
+std::string faultyCalls(Mistake mistake)
+{
+    std::string leaking;
+    (void)SweepFaults([] { return std::make_unique<Scenario>(); },
+                      [=](Scenario& scenario) { readFlags(scenario, mistake); },
+                      [&](Scenario& scenario, const SweptFault& fault)
+                      {
+                          for (const Finding& finding : scenario.host.TakeFindings())
+                              if (finding.id == "leaked-reference")
+                                  leaking += std::to_string(fault.ordinal) + " ";
+                      });
+    return leaking;
+}
+
+TEST(Sweep, FindsALeakThatOnlyAFailureShows)
+{
+    EXPECT_EQ(faultyCalls(Mistake::none), "");
+    EXPECT_EQ(faultyCalls(Mistake::leaksOnError), "3 3 3 ");
+}
+
+TEST(Sweep, OverNothingCountsNothing)
+{
+    EXPECT_EQ(SweepFaults([] { return std::make_unique<Scenario>(); }, [](Scenario&) {},
+                          [](Scenario&, const SweptFault&) {}),
+              0u);
+}
+} // namespace
+} // namespace standin

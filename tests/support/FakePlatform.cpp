@@ -1,0 +1,23 @@
+// The platform side of a panel without a window: what the platform would do is written to the log of the
+// fake tree.
+
+#include "panel/PanelContents.h"
+#include "panel/platform/PanelatorUI_Plat.h"
+#include "panel/platform/PlatformEvents.h"
+#include "tests/support/FakeTree.h"
+
+PanelatorUI_Plat::PanelatorUI_Plat(SPBasicSuite* basicSuite, AEGP_PanelH hostPanel, PlatformView hostView,
+                                   AEGP_PanelFunctions1* functions, _TreeStateTable_Internal** stateTable,
+                                   ValueTreesDemo** tree)
+    : PanelatorUI(basicSuite, hostPanel, hostView, functions)
+{
+    addToDesktop(CreatePanelContents(basicSuite, stateTable, tree), nullptr, 0, 0, hostView);
+}
+
+void DispatchPlatformEvents(ValueTreesDemo* tree)
+{
+    TreeLog().Add(tree == nullptr ? "DispatchPlatformEvents(null)" : "DispatchPlatformEvents(tree)");
+}
+
+PlatformErrorScope::PlatformErrorScope() : formerHandler(nullptr) {}
+PlatformErrorScope::~PlatformErrorScope() = default;
