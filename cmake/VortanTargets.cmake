@@ -7,6 +7,16 @@ if(VORTAN_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+# Line tables are enough for a stack trace, and keep the debug builds small and quick to link.
+set(CMAKE_C_FLAGS_DEBUG "-g1")
+set(CMAKE_CXX_FLAGS_DEBUG "-g1")
+set(CMAKE_OBJCXX_FLAGS_DEBUG "-g1")
+
+find_program(VORTAN_LLD ld.lld)
+if(VORTAN_LLD AND NOT APPLE)
+  add_link_options(-fuse-ld=lld)
+endif()
+
 find_program(VORTAN_CCACHE ccache)
 if(VORTAN_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${VORTAN_CCACHE})

@@ -1,24 +1,32 @@
 #include "effects/EffectChain.h"
 
-#include <exception>
-#include <utility>
-
 EffectChain::EffectChain(const AEGP_SuiteHandler& handler, AEGP_PluginID id, A_Err startError)
     : suites(handler), pluginId(id), err(startError)
 {
     DisposeEffectWith<AEGP_EffectSuite1>();
 }
 
-EffectChain::~EffectChain()
+namespace
+{
+/// A suite that is missing is already on its way to the host as an exception of its own.
+template <class Dispose>
+void disposeIfTheSuiteIsThere(Dispose dispose)
 {
     try
     {
-        (void)Finish();
+        dispose();
     }
     catch (...)
     {
-        // A suite that is missing is already on its way to the host as an exception of its own.
     }
+}
+} // namespace
+
+EffectChain::~EffectChain()
+{
+    disposeIfTheSuiteIsThere([this] { giveBackStream(paramStream); });
+    disposeIfTheSuiteIsThere([this] { giveBackStream(groupStream); });
+    disposeIfTheSuiteIsThere([this] { (void)giveBackEffect(); });
 }
 
 EffectChain& EffectChain::TakeParamStream()
@@ -41,41 +49,22 @@ EffectChain& EffectChain::TakeGroupStream()
         });
 }
 
-namespace
-{
-/// Gives a reference back unless it is null. A missing suite is kept for later, so that the references
-/// behind this one get their turn.
-template <class Reference, class Dispose>
-A_Err giveBack(Reference& reference, std::exception_ptr& missingSuite, Dispose dispose)
-{
-    const Reference held = std::exchange(reference, nullptr);
-    if (held == nullptr)
-        return A_Err_NONE;
-    try
-    {
-        return dispose(held);
-    }
-    catch (...)
-    {
-        if (!missingSuite)
-            missingSuite = std::current_exception();
-        return A_Err_NONE;
-    }
-}
-} // namespace
-
 A_Err EffectChain::Finish()
 {
-    std::exception_ptr missingSuite;
-    const auto disposeStream = [&](AEGP_StreamRefH held)
-    { return suites.StreamSuite2()->AEGP_DisposeStream(held); };
-    (void)giveBack(paramStream, missingSuite, disposeStream);
-    (void)giveBack(groupStream, missingSuite, disposeStream);
-    const A_Err disposal =
-        giveBack(effect, missingSuite, [&](AEGP_EffectRefH held) { return disposeEffect(suites, held); });
-    if (missingSuite)
-        std::rethrow_exception(missingSuite);
+    giveBackStream(paramStream);
+    giveBackStream(groupStream);
+    const A_Err disposal = giveBackEffect();
     if (err == A_Err_NONE)
         err = disposal;
     return err;
 }
+
+void EffectChain::giveBackStream(AEGP_StreamRefH& stream)
+{
+    if (stream == nullptr)
+        return;
+    const AEGP_StreamSuite2* suite = suites.StreamSuite2();
+    (void)suite->AEGP_DisposeStream(std::exchange(stream, nullptr));
+}
+
+A_Err EffectChain::giveBackEffect() { return effect == nullptr ? A_Err_NONE : disposeEffect(suites, effect); }

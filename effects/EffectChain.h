@@ -5,14 +5,16 @@
 
 #include "host/SuiteHandler.h"
 
+#include <utility>
+
 class EffectChain
 {
 public:
     /// A chain that starts with an error runs no step. `handler` must outlive the chain.
     EffectChain(const AEGP_SuiteHandler& handler, AEGP_PluginID pluginId, A_Err startError = A_Err_NONE);
 
-    /// Disposes of what is still held. A disposing suite that cannot be had leaves its references
-    /// undisposed; nothing is thrown.
+    /// Disposes of what is still held, in the order of Finish. A disposing suite that cannot be had leaves
+    /// its references undisposed; nothing is thrown.
     ~EffectChain();
 
     EffectChain(const EffectChain&) = delete;
@@ -42,8 +44,11 @@ public:
     template <class EffectSuite>
     EffectChain& DisposeEffectWith()
     {
-        disposeEffect = [](const AEGP_SuiteHandler& handler, AEGP_EffectRefH held)
-        { return handler.Get<EffectSuite>()->AEGP_DisposeEffect(held); };
+        disposeEffect = [](const AEGP_SuiteHandler& handler, AEGP_EffectRefH& held)
+        {
+            const EffectSuite* suite = handler.Get<EffectSuite>();
+            return suite->AEGP_DisposeEffect(std::exchange(held, nullptr));
+        };
         return *this;
     }
 
@@ -59,7 +64,7 @@ public:
 
     /// Disposes of `paramStream`, `groupStream` and `effect`, in this order, each unless it is null.
     /// Returns the first error, the effect's disposal's if there was no other. Throws the integer 516 if
-    /// a disposing suite is missing; the references behind it are disposed of all the same.
+    /// a disposing suite is missing; what is then still held is left to the destructor.
     A_Err Finish();
 
     // Null until taken, and again once disposed of. A host that hands out a reference together with an
@@ -69,8 +74,12 @@ public:
     AEGP_StreamRefH groupStream = nullptr;
 
 private:
+    // Each asks for the suite before it lets go of the reference, so that a missing suite loses nothing.
+    void giveBackStream(AEGP_StreamRefH& stream);
+    A_Err giveBackEffect();
+
     const AEGP_SuiteHandler& suites;
     AEGP_PluginID pluginId;
     A_Err err;
-    A_Err (*disposeEffect)(const AEGP_SuiteHandler&, AEGP_EffectRefH);
+    A_Err (*disposeEffect)(const AEGP_SuiteHandler&, AEGP_EffectRefH&);
 };

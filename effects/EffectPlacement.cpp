@@ -60,7 +60,8 @@ void sortIntoLists(StackScan& scan, int index, const char* matchName, bool hasKe
         scan.renderers.push_back(index);
 }
 
-/// Once an error has been met no effect is read any more, and the last one that was stands for the rest.
+/// Kept: once an error has been met no effect is read any more, and the last one that was stands for the
+/// rest, so that a new effect always gets a place.
 StackScan scanStack(int pluginId, const AEGP_SuiteHandler& suites, AEGP_LayerH layer, int count, int key,
                     A_Err err)
 {

@@ -87,6 +87,7 @@ NameBuffer readMatchName(int pluginId, const AEGP_SuiteHandler& suites, AEGP_Lay
     AEGP_InstalledEffectKey key = AEGP_InstalledEffectKey_NONE;
     EffectChain chain(suites, pluginId);
     chain.TakeEffect<AEGP_EffectSuite1>(layer, index);
+    // Kept: asked for also when the effect could not be had.
     (void)suites.EffectSuite1()->AEGP_GetInstalledKeyFromLayerEffect(chain.effect, &key);
     (void)suites.EffectSuite1()->AEGP_GetEffectMatchName(key, name.text);
     (void)chain.Finish();

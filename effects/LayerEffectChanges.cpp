@@ -135,6 +135,7 @@ void reorderEffects(const Target& target, const std::vector<std::string>& wanted
         moveEffect(target, suites, from, place);
         followMove(stackUuids, from, place);
     }
+    // Kept: closed whatever happened, also if the group could not be opened.
     (void)suites.UtilitySuite1()->AEGP_EndUndoGroup();
 }
 } // namespace

@@ -82,6 +82,7 @@ A_Err Panelator::S_CommandHook(AEGP_GlobalRefcon globalRefcon, AEGP_CommandRefco
                                AEGP_Command command, AEGP_HookPriority hookPriority, A_Boolean alreadyHandled,
                                A_Boolean* handled)
 {
+    const PlatformErrorScope errors;
     panelatorOf(globalRefcon)
         ->CommandHook(command, hookPriority, alreadyHandled, handled, static_cast<VnPanelRef*>(refcon));
     return A_Err_NONE;
@@ -96,13 +97,15 @@ A_Err Panelator::S_UpdateMenuHook(AEGP_GlobalRefcon globalRefcon, AEGP_UpdateMen
 
 A_Err Panelator::S_IdleHook(AEGP_GlobalRefcon globalRefcon, AEGP_IdleRefcon refcon, A_long*)
 {
-    DispatchPlatformEvents();
+    const PlatformErrorScope errors;
+    DispatchPlatformEvents(panelatorOf(globalRefcon)->tree);
     panelatorOf(globalRefcon)->IdleHook(static_cast<VnPanelRef*>(refcon));
     return A_Err_NONE;
 }
 
 A_Err Panelator::S_DeathHook(AEGP_GlobalRefcon globalRefcon, AEGP_DeathRefcon)
 {
+    const PlatformErrorScope errors;
     Panelator* panelator = panelatorOf(globalRefcon);
     if (panelator->tree != nullptr)
     {
@@ -123,6 +126,7 @@ A_Err Panelator::S_CreatePanelHook(AEGP_GlobalRefcon globalRefcon, AEGP_CreatePa
                                    AEGP_PlatformViewRef view, AEGP_PanelH panelH,
                                    AEGP_PanelFunctions1* functions, AEGP_PanelRefcon* outRefcon)
 {
+    const PlatformErrorScope errors;
     Panelator* owner = panelatorOf(refcon);
     *outRefcon = new PanelatorUI_Plat(panelatorOf(globalRefcon)->basicSuite, panelH,
                                       reinterpret_cast<PlatformView>(view), functions, &owner->stateTable,
@@ -173,6 +177,7 @@ bool Panelator::isShownAndFrontmost() const
 
 A_Err PanelEntryPointFunc(SPBasicSuite* basicSuite, A_long, A_long, AEGP_PluginID id, AEGP_GlobalRefcon* out)
 {
+    const PlatformErrorScope errors;
     *out = new Panelator(basicSuite, id);
     return A_Err_NONE;
 }

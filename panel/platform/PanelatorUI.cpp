@@ -2,10 +2,7 @@
 
 PanelatorUI::PanelatorUI(SPBasicSuite* basicSuite, AEGP_PanelH hostPanel, PlatformView hostView,
                          AEGP_PanelFunctions1*)
-    : view(hostView),
-      panelH(hostPanel),
-      appSuite(basicSuite),
-      panelSuite(basicSuite)
+    : view(hostView), panelH(hostPanel), appSuite(basicSuite), panelSuite(basicSuite)
 {
 }
 

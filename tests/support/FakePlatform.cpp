@@ -14,4 +14,7 @@ PanelatorUI_Plat::PanelatorUI_Plat(SPBasicSuite* basicSuite, AEGP_PanelH hostPan
     addToDesktop(CreatePanelContents(basicSuite, stateTable, tree), nullptr, 0, 0, hostView);
 }
 
-void DispatchPlatformEvents() { TreeLog().Add("DispatchPlatformEvents()"); }
+void DispatchPlatformEvents(ValueTreesDemo*) { TreeLog().Add("DispatchPlatformEvents()"); }
+
+PlatformErrorScope::PlatformErrorScope() : formerHandler(nullptr) {}
+PlatformErrorScope::~PlatformErrorScope() = default;

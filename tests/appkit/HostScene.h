@@ -1,0 +1,65 @@
+#pragma once
+// A host's window as the panel finds it: the container with JUCE's view in it, and the panel's surface in
+// that. Container and JUCE's view write down what reaches them.
+
+#import "panel/platform/mac/SurfaceView.h"
+
+#include <functional>
+#include <vector>
+
+/// Keeps every event that it is sent.
+@interface RecordingView : NSView
+{
+@public
+    std::vector<NSEvent*> clicks;
+    std::vector<NSEvent*> keys;
+    /// What else a click sets off; may be empty.
+    std::function<void()> onClick;
+}
+@end
+
+namespace standin
+{
+/// Makes the application object, once, on a screen of its own.
+void StartApplication();
+
+/// The window lies at 100, 200 on the screen and is 400 by 300 large, the container at 50, 40 in it with
+/// 200 by 150. The surface fills JUCE's view, and JUCE's view the container.
+struct HostScene
+{
+    HostScene();
+    ~HostScene();
+    HostScene(const HostScene&) = delete;
+    HostScene& operator=(const HostScene&) = delete;
+
+    void AddSurface();
+    void RemoveSurface();
+    void BecomeKeyWindow();
+    void ResignKeyWindow();
+
+    /// A left click at a place of the window: moves the pointer there, and hands the event to the
+    /// monitors. Returns what they hand back.
+    NSEvent* Click(NSPoint inWindow);
+    NSEvent* ClickInside();
+    NSEvent* ClickOutside();
+
+    NSWindow* window;
+    RecordingView* container;
+    RecordingView* juceView;
+    SurfaceView* surface;
+
+    /// The event that was made last.
+    NSEvent* lastEvent = nil;
+};
+
+/// A key press of which the parts that matter are given.
+struct Key
+{
+    NSString* characters;
+    NSString* charactersIgnoringModifiers;
+    unsigned short keyCode;
+    NSUInteger modifierFlags;
+};
+
+NSEvent* MakeKeyPress(const HostScene&, const Key&);
+} // namespace standin

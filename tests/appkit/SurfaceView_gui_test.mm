@@ -1,0 +1,364 @@
+#import "tests/appkit/HostScene.h"
+#import "tests/appkit/InstalledMonitors.h"
+
+#include <gtest/gtest.h>
+
+#include <objc/runtime.h>
+
+namespace
+{
+int deallocatedSurfaces = 0;
+}
+
+@interface CountedSurface : SurfaceView
+@end
+
+@implementation CountedSurface
+- (void)dealloc
+{
+    ++deallocatedSurfaces;
+    [super dealloc];
+}
+@end
+
+namespace standin
+{
+namespace
+{
+using testing::internal::CaptureStdout;
+using testing::internal::GetCapturedStdout;
+
+const Key deleteKey = {@"\x7f", @"\x7f", 51, 0};
+
+int callsOfSuperclass = 0;
+
+/// Stands in the place of NSView's own method while it lives.
+class CountedSuperclass
+{
+public:
+    CountedSuperclass()
+        : method(class_getInstanceMethod([NSView class], @selector(viewWillMoveToWindow:))),
+          original(method_setImplementation(method, reinterpret_cast<IMP>(count)))
+    {
+        callsOfSuperclass = 0;
+    }
+
+    ~CountedSuperclass() { (void)method_setImplementation(method, original); }
+
+    CountedSuperclass(const CountedSuperclass&) = delete;
+    CountedSuperclass& operator=(const CountedSuperclass&) = delete;
+
+private:
+    static void count(id, SEL, NSWindow*) { ++callsOfSuperclass; }
+
+    Method method;
+    IMP original;
+};
+
+TEST(SurfaceView, AsAFreshViewHasNoMonitor)
+{
+    const HostScene scene;
+
+    EXPECT_EQ(CountOfMonitors(), 0u);
+    EXPECT_TRUE(NSEqualRects([scene.surface frame], NSMakeRect(0, 0, 200, 150)));
+}
+
+TEST(SurfaceView, IsWillingToBecomeAndToStopBeingFirstResponder)
+{
+    const HostScene scene;
+
+    EXPECT_EQ([scene.surface acceptsFirstResponder], YES);
+    EXPECT_EQ([scene.surface becomeFirstResponder], YES);
+    EXPECT_EQ([scene.surface resignFirstResponder], YES);
+}
+
+TEST(SurfaceView, PassesAClickOnToTheViewAboveIt)
+{
+    HostScene scene;
+    scene.AddSurface();
+    NSEvent* const click = [NSEvent mouseEventWithType:NSLeftMouseDown
+                                              location:NSMakePoint(150, 100)
+                                         modifierFlags:0
+                                             timestamp:0
+                                          windowNumber:[scene.window windowNumber]
+                                               context:[scene.window graphicsContext]
+                                           eventNumber:0
+                                            clickCount:1
+                                              pressure:1];
+
+    [scene.surface mouseDown:click];
+
+    EXPECT_EQ(scene.juceView->clicks, std::vector<NSEvent*>{click});
+    EXPECT_TRUE(scene.container->clicks.empty());
+}
+
+TEST(SurfaceView, ClaimsEveryKeyEquivalentAndOnlyWritesItsLine)
+{
+    HostScene scene;
+    scene.AddSurface();
+
+    for (NSString* character in @[ @"z", @"x", @"\x7f", @"\r" ])
+    {
+        CaptureStdout();
+        const BOOL claimed = [scene.surface
+            performKeyEquivalent:MakeKeyPress(scene, {character, character, 6, NSCommandKeyMask})];
+
+        EXPECT_EQ(GetCapturedStdout(), "Key Equivalent called\n");
+        EXPECT_EQ(claimed, YES);
+    }
+    EXPECT_TRUE(scene.juceView->keys.empty());
+}
+
+TEST(SurfaceView, MovingIntoAWindowInstallsAMonitorForLeftClicksAndKeyPresses)
+{
+    HostScene scene;
+
+    CaptureStdout();
+    scene.AddSurface();
+
+    EXPECT_EQ(GetCapturedStdout(), "View Will move to Winodw\nAdding Event Monitor\n");
+    ASSERT_EQ(CountOfMonitors(), 1u);
+    EXPECT_EQ(MaskOfOnlyMonitor(), 1026u);
+}
+
+TEST(SurfaceView, LeavingItsWindowRemovesTheMonitor)
+{
+    HostScene scene;
+    scene.AddSurface();
+
+    CaptureStdout();
+    scene.RemoveSurface();
+
+    EXPECT_EQ(GetCapturedStdout(), "View Will move to Winodw\nNew Window Empty\n");
+    EXPECT_EQ(CountOfMonitors(), 0u);
+}
+
+TEST(SurfaceView, WithoutAMonitorTellsAMoveToNoWindowAllTheSame)
+{
+    const HostScene scene;
+
+    CaptureStdout();
+    [scene.surface viewWillMoveToWindow:nil];
+
+    EXPECT_EQ(GetCapturedStdout(), "View Will move to Winodw\nNew Window Empty\n");
+    EXPECT_EQ(CountOfMonitors(), 0u);
+}
+
+TEST(SurfaceView, MovingDirectlyToAnotherWindowKeepsItsMonitor)
+{
+    HostScene scene;
+    scene.AddSurface();
+    const HostScene other;
+
+    CaptureStdout();
+    [scene.surface viewWillMoveToWindow:other.window];
+
+    EXPECT_EQ(GetCapturedStdout(), "View Will move to Winodw\n");
+    EXPECT_EQ(CountOfMonitors(), 1u);
+}
+
+TEST(SurfaceView, ComingBackIntoAWindowInstallsAMonitorAnew)
+{
+    HostScene scene;
+    scene.AddSurface();
+    scene.RemoveSurface();
+
+    CaptureStdout();
+    scene.AddSurface();
+
+    EXPECT_EQ(GetCapturedStdout(), "View Will move to Winodw\nAdding Event Monitor\n");
+    EXPECT_EQ(CountOfMonitors(), 1u);
+}
+
+TEST(SurfaceView, DoesNotTellItsSuperclassOfAMove)
+{
+    const HostScene scene;
+    const CountedSuperclass counted;
+
+    [scene.surface viewWillMoveToWindow:scene.window];
+    [scene.surface viewWillMoveToWindow:nil];
+
+    EXPECT_EQ(callsOfSuperclass, 0);
+}
+
+TEST(SurfaceView, IsHeldByItsMonitorUntilTheMonitorGoes)
+{
+    const HostScene scene;
+    const NSUInteger before = [scene.surface retainCount];
+
+    [scene.surface viewWillMoveToWindow:scene.window];
+    EXPECT_EQ([scene.surface retainCount], before + 1);
+    [scene.surface viewWillMoveToWindow:nil];
+    EXPECT_EQ([scene.surface retainCount], before);
+}
+
+/// A scene whose window is the key window, with the surface in place.
+class SurfaceViewFocus : public testing::Test
+{
+protected:
+    SurfaceViewFocus()
+    {
+        scene.BecomeKeyWindow();
+        scene.AddSurface();
+    }
+
+    /// Whether the panel holds the keyboard: whether it takes a Delete.
+    bool TakesDelete() { return PassThroughMonitors(MakeKeyPress(scene, deleteKey)) == nil; }
+
+    HostScene scene;
+};
+
+TEST_F(SurfaceViewFocus, IsNotThereBeforeTheFirstClick)
+{
+    CaptureStdout();
+    const bool taken = TakesDelete();
+
+    EXPECT_EQ(GetCapturedStdout(), "");
+    EXPECT_FALSE(taken);
+    EXPECT_TRUE(scene.juceView->keys.empty());
+}
+
+TEST_F(SurfaceViewFocus, ComesWithTheFirstClickWhichGoesToTheHostsContainerToo)
+{
+    CaptureStdout();
+    NSEvent* const passedOn = scene.ClickInside();
+
+    EXPECT_EQ(GetCapturedStdout(), "Click happened in View\n");
+    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_EQ(scene.container->clicks, std::vector<NSEvent*>{scene.lastEvent});
+    EXPECT_TRUE(scene.juceView->clicks.empty());
+    EXPECT_TRUE(TakesDelete());
+}
+
+TEST_F(SurfaceViewFocus, DoesNotForwardFurtherClicks)
+{
+    (void)scene.ClickInside();
+
+    CaptureStdout();
+    NSEvent* const passedOn = scene.ClickInside();
+
+    EXPECT_EQ(GetCapturedStdout(), "Click happened in View\n");
+    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_EQ(scene.container->clicks.size(), 1u);
+    EXPECT_TRUE(TakesDelete());
+}
+
+TEST_F(SurfaceViewFocus, GoesWithAClickElsewhereInTheWindow)
+{
+    (void)scene.ClickInside();
+
+    CaptureStdout();
+    NSEvent* const passedOn = scene.ClickOutside();
+
+    EXPECT_EQ(GetCapturedStdout(), "");
+    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_EQ(scene.container->clicks.size(), 1u);
+    EXPECT_FALSE(TakesDelete());
+}
+
+TEST_F(SurfaceViewFocus, ComesBackWithAClickThatIsForwardedAgain)
+{
+    (void)scene.ClickInside();
+    (void)scene.ClickOutside();
+
+    (void)scene.ClickInside();
+
+    EXPECT_EQ(scene.container->clicks.size(), 2u);
+    EXPECT_EQ(scene.container->clicks.back(), scene.lastEvent);
+    EXPECT_TRUE(TakesDelete());
+}
+
+TEST_F(SurfaceViewFocus, FollowsTheViewsEdges)
+{
+    (void)scene.Click(NSMakePoint(51, 41));
+    EXPECT_TRUE(TakesDelete());
+    (void)scene.Click(NSMakePoint(48, 41));
+    EXPECT_FALSE(TakesDelete());
+    (void)scene.Click(NSMakePoint(248, 188));
+    EXPECT_TRUE(TakesDelete());
+    (void)scene.Click(NSMakePoint(248, 192));
+    EXPECT_FALSE(TakesDelete());
+}
+
+TEST_F(SurfaceViewFocus, GoesWithAnyClickWhileTheViewIsHidden)
+{
+    (void)scene.ClickInside();
+    [scene.surface setHidden:YES];
+
+    CaptureStdout();
+    NSEvent* const passedOn = scene.ClickInside();
+
+    EXPECT_EQ(GetCapturedStdout(), "View is Hidden\n");
+    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_EQ(scene.container->clicks.size(), 1u);
+    EXPECT_FALSE(TakesDelete());
+}
+
+TEST_F(SurfaceViewFocus, IsNotChangedByAClickInAWindowThatIsNotTheKeyWindow)
+{
+    scene.ResignKeyWindow();
+
+    CaptureStdout();
+    NSEvent* const passedOn = scene.ClickInside();
+
+    EXPECT_EQ(GetCapturedStdout(), "");
+    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_TRUE(scene.container->clicks.empty());
+    scene.BecomeKeyWindow();
+    EXPECT_FALSE(TakesDelete());
+}
+
+TEST_F(SurfaceViewFocus, OutlastsALossOfTheKeyWindowWhileKeysGoToTheHost)
+{
+    (void)scene.ClickInside();
+    scene.ResignKeyWindow();
+
+    CaptureStdout();
+    const bool takenMeanwhile = TakesDelete();
+    (void)scene.ClickOutside();
+    EXPECT_EQ(GetCapturedStdout(), "");
+    EXPECT_FALSE(takenMeanwhile);
+
+    scene.BecomeKeyWindow();
+    EXPECT_TRUE(TakesDelete());
+}
+
+TEST_F(SurfaceViewFocus, ComesAlsoInAViewWithoutAContainerAboveIt)
+{
+    scene.RemoveSurface();
+    NSView* const topmost = [[scene.window contentView] superview];
+    ASSERT_EQ([topmost superview], nil);
+    [topmost addSubview:scene.surface];
+
+    NSEvent* const passedOn = scene.ClickInside();
+
+    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_TRUE(TakesDelete());
+}
+
+TEST_F(SurfaceViewFocus, KeepsTheViewAliveWhileTheContainerTakesThePanelAwayDuringTheForwardedClick)
+{
+    NSAutoreleasePool* const aroundTheEvent = [NSAutoreleasePool new];
+    CountedSurface* surface = [[CountedSurface alloc] initWithFrame:[scene.container bounds]];
+    scene.RemoveSurface();
+    [scene.juceView addSubview:surface];
+    deallocatedSurfaces = 0;
+    scene.container->onClick = [&]
+    {
+        NSAutoreleasePool* const pool = [NSAutoreleasePool new];
+        [surface removeFromSuperview];
+        [surface release];
+        [pool release];
+        EXPECT_EQ(deallocatedSurfaces, 0);
+    };
+
+    NSEvent* const passedOn = scene.ClickInside();
+
+    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_EQ(CountOfMonitors(), 0u);
+    [aroundTheEvent release];
+    EXPECT_EQ(deallocatedSurfaces, 1);
+}
+
+} // namespace
+} // namespace standin

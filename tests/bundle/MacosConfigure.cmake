@@ -1,0 +1,80 @@
+# Configures the project as for macOS, with an empty SDK, and looks at what would be run: nothing is
+# compiled. Keeps the parts of the build that no Linux build enters from breaking unseen.
+#   cmake -DSOURCE=... -DWORK=... -DCLANG=... -DCLANGXX=... -DJUCE=... -DNINJA=...
+#     -DGTEST=... -DABSL=... -P MacosConfigure.cmake
+
+set(sdk ${WORK}/MacOSX.sdk)
+file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${sdk}/usr/lib ${sdk}/System/Library/Frameworks)
+
+# demand(TEXT PATTERN): the text must match the regular expression.
+function(demand text pattern)
+  if(NOT text MATCHES "${pattern}")
+    message(FATAL_ERROR "Nothing matches ${pattern} in:\n${text}")
+  endif()
+endfunction()
+
+function(configure_for_macos folder)
+  execute_process(
+    COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${folder} -G Ninja
+      -DCMAKE_MAKE_PROGRAM=${NINJA}
+      -DCMAKE_SYSTEM_NAME=Darwin
+      -DCMAKE_SYSTEM_PROCESSOR=arm64
+      -DCMAKE_OSX_SYSROOT=${sdk}
+      "-DCMAKE_OSX_ARCHITECTURES=x86_64;arm64"
+      -DCMAKE_OSX_DEPLOYMENT_TARGET=10.15
+      -DCMAKE_INSTALL_NAME_TOOL=/bin/true
+      -DCMAKE_TRY_COMPILE_TARGET_TYPE=STATIC_LIBRARY
+      -DCMAKE_C_COMPILER=${CLANG} -DCMAKE_C_COMPILER_WORKS=1
+      -DCMAKE_CXX_COMPILER=${CLANGXX} -DCMAKE_CXX_COMPILER_WORKS=1
+      -DCMAKE_OBJCXX_COMPILER=${CLANGXX} -DCMAKE_OBJCXX_COMPILER_WORKS=1
+      -DPKG_CONFIG_EXECUTABLE=/bin/false -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON
+      -DCMAKE_BUILD_TYPE=Release
+      -DVORTAN_JUCE_DIR=${JUCE}
+      ${ARGN}
+    RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "It does not configure for macOS:\n${output}")
+  endif()
+endfunction()
+
+function(commands_of target folder variable)
+  execute_process(COMMAND ${NINJA} -C ${folder} -t commands ${target}
+    OUTPUT_VARIABLE commands RESULT_VARIABLE result)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "There is no target ${target}")
+  endif()
+  set(${variable} "${commands}" PARENT_SCOPE)
+endfunction()
+
+configure_for_macos(${WORK}/whole -DBUILD_TESTING=OFF)
+commands_of(VortanObjectPanel-signed ${WORK}/whole commands)
+demand("${commands}" "-arch x86_64 -arch arm64 [^\n]*-mmacosx-version-min=10.15")
+demand("${commands}" "-fno-objc-arc [^\n]*/panel/platform/mac/SurfaceView.mm")
+demand("${commands}" "-fvisibility=hidden [^\n]*/juce_gui_extra.mm")
+demand("${commands}" "-bundle [^\n]*-exported_symbols_list,[^\n]*/exports.txt [^\n]*-o VortanObjectPanel.plugin/Contents/MacOS/VortanObjectPanel ")
+demand("${commands}" "write-resource [^\n]*/VortanObjectPanel.rsrc EffectorAEGP PanelEntryPointFunc")
+demand("${commands}" "codesign --force --sign - [^\n]*/VortanObjectPanel.plugin")
+if(commands MATCHES "x11|X11|freetype|GNUstep")
+  message(FATAL_ERROR "A part that macOS does not have is built for it: ${CMAKE_MATCH_0}")
+endif()
+file(READ ${WORK}/whole/bundle/VortanObjectPanel/exports.txt exports)
+demand("${exports}" "^_EffectorAEGP\n_PanelEntryPointFunc\n$")
+file(READ ${WORK}/whole/bundle/cmake_install.cmake installation)
+demand("${installation}" "REMOVE_RECURSE [^\n]*/VortanObjectPanel.plugin.*file\\(INSTALL DESTINATION")
+
+configure_for_macos(${WORK}/split -DBUILD_TESTING=OFF -DVORTAN_SPLIT_BUNDLES=ON "-DVORTAN_SIGNING_IDENTITY=Developer ID")
+commands_of(VortanIdleSuite-signed ${WORK}/split commands)
+demand("${commands}" "-o VortanIdleSuite.plugin/Contents/MacOS/VortanIdleSuite ")
+demand("${commands}" "write-resource [^\n]*/VortanIdleSuite.rsrc EffectorAEGP\n")
+demand("${commands}" "codesign --force --options runtime --timestamp --sign \"Developer ID\" ")
+commands_of(VortanObjectPanel-signed ${WORK}/split commands)
+demand("${commands}" "write-resource [^\n]*/VortanObjectPanel.rsrc PanelEntryPointFunc\n")
+
+configure_for_macos(${WORK}/tests -DBUILD_TESTING=ON -DGTest_DIR=${GTEST} -Dabsl_DIR=${ABSL})
+commands_of(all ${WORK}/tests commands)
+demand("${commands}" "-o bundle-test ")
+demand("${commands}" "-o items-test ")
+if(commands MATCHES "libX11|libXtst|GNUstep")
+  message(FATAL_ERROR "The tests need what macOS does not have: ${CMAKE_MATCH_0}")
+endif()

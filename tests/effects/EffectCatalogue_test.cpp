@@ -1,0 +1,212 @@
+#include "effects/EffectCatalogue.h"
+
+#include "tests/effects/CatalogueTest.h"
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace standin
+{
+// Finding the effects of a family.
+
+TEST_F(Catalogue, FindsTheEffectsOfAPrefixInTheHostsOrder)
+{
+    Install(31, "QVK VORTSRC Solids");
+    Install(11, "ADBE Fill");
+    Install(21, "QVK VORTSRC Lamps");
+    EXPECT_EQ(Find("QVK VORTSRC"), 0);
+    EXPECT_THAT(keys, ElementsAre(31, 21));
+    EXPECT_THAT(host.CallTexts(),
+                ElementsAre("Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
+                            "Effect 1 AEGP_GetNumInstalledEffects() -> 3",
+                            "Effect 1 AEGP_GetNextInstalledEffect(0) -> 31",
+                            "Effect 1 AEGP_GetEffectMatchName(31) -> \"QVK VORTSRC Solids\"",
+                            "Effect 1 AEGP_GetNextInstalledEffect(31) -> 11",
+                            "Effect 1 AEGP_GetEffectMatchName(11) -> \"ADBE Fill\"",
+                            "Effect 1 AEGP_GetNextInstalledEffect(11) -> 21",
+                            "Effect 1 AEGP_GetEffectMatchName(21) -> \"QVK VORTSRC Lamps\"",
+                            "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
+}
+
+TEST_F(Catalogue, AppendsToTheKeysThatAreThereAlready)
+{
+    Install(11, "QVK VORTREN Dots");
+    keys = {5, 11};
+    EXPECT_EQ(Find("QVK VORTREN"), 0);
+    EXPECT_THAT(keys, ElementsAre(5, 11, 11));
+}
+
+TEST_F(Catalogue, PrefixIsTestedWithoutAWordBoundaryAndWithCase)
+{
+    Install(11, "QVK VORTAN");
+    Install(12, "QVK VORTAN TWO");
+    Install(13, "QVK VORTANGLE");
+    Install(14, "qvk vortan");
+    Install(15, "QVK VORTA");
+    Install(16, "My QVK VORTAN");
+    EXPECT_EQ(Find("QVK VORTAN"), 0);
+    EXPECT_THAT(keys, ElementsAre(11, 12, 13));
+}
+
+TEST_F(Catalogue, NothingInstalledCostsTheCountAndNoWalk)
+{
+    EXPECT_EQ(Find("QVK VORTSRC"), 0);
+    EXPECT_THAT(keys, IsEmpty());
+    EXPECT_THAT(host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_GetNumInstalledEffects() -> 0"));
+}
+
+TEST_F(Catalogue, CountThatFailsEndsTheSearchWithItsError)
+{
+    Install(11, "QVK VORTSRC Lamps");
+    host.Faults().FailFunction("AEGP_GetNumInstalledEffects", 1, FaultLength::once, 4);
+    EXPECT_EQ(Find("QVK VORTSRC"), 4);
+    EXPECT_THAT(keys, IsEmpty());
+    EXPECT_THAT(host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_GetNumInstalledEffects() = 4"));
+}
+
+TEST_F(Catalogue, WalkNeverStepsBehindTheLastEffect)
+{
+    host.Options().walkEnd = WalkEnd::isError;
+    Install(11, "ADBE Fill");
+    Install(12, "QVK VORTSRC Lamps");
+    EXPECT_EQ(Find("QVK VORTSRC"), 0);
+    EXPECT_THAT(keys, ElementsAre(12));
+    EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 0);
+}
+
+TEST_F(Catalogue, StepThatFailsRepeatsTheLastGoodKeyToTheEndOfTheWalk)
+{
+    Install(11, "QVK VORTSRC Lamps");
+    Install(12, "QVK VORTSRC Routes");
+    Install(13, "ADBE Fill");
+    Install(14, "QVK VORTSRC GEO");
+    host.Faults().FailFunction("AEGP_GetNextInstalledEffect", 3, FaultLength::once, 4);
+    EXPECT_EQ(Find("QVK VORTSRC"), 4);
+    EXPECT_THAT(keys, ElementsAre(11, 12, 12, 12));
+    EXPECT_THAT(host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_GetNumInstalledEffects() -> 4",
+                            "Effect 1 AEGP_GetNextInstalledEffect(0) -> 11",
+                            "Effect 1 AEGP_GetEffectMatchName(11) -> \"QVK VORTSRC Lamps\"",
+                            "Effect 1 AEGP_GetNextInstalledEffect(11) -> 12",
+                            "Effect 1 AEGP_GetEffectMatchName(12) -> \"QVK VORTSRC Routes\"",
+                            "Effect 1 AEGP_GetNextInstalledEffect(12) = 4",
+                            "Effect 1 AEGP_GetEffectMatchName(12) -> \"QVK VORTSRC Routes\"",
+                            "Effect 1 AEGP_GetEffectMatchName(12) -> \"QVK VORTSRC Routes\""));
+}
+
+TEST_F(Catalogue, FirstStepThatFailsAsksForTheNameOfNoEffectAndFindsNone)
+{
+    host.Expect("unknown-key", "AEGP_GetEffectMatchName", "the walk goes on at the key 0");
+    Install(11, "QVK VORTSRC Lamps");
+    Install(12, "QVK VORTSRC Routes");
+    host.Faults().FailFunction("AEGP_GetNextInstalledEffect", 1, FaultLength::once, 4);
+    EXPECT_EQ(Find("QVK VORTSRC"), 4);
+    EXPECT_THAT(keys, IsEmpty());
+    EXPECT_THAT(host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_GetNumInstalledEffects() -> 2",
+                            "Effect 1 AEGP_GetNextInstalledEffect(0) = 4",
+                            "Effect 1 AEGP_GetEffectMatchName(0) = 3",
+                            "Effect 1 AEGP_GetEffectMatchName(0) = 3"));
+}
+
+TEST_F(Catalogue, NameThatCannotBeReadIsPassedOverAndIsNoError)
+{
+    Install(11, "QVK VORTSRC Lamps");
+    Install(12, "QVK VORTSRC Routes");
+    Install(13, "QVK VORTSRC GEO");
+    host.Faults().FailFunction("AEGP_GetEffectMatchName", 2);
+    EXPECT_EQ(Find("QVK VORTSRC"), 0);
+    EXPECT_THAT(keys, ElementsAre(11, 13));
+}
+
+TEST_F(Catalogue, NameOf128CharactersWithoutAnEndIsReadSafely)
+{
+    InstalledEffect endless;
+    endless.key = 11;
+    endless.matchName = "QVK VORTSRC " + std::string(116, 'x');
+    endless.matchNameEnding = InstalledEffect::MatchNameEnding::notTerminated;
+    (void)host.Install(endless);
+    EXPECT_EQ(Find("QVK VORTSRC"), 0);
+    EXPECT_THAT(keys, ElementsAre(11));
+    EXPECT_THAT(Popup(keys, src_match_name_array, src_display_array), ElementsAre("Not Found"));
+}
+
+// Finding one effect by its name.
+
+TEST_F(Catalogue, KeyOfAMatchNameIsTheFirstThatStartsWithItAndEndsTheWalk)
+{
+    Install(11, "ADBE Fill");
+    Install(12, "QVK VORTAN TWO");
+    Install(13, "QVK VORTAN TWO");
+    EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 12);
+    EXPECT_THAT(host.CallTexts(), ElementsAre("Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
+                                              "Effect 1 AEGP_GetNumInstalledEffects() -> 3",
+                                              "Effect 1 AEGP_GetNextInstalledEffect(0) -> 11",
+                                              "Effect 1 AEGP_GetEffectMatchName(11) -> \"ADBE Fill\"",
+                                              "Effect 1 AEGP_GetNextInstalledEffect(11) -> 12",
+                                              "Effect 1 AEGP_GetEffectMatchName(12) -> \"QVK VORTAN TWO\"",
+                                              "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
+}
+
+TEST_F(Catalogue, LegacyNameFindsTheMainEffectIfThatIsInstalledBeforeTheLegacyEffect)
+{
+    Install(12, "QVK VORTAN TWO");
+    Install(11, "QVK VORTAN");
+    EXPECT_EQ(KeyOf("QVK VORTAN"), 12);
+    EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 12);
+}
+
+TEST_F(Catalogue, LegacyNameFindsTheLegacyEffectIfThatIsInstalledBeforeTheMainEffect)
+{
+    Install(11, "QVK VORTAN");
+    Install(12, "QVK VORTAN TWO");
+    EXPECT_EQ(KeyOf("QVK VORTAN"), 11);
+    EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 12);
+}
+
+TEST_F(Catalogue, NameThatNoEffectHasGivesNoKey)
+{
+    Install(11, "QVK VORTAN");
+    Install(12, "ADBE Fill");
+    EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 0);
+}
+
+TEST_F(Catalogue, NothingInstalledGivesNoKey)
+{
+    EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 0);
+    EXPECT_THAT(host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_GetNumInstalledEffects() -> 0"));
+}
+
+TEST_F(Catalogue, CountThatFailsGivesNoKey)
+{
+    Install(12, "QVK VORTAN TWO");
+    host.Faults().FailFunction("AEGP_GetNumInstalledEffects");
+    EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 0);
+}
+
+TEST_F(Catalogue, StepThatFailsInFrontOfTheEffectGivesNoKey)
+{
+    Install(11, "ADBE Fill");
+    Install(12, "QVK VORTAN TWO");
+    host.Faults().FailFunction("AEGP_GetNextInstalledEffect", 2);
+    EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 0);
+    EXPECT_THAT(host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_GetNumInstalledEffects() -> 2",
+                            "Effect 1 AEGP_GetNextInstalledEffect(0) -> 11",
+                            "Effect 1 AEGP_GetEffectMatchName(11) -> \"ADBE Fill\"",
+                            "Effect 1 AEGP_GetNextInstalledEffect(11) = 1",
+                            "Effect 1 AEGP_GetEffectMatchName(11) -> \"ADBE Fill\""));
+}
+
+TEST_F(Catalogue, NameThatCouldNotBeReadIsReadAgainBehindAStepThatFails)
+{
+    Install(12, "QVK VORTAN TWO");
+    Install(11, "ADBE Fill");
+    host.Faults().FailFunction("AEGP_GetEffectMatchName", 1);
+    host.Faults().FailFunction("AEGP_GetNextInstalledEffect", 2);
+    EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 12);
+}
+} // namespace standin

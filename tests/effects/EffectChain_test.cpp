@@ -1,0 +1,292 @@
+#include "effects/EffectChain.h"
+
+#include "tests/effects/MessageFixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <type_traits>
+
+using namespace standin;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+static_assert(!std::is_copy_constructible_v<EffectChain>, "a copy would dispose a second time");
+
+namespace
+{
+/// One effect, and chains over it in a hook.
+struct ChainHost : ProductHost
+{
+    ChainHost() { Add(sheets, "A"); }
+
+    /// Runs `body(chain)` on a new chain that starts with `startError`. The calls are those without suite
+    /// traffic.
+    HookResult Run(const std::function<void(EffectChain&)>& body, A_Err startError = 0)
+    {
+        layer = Layer();
+        return Send(*this,
+                    [&](AEGP_SuiteHandler* suites)
+                    {
+                        EffectChain chain(*suites, Id(), startError);
+                        body(chain);
+                        return 0;
+                    });
+    }
+
+    Calls CallsMade() const { return host.CallTexts(SuiteTraffic::leftOut); }
+
+    void ExpectCleanEnd()
+    {
+        host.CheckSuiteBalance();
+        EXPECT_EQ(host.LiveReferences(), 0);
+        EXPECT_EQ(host.FindingsReport(), "");
+    }
+
+    AEGP_LayerH layer = nullptr;
+};
+
+const Calls everythingTaken = {
+    "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A",
+    "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1",
+    "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A",
+};
+const Calls everythingGivenBack = {
+    "Stream 7 AEGP_DisposeStream(stream A.1)",
+    "Stream 7 AEGP_DisposeStream(stream A)",
+    "Effect 1 AEGP_DisposeEffect(effect A)",
+};
+} // namespace
+
+TEST(EffectChain, RunsItsStepsInOrderUntilOneFails)
+{
+    ChainHost product;
+    std::vector<int> ran;
+    (void)product.Run(
+        [&](EffectChain& chain)
+        {
+            const auto step = [&](int number, A_Err err)
+            {
+                chain.Then(
+                    [&ran, number, err]
+                    {
+                        ran.push_back(number);
+                        return err;
+                    });
+            };
+            step(1, 0);
+            step(2, 0);
+            EXPECT_EQ(chain.Error(), 0);
+            step(3, 4);
+            EXPECT_EQ(chain.Error(), 4);
+            step(4, 5);
+            EXPECT_EQ(chain.Error(), 4);
+            EXPECT_EQ(chain.Finish(), 4);
+        });
+    EXPECT_THAT(ran, ElementsAre(1, 2, 3));
+    EXPECT_THAT(product.host.CallTexts(), IsEmpty());
+}
+
+TEST(EffectChain, ThatStartsWithAnErrorMakesNoHostCall)
+{
+    ChainHost product;
+    (void)product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            EXPECT_EQ(chain.Finish(), 3);
+        },
+        3);
+    EXPECT_THAT(product.host.CallTexts(), IsEmpty());
+}
+
+TEST(EffectChain, GivesBackTheParameterStreamThenTheGroupStreamThenTheEffect)
+{
+    ChainHost product;
+    (void)product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            EXPECT_EQ(product.CallsMade(), everythingTaken);
+            EXPECT_EQ(chain.Finish(), 0);
+            EXPECT_EQ(chain.paramStream, nullptr);
+            EXPECT_EQ(chain.groupStream, nullptr);
+            EXPECT_EQ(chain.effect, nullptr);
+        });
+    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    product.ExpectCleanEnd();
+}
+
+TEST(EffectChain, GivesBackOnceHoweverOftenItIsFinished)
+{
+    ChainHost product;
+    (void)product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            (void)chain.Finish();
+            (void)chain.Finish();
+        });
+    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    product.ExpectCleanEnd();
+}
+
+TEST(EffectChain, GivesBackWhenItIsDestroyedUnfinished)
+{
+    ChainHost product;
+    (void)product.Run(
+        [&](EffectChain& chain)
+        { chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream(); });
+    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    product.ExpectCleanEnd();
+}
+
+TEST(EffectChain, GivesBackWhenAStepThrows)
+{
+    ChainHost product;
+    product.host.Expect("exception-left-hook", "", "the step throws on purpose");
+    const HookResult result = product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0)
+                .TakeParamStream()
+                .TakeGroupStream()
+                .Then([]() -> A_Err { throw 99; });
+        });
+    EXPECT_EQ(result.thrownNumber, 99);
+    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    product.ExpectCleanEnd();
+}
+
+TEST(EffectChain, DisposesOfTheEffectByTheSuiteThatItWasTakenFrom)
+{
+    ChainHost product;
+    (void)product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite3>(product.layer, 0);
+            (void)chain.Finish();
+        });
+    EXPECT_THAT(product.CallsMade(),
+                ElementsAre("Effect 3 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A",
+                            "Effect 3 AEGP_DisposeEffect(effect A)"));
+    product.ExpectCleanEnd();
+}
+
+TEST(EffectChain, DisposesOfTheEffectByTheSuiteThatWasNamedSince)
+{
+    ChainHost product;
+    (void)product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).DisposeEffectWith<AEGP_EffectSuite3>();
+            (void)chain.Finish();
+        });
+    EXPECT_THAT(product.CallsMade(),
+                ElementsAre("Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A",
+                            "Effect 3 AEGP_DisposeEffect(effect A)"));
+    product.ExpectCleanEnd();
+}
+
+TEST(EffectChain, GivesBackWhatItTookBeforeTheFailure)
+{
+    ChainHost product;
+    product.host.Faults().FailFunction("AEGP_GetNewParentStreamRef", 1, FaultLength::once, 4);
+    (void)product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            EXPECT_EQ(chain.Finish(), 4);
+        });
+    EXPECT_THAT(product.CallsMade(),
+                ElementsAre(everythingTaken[0], everythingTaken[1],
+                            "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) = 4",
+                            everythingGivenBack[0], everythingGivenBack[2]));
+    product.ExpectCleanEnd();
+}
+
+TEST(EffectChain, ReportsTheErrorOfDisposingOfTheEffectOnlyIfThereWasNoOther)
+{
+    for (const A_Err stepError : {0, 5})
+    {
+        ChainHost product;
+        product.host.Faults().FailFunction("AEGP_DisposeEffect", 1, FaultLength::once, 4);
+        (void)product.Run(
+            [&](EffectChain& chain)
+            {
+                chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).Then([&] { return stepError; });
+                EXPECT_EQ(chain.Finish(), stepError == 0 ? 4 : 5);
+            });
+        product.ExpectCleanEnd();
+    }
+}
+
+TEST(EffectChain, IgnoresTheErrorsOfDisposingOfStreams)
+{
+    ChainHost product;
+    product.host.Faults().FailFunction("AEGP_DisposeStream", 1, FaultLength::functionForGood);
+    (void)product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            EXPECT_EQ(chain.Finish(), 0);
+        });
+    EXPECT_EQ(product.CallsMade().size(), 6u);
+    product.ExpectCleanEnd();
+}
+
+TEST(EffectChain, LeavesStreamsBehindOnlyIfTheirSuiteIsMissingAndGivesBackTheEffectAllTheSame)
+{
+    ChainHost product;
+    product.host.Faults().Withhold("AEGP Stream Suite", 7);
+    product.host.Expect("exception-left-hook", "", "a missing suite leaves the hook as an integer");
+    product.host.Expect("leaked-reference", "AEGP_GetNewEffectStreamByIndex", "its suite is missing");
+    product.host.Expect("leaked-reference", "AEGP_GetNewParentStreamRef", "its suite is missing");
+    product.host.Expect("dispose-order", "AEGP_DisposeEffect", "the streams cannot be disposed of before");
+    const HookResult result = product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            (void)chain.Finish();
+            ADD_FAILURE() << "516 was not thrown";
+        });
+    EXPECT_EQ(result.thrownNumber, 516);
+    EXPECT_EQ(product.CallsMade(), everythingTaken + Calls{"Effect 1 AEGP_DisposeEffect(effect A)"});
+    product.host.CheckSuiteBalance();
+    EXPECT_EQ(product.host.FindingsReport(), "");
+}
+
+TEST(EffectChain, GivesBackInOrderIfTheSuiteOfTheStreamsIsRefusedOnce)
+{
+    ChainHost product;
+    product.host.Faults().FailFunction("AcquireSuite", 4);
+    product.host.Expect("exception-left-hook", "", "a missing suite leaves the hook as an integer");
+    const HookResult result = product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            (void)chain.Finish();
+        });
+    EXPECT_EQ(result.thrownNumber, 516);
+    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    product.ExpectCleanEnd();
+}
+
+TEST(EffectChain, GivesBackTheEffectIfItsSuiteIsRefusedOnce)
+{
+    ChainHost product;
+    product.host.Faults().FailFunction("AcquireSuite", 2);
+    product.host.Expect("exception-left-hook", "", "a missing suite leaves the hook as an integer");
+    const HookResult result = product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).DisposeEffectWith<AEGP_EffectSuite3>();
+            (void)chain.Finish();
+        });
+    EXPECT_EQ(result.thrownNumber, 516);
+    EXPECT_THAT(product.CallsMade(),
+                ElementsAre(everythingTaken[0], "Effect 3 AEGP_DisposeEffect(effect A)"));
+    product.ExpectCleanEnd();
+}

@@ -1,0 +1,327 @@
+#include "effects/EffectPlacement.h"
+
+#include "standin/faults/Sweep.h"
+#include "tests/effects/FaultOutcome.h"
+#include "tests/effects/LabelledStack.h"
+
+using ::testing::ElementsAre;
+
+namespace standin
+{
+namespace
+{
+using Places = std::vector<int>;
+
+class PlacementAfterError : public StackTest
+{
+protected:
+    int Place(const std::string& label, Idle_Cmd cmd = Idle_Cmd_Apply)
+    {
+        return on->InHook(
+            [&] {
+                return GetIndexOfNewEffectToLayer(on->Id(), on->Basic(), on->KeyOf(label), on->Layer(), cmd);
+            });
+    }
+
+    /// The places of a new geometry object, effector, renderer, main effect and kit effect, each worked out
+    /// while the `nth` call of `function` fails.
+    Places PlacesIf(const std::string& stack, const std::string& function, std::size_t nth)
+    {
+        Places places;
+        for (const char* label : {"G", "E", "R", "M", "K"})
+        {
+            Build(stack).host.Faults().FailFunction(function, nth);
+            places.push_back(Place(label));
+            EXPECT_EQ(on->Stack(), stack);
+        }
+        return places;
+    }
+};
+} // namespace
+
+// The places of new G, E, R, M, K. After an error the last effect that was read stands for those below it.
+
+TEST_F(PlacementAfterError, CountThatFailsIsAnEmptyStack)
+{
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerNumEffects", 1), ElementsAre(0, 0, 0, 0, 0));
+    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) = 1"));
+}
+
+TEST_F(PlacementAfterError, NewNameThatFailsIsNoFamilyOnAStackThatIsNotRead)
+{
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetEffectMatchName", 1), ElementsAre(0, 0, 0, 0, 0));
+    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 4",
+                            "Effect 1 AEGP_GetEffectMatchName(261) = 1"));
+}
+
+TEST_F(PlacementAfterError, FirstEffectThatFailsLeavesNothingThatCounts)
+{
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 1), ElementsAre(0, 0, 0, 4, 0));
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetInstalledKeyFromLayerEffect", 1), ElementsAre(0, 0, 0, 4, 0));
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetEffectMatchName", 2), ElementsAre(0, 0, 0, 4, 0));
+}
+
+TEST_F(PlacementAfterError, EffectThatFailsCountsTheOneAboveItToTheEnd)
+{
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 2), ElementsAre(4, 0, 0, 4, 0));
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 3), ElementsAre(1, 4, 0, 4, 0));
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 4), ElementsAre(1, 2, 4, 4, 0));
+}
+
+TEST_F(PlacementAfterError, KeyThatFailsCountsTheEffectAboveToTheEnd)
+{
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetInstalledKeyFromLayerEffect", 3), ElementsAre(1, 4, 0, 4, 0));
+}
+
+TEST_F(PlacementAfterError, NameThatFailsCountsTheEffectAboveToTheEnd)
+{
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetEffectMatchName", 4), ElementsAre(1, 4, 0, 4, 0));
+}
+
+TEST_F(PlacementAfterError, DisposalThatFailsCountsItsOwnEffectToTheEnd)
+{
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_DisposeEffect", 2), ElementsAre(1, 4, 0, 4, 0));
+    EXPECT_THAT(PlacesIf("G E R M", "AEGP_DisposeEffect", 4), ElementsAre(1, 2, 3, 4, 0));
+}
+
+TEST_F(PlacementAfterError, MainEffectThatIsCountedToTheEndStillAnchorsAtItsOwnPlace)
+{
+    EXPECT_THAT(PlacesIf("X M G", "AEGP_GetLayerEffectByIndex", 3), ElementsAre(1, 1, 1, 3, 0));
+}
+
+TEST_F(PlacementAfterError, OutsiderThatIsCountedToTheEndAnchorsNothing)
+{
+    EXPECT_THAT(PlacesIf("R X G M", "AEGP_GetLayerEffectByIndex", 3), ElementsAre(0, 0, 1, 4, 0));
+}
+
+TEST_F(PlacementAfterError, NoEffectIsReadAnyMoreAndTheReferenceInHandIsDisposedOf)
+{
+    Build("G M").host.Faults().FailFunction("AEGP_GetInstalledKeyFromLayerEffect", 1, FaultLength::once, 4);
+    EXPECT_EQ(Place("G"), 0);
+    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 2",
+                            "Effect 1 AEGP_GetEffectMatchName(201) -> \"QVK VORTSRC Lamps\"",
+                            "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect G",
+                            "Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect G) = 4",
+                            "Effect 1 AEGP_DisposeEffect(effect G)"));
+}
+
+TEST_F(PlacementAfterError, OnceKnowsTheKeysThatWereReadAndNoOthers)
+{
+    const auto once = [&](const char* label, const char* function, std::size_t nth)
+    {
+        Build("G E R M").host.Faults().FailFunction(function, nth);
+        return Place(label, Idle_Cmd_ApplyOnce);
+    };
+    EXPECT_EQ(once("E", "AEGP_GetLayerEffectByIndex", 3), -1);
+    EXPECT_EQ(once("R", "AEGP_GetLayerEffectByIndex", 3), 0);
+    EXPECT_EQ(once("R", "AEGP_GetInstalledKeyFromLayerEffect", 3), 0);
+    EXPECT_EQ(once("R", "AEGP_GetEffectMatchName", 4), -1) << "the key was read, the name was not";
+    EXPECT_EQ(once("M", "AEGP_GetEffectMatchName", 4), 4);
+}
+
+TEST_F(PlacementAfterError, EffectThatIsNotInstalledAnyMoreHasNoNameAndCountsLikeTheOneAboveIt)
+{
+    Build("G X R M");
+    on->host.Effect("X").key = 4711;
+    on->host.Effect("X").flags = effectMissing;
+    on->host.Expect("unknown-key", "AEGP_GetEffectMatchName", "the layer holds an effect that is missing");
+    EXPECT_EQ(Place("G"), 4);
+    EXPECT_EQ(Place("R"), 0);
+}
+
+// An effect that cannot be moved.
+
+TEST_F(PlacementAfterError, EffectThatCannotBeMovedStaysWhereTheHostPutIt)
+{
+    const auto stackIf = [&](ApplyPlace place)
+    {
+        HostOptions options;
+        options.applyPlace = place;
+        Build("G E R M", options);
+        on->host.User().SelectEffect("G");
+        on->host.Faults().FailFunction("AEGP_ReorderEffect");
+        const int key = on->KeyOf("R");
+        EXPECT_EQ(on->InHook([&] { return ApplyEffectToLayerAtIndex(7, on->Basic(), key, on->Layer(), 3); }),
+                  1);
+        on->LabelNewEffects();
+        return on->Stack();
+    };
+    EXPECT_EQ(stackIf(ApplyPlace::end), "G E R M new");
+    EXPECT_EQ(stackIf(ApplyPlace::afterSelected), "G new E R M");
+    EXPECT_EQ(stackIf(ApplyPlace::start), "new G E R M");
+}
+
+TEST_F(PlacementAfterError, FirstErrorOfApplyingIsReturnedAndTheDisposalsIfThereWasNoOther)
+{
+    const auto errorIf = [&](const char* function, const char* another)
+    {
+        Build("G");
+        on->host.Faults().FailFunction(function, 1, FaultLength::once, 4);
+        on->host.Faults().FailFunction(another, 1, FaultLength::once, 5);
+        const int key = on->KeyOf("R");
+        return on->InHook([&] { return ApplyEffectToLayerAtIndex(7, on->Basic(), key, on->Layer(), 0); });
+    };
+    EXPECT_EQ(errorIf("AEGP_ApplyEffect", "AEGP_ReorderEffect"), 4);
+    EXPECT_EQ(errorIf("AEGP_ReorderEffect", "AEGP_DisposeEffect"), 4);
+    EXPECT_EQ(errorIf("AEGP_DisposeEffect", "no function"), 4);
+}
+
+// Every call of adding a renderer to a small stack, failed in turn.
+
+namespace
+{
+struct AddingRow
+{
+    const char* call;         ///< As it reads in the clean run.
+    const char* outcome;      ///< If it fails once, or its function for good.
+    const char* stack;        ///< The stack then.
+    const char* outcomeOfAll; ///< If everything fails from this call on.
+    const char* stackOfAll;
+};
+
+constexpr const char* fine = "returned 0";
+constexpr const char* missing = "threw 516";
+constexpr const char* unchanged = "G E R M";
+constexpr const char* atTop = "new G E R M";
+constexpr const char* atEnd = "G E R M new";
+constexpr const char* inPlace = "G E R new M";
+
+constexpr AddingRow addingRows[] = {
+    {"Basic AcquireSuite(\"AEGP Layer Suite\", 5)", missing, unchanged, missing, unchanged},
+    {"Layer 5 AEGP_GetLayerID(layer 1) -> 1", fine, unchanged, fine, unchanged},
+    {"Basic AcquireSuite(\"AEGP Effect Suite\", 1)", missing, unchanged, missing, unchanged},
+    {"Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 4", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_GetEffectMatchName(240) -> \"QVK VORTREN Dots\"", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect G", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect G) -> 201", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_GetEffectMatchName(201) -> \"QVK VORTSRC Lamps\"", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_DisposeEffect(effect G)", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect E", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect E) -> 222", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_GetEffectMatchName(222) -> \"QVK VORTEFF Jitter\"", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_DisposeEffect(effect E)", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect R", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect R) -> 240", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_GetEffectMatchName(240) -> \"QVK VORTREN Dots\"", fine, atTop, missing, unchanged},
+    {"Effect 1 AEGP_DisposeEffect(effect R)", fine, atEnd, missing, unchanged},
+    {"Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 3) -> effect M", fine, atEnd, missing, unchanged},
+    {"Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect M) -> 258", fine, atEnd, missing, unchanged},
+    {"Effect 1 AEGP_GetEffectMatchName(258) -> \"QVK VORTAN TWO\"", fine, atEnd, missing, unchanged},
+    {"Effect 1 AEGP_DisposeEffect(effect M)", fine, inPlace, missing, unchanged},
+    {"Basic ReleaseSuite(\"AEGP Effect Suite\", 1)", fine, inPlace, missing, unchanged},
+    {"Basic AcquireSuite(\"AEGP Effect Suite\", 1)", missing, unchanged, missing, unchanged},
+    {"Effect 1 AEGP_ApplyEffect(id 7, layer 1, 240) -> effect e5", fine, unchanged, fine, unchanged},
+    {"Effect 1 AEGP_ReorderEffect(effect e5, 3)", fine, atEnd, fine, atEnd},
+    {"Effect 1 AEGP_DisposeEffect(effect e5)", fine, inPlace, fine, inPlace},
+    {"Basic ReleaseSuite(\"AEGP Effect Suite\", 1)", fine, inPlace, fine, inPlace},
+    {"Basic ReleaseSuite(\"AEGP Layer Suite\", 5)", fine, inPlace, fine, inPlace},
+};
+
+struct Adding : LabelledStack
+{
+    Adding() : LabelledStack("G E R M") {}
+
+    void Run()
+    {
+        int returned = -1;
+        const HookResult hook =
+            host.RunInHook([&] { returned = ApplyEffectToLayerIdleFn(Id(), Basic(), KeyOf("R"), Layer()); });
+        outcome = OutcomeText(hook, returned);
+        LabelNewEffects();
+    }
+
+    std::string outcome;
+};
+
+void checkAdding(Adding& product, const SweptFault& fault)
+{
+    SCOPED_TRACE(fault.Text());
+    if (fault.ordinal == 0)
+    {
+        EXPECT_EQ(product.outcome, fine);
+        EXPECT_EQ(product.Stack(), inPlace);
+        EXPECT_EQ(TakeFindingIds(product.host), FindingIds());
+        return;
+    }
+    ASSERT_LE(fault.ordinal, std::size(addingRows));
+    const AddingRow& row = addingRows[fault.ordinal - 1];
+    const bool all = fault.length == FaultLength::everythingForGood;
+    EXPECT_EQ(fault.call, row.call);
+    EXPECT_EQ(product.outcome, all ? row.outcomeOfAll : row.outcome);
+    EXPECT_EQ(product.Stack(), all ? row.stackOfAll : row.stack);
+    EXPECT_EQ(product.host.OpenUndoGroups(), 0);
+    EXPECT_EQ(product.host.LiveReferences(), 0);
+    EXPECT_TRUE(product.host.Alerts().empty());
+    EXPECT_EQ(TakeFindingIds(product.host),
+              product.outcome == missing ? FindingIds{"exception-left-hook"} : FindingIds());
+}
+} // namespace
+
+TEST(AddingWhileTheHostFails, EveryCallOfItInTurn)
+{
+    EXPECT_EQ(SweepFaults([] { return std::make_unique<Adding>(); }, [](Adding& product) { product.Run(); },
+                          checkAdding),
+              28u);
+}
+
+// Suites that the host has not got.
+
+namespace
+{
+std::string outcomeOfAddingWithout(const std::string& suite, A_long version, Withheld how)
+{
+    Adding product;
+    product.host.Faults().Withhold(suite, version, how);
+    product.Run();
+    EXPECT_EQ(product.Stack(), unchanged);
+    EXPECT_EQ(product.host.LiveReferences(), 0);
+    EXPECT_EQ(TakeFindingIds(product.host), FindingIds{"exception-left-hook"});
+    return product.outcome;
+}
+} // namespace
+
+TEST(AddingWithoutASuite, Leaves516AndTheLayerAsItWas)
+{
+    for (const Withheld how : {Withheld::asError, Withheld::asNullTable, Withheld::asPoisonedPointer})
+    {
+        SCOPED_TRACE(static_cast<int>(how));
+        EXPECT_EQ(outcomeOfAddingWithout("AEGP Layer Suite", 5, how), missing);
+        EXPECT_EQ(outcomeOfAddingWithout("AEGP Effect Suite", 1, how), missing);
+    }
+}
+
+TEST(AddingWithoutASuite, NeedsNoOtherVersionAndNoUtilities)
+{
+    Adding product;
+    product.host.Faults().Withhold("AEGP Effect Suite", 3);
+    product.host.Faults().Withhold("AEGP Utility Suite");
+    product.Run();
+    EXPECT_EQ(product.outcome, fine);
+    EXPECT_EQ(product.Stack(), inPlace);
+    EXPECT_EQ(TakeFindingIds(product.host), FindingIds());
+}
+
+TEST(AddingWithoutASuite, WithoutALayerIsThe516OfTheUtilities)
+{
+    LabelledStack product("G");
+    product.host.Faults().Withhold("AEGP Utility Suite", 3);
+    const HookResult hook = product.host.RunInHook(
+        [&] { (void)ApplyEffectToLayerIdleFn(product.Id(), product.Basic(), product.KeyOf("R"), nullptr); });
+    EXPECT_EQ(hook.thrownNumber, 516);
+    EXPECT_EQ(TakeFindingIds(product.host), FindingIds{"exception-left-hook"});
+}
+
+TEST(AddingWithoutASuite, NullBasicSuiteIsThe516EvenIfNothingIsToBeAdded)
+{
+    LabelledStack product("G");
+    const int key = product.KeyOf("R");
+    EXPECT_THROW((void)GetIndexOfNewEffectToLayer(7, nullptr, key, product.Layer(), Idle_Cmd_Apply), int);
+    EXPECT_THROW((void)GetIndexOfNewEffectToLayer(7, nullptr, 0, nullptr, Idle_Cmd_None), int);
+    EXPECT_THROW((void)ApplyEffectToLayerAtIndex(7, nullptr, key, product.Layer(), 0), int);
+    EXPECT_THROW((void)ApplyEffectToLayerIdleFn(7, nullptr, key, product.Layer()), int);
+    EXPECT_TRUE(product.host.CallTexts().empty());
+}
+} // namespace standin

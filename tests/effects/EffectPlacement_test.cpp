@@ -1,0 +1,320 @@
+#include "effects/EffectPlacement.h"
+
+#include "tests/effects/LabelledStack.h"
+
+#include <map>
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace standin
+{
+namespace
+{
+class EffectPlacement : public StackTest
+{
+protected:
+    int IndexOf(const std::string& label, Idle_Cmd cmd = Idle_Cmd_Apply)
+    {
+        return IndexOfKey(on->KeyOf(label), cmd);
+    }
+
+    int IndexOfKey(int key, Idle_Cmd cmd)
+    {
+        return on->InHook(
+            [&] { return GetIndexOfNewEffectToLayer(on->Id(), on->Basic(), key, on->Layer(), cmd); });
+    }
+
+    int ApplyAt(int key, int index)
+    {
+        const int err = on->InHook(
+            [&] { return ApplyEffectToLayerAtIndex(on->Id(), on->Basic(), key, on->Layer(), index); });
+        on->LabelNewEffects();
+        return err;
+    }
+
+    int ApplyFromPanel(int key)
+    {
+        const int err =
+            on->InHook([&] { return ApplyEffectToLayerIdleFn(on->Id(), on->Basic(), key, on->Layer()); });
+        on->LabelNewEffects();
+        return err;
+    }
+};
+} // namespace
+
+// Working out a place.
+
+TEST_F(EffectPlacement, AsksForTheCountThenTheNewNameThenEachEffect)
+{
+    Build("G M");
+    ASSERT_EQ(on->KeyOf("G"), 201);
+    ASSERT_EQ(on->KeyOf("R"), 240);
+    ASSERT_EQ(on->KeyOf("M"), 258);
+    EXPECT_EQ(IndexOf("R"), 1);
+    EXPECT_THAT(on->host.CallTexts(),
+                ElementsAre("Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
+                            "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 2",
+                            "Effect 1 AEGP_GetEffectMatchName(240) -> \"QVK VORTREN Dots\"",
+                            "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect G",
+                            "Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect G) -> 201",
+                            "Effect 1 AEGP_GetEffectMatchName(201) -> \"QVK VORTSRC Lamps\"",
+                            "Effect 1 AEGP_DisposeEffect(effect G)",
+                            "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect M",
+                            "Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect M) -> 258",
+                            "Effect 1 AEGP_GetEffectMatchName(258) -> \"QVK VORTAN TWO\"",
+                            "Effect 1 AEGP_DisposeEffect(effect M)",
+                            "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
+}
+
+TEST_F(EffectPlacement, EveryEffectOfTheFamilyIsPlacedByItsKind)
+{
+    const std::map<std::string, int> placeOf = {{"QVK VORTSRC", 1}, {"QVK VORTEFF", 2}, {"QVK VORTREN", 3},
+                                                {"QVK VORTAN", 4},  {"QVK VORTAN ", 4}, {"QVK VORTKIT", 0}};
+    Build("G E R M");
+    ASSERT_EQ(FamilyEffects().size(), 21u);
+    for (const FamilyEffect& effect : FamilyEffects())
+    {
+        SCOPED_TRACE(effect.matchName);
+        const std::string family = std::string(effect.matchName).substr(0, 11);
+        EXPECT_EQ(IndexOfKey(on->Key(effect.matchName), Idle_Cmd_Apply), placeOf.at(family));
+    }
+}
+
+TEST_F(EffectPlacement, KindsAreToldByPrefixWithoutAWordBoundary)
+{
+    Build("G E R M");
+    const auto indexOf = [&](const std::string& matchName)
+    {
+        InstalledEffect effect;
+        effect.matchName = matchName;
+        return IndexOfKey(on->host.Install(effect), Idle_Cmd_Apply);
+    };
+    EXPECT_EQ(indexOf("QVK VORTKITCHEN"), 0);
+    EXPECT_EQ(indexOf("QVK VORTANGLE"), 4);
+    EXPECT_EQ(indexOf("QVK VORTRENDER"), 3);
+    EXPECT_EQ(indexOf("QVK VORTEFFECT"), 2);
+    EXPECT_EQ(indexOf("QVK VORTSRCE"), 1);
+    EXPECT_EQ(indexOf("qvk vortkit"), 1) << "no family, since the case differs";
+}
+
+TEST_F(EffectPlacement, EffectWhoseNameHas128CharactersAndNoEndIsPlaced)
+{
+    Build("G E");
+    InstalledEffect endless;
+    endless.matchName = "QVK VORTSRC " + std::string(116, 'x');
+    endless.matchNameEnding = InstalledEffect::MatchNameEnding::notTerminated;
+    const A_long key = on->host.Install(endless);
+    EXPECT_EQ(ApplyFromPanel(key), 0);
+    EXPECT_EQ(on->Stack(), "G new E");
+    EXPECT_EQ(IndexOfKey(key, Idle_Cmd_Apply), 2);
+}
+
+TEST_F(EffectPlacement, NothingWantedIsNoPlaceAndNoHostCall)
+{
+    EXPECT_EQ(Idle_Cmd_None, 0);
+    EXPECT_EQ(Idle_Cmd_Apply, 1);
+    EXPECT_EQ(Idle_Cmd_ApplyOnce, 2);
+    Build("G M");
+    EXPECT_EQ(IndexOf("R", Idle_Cmd_None), -1);
+    EXPECT_THAT(on->host.CallTexts(), IsEmpty());
+}
+
+TEST_F(EffectPlacement, KeyZeroIsNoPlaceAndNoHostCall)
+{
+    Build("G M");
+    EXPECT_EQ(IndexOfKey(0, Idle_Cmd_Apply), -1);
+    EXPECT_THAT(on->host.CallTexts(), IsEmpty());
+}
+
+TEST_F(EffectPlacement, NullLayerIsNoPlaceAndNoHostCall)
+{
+    Build("G M");
+    const int key = on->KeyOf("R");
+    EXPECT_EQ(
+        on->InHook(
+            [&] { return GetIndexOfNewEffectToLayer(on->Id(), on->Basic(), key, nullptr, Idle_Cmd_Apply); }),
+        -1);
+    EXPECT_THAT(on->host.CallTexts(), IsEmpty());
+}
+
+// Once only.
+
+TEST_F(EffectPlacement, OnceIsNoPlaceIfTheKeyIsOnTheLayer)
+{
+    Build("G E R M");
+    EXPECT_EQ(IndexOf("E", Idle_Cmd_ApplyOnce), -1);
+    EXPECT_EQ(IndexOf("M", Idle_Cmd_ApplyOnce), -1);
+    EXPECT_EQ(IndexOf("E", Idle_Cmd_Apply), 2);
+    EXPECT_EQ(ApplyAt(on->KeyOf("E"), IndexOf("E", Idle_Cmd_ApplyOnce)), 0);
+    EXPECT_EQ(on->Stack(), "G E R M");
+}
+
+TEST_F(EffectPlacement, OnceIsThePlaceIfOnlyOthersOfTheKindAreOnTheLayer)
+{
+    Build("G E R M");
+    EXPECT_EQ(IndexOfKey(on->Key("QVK VORTEFF Round Zone"), Idle_Cmd_ApplyOnce), 2);
+    EXPECT_EQ(IndexOfKey(on->Key("QVK VORTAN"), Idle_Cmd_ApplyOnce), 4);
+}
+
+TEST_F(EffectPlacement, OnceCountsTheKitTheLegacyEffectAndOutsidersToo)
+{
+    Build("K X L");
+    EXPECT_EQ(IndexOf("K", Idle_Cmd_ApplyOnce), -1);
+    EXPECT_EQ(IndexOf("X", Idle_Cmd_ApplyOnce), -1);
+    EXPECT_EQ(IndexOf("L", Idle_Cmd_ApplyOnce), -1);
+    EXPECT_EQ(IndexOf("M", Idle_Cmd_ApplyOnce), 3);
+}
+
+// Carrying it out.
+
+TEST_F(EffectPlacement, AppliesThenReordersThenDisposes)
+{
+    Build("G M");
+    EXPECT_EQ(ApplyAt(on->KeyOf("R"), 1), 0);
+    EXPECT_EQ(on->Stack(), "G new M");
+    EXPECT_THAT(on->host.CallTexts(),
+                ElementsAre("Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
+                            "Effect 1 AEGP_ApplyEffect(id 7, layer 1, 240) -> effect e3",
+                            "Effect 1 AEGP_ReorderEffect(effect e3, 1)",
+                            "Effect 1 AEGP_DisposeEffect(effect e3)",
+                            "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
+}
+
+TEST_F(EffectPlacement, AppliesNothingForKeyZeroOrANegativeIndexEvenWithoutAHost)
+{
+    Build("G M");
+    EXPECT_EQ(ApplyAt(0, 1), 0);
+    EXPECT_EQ(ApplyAt(on->KeyOf("R"), -1), 0);
+    EXPECT_EQ(ApplyEffectToLayerAtIndex(on->Id(), nullptr, 0, on->Layer(), 1), 0);
+    EXPECT_EQ(ApplyEffectToLayerAtIndex(on->Id(), nullptr, on->KeyOf("R"), on->Layer(), -1), 0);
+    EXPECT_EQ(on->Stack(), "G M");
+    EXPECT_THAT(on->host.CallTexts(), IsEmpty());
+}
+
+TEST_F(EffectPlacement, IndexBehindTheStackIsTheHostsErrorAndLeavesTheEffectAtTheEnd)
+{
+    Build("G M");
+    on->host.Expect("index-out-of-range", "AEGP_ReorderEffect", "the test asks for an index behind the end");
+    EXPECT_EQ(ApplyAt(on->KeyOf("R"), 2), 0);
+    EXPECT_EQ(on->Stack(), "G M new");
+    on->host.Effect("new").label = "R";
+    EXPECT_EQ(ApplyAt(on->KeyOf("R"), 4), 3);
+    EXPECT_EQ(on->Stack(), "G M R new");
+}
+
+TEST_F(EffectPlacement, KeyThatIsNotInstalledIsTheHostsErrorAndAddsNothing)
+{
+    Build("G M");
+    on->host.Expect("unknown-key", "AEGP_ApplyEffect", "the test asks for an effect that is not installed");
+    EXPECT_EQ(ApplyAt(4711, 1), 3);
+    EXPECT_EQ(on->Stack(), "G M");
+    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_ApplyEffect(id 7, layer 1, 4711) = 3"));
+}
+
+// From the panel to the layer.
+
+TEST_F(EffectPlacement, PanelsKeyIsPlacedAndAppliedWithSuitesOfEachStepsOwn)
+{
+    Build("R");
+    EXPECT_EQ(ApplyFromPanel(on->KeyOf("G")), 0);
+    EXPECT_EQ(on->Stack(), "new R");
+    EXPECT_THAT(
+        on->host.CallTexts(),
+        ElementsAre(
+            "Basic AcquireSuite(\"AEGP Layer Suite\", 5)", "Layer 5 AEGP_GetLayerID(layer 1) -> 1",
+            "Basic AcquireSuite(\"AEGP Effect Suite\", 1)", "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 1",
+            "Effect 1 AEGP_GetEffectMatchName(201) -> \"QVK VORTSRC Lamps\"",
+            "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect R",
+            "Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect R) -> 240",
+            "Effect 1 AEGP_GetEffectMatchName(240) -> \"QVK VORTREN Dots\"",
+            "Effect 1 AEGP_DisposeEffect(effect R)", "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)",
+            "Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
+            "Effect 1 AEGP_ApplyEffect(id 7, layer 1, 201) -> effect e2",
+            "Effect 1 AEGP_ReorderEffect(effect e2, 0)", "Effect 1 AEGP_DisposeEffect(effect e2)",
+            "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)", "Basic ReleaseSuite(\"AEGP Layer Suite\", 5)"));
+}
+
+TEST_F(EffectPlacement, WithoutALayerTheUserIsToldAndTheKeyIsDropped)
+{
+    Build("G M");
+    const int key = on->KeyOf("R");
+    EXPECT_EQ(on->InHook([&] { return ApplyEffectToLayerIdleFn(on->Id(), on->Basic(), key, nullptr); }), 0);
+    EXPECT_EQ(on->Stack(), "G M");
+    ASSERT_EQ(on->host.Alerts().size(), 1u);
+    EXPECT_EQ(on->host.Alerts()[0].pluginId, 7);
+    EXPECT_EQ(on->host.Alerts()[0].text, "No Active Layer Selected");
+    EXPECT_THAT(on->host.CallTexts(),
+                ElementsAre("Basic AcquireSuite(\"AEGP Utility Suite\", 3)",
+                            "Utility 3 AEGP_ReportInfo(id 7, \"No Active Layer Selected\")",
+                            "Basic ReleaseSuite(\"AEGP Utility Suite\", 3)"));
+}
+
+TEST_F(EffectPlacement, WithoutALayerEvenKeyZeroIsReported)
+{
+    Build("");
+    EXPECT_EQ(on->InHook([&] { return ApplyEffectToLayerIdleFn(on->Id(), on->Basic(), 0, nullptr); }), 0);
+    EXPECT_EQ(on->host.Alerts().size(), 1u);
+}
+
+TEST_F(EffectPlacement, KeyZeroFromThePanelAddsNothingAndShowsNothing)
+{
+    Build("G M");
+    EXPECT_EQ(ApplyFromPanel(0), 0);
+    EXPECT_EQ(on->Stack(), "G M");
+    EXPECT_THAT(on->host.Alerts(), IsEmpty());
+    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Layer 5 AEGP_GetLayerID(layer 1) -> 1"));
+}
+
+TEST_F(EffectPlacement, TwoNewRenderersEndUpInTheOrderChosenBehindTheOneThatIsThere)
+{
+    Build("G R M");
+    EXPECT_EQ(ApplyFromPanel(on->Key("QVK VORTREN Rays")), 0);
+    on->host.Effect("new").label = "Rays";
+    EXPECT_EQ(ApplyFromPanel(on->Key("QVK VORTREN Panes")), 0);
+    on->host.Effect("new").label = "Panes";
+    EXPECT_EQ(on->Stack(), "G R Rays Panes M");
+}
+
+TEST_F(EffectPlacement, LaterKeySeesTheEffectsJustAdded)
+{
+    Build("");
+    for (const char* label : {"M", "R", "E", "G", "K"})
+    {
+        EXPECT_EQ(ApplyFromPanel(on->KeyOf(label)), 0);
+        on->host.Effect("new").label = label;
+    }
+    EXPECT_EQ(on->Stack(), "K G E R M");
+}
+
+// Undo.
+
+TEST_F(EffectPlacement, AddingOpensNoUndoGroupAndIsTwoStepsOfTheHosts)
+{
+    Build("G M");
+    const ProjectState before = on->host.State();
+    EXPECT_EQ(ApplyFromPanel(on->KeyOf("R")), 0);
+    EXPECT_EQ(on->Stack(), "G new M");
+    EXPECT_THAT(on->host.UndoNames(), ElementsAre("Apply Effect", "Reorder Effect"));
+    EXPECT_TRUE(on->host.Undo());
+    EXPECT_EQ(on->Stack(), "G M e3");
+    EXPECT_TRUE(on->host.Undo());
+    EXPECT_EQ(on->host.State(), before);
+}
+
+TEST_F(EffectPlacement, HostThatConfusesTwinsInOneUndoGroupUndoesTheRightOne)
+{
+    HostOptions options;
+    options.twinUndo = TwinUndo::deletesOlderTwin;
+    Build("G R M", options);
+    const ProjectState before = on->host.State();
+    EXPECT_EQ(ApplyFromPanel(on->KeyOf("R")), 0);
+    EXPECT_EQ(on->Stack(), "G R new M");
+    EXPECT_TRUE(on->host.Undo());
+    EXPECT_EQ(on->Stack(), "G R M e4");
+    EXPECT_TRUE(on->host.Undo());
+    EXPECT_EQ(on->host.State(), before);
+}
+} // namespace standin

@@ -1,0 +1,393 @@
+// Each host call of a selection fails in turn: an error leaves the undo group of its effect open and nothing
+// else, and the effects behind it get their turn.
+
+#include "effects/EffectSelection.h"
+#include "standin/family/Liars.h"
+#include "standin/faults/Sweep.h"
+#include "tests/support/ChangeCalls.h"
+#include "tests/support/StackTest.h"
+#include "tests/support/TraceAudit.h"
+
+#include <algorithm>
+
+namespace standin
+{
+namespace
+{
+struct SelectedStack : StackScene
+{
+    SelectedStack(const std::string& labels, const std::string& selectedLabels, bool hide)
+        : StackScene(labels), selected(Tree(selectedLabels)), useHide(hide)
+    {
+    }
+
+    Items selected;
+    bool useHide;
+    HookResult result;
+    std::string output;
+
+    void Run()
+    {
+        output = OutputOf([this] { result = Select(useHide, true, selected); });
+    }
+};
+
+const char* const endUndo = "Utility 3 AEGP_EndUndoGroup";
+
+ChainSteps stepsOf(std::initializer_list<const char*> flagCalls)
+{
+    ChainSteps steps = {"Effect 1 AEGP_GetLayerEffectByIndex", "Stream 4 AEGP_GetNewEffectStreamByIndex",
+                        "DynamicStream 2 AEGP_GetNewParentStreamRef"};
+    steps.insert(steps.end(), flagCalls.begin(), flagCalls.end());
+    steps.push_back(endUndo);
+    return steps;
+}
+
+const char* const readFlags = "DynamicStream 2 AEGP_GetDynamicStreamFlags";
+const char* const setFlag2 = "DynamicStream 2 AEGP_SetDynamicStreamFlag";
+const char* const setFlag5 = "DynamicStream 5 AEGP_SetDynamicStreamFlag";
+
+const std::vector<ChainSteps> hideAndShow = {
+    stepsOf({readFlags, setFlag5, setFlag5}),
+    stepsOf({readFlags, setFlag2, setFlag2, setFlag2, setFlag2}),
+};
+const std::vector<ChainSteps> twirls = {stepsOf({setFlag2, setFlag2})};
+
+void checkSelection(SelectedStack& stack, const SweptFault& fault)
+{
+    SCOPED_TRACE(fault.Text());
+    const TraceAudit audit =
+        AuditTrace(stack.host.Trace().Records(), "", stack.useHide ? hideAndShow : twirls);
+    EXPECT_EQ(audit.violation, "") << stack.CallsWithSuites();
+    EXPECT_EQ(stack.result.thrownNumber, audit.suiteMissing ? std::optional<int>(516) : std::nullopt);
+    EXPECT_EQ(stack.host.LiveReferences(), 0);
+
+    std::vector<std::string> found = stack.Found();
+    // The match name is asked for whatever became of the calls before, so a null reference and key 0 pass.
+    const auto isKept = [](const std::string& finding)
+    {
+        return finding == "null-reference AEGP_GetInstalledKeyFromLayerEffect" ||
+               finding == "unknown-key AEGP_GetEffectMatchName";
+    };
+    found.erase(std::remove_if(found.begin(), found.end(), isKept), found.end());
+    std::vector<std::string> expected = audit.referenceFindings;
+    if (audit.suiteMissing)
+        expected.push_back("exception-left-hook ");
+    if (audit.leftOpen > 0)
+        expected.push_back("undo-group-left-open AEGP_StartUndoGroup");
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(found, expected) << stack.CallsWithSuites();
+
+    const std::vector<std::string> calls = stack.host.CallTexts();
+    const auto isStart = [](const std::string& call)
+    { return call.find("AEGP_StartUndoGroup") != std::string::npos; };
+    const auto firstStart = std::find_if(calls.begin(), calls.end(), isStart) - calls.begin();
+    const bool isInSweep = fault.ordinal == 0 || static_cast<std::ptrdiff_t>(fault.ordinal) > firstStart;
+    if (isInSweep && !audit.suiteMissing)
+    {
+        EXPECT_EQ(std::count_if(calls.begin(), calls.end(), isStart), 3)
+            << "an error in one effect stops no other: B, A and the main effect";
+    }
+}
+
+std::size_t sweep(bool useHide)
+{
+    return SweepFaults([=] { return std::make_unique<SelectedStack>("A Z K M B", "A", useHide); },
+                       [](SelectedStack& stack) { stack.Run(); }, checkSelection);
+}
+
+/// The part of the trace from the start of the first undo group on.
+std::string sweepOf(StackScene& stack)
+{
+    const std::string calls = stack.Calls();
+    const std::size_t start = calls.find("Utility 3 AEGP_StartUndoGroup");
+    return start == std::string::npos ? "" : calls.substr(start);
+}
+
+const char* const takeA = "Utility 3 AEGP_StartUndoGroup(\"\")\n"
+                          "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A\n";
+} // namespace
+
+TEST(EffectSelectionFaults, EveryCallOfHidingAndShowingFailsInTurn) { EXPECT_GT(sweep(true), 130U); }
+
+TEST(EffectSelectionFaults, EveryCallOfTwirlingFailsInTurn) { EXPECT_GT(sweep(false), 130U); }
+
+TEST(EffectSelectionFaults, AnErrorInOneEffectLeavesItsGroupOpenAndTheNextGetTheirTurn)
+{
+    struct Row
+    {
+        const char* function;
+        std::size_t nth;
+        const char* calls;
+    };
+    // The reading of the two effects takes each effect and its streams before; so the third call of a
+    // function that both need is the first of the sweep.
+    const std::vector<Row> rows = {
+        {"AEGP_GetNewEffectStreamByIndex", 3,
+         "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) = 1\n"
+         "Effect 1 AEGP_DisposeEffect(effect A)\n"},
+        {"AEGP_GetNewParentStreamRef", 3,
+         "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n"
+         "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) = 1\n"
+         "Stream 7 AEGP_DisposeStream(stream A.1)\n"
+         "Effect 1 AEGP_DisposeEffect(effect A)\n"},
+        {"AEGP_GetDynamicStreamFlags", 1,
+         "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n"
+         "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A\n"
+         "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) = 1\n"
+         "Stream 7 AEGP_DisposeStream(stream A.1)\n"
+         "Stream 7 AEGP_DisposeStream(stream A)\n"
+         "Effect 1 AEGP_DisposeEffect(effect A)\n"},
+        {"AEGP_SetDynamicStreamFlag", 2,
+         "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n"
+         "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A\n"
+         "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) -> 0\n"
+         "DynamicStream 5 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 0)\n"
+         "DynamicStream 5 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 1) = 1\n"
+         "Stream 7 AEGP_DisposeStream(stream A.1)\n"
+         "Stream 7 AEGP_DisposeStream(stream A)\n"
+         "Effect 1 AEGP_DisposeEffect(effect A)\n"},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.function);
+        StackScene stack("A B");
+        const std::string showB = ShowCalls(stack, "B", 1);
+        stack.host.Faults().FailFunction(row.function, row.nth);
+
+        (void)stack.Select(true, false, stack.Tree("B"));
+
+        EXPECT_EQ(sweepOf(stack), takeA + std::string(row.calls) + showB);
+        EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
+        EXPECT_EQ(stack.Found(), std::vector<std::string>{"undo-group-left-open AEGP_StartUndoGroup"});
+    }
+}
+
+TEST(EffectSelectionFaults, AShowThatBreaksOffLeavesTheFirstParameterHidden)
+{
+    StackScene stack("A");
+    stack.host.Faults().FailFunction("AEGP_SetDynamicStreamFlag", 3);
+
+    (void)stack.Select(true, false, stack.Tree("A"));
+
+    EXPECT_EQ(stack.Report(), "A: A, group 0, on, hides 1\n");
+    EXPECT_EQ(stack.Found(), std::vector<std::string>{"undo-group-left-open AEGP_StartUndoGroup"});
+}
+
+TEST(EffectSelectionFaults, AGroupThatCannotBeOpenedTouchesNothing)
+{
+    StackScene stack("A B");
+    const std::string hideB = HideCalls(stack, "B", 1);
+    stack.host.Faults().FailFunction("AEGP_StartUndoGroup");
+
+    (void)stack.Select(true, false, {});
+
+    EXPECT_EQ(sweepOf(stack), "Utility 3 AEGP_StartUndoGroup(\"\") = 1\n" + hideB);
+    EXPECT_EQ(stack.host.FindingsReport(), "");
+}
+
+TEST(EffectSelectionFaults, ACountThatCannotBeReadShowsTheSelectedAndHidesNobody)
+{
+    // The count is read once for the items, once in each of the four messages, and then here.
+    StackScene stack("A B");
+    const std::string showB = ShowCalls(stack, "B", 1);
+    stack.host.Faults().FailFunction("AEGP_GetLayerNumEffects", 6);
+
+    (void)stack.Select(true, false, stack.Tree("B"));
+
+    EXPECT_EQ(stack.Calls(), ReadLayer(stack, "A B") +
+                                 "Effect 1 AEGP_GetLayerNumEffects(layer 1) = 1\n"
+                                 "Layer 5 AEGP_GetLayerParentComp(layer 1) -> comp 101\n" +
+                                 showB);
+    EXPECT_EQ(stack.host.FindingsReport(), "");
+}
+
+TEST(EffectSelectionFaults, TheParentCompositionIsAskedForAndNotNeeded)
+{
+    StackScene stack("A");
+    const std::string hideA = HideCalls(stack, "A", 0);
+    stack.host.Faults().FailFunction("AEGP_GetLayerParentComp");
+
+    (void)stack.Select(true, false, {});
+
+    EXPECT_EQ(sweepOf(stack), hideA);
+    EXPECT_EQ(stack.host.FindingsReport(), "");
+}
+
+TEST(EffectSelectionFaults, AMainEffectWhoseMatchNameCannotBeReadGoesOutOfSight)
+{
+    struct Row
+    {
+        const char* function;
+        std::size_t nth;
+        std::vector<std::string> found;
+    };
+    const std::vector<Row> rows = {
+        {"AEGP_GetLayerEffectByIndex",
+         4,
+         {"null-reference AEGP_GetInstalledKeyFromLayerEffect", "unknown-key AEGP_GetEffectMatchName"}},
+        {"AEGP_GetInstalledKeyFromLayerEffect", 2, {"unknown-key AEGP_GetEffectMatchName"}},
+        {"AEGP_GetEffectMatchName", 2, {}},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.function);
+        SelectedStack stack("M", "", true);
+        const std::string hideM = HideCalls(stack, "M", 0);
+        stack.host.Faults().FailFunction(row.function, row.nth);
+
+        stack.Run();
+
+        EXPECT_EQ(sweepOf(stack), hideM);
+        EXPECT_EQ(stack.output, "") << "no main effect is known";
+        EXPECT_EQ(stack.Found(), row.found);
+    }
+}
+
+TEST(EffectSelectionFaults, AMatchNameWithoutAnEndIsNoneOfThePanels)
+{
+    StackScene stack("A");
+    InstalledEffect endless = *stack.host.FindInstalled("QVK VORTSRC Routes");
+    endless.key = 0;
+    endless.matchName = "QVK VORTKIT";
+    endless.matchNameEnding = InstalledEffect::MatchNameEnding::notTerminated;
+    stack.host.Effect("A").key = stack.host.Install(endless);
+
+    (void)stack.Select(true, false, {});
+
+    EXPECT_EQ(stack.Report(), "A: A, group 0, on, hidden\n");
+    EXPECT_EQ(stack.host.FindingsReport(), "");
+}
+
+namespace
+{
+struct MissingSuite
+{
+    const char* name;
+    A_long version;
+    bool leavesSweep; ///< Missing before the sweep, it stops the operation there.
+    std::vector<std::string> found;
+};
+
+const char* const left = "exception-left-hook ";
+const char* const open = "undo-group-left-open AEGP_StartUndoGroup";
+
+class EffectSelectionMissingSuite : public ::testing::TestWithParam<Withheld>
+{
+};
+} // namespace
+
+TEST_P(EffectSelectionMissingSuite, WithheldFromTheStartIsThrown)
+{
+    const std::vector<MissingSuite> all = {
+        {"AEGP Effect Suite", 1, true, {left}},
+        {"AEGP Effect Suite", 3, true, {left, "leaked-reference AEGP_GetLayerEffectByIndex"}},
+        {"AEGP Layer Suite", 5, true, {left}},
+        {"AEGP Stream Suite", 4, true, {left}},
+        {"AEGP Dynamic Stream Suite", 2, true, {left}},
+        {"AEGP Stream Suite",
+         7,
+         true,
+         {"dispose-order AEGP_DisposeEffect", left, "leaked-reference AEGP_GetNewEffectStreamByIndex",
+          "leaked-reference AEGP_GetNewParentStreamRef"}},
+        {"AEGP Utility Suite", 3, true, {left}},
+        {"AEGP Dynamic Stream Suite", 5, false, {left, open}},
+    };
+    for (const MissingSuite& missing : all)
+    {
+        SCOPED_TRACE(std::string(missing.name) + " " + std::to_string(missing.version));
+        SelectedStack stack("A B", "B", true);
+        stack.host.Faults().Withhold(missing.name, missing.version, GetParam());
+
+        stack.Run();
+
+        EXPECT_EQ(stack.result.thrownNumber, 516);
+        EXPECT_EQ(stack.Found(), missing.found) << stack.CallsWithSuites();
+        EXPECT_EQ(sweepOf(stack).empty(), missing.leavesSweep);
+        EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EachRefusal, EffectSelectionMissingSuite,
+                         ::testing::Values(Withheld::asError, Withheld::asNullTable,
+                                           Withheld::asPoisonedPointer));
+
+TEST(EffectSelectionFaults, TheNewerTableOfDynamicStreamsIsNotAskedForByAShowOrATwirl)
+{
+    for (const bool useHide : {true, false})
+    {
+        SelectedStack stack(useHide ? "A" : "A B", "A", useHide);
+        stack.host.Faults().Withhold("AEGP Dynamic Stream Suite", 5);
+
+        stack.Run();
+
+        EXPECT_EQ(stack.result.thrown, "");
+        EXPECT_EQ(stack.host.FindingsReport(), "");
+    }
+}
+
+TEST(EffectSelectionFaults, ASuiteThatGoesAwayAfterTheReadingStopsTheSweepWhereItIsFirstNeeded)
+{
+    struct Row
+    {
+        const char* suite;
+        std::size_t acquire; ///< The reading makes six, and the sweep two before its first effect.
+        std::string calls;
+        std::vector<std::string> found;
+    };
+    const std::string param = "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n";
+    const std::string groupAndFlags =
+        "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A\n"
+        "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) -> 0\n";
+    const std::string hideAndEnd = "DynamicStream 5 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 0)\n"
+                                   "DynamicStream 5 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 1)\n"
+                                   "Utility 3 AEGP_EndUndoGroup()\n";
+    const std::string disposeEffect = "Effect 1 AEGP_DisposeEffect(effect A)\n";
+    const std::string order = "dispose-order AEGP_DisposeEffect";
+    const std::string leakedParam = "leaked-reference AEGP_GetNewEffectStreamByIndex";
+    const std::string leakedGroup = "leaked-reference AEGP_GetNewParentStreamRef";
+    const std::vector<Row> rows = {
+        {"Utility 3", 9, "", {left}},
+        {"Stream 4", 10, takeA + disposeEffect, {left, open}},
+        {"Dynamic Stream 2", 11, takeA + param + disposeEffect, {order, left, leakedParam, open}},
+        {"Dynamic Stream 5",
+         12,
+         takeA + param + groupAndFlags + disposeEffect,
+         {order, left, leakedParam, leakedGroup, open}},
+        {"Stream 7",
+         13,
+         takeA + param + groupAndFlags + hideAndEnd + disposeEffect,
+         {order, left, leakedParam, leakedGroup}},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.suite);
+        StackScene stack("A");
+        stack.host.Faults().FailFunction("AcquireSuite", row.acquire, FaultLength::functionForGood);
+
+        EXPECT_EQ(stack.Select(true, false, {}).thrownNumber, 516);
+
+        EXPECT_EQ(sweepOf(stack), row.calls);
+        EXPECT_EQ(stack.Found(), row.found);
+    }
+}
+
+TEST(EffectSelectionFaults, AHideThatMissesItsTableGivesBackEverythingInTheFixedOrder)
+{
+    StackScene stack("A");
+    stack.host.Faults().Withhold("AEGP Dynamic Stream Suite", 5);
+
+    EXPECT_EQ(stack.Select(true, false, {}).thrownNumber, 516);
+
+    EXPECT_EQ(sweepOf(stack),
+              takeA + std::string("Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> "
+                                  "stream A.1\n"
+                                  "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> "
+                                  "stream A\n"
+                                  "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) -> 0\n"
+                                  "Stream 7 AEGP_DisposeStream(stream A.1)\n"
+                                  "Stream 7 AEGP_DisposeStream(stream A)\n"
+                                  "Effect 1 AEGP_DisposeEffect(effect A)\n"));
+    EXPECT_EQ(stack.Found(), (std::vector<std::string>{left, open}));
+}
+} // namespace standin

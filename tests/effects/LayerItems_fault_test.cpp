@@ -1,0 +1,335 @@
+// Reading a layer while host calls fail, each in turn.
+
+#include "effects/LayerItems.h"
+
+#include "standin/faults/Sweep.h"
+#include "tests/effects/ReadFixture.h"
+#include "tests/support/FindingIds.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+
+using namespace standin;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAreArray;
+
+namespace
+{
+constexpr const char* uuidA = "01010101-0101-0101-0101-010100000001";
+constexpr const char* uuidB = "02020202-0202-0202-0202-020200000002";
+constexpr const char* uuidC = "03030303-0303-0303-0303-030300000003";
+constexpr const char* uuidD = "04040404-0404-0404-0404-040400000004";
+
+/// Five effects, no two alike in any field that a read can tell.
+struct FaultyRead : ProductHost
+{
+    FaultyRead()
+    {
+        Add("QVK VORTSRC Lamps", "A");
+        Add("QVK VORTSRC Routes", "B");
+        Add("ADBE Fill", "F");
+        Add("QVK VORTEFF Jitter", "C");
+        Add("QVK VORTREN Dots", "D");
+        host.Effect("A").family.group = 1;
+        host.Effect("B").family.group = 2;
+        host.Effect("B").customName = "My routes";
+        host.Effect("C").flags = 0;
+        host.Effect("D").family.rigidity = Rigidity::rigid;
+    }
+
+    ReadOutcome outcome;
+};
+
+const std::vector<ObjectItem> soundItems = {
+    {uuidA, "Vortan Sheets Object", 1, 1, "QVK VORTSRC Lamps"},
+    {uuidB, "My routes", 2, 1, "QVK VORTSRC Routes"},
+    {zeroUuid, "Fill", -1, 1, "ADBE Fill"},
+    {uuidC, "Vortan Jitter Effector", 0, 0, "QVK VORTEFF Jitter"},
+    {uuidD, "Vortan Dots Renderer", -1, 1, "QVK VORTREN Dots"},
+};
+
+bool startsWith(const std::string& text, const std::string& start) { return text.rfind(start, 0) == 0; }
+
+bool isSuiteTraffic(const std::string& call) { return startsWith(call, "Basic "); }
+
+std::string functionOf(const std::string& call) { return call.substr(0, call.find('(')); }
+
+/// Which calls of a clean read fail: those at the places, counted from 0 without suite traffic, for which
+/// it says so.
+class FailingPlaces
+{
+public:
+    FailingPlaces(const Calls& clean, const SweptFault& fault)
+    {
+        for (std::size_t i = 0; i < clean.size(); ++i)
+        {
+            const bool isIt = i + 1 == fault.ordinal;
+            const bool isLater = fault.ordinal != 0 && i + 1 > fault.ordinal;
+            const bool sameFunction = functionOf(clean[i]) == functionOf(fault.call);
+            const bool lasts = fault.length == FaultLength::everythingForGood ||
+                               (fault.length == FaultLength::functionForGood && sameFunction);
+            if (!isSuiteTraffic(clean[i]))
+                fails.push_back(isIt || (isLater && lasts));
+        }
+    }
+
+    bool Any(std::size_t first, std::size_t count) const
+    {
+        const auto start = fails.begin() + static_cast<std::ptrdiff_t>(first);
+        return std::count(start, start + static_cast<std::ptrdiff_t>(count), true) != 0;
+    }
+
+private:
+    std::vector<bool> fails;
+};
+
+// What a read is made of: the count; for each effect a question for its group and one for its identity,
+// six calls each with a disposal at the end; for each effect ten host calls with three disposals at the end.
+constexpr std::size_t messageCalls = 6;
+constexpr std::size_t messageCallsThatMatter = 5;
+constexpr std::size_t hostCalls = 10;
+constexpr std::size_t hostCallsThatMatter = 7;
+constexpr std::size_t matchNameCall = 2;
+constexpr std::size_t streamNameCall = 6;
+
+/// The list that a read has to give if these calls fail and no suite is missing.
+std::vector<ObjectItem> demandedItems(const FailingPlaces& failing)
+{
+    if (failing.Any(0, 1))
+        return {};
+    const std::size_t count = soundItems.size();
+    const std::size_t identities = 1 + messageCalls * count;
+    const std::size_t host = identities + messageCalls * count;
+    std::vector<ObjectItem> items = soundItems;
+    std::string name;
+    std::string tag;
+    bool stuck = false;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        if (failing.Any(1 + i * messageCalls, messageCallsThatMatter))
+            items[i].group = -1;
+        if (failing.Any(identities + i * messageCalls, messageCallsThatMatter))
+            items[i].uuid = zeroUuid;
+        const std::size_t first = host + i * hostCalls;
+        const bool flagsAreRead = !stuck && !failing.Any(first, streamNameCall);
+        if (!stuck && !failing.Any(first, matchNameCall + 1))
+            tag = soundItems[i].tag;
+        stuck = stuck || failing.Any(first, hostCallsThatMatter);
+        if (!stuck)
+            name = soundItems[i].name;
+        items[i].name = name;
+        items[i].tag = tag;
+        items[i].active = flagsAreRead ? soundItems[i].active : 0;
+    }
+    return items;
+}
+
+bool hasFailed(const Calls& calls, const std::string& start)
+{
+    return std::any_of(calls.begin(), calls.end(),
+                       [&](const std::string& call)
+                       { return startsWith(call, start) && call.find(") = ") != std::string::npos; });
+}
+
+/// Every suite that was handed out is given back, as often as it was handed out.
+void expectBalancedSuites(const Calls& calls)
+{
+    Calls acquired;
+    Calls released;
+    for (const std::string& call : calls)
+    {
+        const std::string suite = call.substr(call.find('('), call.find(')') - call.find('('));
+        if (startsWith(call, "Basic AcquireSuite") && call.back() == ')')
+            acquired.push_back(suite);
+        if (startsWith(call, "Basic ReleaseSuite"))
+            released.push_back(suite);
+    }
+    EXPECT_THAT(released, UnorderedElementsAreArray(acquired));
+}
+
+class LayerItemsFaults : public ::testing::Test
+{
+protected:
+    static std::unique_ptr<FaultyRead> Make() { return std::make_unique<FaultyRead>(); }
+    static void Run(FaultyRead& scenario) { scenario.outcome = Read(scenario); }
+
+    void Check(FaultyRead& scenario, const SweptFault& fault)
+    {
+        SCOPED_TRACE(fault.Text());
+        const Calls calls = scenario.host.CallTexts();
+        if (fault.ordinal == 0)
+            clean = calls;
+        scenario.host.CheckSuiteBalance();
+        expectBalancedSuites(calls);
+        EXPECT_EQ(scenario.host.StackText(scenario.layerId), "A B F C D");
+        EXPECT_THAT(scenario.host.UndoNames(), IsEmpty());
+        if (hasFailed(calls, "Basic AcquireSuite"))
+            CheckMissingSuite(scenario, fault, calls);
+        else
+            CheckList(scenario, fault);
+    }
+
+    void CheckList(FaultyRead& scenario, const SweptFault& fault)
+    {
+        ++lists;
+        EXPECT_EQ(scenario.outcome.result.thrown, "");
+        EXPECT_EQ(scenario.outcome.Lines(), LinesOf(demandedItems(FailingPlaces(clean, fault))));
+        EXPECT_THAT(TakeFindingIds(scenario.host), IsEmpty());
+    }
+
+    /// The read is left by 516. A reference may stay behind only where its disposing suite is not to be
+    /// had, neither at once nor on the way out.
+    void CheckMissingSuite(FaultyRead& scenario, const SweptFault& fault, const Calls& calls)
+    {
+        ++missingSuites;
+        EXPECT_EQ(scenario.outcome.result.thrownNumber, 516);
+        EXPECT_THAT(scenario.outcome.items, IsEmpty());
+        std::vector<std::string> ids;
+        const auto made = [&](const char* call)
+        { return std::find(calls.begin(), calls.end(), call) != calls.end(); };
+        const bool isGone = fault.length != FaultLength::once;
+        const bool noEffects = isGone && hasFailed(calls, "Basic AcquireSuite(\"AEGP Effect Suite\", 3");
+        const bool noStreams = isGone && hasFailed(calls, "Basic AcquireSuite(\"AEGP Stream Suite\", 7");
+        if (noStreams && made("Effect 1 AEGP_DisposeEffect(effect A)"))
+            ids.push_back("dispose-order");
+        ids.push_back("exception-left-hook");
+        if (noEffects)
+            ids.push_back("leaked-reference");
+        if (noStreams)
+            ids.push_back("leaked-reference");
+        if (noStreams && made("DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A"))
+            ids.push_back("leaked-reference");
+        EXPECT_EQ(TakeFindingIds(scenario.host), ids);
+    }
+
+    Calls clean;
+    int lists = 0;
+    int missingSuites = 0;
+};
+} // namespace
+
+TEST_F(LayerItemsFaults, FailingOneCallGivesTheListThatItsPlaceDemands)
+{
+    const std::size_t swept = SweepFaults(
+        Make, Run, [this](FaultyRead& scenario, const SweptFault& fault) { Check(scenario, fault); },
+        {FaultLength::once});
+    EXPECT_EQ(swept, 1u + 5u * 22u + 6u + 6u);
+    EXPECT_EQ(lists, 1 + 1 + 5 * 22 + 6) << "the clean run, every call, every release";
+    EXPECT_EQ(missingSuites, 6) << "every acquire";
+}
+
+TEST_F(LayerItemsFaults, FailingAFunctionForGoodGivesTheListThatItsFirstPlaceDemands)
+{
+    const std::size_t swept = SweepFaults(
+        Make, Run, [this](FaultyRead& scenario, const SweptFault& fault) { Check(scenario, fault); },
+        {FaultLength::functionForGood});
+    EXPECT_EQ(swept, 1u + 5u * 22u + 6u + 6u);
+    EXPECT_EQ(missingSuites, 6);
+}
+
+TEST_F(LayerItemsFaults, FailingEverythingFromACallOnGivesTheListThatThePlaceDemands)
+{
+    const std::size_t swept = SweepFaults(
+        Make, Run, [this](FaultyRead& scenario, const SweptFault& fault) { Check(scenario, fault); },
+        {FaultLength::everythingForGood});
+    EXPECT_EQ(swept, 1u + 5u * 22u + 6u + 6u);
+    EXPECT_GT(missingSuites, 6) << "a reference is held and its disposing suite is not there yet";
+    EXPECT_GT(lists, 90);
+}
+
+TEST(LayerItems, WithoutOneOfTheirSuitesLeaveAsTheInteger516)
+{
+    struct Row
+    {
+        const char* suite;
+        int version;
+        std::vector<std::string> findings;
+    };
+    const std::vector<Row> rows = {
+        {"AEGP Effect Suite", 1, {"exception-left-hook"}},
+        {"AEGP Layer Suite", 5, {"exception-left-hook"}},
+        {"AEGP Effect Suite", 3, {"exception-left-hook", "leaked-reference"}},
+        {"AEGP Stream Suite", 4, {"exception-left-hook"}},
+        {"AEGP Dynamic Stream Suite", 2, {"exception-left-hook"}},
+        {"AEGP Stream Suite",
+         7,
+         {"dispose-order", "exception-left-hook", "leaked-reference", "leaked-reference"}},
+    };
+    for (const Withheld how : {Withheld::asError, Withheld::asNullTable, Withheld::asPoisonedPointer})
+    {
+        for (const Row& row : rows)
+        {
+            SCOPED_TRACE(std::string(row.suite) + " " + std::to_string(row.version));
+            FaultyRead scenario;
+            scenario.host.Faults().Withhold(row.suite, row.version, how);
+            scenario.outcome = Read(scenario);
+            EXPECT_EQ(scenario.outcome.result.thrownNumber, 516);
+            EXPECT_THAT(scenario.outcome.items, IsEmpty());
+            scenario.host.CheckSuiteBalance();
+            EXPECT_EQ(TakeFindingIds(scenario.host), row.findings);
+        }
+    }
+}
+
+TEST(LayerItems, WithoutTheSuiteOfTheParentStreamGiveBackWhatTheyHold)
+{
+    FaultyRead scenario;
+    scenario.host.Faults().Withhold("AEGP Dynamic Stream Suite", 2);
+    (void)Read(scenario);
+    const Calls calls = scenario.host.CallTexts();
+    EXPECT_THAT(
+        Calls(calls.end() - 10, calls.end()),
+        ElementsAre(
+            "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1",
+            "Basic AcquireSuite(\"AEGP Dynamic Stream Suite\", 2) = 1394689636",
+            "Basic AcquireSuite(\"AEGP Stream Suite\", 7)", "Stream 7 AEGP_DisposeStream(stream A.1)",
+            "Effect 1 AEGP_DisposeEffect(effect A)", "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)",
+            "Basic ReleaseSuite(\"AEGP Effect Suite\", 3)", "Basic ReleaseSuite(\"AEGP Layer Suite\", 5)",
+            "Basic ReleaseSuite(\"AEGP Stream Suite\", 4)", "Basic ReleaseSuite(\"AEGP Stream Suite\", 7)"));
+}
+
+// The same by hand, for a reader.
+
+TEST(LayerItems, BelowTheThirdEffectRepeatTheTextsOfTheSecondIfItCannotBeHad)
+{
+    FaultyRead scenario;
+    // Each effect is had three times: for its group, for its identity, and for the host read.
+    scenario.host.Faults().FailFunction("AEGP_GetLayerEffectByIndex", 5 + 5 + 3);
+    EXPECT_THAT(
+        Read(scenario).Lines(),
+        ElementsAre(std::string(uuidA) + " Vortan Sheets Object group 1 active 1 tag QVK VORTSRC Lamps",
+                    std::string(uuidB) + " My routes group 2 active 1 tag QVK VORTSRC Routes",
+                    std::string(zeroUuid) + " My routes group -1 active 0 tag QVK VORTSRC Routes",
+                    std::string(uuidC) + " My routes group 0 active 0 tag QVK VORTSRC Routes",
+                    std::string(uuidD) + " My routes group -1 active 0 tag QVK VORTSRC Routes"));
+    EXPECT_EQ(scenario.host.CallTexts(SuiteTraffic::leftOut).back(),
+              "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) = 1");
+    EXPECT_EQ(scenario.host.FindingsReport(), "");
+}
+
+TEST(LayerItems, HaveNoTextsIfTheFirstEffectCannotBeHad)
+{
+    FaultyRead scenario;
+    scenario.host.Faults().FailFunction("AEGP_GetLayerEffectByIndex", 5 + 5 + 1);
+    EXPECT_THAT(Read(scenario).Lines(), ElementsAre(std::string(uuidA) + "  group 1 active 0 tag ",
+                                                    std::string(uuidB) + "  group 2 active 0 tag ",
+                                                    std::string(zeroUuid) + "  group -1 active 0 tag ",
+                                                    std::string(uuidC) + "  group 0 active 0 tag ",
+                                                    std::string(uuidD) + "  group -1 active 0 tag "));
+    EXPECT_EQ(scenario.host.FindingsReport(), "");
+}
+
+TEST(LayerItems, OfAStackThatCannotBeCountedAreNoneAndNoMessageIsSent)
+{
+    FaultyRead scenario;
+    scenario.host.Faults().FailFunction("AEGP_GetLayerNumEffects");
+    EXPECT_THAT(Read(scenario).items, IsEmpty());
+    EXPECT_THAT(scenario.host.CallTexts(), ElementsAre("Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
+                                                       "Effect 1 AEGP_GetLayerNumEffects(layer 1) = 1",
+                                                       "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
+    EXPECT_EQ(scenario.host.FindingsReport(), "");
+}

@@ -1,0 +1,32 @@
+#include "tree/CustomTextEditor.h"
+
+#include "tree/NameText.h"
+
+CustomTextEditor::CustomTextEditor(ClickFocus& sharedClickFocus) : clickFocus(sharedClickFocus) {}
+
+CustomTextEditor::~CustomTextEditor() = default;
+
+void CustomTextEditor::returnPressed()
+{
+    setVisible(false);
+    onRename(BytesFromText(getText()));
+    onRename = nullptr;
+}
+
+void CustomTextEditor::escapePressed()
+{
+    setVisible(false);
+    onRename = nullptr;
+}
+
+void CustomTextEditor::focusGained(FocusChangeType cause)
+{
+    juce::TextEditor::focusGained(cause);
+    clickFocus.gained(*this, cause);
+}
+
+void CustomTextEditor::focusLost(FocusChangeType cause)
+{
+    juce::TextEditor::focusLost(cause);
+    clickFocus.lost(*this);
+}

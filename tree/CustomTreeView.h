@@ -1,0 +1,62 @@
+#pragma once
+// The tree view of the panel with its keyboard commands: delete, select all, rename, and the refusal of
+// cut, copy and paste. It changes the document or fills a list, and never touches the layer.
+
+#include "tree/CustomTextEditor.h"
+#include "tree/RetiredRows.h"
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class CustomTreeView : public juce::TreeView, private juce::ComponentListener
+{
+public:
+    CustomTreeView();
+    ~CustomTreeView() override;
+
+    /// The tree's own area, outside the rows.
+    void mouseDown(const juce::MouseEvent&) override;
+
+    /// True for the panel's own keys only. What the base class makes of any other key stays hidden from
+    /// the caller: false also for an arrow key that moved the selection.
+    bool keyPressed(const juce::KeyPress&) override;
+
+    void resized() override;
+    void focusGained(FocusChangeType) override;
+    void focusLost(FocusChangeType) override;
+
+    void deleteSelectedItems();
+
+    /// Selects every row below the given one, not that row itself. Null does nothing.
+    void selectAllItems(juce::TreeViewItem* row);
+
+    /// Opens the editor over the one selected row, if that is an object of the family.
+    void renameItem();
+
+    /// Takes the root row away and deletes it with all rows below, as soon as that is safe.
+    void discardRootItem();
+
+    /// Lays all rows out at once, and brings the given point of them to the view's top left. Otherwise
+    /// JUCE lays out with the next message, and row positions are stale until then.
+    void layOutNow(juce::Point<int> viewPosition);
+
+    const RetiredRows& getRetiredRows() const { return retiredRows; }
+
+private:
+    ClickFocus clickFocus;
+
+public:
+    std::unique_ptr<CustomTextEditor> renameEditor;
+    std::vector<std::string> effectsToBeRemoved; ///< uuids, waiting for the next idle pass
+
+private:
+    void componentMovedOrResized(juce::Component&, bool wasMoved, bool wasResized) override;
+    void forgetHoveredBox();
+    bool keyNotOurs(const juce::KeyPress&);
+    void deleteNode(juce::ValueTree node);
+
+    RetiredRows retiredRows;
+};

@@ -1,0 +1,100 @@
+// What a click on a toolbar button does: a new group, or the choice of an effect to add.
+
+#include "tree/NameText.h"
+#include "tree/ValueTreeItem.h"
+#include "tree/ValueTreesDemo.h"
+
+namespace
+{
+constexpr int groupButtonId = 4;
+
+/// 0 for a button that adds no object.
+int objectTypeOfButton(int radioGroupId)
+{
+    switch (radioGroupId)
+    {
+    case 1:
+        return VN_OBJECT_GEOMETRY;
+    case 2:
+        return VN_OBJECT_EFFECTOR;
+    case 3:
+        return VN_OBJECT_RENDERER;
+    case 5:
+        return VN_OBJECT_VORTAN;
+    default:
+        return 0;
+    }
+}
+} // namespace
+
+void ValueTreesDemo::buttonClicked(juce::Button* button)
+{
+    const int id = button->getRadioGroupId();
+    if (id == groupButtonId)
+        return AddNewGroup(dynamic_cast<ValueTreeItem*>(treeView.getRootItem()));
+    const int type = objectTypeOfButton(id);
+    if (type == 0)
+        return;
+
+    juce::PopupMenu menu;
+    std::vector<int> keys;
+    for (const ObjectEntry& entry : objectEntries)
+    {
+        if (entry.type != type)
+            continue;
+        menu.addItem(static_cast<int>(keys.size()) + 1, ShownText(TextFromBytes(entry.name)), true, false);
+        keys.push_back(entry.key);
+    }
+    if (keys.empty())
+        return;
+    if (keys.size() == 1)
+        return addKey(keys.front());
+    showMenu(std::move(menu), *button, std::move(keys));
+}
+
+#if JUCE_MAC
+void ValueTreesDemo::showMenu(juce::PopupMenu menu, juce::Button& button, std::vector<int> keys)
+{
+    const juce::Component::SafePointer<ValueTreesDemo> panel(this);
+    ++openMenus;
+    const int result = menu.showAt(&button);
+    if (panel == nullptr)
+        return;
+    --openMenus;
+    takeChoice(keys, result);
+}
+#else
+// A menu that waits for its end here would stop the host, which shares the thread; so this one calls back.
+void ValueTreesDemo::showMenu(juce::PopupMenu menu, juce::Button& button, std::vector<int> keys)
+{
+    const juce::Component::SafePointer<ValueTreesDemo> panel(this);
+    const juce::Component::SafePointer<juce::Component> focused(
+        hasKeyboardFocus(true) ? getCurrentlyFocusedComponent() : nullptr);
+    // JUCE fetches the keyboard back for whatever has the focus when a menu closes, also from a host that
+    // the user has turned to. With the focus put aside it leaves that to the lines below.
+    giveAwayKeyboardFocus();
+    ++openMenus;
+    menu.showMenuAsync(juce::PopupMenu::Options().withTargetComponent(button),
+                       [panel, focused, keys = std::move(keys)](int result)
+                       {
+                           if (panel == nullptr)
+                               return;
+                           --panel->openMenus;
+                           panel->takeChoice(keys, result);
+                           if (focused != nullptr && focused->isShowing() && !IsKeyboardElsewhere())
+                               focused->grabKeyboardFocus();
+                       });
+}
+#endif
+
+void ValueTreesDemo::takeChoice(const std::vector<int>& keys, int result)
+{
+    if (result > 0)
+        addKey(keys.at(static_cast<std::size_t>(result) - 1));
+}
+
+void ValueTreesDemo::addKey(int key)
+{
+    if (key != 0)
+        keysToBeAdded.push_back(key);
+}
