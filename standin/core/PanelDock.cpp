@@ -1,0 +1,35 @@
+#include "standin/core/PanelDock.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace standin
+{
+const Panel* PanelDock::Find(const std::string& matchName) const
+{
+    const auto found = std::find_if(panels.begin(), panels.end(),
+                                    [&](const Panel& panel) { return panel.matchName == matchName; });
+    return found == panels.end() ? nullptr : &*found;
+}
+
+Panel* PanelDock::Find(const std::string& matchName)
+{
+    return const_cast<Panel*>(std::as_const(*this).Find(matchName));
+}
+
+Panel& PanelDock::Add(Panel panel)
+{
+    panels.push_back(std::move(panel));
+    return panels.back();
+}
+
+bool PanelDock::Remove(const std::string& matchName)
+{
+    const auto found = std::find_if(panels.begin(), panels.end(),
+                                    [&](const Panel& panel) { return panel.matchName == matchName; });
+    if (found == panels.end())
+        return false;
+    panels.erase(found);
+    return true;
+}
+} // namespace standin

@@ -1,0 +1,252 @@
+#include "standin/core/StackChanges.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "standin/sensors/FindingIds.h"
+
+namespace standin
+{
+namespace
+{
+std::ptrdiff_t positionOf(const Layer& layer, int effectId)
+{
+    const auto found =
+        std::find_if(layer.effects.begin(), layer.effects.end(),
+                     [effectId](const EffectInstance& effect) { return effect.id == effectId; });
+    return found - layer.effects.begin();
+}
+
+std::ptrdiff_t landingPlace(const HostParts& parts, const Layer& layer)
+{
+    const auto end = static_cast<std::ptrdiff_t>(layer.effects.size());
+    switch (parts.options.applyPlace)
+    {
+    case ApplyPlace::start:
+        return 0;
+    case ApplyPlace::afterSelected:
+        return std::min(end, positionOf(layer, parts.selection.effect) + 1);
+    case ApplyPlace::end:
+        break;
+    }
+    return end;
+}
+
+EffectInstance makeInstance(HostParts& parts, const InstalledEffect& entry)
+{
+    EffectInstance effect;
+    effect.id = parts.nextEffect++;
+    effect.label = "e" + std::to_string(effect.id);
+    effect.key = entry.key;
+    for (int i = 0; i < entry.parameterCount; ++i)
+        effect.parameters.push_back({i == 0 ? "Input" : "Parameter " + std::to_string(i), false});
+    return effect;
+}
+
+/// A change that stays out of undo: it is made in every copy as well.
+template <class Change>
+void changeEverywhere(HostParts& parts, int effectId, Change change)
+{
+    const auto changeIn = [&](ProjectState& project)
+    {
+        if (EffectInstance* effect = project.FindEffect(effectId))
+            change(*effect);
+    };
+    changeIn(parts.project);
+    parts.undo.ChangeAllCopies(changeIn);
+}
+
+bool& hiddenFlag(EffectInstance& effect, A_long parameter)
+{
+    return parameter == 0 ? effect.groupHidden
+                          : effect.parameters.at(static_cast<std::size_t>(parameter)).hidden;
+}
+
+void logTwirl(HostParts& parts, int effectId, bool open)
+{
+    if (parts.twirledOpen[effectId] == open)
+        return;
+    parts.twirledOpen[effectId] = open;
+    parts.viewLog.push_back((open ? "open " : "close ") + parts.LabelOf(effectId));
+}
+
+/// Un-hiding a parameter opens its effect and scrolls to it; un-hiding an effect's own group shows
+/// the effect folded.
+void reveal(HostParts& parts, int effectId, A_long parameter)
+{
+    logTwirl(parts, effectId, parameter != 0);
+    const std::string suffix = parameter == 0 ? "" : "." + std::to_string(parameter);
+    parts.viewLog.push_back("reveal " + parts.LabelOf(effectId) + suffix);
+}
+
+void restore(HostParts& parts, ProjectState state)
+{
+    parts.project = std::move(state);
+    parts.references.EverythingChanged();
+}
+} // namespace
+
+int PlaceEffect(HostParts& parts, int layerId, const InstalledEffect& entry)
+{
+    Layer* layer = parts.project.FindLayer(layerId);
+    if (layer == nullptr)
+        throw std::logic_error("there is no layer " + std::to_string(layerId));
+    const EffectInstance effect = makeInstance(parts, entry);
+    layer->effects.push_back(effect);
+    parts.BehaviourOf(effect).OnApplied({parts.host, effect.id});
+    return effect.id;
+}
+
+int ApplyEffect(HostParts& parts, int layerId, A_long key)
+{
+    const InstalledEffect* entry = parts.host.FindInstalled(key);
+    if (entry == nullptr || parts.project.FindLayer(layerId) == nullptr)
+        throw std::logic_error("applying needs an installed effect and a layer");
+    const EffectInstance effect = makeInstance(parts, *entry);
+    ChangeProject(parts, "Apply Effect",
+                  [&](ProjectState& project)
+                  {
+                      Layer& layer = *project.FindLayer(layerId);
+                      layer.effects.insert(layer.effects.begin() + landingPlace(parts, layer), effect);
+                      parts.BehaviourOf(effect).OnApplied({parts.host, effect.id});
+                  });
+    parts.undo.NoteApplied(effect.id);
+    parts.references.LayerChanged(layerId);
+    parts.selection.effectControls = layerId;
+    return effect.id;
+}
+
+int DuplicateEffect(HostParts& parts, int effectId)
+{
+    const int layerId = parts.project.FindLayerOfEffect(effectId)->id;
+    EffectInstance copy = *parts.project.FindEffect(effectId);
+    copy.id = parts.nextEffect++;
+    copy.label = "e" + std::to_string(copy.id);
+    ChangeProject(parts, "Duplicate Effect",
+                  [&](ProjectState& project)
+                  {
+                      Layer& layer = *project.FindLayer(layerId);
+                      layer.effects.insert(layer.effects.begin() + positionOf(layer, effectId) + 1, copy);
+                      if (parts.options.duplicateIdentity == DuplicateIdentity::isFresh)
+                          parts.BehaviourOf(copy).OnApplied({parts.host, copy.id});
+                  });
+    parts.references.LayerChanged(layerId);
+    return copy.id;
+}
+
+void DeleteEffect(HostParts& parts, int effectId)
+{
+    const int layerId = parts.project.FindLayerOfEffect(effectId)->id;
+    (void)parts.LabelOf(effectId);
+    ChangeProject(parts, "Delete Effect",
+                  [&](ProjectState& project)
+                  {
+                      Layer& layer = *project.FindLayer(layerId);
+                      layer.effects.erase(layer.effects.begin() + positionOf(layer, effectId));
+                  });
+    parts.references.LayerChanged(layerId);
+}
+
+void ReorderEffect(HostParts& parts, int effectId, A_long index)
+{
+    const int layerId = parts.project.FindLayerOfEffect(effectId)->id;
+    ChangeProject(parts, "Reorder Effect",
+                  [&](ProjectState& project)
+                  {
+                      auto& effects = project.FindLayer(layerId)->effects;
+                      const auto from = effects.begin() + positionOf(*project.FindLayer(layerId), effectId);
+                      const auto to = effects.begin() + index;
+                      if (from < to)
+                          std::rotate(from, from + 1, to + 1);
+                      else
+                          std::rotate(to, from, from + 1);
+                  });
+    parts.undo.NoteReordered(effectId);
+    parts.references.LayerChanged(layerId);
+}
+
+void RenameEffect(HostParts& parts, int effectId, const std::string& name)
+{
+    ChangeProject(parts, "Rename Effect",
+                  [&](ProjectState& project)
+                  {
+                      EffectInstance& effect = *project.FindEffect(effectId);
+                      if (name.empty() && parts.options.emptyName == EmptyName::resetsToDefault)
+                          effect.customName.reset();
+                      else
+                          effect.customName = name;
+                  });
+}
+
+void SetEffectFlags(HostParts& parts, int effectId, A_long flags)
+{
+    const bool on = (flags & effectActive) != 0;
+    ChangeProject(parts, on ? "Switch Effect On" : "Switch Effect Off",
+                  [&](ProjectState& project) { project.FindEffect(effectId)->flags = flags; });
+}
+
+void SetEffectGroup(HostParts& parts, int effectId, std::int16_t group, Undoable undoable)
+{
+    if (undoable == Undoable::no)
+        changeEverywhere(parts, effectId, [group](EffectInstance& effect) { effect.family.group = group; });
+    else
+        ChangeProject(parts, "Change Group",
+                      [&](ProjectState& project) { project.FindEffect(effectId)->family.group = group; });
+}
+
+void SetEffectIdentity(HostParts& parts, int effectId, const Identity& identity)
+{
+    changeEverywhere(parts, effectId, [&](EffectInstance& effect) { effect.family.uuid = identity; });
+}
+
+void SetStreamHidden(HostParts& parts, int effectId, A_long parameter, Switch hidden, Undoable undoable)
+{
+    const bool hide = hidden == Switch::on;
+    const bool wasHidden = hiddenFlag(*parts.project.FindEffect(effectId), parameter);
+    if (undoable == Undoable::no)
+        changeEverywhere(parts, effectId,
+                         [=](EffectInstance& effect) { hiddenFlag(effect, parameter) = hide; });
+    else
+        ChangeProject(parts, hide ? "Hide Stream" : "Show Stream",
+                      [&](ProjectState& project)
+                      { hiddenFlag(*project.FindEffect(effectId), parameter) = hide; });
+    if (wasHidden && !hide)
+        reveal(parts, effectId, parameter);
+}
+
+bool UndoStep(HostParts& parts)
+{
+    CloseUndoGroups(parts, "the user undoes");
+    std::optional<ProjectState> state = parts.undo.Undo();
+    if (state)
+        restore(parts, std::move(*state));
+    return state.has_value();
+}
+
+bool RedoStep(HostParts& parts)
+{
+    CloseUndoGroups(parts, "the user redoes");
+    std::optional<ProjectState> state = parts.undo.Redo();
+    if (state)
+        restore(parts, std::move(*state));
+    return state.has_value();
+}
+
+void CloseUndoGroups(HostParts& parts, const std::string& when)
+{
+    if (parts.undo.OpenGroups() == 0)
+        return;
+    if (!parts.undoGroupExcused)
+    {
+        Finding finding;
+        finding.id = finding::undoGroupLeftOpen;
+        finding.sentence =
+            "The undo group \"" + parts.undo.OpenName() + "\" is still open when " + when + ".";
+        finding.call = parts.undo.OpenCall();
+        finding.function = "AEGP_StartUndoGroup";
+        parts.findings.Add(std::move(finding));
+    }
+    parts.undoGroupExcused = false;
+    parts.undo.CloseAllGroups(parts.project);
+}
+} // namespace standin

@@ -1,0 +1,55 @@
+#pragma once
+// The changes of a layer's effects, as the suites and the user make them: each is an undo step of
+// its own, or part of the open group, and makes stale what it makes stale.
+
+#include <string>
+
+#include "standin/core/HostParts.h"
+
+namespace standin
+{
+/// Runs `change` on the project as one step with this name.
+template <class Change>
+void ChangeProject(HostParts& parts, const char* stepName, Change change)
+{
+    if (parts.undo.OpenGroups() > 0)
+    {
+        change(parts.project);
+        return;
+    }
+    const ProjectState before = parts.project;
+    change(parts.project);
+    parts.undo.Change(stepName, before, parts.project);
+}
+
+/// Puts an effect at the end of the stack without an undo step, as setting up a project does.
+int PlaceEffect(HostParts& parts, int layerId, const InstalledEffect& entry);
+
+/// Gives the new instance's id. The layer and the key must exist.
+int ApplyEffect(HostParts& parts, int layerId, A_long key);
+int DuplicateEffect(HostParts& parts, int effectId);
+void DeleteEffect(HostParts& parts, int effectId);
+/// `index` lies in the stack with the effect in it.
+void ReorderEffect(HostParts& parts, int effectId, A_long index);
+void RenameEffect(HostParts& parts, int effectId, const std::string& name);
+void SetEffectFlags(HostParts& parts, int effectId, A_long flags);
+
+enum class Undoable
+{
+    no,
+    yes
+};
+
+void SetEffectGroup(HostParts& parts, int effectId, std::int16_t group, Undoable undoable);
+void SetEffectIdentity(HostParts& parts, int effectId, const Identity& identity);
+
+/// `parameter` 0 stands for the effect's own stream group. Un-hiding opens and reveals.
+void SetStreamHidden(HostParts& parts, int effectId, A_long parameter, Switch hidden, Undoable undoable);
+
+/// Undo and redo. False if there is nothing to do. An open group is closed first and reported.
+bool UndoStep(HostParts& parts);
+bool RedoStep(HostParts& parts);
+
+/// Closes what is open and reports it, unless a fault kept it open.
+void CloseUndoGroups(HostParts& parts, const std::string& when);
+} // namespace standin

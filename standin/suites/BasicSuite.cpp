@@ -1,0 +1,134 @@
+// The seven slots through which everything else is had.
+
+#include <cstdlib>
+#include <cstring>
+
+#include "standin/suites/Entry.h"
+#include "standin/suites/Suites.h"
+
+namespace standin
+{
+namespace
+{
+/// Fills a table that must never be called: every slot says so.
+template <int... slots>
+const void* poisonTable(std::integer_sequence<int, slots...>)
+{
+    static const AnyFunction table[] = {
+        reinterpret_cast<AnyFunction>(&Trap<SuiteId::basic, 1000 + slots>)...};
+    return table;
+}
+
+A_Err refuse(HostParts& parts, OutTable out, Withheld how)
+{
+    if (how == Withheld::asPoisonedPointer)
+        *out.value = poisonTable(std::make_integer_sequence<int, 40>());
+    else if (how == Withheld::asNullTable || parts.options.failedAcquire == FailedAcquire::givesNull)
+        *out.value = nullptr;
+    return how == Withheld::asNullTable ? errNone : errSuiteNotFound;
+}
+
+const void* findTable(HostParts& parts, const char* name, A_long version)
+{
+    if (const SuiteDescription* suite = FindSuite(name, version))
+        return suite->table.data();
+    const auto found = parts.published.find({name, version});
+    return found == parts.published.end() ? nullptr : found->second;
+}
+
+A_Err acquireSuite(HostParts& parts, TextArg<char> name, NumberArg<A_long> version, OutTable out)
+{
+    if (const std::optional<Withheld> withheld = parts.faults.IsWithheld(name.Text(), version.value))
+        return refuse(parts, out, *withheld);
+    const void* table = findTable(parts, name.Text(), version.value);
+    if (table == nullptr)
+        return refuse(parts, out, Withheld::asError);
+    parts.suiteCounts.Acquired(name.Text(), version.value);
+    *out.value = table;
+    return errNone;
+}
+
+A_Err releaseSuite(HostParts& parts, TextArg<char> name, NumberArg<A_long> version)
+{
+    const bool unused = !parts.suiteCounts.WasUsed(name.Text(), version.value);
+    if (!parts.suiteCounts.Released(name.Text(), version.value))
+    {
+        parts.Report(finding::overReleasedSuite, "The suite is released more often than it was acquired.");
+        return errSuiteOverReleased;
+    }
+    const bool isHostSuite = FindSuite(name.Text(), version.value) != nullptr;
+    if (unused && isHostSuite && parts.options.unusedAcquire == UnusedAcquire::isFinding)
+        parts.Report(finding::unusedSuite, "The suite was not used since it was acquired.");
+    return errNone;
+}
+
+/// A fault made the release fail: the holder has done what it could, and the count comes down.
+A_Err excuseRelease(HostParts& parts, TextArg<char> name, NumberArg<A_long> version)
+{
+    if (name.value != nullptr)
+        (void)parts.suiteCounts.Released(name.Text(), version.value);
+    return errNone;
+}
+
+/// The result is no error here, so it does not go through an Entry.
+A_long isEqual(const char* first, const char* second)
+{
+    CallScope scope(SuiteId::basic, 2);
+    if (!scope.IsOpen())
+        return 0;
+    scope.Begin(PrintText(first) + ", " + PrintText(second));
+    if (!scope.MayProceed() || first == nullptr || second == nullptr)
+        return 0;
+    const A_long result = std::strcmp(first, second) == 0 ? 1 : 0;
+    scope.SetAnswers(std::to_string(result));
+    return result;
+}
+
+struct SizeArg : Argument
+{
+    using Abi = std::size_t;
+    static constexpr const char* abiName = "size_t";
+    std::size_t value;
+    explicit SizeArg(std::size_t v) : value(v) {}
+    std::string Print(HostParts&) const { return std::to_string(value); }
+};
+
+A_Err giveBlock(void* block, OutPointer out)
+{
+    *out.value = block;
+    return block == nullptr ? errAlloc : errNone;
+}
+
+A_Err allocateBlock(HostParts&, SizeArg size, OutPointer out)
+{
+    return giveBlock(std::malloc(size.value), out);
+}
+
+A_Err freeBlock(HostParts&, KeptArg<void*> block)
+{
+    std::free(block.value);
+    return errNone;
+}
+
+A_Err reallocateBlock(HostParts&, KeptArg<void*> block, SizeArg size, OutPointer out)
+{
+    return giveBlock(std::realloc(block.value, size.value), out);
+}
+
+A_Err undefined(HostParts&) { return errNotImplemented; }
+} // namespace
+
+SuiteDescription DescribeBasicSuite()
+{
+    return SuiteBuilder<SuiteId::basic, 7>("", 0, "SPBasicSuite")
+        .Slot<0, acquireSuite>("AcquireSuite", Access::writesHost)
+        .Slot<1, releaseSuite, excuseRelease>("ReleaseSuite", Access::writesHost)
+        .Add({2, "IsEqual", "SPBoolean (const A_char*, const A_char*)", Access::reads, "",
+              reinterpret_cast<AnyFunction>(&isEqual)})
+        .Slot<3, allocateBlock>("AllocateBlock", Access::writesHost)
+        .Slot<4, freeBlock>("FreeBlock", Access::writesHost)
+        .Slot<5, reallocateBlock>("ReallocateBlock", Access::writesHost)
+        .Slot<6, undefined>("Undefined", Access::reads)
+        .Done();
+}
+} // namespace standin

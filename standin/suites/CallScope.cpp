@@ -1,0 +1,87 @@
+#include "standin/suites/CallScope.h"
+
+#include <cstdio>
+
+#include "standin/sensors/FindingIds.h"
+
+namespace standin
+{
+namespace
+{
+/// The host whose thread this is. Null, with a finding where there is somebody to take it, otherwise.
+HostParts* hostForCall(const std::string& callee, const std::string& function)
+{
+    Host* host = Host::Current();
+    if (host == nullptr)
+    {
+        std::fprintf(stderr, "stand-in: %s was called while no host lives\n", callee.c_str());
+        return nullptr;
+    }
+    if (host->Parts().thread == std::this_thread::get_id())
+        return &host->Parts();
+    host->Parts().findings.Add({finding::wrongThread,
+                                "The call came from a thread that is not the host's main one.",
+                                callee + "(...)", function, ""});
+    return nullptr;
+}
+} // namespace
+
+CallScope::CallScope(SuiteId suiteId, int slotNumber)
+    : suite(DescriptionOf(suiteId)),
+      slot(*suite.FindSlot(slotNumber)),
+      parts(hostForCall(suite.ShortName() + " " + slot.function, slot.function))
+{
+}
+
+CallScope::~CallScope()
+{
+    if (!begun)
+        return;
+    parts->trace.End(parts->running.back().ordinal, error, answers);
+    parts->running.pop_back();
+}
+
+void CallScope::Begin(const std::string& arguments)
+{
+    CallRecord record;
+    record.suite = suite.name;
+    record.version = suite.version;
+    record.slot = slot.slot;
+    record.function = slot.function;
+    record.head = suite.ShortName() + " " + slot.function + "(" + arguments + ")";
+    const std::string head = record.head;
+    parts->running.push_back({parts->trace.Begin(std::move(record)), slot.function, head});
+    parts->suiteCounts.Used(suite.name, suite.version);
+    begun = true;
+}
+
+bool CallScope::MayProceed()
+{
+    const std::optional<A_Err> fault = parts->faults.Strike({suite.name, suite.version, slot.function});
+    if (parts->hookDepth == 0)
+    {
+        parts->Report(finding::outsideHook, "The call came while the host was running no hook.");
+        error = errGeneric;
+    }
+    else if (fault)
+    {
+        struck = true;
+        error = *fault;
+    }
+    else if (parts->hookKind == HookKind::death && parts->options.suitesAtDeath == SuitesAtDeath::fail)
+        error = errGeneric;
+    return error == errNone;
+}
+
+A_Err SpringTrap(SuiteId suiteId, int slot)
+{
+    const SuiteDescription& suite = DescriptionOf(suiteId);
+    const std::string callee = suite.ShortName() + " slot " + std::to_string(slot);
+    if (HostParts* parts = hostForCall(callee, callee))
+        parts->findings.Add({finding::reservedSlot,
+                             "Slot " + std::to_string(slot) + " of \"" + suite.name + "\" version " +
+                                 std::to_string(suite.version) + " is reserved and was called.",
+                             callee, callee, ""});
+    return errNotImplemented;
+}
+} // namespace standin

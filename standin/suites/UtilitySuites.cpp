@@ -1,0 +1,94 @@
+// "AEGP Utility Suite" 3, 7 and 11: alerts and undo groups. "PF AE App Suite" 6: the colour of the
+// host's own interface.
+
+#include "standin/core/StackChanges.h"
+#include "standin/suites/Entry.h"
+#include "standin/suites/Resolve.h"
+#include "standin/suites/Suites.h"
+
+namespace standin
+{
+namespace
+{
+A_Err reportInfo(HostParts& parts, PluginArg id, TextArg<char> text)
+{
+    if (!CheckPlugin(parts, id.value))
+        return errParameter;
+    parts.alerts.push_back({id.value, text.Text()});
+    return errNone;
+}
+
+A_Err getInitFuncVersion(HostParts&, OutNumber<A_short> major, OutNumber<A_short> minor)
+{
+    *major.value = 114;
+    *minor.value = 0;
+    return errNone;
+}
+
+A_Err startUndoGroup(HostParts& parts, NullableTextArg name)
+{
+    if (name.value == nullptr)
+    {
+        parts.Report(finding::nullUndoName, "A null name crashes newer hosts.");
+        return errParameter;
+    }
+    parts.undo.StartGroup(name.Text(), parts.project, parts.running.back().head);
+    return errNone;
+}
+
+A_Err endUndoGroup(HostParts& parts)
+{
+    if (parts.undo.EndGroup(parts.project))
+        return errNone;
+    parts.Report(finding::undoGroupMismatch, "No undo group is open.");
+    return errGeneric;
+}
+
+A_Err excuseEnd(HostParts& parts)
+{
+    parts.undoGroupExcused = parts.undo.OpenGroups() > 0;
+    return errNone;
+}
+
+template <int startSlot, SuiteId suite, int slotCount>
+SuiteDescription describeUtility(SuiteBuilder<suite, slotCount> builder)
+{
+    return builder.template Slot<0, reportInfo>("AEGP_ReportInfo", Access::writesHost)
+        .template Slot<1, getInitFuncVersion>("AEGP_GetDriverPluginInitFuncVersion", Access::reads)
+        .template Slot<startSlot, startUndoGroup>("AEGP_StartUndoGroup", Access::writesHost)
+        .template Slot<startSlot + 1, endUndoGroup, excuseEnd>("AEGP_EndUndoGroup", Access::writesHost)
+        .Done();
+}
+
+A_Err getBgColor(HostParts& parts, OutColour colour)
+{
+    *colour.value = parts.background;
+    return errNone;
+}
+} // namespace
+
+SuiteDescription DescribeUtilitySuite3()
+{
+    return describeUtility<5>(
+        SuiteBuilder<SuiteId::utility3, 9>("AEGP Utility Suite", 3, "AEGP_UtilitySuite1"));
+}
+
+SuiteDescription DescribeUtilitySuite7()
+{
+    return describeUtility<5>(
+        SuiteBuilder<SuiteId::utility7, 25>("AEGP Utility Suite", 7, "AEGP_UtilitySuite3"));
+}
+
+SuiteDescription DescribeUtilitySuite11()
+{
+    return describeUtility<6>(
+        SuiteBuilder<SuiteId::utility11, 31>("AEGP Utility Suite", 11, "AEGP_UtilitySuite5"));
+}
+
+SuiteDescription DescribeAppSuite()
+{
+    return SuiteBuilder<SuiteId::app6, 11>("PF AE App Suite", 6, "PFAppSuite4")
+        .Slot<0, getBgColor>("PF_AppGetBgColor", Access::reads)
+        .Done();
+}
+} // namespace standin

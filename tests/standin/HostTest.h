@@ -1,0 +1,40 @@
+#pragma once
+// A test with a host. At its end every finding that was not expected fails it, so does every
+// expected one that did not appear, and every suite that is still held is a finding.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "standin/core/Host.h"
+#include "standin/family/Family.h"
+
+namespace standin
+{
+class HostTest : public ::testing::Test
+{
+protected:
+    void TearDown() override
+    {
+        host.CheckSuiteBalance();
+        EXPECT_EQ(host.FindingsReport(), "");
+    }
+
+    Host host;
+};
+
+/// A host with the family installed, one composition, and one selected layer with an empty stack.
+class LayerTest : public HostTest
+{
+protected:
+    LayerTest()
+    {
+        InstallFamily(host);
+        comp = host.AddComposition("Comp 1");
+        layer = host.AddLayer(comp);
+        host.User().SelectLayers({layer});
+    }
+
+    int comp = 0;
+    int layer = 0;
+};
+} // namespace standin
