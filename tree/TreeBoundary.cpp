@@ -81,7 +81,3 @@ std::vector<std::string> GetEffectsToBeRemoved(ValueTreesDemo* tree)
     return tree != nullptr ? std::exchange(tree->treeView.effectsToBeRemoved, {})
                            : std::vector<std::string>();
 }
-
-void JuceGlobalInit() { juce::initialiseJuce_GUI(); }
-
-void JuceGlobalShutDown() { juce::shutdownJuce_GUI(); }

@@ -1,4 +1,4 @@
-// Putting the widget into the host's container: the one function that differs between platforms.
+// Where JUCE meets the platform: its start and end, and the widget's way into the host's container.
 
 #include "tree/PanelBase.h"
 #include "tree/Tree.h"
@@ -10,7 +10,7 @@
 namespace
 {
 // JUCE looks these names up without making them, and goes on with none. A server that no window manager
-// has run on answers that with an error, which ends the host. So they are made here.
+// has run on answers that with an error, which ends the host. So they are made here, before JUCE looks.
 void makeWindowAtoms()
 {
     Display* display = XOpenDisplay(nullptr);
@@ -23,13 +23,21 @@ void makeWindowAtoms()
 } // namespace
 #endif
 
+void JuceGlobalInit()
+{
+#if JUCE_LINUX
+    makeWindowAtoms();
+#endif
+    juce::initialiseJuce_GUI();
+}
+
+void JuceGlobalShutDown() { juce::shutdownJuce_GUI(); }
+
 void addToDesktop(ValueTreesDemo* tree, [[maybe_unused]] void* embeddedView, int width, int height,
                   void* nativeParent)
 {
 #if JUCE_MAC
     tree->setView(embeddedView);
-#elif JUCE_LINUX
-    makeWindowAtoms();
 #endif
     tree->setBounds(0, 0, width, height);
     tree->setVisible(true);

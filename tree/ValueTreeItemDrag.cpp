@@ -22,7 +22,8 @@ void moveNode(juce::ValueTree node, juce::ValueTree newParent, int insertIndex)
         number = newParent.getProperty(TreeIds::group, -1);
     // Kept: a group that is reordered at the top loses its number here; the next rebuild restores it.
     node.setProperty(TreeIds::group, number, nullptr);
-    newParent.addChild(node, insertIndex, nullptr);
+    if (newParent.isValid())
+        newParent.addChild(node, insertIndex, nullptr);
 }
 } // namespace
 

@@ -36,6 +36,9 @@ ValueTreesDemo::ValueTreesDemo(bool hideToolbar) : toolbarHidden(hideToolbar), n
     addChildComponent(notifyLabel);
     treeView.getViewport()->setScrollBarThickness(8);
     treeView.setColour(juce::TreeView::linesColourId, juce::Colours::white);
+    // The buttons have fitted themselves to their texts since the first layout, and a container of this
+    // very size brings no second one.
+    resized();
 }
 
 void ValueTreesDemo::setUpButtons()

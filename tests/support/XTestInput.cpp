@@ -1,0 +1,107 @@
+#include "tests/support/XTestInput.h"
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
+#include <stdexcept>
+
+namespace standin
+{
+struct XTestInput::Connection
+{
+    Display* display;
+
+    void settle() const { (void)XSync(display, False); }
+
+    void fakeKey(const std::string& name, Bool isPress) const
+    {
+        const KeySym symbol = XStringToKeysym(name.c_str());
+        const KeyCode code = symbol == NoSymbol ? KeyCode(0) : XKeysymToKeycode(display, symbol);
+        if (code == 0)
+            throw std::runtime_error("no such key: " + name);
+        (void)XTestFakeKeyEvent(display, code, isPress, CurrentTime);
+        settle();
+    }
+
+    void fakeButton(unsigned button, Bool isPress) const
+    {
+        (void)XTestFakeButtonEvent(display, button, isPress, CurrentTime);
+        settle();
+    }
+};
+
+XTestInput::XTestInput() : connection(new Connection{XOpenDisplay(nullptr)})
+{
+    int ignored = 0;
+    if (connection->display != nullptr &&
+        XTestQueryExtension(connection->display, &ignored, &ignored, &ignored, &ignored))
+        return;
+    delete connection;
+    throw std::runtime_error("no display with the test extension");
+}
+
+XTestInput::~XTestInput()
+{
+    (void)XCloseDisplay(connection->display);
+    delete connection;
+}
+
+void XTestInput::move(int x, int y)
+{
+    (void)XTestFakeMotionEvent(connection->display, -1, x, y, CurrentTime);
+    connection->settle();
+}
+
+void XTestInput::press(unsigned button) { connection->fakeButton(button, True); }
+
+void XTestInput::release(unsigned button) { connection->fakeButton(button, False); }
+
+void XTestInput::keyDown(const std::string& name) { connection->fakeKey(name, True); }
+
+void XTestInput::keyUp(const std::string& name) { connection->fakeKey(name, False); }
+
+void XTestInput::key(const std::string& name)
+{
+    keyDown(name);
+    keyUp(name);
+}
+
+void XTestInput::type(const std::string& text)
+{
+    for (const char c : text)
+        key(c == ' ' ? "space" : std::string(1, c));
+}
+
+unsigned long XTestInput::focusedWindow()
+{
+    Window window = None;
+    int revertTo = 0;
+    (void)XGetInputFocus(connection->display, &window, &revertTo);
+    return window;
+}
+
+void XTestInput::setFocus(unsigned long window)
+{
+    (void)XSetInputFocus(connection->display, window, RevertToParent, CurrentTime);
+    connection->settle();
+}
+
+ScreenPicture XTestInput::screen()
+{
+    Display* display = connection->display;
+    const int screen = DefaultScreen(display);
+    ScreenPicture picture;
+    picture.width = DisplayWidth(display, screen);
+    picture.height = DisplayHeight(display, screen);
+    XImage* image =
+        XGetImage(display, RootWindow(display, screen), 0, 0, static_cast<unsigned>(picture.width),
+                  static_cast<unsigned>(picture.height), AllPlanes, ZPixmap);
+    if (image == nullptr)
+        throw std::runtime_error("no picture of the screen");
+    for (int y = 0; y < picture.height; ++y)
+        for (int x = 0; x < picture.width; ++x)
+            picture.pixels.push_back(static_cast<std::uint32_t>(XGetPixel(image, x, y) & 0xffffff));
+    (void)XDestroyImage(image);
+    return picture;
+}
+} // namespace standin

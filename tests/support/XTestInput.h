@@ -1,0 +1,54 @@
+#pragma once
+// A user's hands on an X display: mouse and key events that reach the windows through the server like those
+// of real devices, and a look at the screen. It runs on a connection of its own.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace standin
+{
+/// What stands on the screen, row by row from the top, one 0x00rrggbb a pixel.
+struct ScreenPicture
+{
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> pixels;
+
+    std::uint32_t at(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
+};
+
+class XTestInput
+{
+public:
+    /// Connects to the display of the environment. Throws std::runtime_error if there is none.
+    XTestInput();
+    ~XTestInput();
+
+    XTestInput(const XTestInput&) = delete;
+    XTestInput& operator=(const XTestInput&) = delete;
+
+    /// Screen coordinates. Each call returns when the server has taken the event in.
+    void move(int x, int y);
+    void press(unsigned button = 1);
+    void release(unsigned button = 1);
+
+    /// Key names as in keysymdef.h: "Return", "Delete", "a", "Control_L".
+    void keyDown(const std::string& name);
+    void keyUp(const std::string& name);
+    void key(const std::string& name);
+
+    /// Types plain lower-case letters, digits and blanks.
+    void type(const std::string& text);
+
+    /// The window that has the keyboard focus: a window id, 1 for the one under the pointer, 0 for none.
+    unsigned long focusedWindow();
+    void setFocus(unsigned long window);
+
+    ScreenPicture screen();
+
+private:
+    struct Connection;
+    Connection* connection;
+};
+} // namespace standin

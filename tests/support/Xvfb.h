@@ -1,0 +1,29 @@
+#pragma once
+// An X server of a test's own, without a screen. It takes a free display number by itself, so that any
+// number of tests can run at a time.
+
+#include <string>
+#include <sys/types.h>
+
+namespace standin
+{
+class Xvfb
+{
+public:
+    /// Starts the server and puts its display into the environment variable DISPLAY. Throws
+    /// std::runtime_error if no server comes up.
+    Xvfb(int width, int height);
+
+    /// Ends the server. X connections have to be closed by then.
+    ~Xvfb();
+
+    Xvfb(const Xvfb&) = delete;
+    Xvfb& operator=(const Xvfb&) = delete;
+
+    const std::string& displayName() const { return display; }
+
+private:
+    pid_t process = -1;
+    std::string display;
+};
+} // namespace standin

@@ -1,0 +1,195 @@
+#include "tests/tree/support/Pump.h"
+#include "tests/tree/support/TreeTest.h"
+
+#include <gtest/gtest.h>
+
+using namespace standin;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+class Boundary : public TreeTest
+{
+};
+} // namespace
+
+TEST_F(Boundary, ToleratesNoWidgetWhereItSaysSo)
+{
+    DeleteTreeWidget(nullptr);
+    ClearTree(nullptr);
+    RefreshTree(nullptr, {object(1, "a")});
+    AddObject(nullptr, VN_OBJECT_GEOMETRY, 1, "g");
+    EXPECT_THAT(GetItemsFromTree(nullptr), IsEmpty());
+    EXPECT_THAT(GetKeysToBeAddedToLayer(nullptr), IsEmpty());
+    EXPECT_THAT(GetEffectsToBeRemoved(nullptr), IsEmpty());
+    DeleteTreeStateTable(nullptr);
+    CacheLayerTreeState(nullptr, 1, panel);
+}
+
+TEST_F(Boundary, ClearsATreeThatIsClearAlready)
+{
+    ClearTree(panel);
+    ClearTree(panel);
+    EXPECT_EQ(root(), nullptr);
+}
+
+TEST_F(Boundary, ClearsTheWholeTree)
+{
+    RefreshTree(panel, {object(1, "a", 1)});
+    ClearTree(panel);
+    EXPECT_EQ(root(), nullptr);
+    EXPECT_THAT(GetItemsFromTree(panel), IsEmpty());
+    EXPECT_THAT(GetSelectedTreeItems(panel), IsEmpty());
+}
+
+TEST_F(Boundary, RefreshesFullyOpenAndUnselected)
+{
+    RefreshTree(panel, {object(1, "a", 1), object(2, "b"), external("x"), object(3, "r", -1)});
+    EXPECT_EQ(shape(), "Layer(Group 1(a) b x r)");
+    EXPECT_FALSE(view().areItemsOpenByDefault());
+    EXPECT_EQ(static_cast<int>(root()->getNode()["select"]), 0);
+}
+
+TEST_F(Boundary, RefreshReplacesTheWholeContents)
+{
+    RefreshTree(panel, {object(1, "a", 1), object(2, "b")});
+    select({"a", "b"});
+    row("Group 1").setOpen(false);
+    RefreshTree(panel, {object(3, "c", 1)});
+    EXPECT_EQ(shape(), "Layer(Group 1(c))");
+    EXPECT_THAT(GetSelectedTreeItems(panel), IsEmpty());
+}
+
+TEST_F(Boundary, RefreshWithNothingLeavesNoRow)
+{
+    RefreshTree(panel, {object(1, "a")});
+    RefreshTree(panel, {});
+    EXPECT_EQ(root(), nullptr);
+    EXPECT_THAT(GetItemsFromTree(panel), IsEmpty());
+}
+
+TEST_F(Boundary, RefreshShowsTheWidget)
+{
+    EXPECT_FALSE(panel->isVisible());
+    RefreshTree(panel, {});
+    EXPECT_TRUE(panel->isVisible());
+    panel->setVisible(false);
+    RefreshTree(panel, {object(1, "a")});
+    EXPECT_TRUE(panel->isVisible());
+}
+
+TEST_F(Boundary, HandsKeysOverOnce)
+{
+    AddObject(panel, VN_OBJECT_VORTAN, 5, "Vortan");
+    (void)outputOf(
+        [this]
+        {
+            panel->vortanButton.clicked();
+            panel->vortanButton.clicked();
+        });
+    EXPECT_THAT(GetKeysToBeAddedToLayer(panel), ElementsAre(5, 5));
+    EXPECT_THAT(GetKeysToBeAddedToLayer(panel), IsEmpty());
+}
+
+TEST_F(Boundary, HandsRemovalsOverOnce)
+{
+    RefreshTree(panel, {object(1, "a"), object(2, "b")});
+    select({"b"});
+    view().deleteSelectedItems();
+    EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(2)));
+    EXPECT_THAT(GetEffectsToBeRemoved(panel), IsEmpty());
+}
+
+TEST_F(Boundary, KeepsRequestsOverARebuild)
+{
+    RefreshTree(panel, {object(1, "a")});
+    select({"a"});
+    view().deleteSelectedItems();
+    RefreshTree(panel, {});
+    ClearTree(panel);
+    EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(1)));
+}
+
+TEST_F(Boundary, KeepsTheObjectsThatItIsToldOfWithDoubles)
+{
+    std::string name = "first";
+    AddObject(panel, VN_OBJECT_GEOMETRY, 1, name.c_str());
+    name = "other";
+    AddObject(panel, VN_OBJECT_GEOMETRY, 1, "first");
+    ASSERT_EQ(panel->objectEntries.size(), 2u);
+    EXPECT_EQ(panel->objectEntries[0].name, "first");
+    EXPECT_EQ(panel->objectEntries[0].type, VN_OBJECT_GEOMETRY);
+    EXPECT_EQ(panel->objectEntries[1].key, 1);
+}
+
+TEST_F(Boundary, ReadsTheSelectionRowByRow)
+{
+    RefreshTree(panel, {object(1, "a", 1), object(2, "b", 1), object(3, "c"), external("x")});
+    EXPECT_THAT(GetSelectedTreeItems(panel), IsEmpty());
+    select({"c", "b"});
+    EXPECT_THAT(namesOf(GetSelectedTreeItems(panel)), ElementsAre("b", "c"));
+    select({"Group 1"});
+    EXPECT_THAT(namesOf(GetSelectedTreeItems(panel)), ElementsAre("a", "b"));
+    select({"Layer"});
+    EXPECT_THAT(namesOf(GetSelectedTreeItems(panel)), ElementsAre("a", "b", "c"));
+    select({"x"});
+    EXPECT_THAT(GetSelectedTreeItems(panel), IsEmpty());
+    select({"Group 1", "b", "x"});
+    EXPECT_THAT(namesOf(GetSelectedTreeItems(panel)), ElementsAre("a", "b", "b"));
+}
+
+TEST_F(Boundary, SetsTheBackgroundFromFourChannels)
+{
+    SetBGColor(panel, 1.0f, 0.5f, 0.0f, 0.25f);
+    EXPECT_EQ(panel->bgColour, juce::Colour::fromFloatRGBA(1.0f, 0.5f, 0.0f, 0.25f));
+}
+
+TEST_F(Boundary, ShowsAMessage)
+{
+    NotifyMsg(panel, "Hello");
+    EXPECT_TRUE(panel->notifyLabel.isVisible());
+    EXPECT_EQ(panel->notifyLabel.getText(), "Hello");
+    NotifyMsg(panel, "");
+    EXPECT_TRUE(panel->notifyLabel.isVisible());
+}
+
+TEST_F(Boundary, StartsAndEndsJuceOverAndOver)
+{
+    deleteWidget();
+    for (int i = 0; i < 3; ++i)
+    {
+        JuceGlobalShutDown();
+        JuceGlobalInit();
+        panel = CreateTreeWidget(false);
+        RefreshTree(panel, {object(1, "a", 1)});
+        deleteWidget();
+    }
+}
+
+// What each of the user's edits leaves behind for the idle pass.
+
+TEST_F(Boundary, ShowsAnEditOfABoxANameOrAPlaceInTheItems)
+{
+    RefreshTree(panel, {object(1, "a", 0), object(2, "b", 1)});
+    auto hash = [this] { return CalcItemsHash(0, GetItemsFromTree(panel)); };
+    const auto start = hash();
+
+    node("a").setProperty("active", 0, nullptr);
+    const auto afterBox = hash();
+    EXPECT_NE(afterBox, start);
+
+    select({"a"});
+    view().renameItem();
+    view().renameEditor->setText("renamed", false);
+    view().renameEditor->returnPressed();
+    const auto afterName = hash();
+    EXPECT_NE(afterName, afterBox);
+
+    drop("Group 1", 0);
+    EXPECT_NE(hash(), afterName);
+
+    view().deleteSelectedItems();
+    EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("b"));
+    EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(1)));
+}

@@ -1,0 +1,205 @@
+#include "tests/tree/support/TreeGuiTest.h"
+
+#include <gtest/gtest.h>
+
+using namespace standin;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+class Menu : public TreeGuiTest
+{
+protected:
+    Menu()
+    {
+        show({object(1, "a"), object(2, "b")});
+        AddObject(panel, VN_OBJECT_EFFECTOR, 99, "not geometry");
+        AddObject(panel, VN_OBJECT_GEOMETRY, 11, "Sheets");
+        AddObject(panel, VN_OBJECT_GEOMETRY, 12, "Routes");
+        AddObject(panel, VN_OBJECT_GEOMETRY, 13, "Solids");
+    }
+
+    static juce::Component* menu() { return juce::Component::getCurrentlyModalComponent(); }
+    static bool isMenuOpen() { return juce::Component::getNumCurrentlyModalComponents() > 0; }
+    static bool isMenuClosed() { return !isMenuOpen(); }
+
+    void openMenu()
+    {
+        (void)outputOf([this] { click(centreOf(panel->geometryButton)); });
+        ASSERT_TRUE(pumpUntil(isMenuOpen));
+        // The menu takes no choice in its first quarter of a second, and would close within this time if
+        // it believed that nobody looks at it.
+        pumpFor(400);
+        ASSERT_TRUE(isMenuOpen());
+    }
+
+    /// The middle of the n-th of three rows of the menu.
+    Point menuRow(int n)
+    {
+        const auto bounds = menu()->getScreenBounds();
+        return {bounds.getCentreX(), bounds.getY() + bounds.getHeight() * (2 * n - 1) / 6};
+    }
+
+    std::vector<int> keys() { return GetKeysToBeAddedToLayer(panel); }
+};
+} // namespace
+
+TEST_F(Menu, ChoiceByMouseAddsTheKey)
+{
+    openMenu();
+    EXPECT_THAT(keys(), IsEmpty());
+    click(menuRow(2));
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+    EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
+    EXPECT_THAT(keys(), ElementsAre(12));
+    EXPECT_THAT(keys(), IsEmpty());
+}
+
+TEST_F(Menu, ChoiceByKeyboardAddsTheKey)
+{
+    openMenu();
+    for (int i = 0; i < 3; ++i)
+        key("Down");
+    pumpFor(50);
+    key("Return");
+    EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
+    EXPECT_THAT(keys(), ElementsAre(13));
+    EXPECT_FALSE(view().renameEditor->isVisible());
+}
+
+TEST_F(Menu, OffersTheEntriesInTheirOrder)
+{
+    for (int n = 1; n <= 3; ++n)
+    {
+        openMenu();
+        click(menuRow(n));
+        EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
+        EXPECT_THAT(keys(), ElementsAre(10 + n));
+    }
+}
+
+TEST_F(Menu, LeavesTheHostAliveWhileItIsOpen)
+{
+    openMenu();
+    // The press has come back to the pump, and the panel can be used from outside.
+    RefreshTree(panel, {object(5, "new")});
+    pump();
+    EXPECT_TRUE(isMenuOpen());
+    click(menuRow(1));
+    EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
+    EXPECT_THAT(keys(), ElementsAre(11));
+}
+
+TEST_F(Menu, DismissedByEscapeAddsNothing)
+{
+    openMenu();
+    key("Escape");
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+    pumpFor(100);
+    EXPECT_THAT(keys(), IsEmpty());
+}
+
+TEST_F(Menu, DismissedByAClickElsewhereInThePanelAddsNothing)
+{
+    openMenu();
+    click(panel->localPointToGlobal(Point(390, 410)));
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+    pumpFor(100);
+    EXPECT_THAT(keys(), IsEmpty());
+}
+
+TEST_F(Menu, DismissedByAClickOnItsButtonDoesNotComeBack)
+{
+    openMenu();
+    (void)outputOf([this] { click(centreOf(panel->geometryButton)); });
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+    pumpFor(300);
+    EXPECT_TRUE(isMenuClosed());
+    EXPECT_THAT(keys(), IsEmpty());
+}
+
+TEST_F(Menu, DismissedByAClickOnTheHostAddsNothingAndLeavesTheHostTheKeyboard)
+{
+    openMenu();
+    clickOnHost();
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+    pumpFor(300);
+    EXPECT_THAT(keys(), IsEmpty());
+    EXPECT_EQ(input.focusedWindow(), host.id());
+    EXPECT_FALSE(hasFocus());
+}
+
+TEST_F(Menu, DismissedAfterTheMouseWasOverItAddsNothing)
+{
+    openMenu();
+    moveTo(menuRow(2));
+    pumpFor(100);
+    clickOnHost();
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+    pumpFor(200);
+    EXPECT_THAT(keys(), IsEmpty());
+    EXPECT_EQ(input.focusedWindow(), host.id());
+}
+
+TEST_F(Menu, GivesTheKeyboardBackAfterAChoice)
+{
+    clickOnHost();
+    pump();
+    openMenu();
+    click(menuRow(1));
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+    EXPECT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }));
+    pumpFor(300);
+    EXPECT_TRUE(view().hasKeyboardFocus(false));
+    keyHolding("Control_L", "a");
+    EXPECT_TRUE(pumpUntil([this] { return shape() == "Layer(a* b*)"; }));
+}
+
+TEST_F(Menu, GivesTheKeyboardBackAfterEscape)
+{
+    openMenu();
+    key("Escape");
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+    pumpFor(300);
+    EXPECT_TRUE(view().hasKeyboardFocus(false));
+}
+
+TEST_F(Menu, GoesWithItsWidget)
+{
+    openMenu();
+    ClearTree(panel);
+    DeleteTreeWidget(panel);
+    panel = nullptr;
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+    pumpFor(100);
+}
+
+TEST_F(Menu, GoesWithJuceWhenTheWidgetGoesRightBefore)
+{
+    openMenu();
+    deleteWidget();
+    // No message is delivered before JUCE ends; the fixture ends it now.
+}
+
+TEST_F(Menu, ChosenWhileItsWidgetGoesAddsNothing)
+{
+    openMenu();
+    menu()->exitModalState(2);
+    deleteWidget();
+    pumpFor(100);
+}
+
+TEST_F(Menu, OpensOneAfterTheOther)
+{
+    AddObject(panel, VN_OBJECT_EFFECTOR, 98, "another");
+    openMenu();
+    (void)outputOf([this] { click(centreOf(panel->effectorButton)); });
+    pumpFor(500);
+    ASSERT_TRUE(isMenuOpen());
+    EXPECT_EQ(juce::Component::getNumCurrentlyModalComponents(), 1);
+    const auto bounds = menu()->getScreenBounds();
+    click({bounds.getCentreX(), bounds.getY() + bounds.getHeight() / 4});
+    EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
+    EXPECT_THAT(keys(), ElementsAre(99));
+}

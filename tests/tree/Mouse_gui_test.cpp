@@ -1,0 +1,320 @@
+#include "tests/tree/support/TreeGuiTest.h"
+
+#include <gtest/gtest.h>
+
+using namespace standin;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+class Mouse : public TreeGuiTest
+{
+protected:
+    std::vector<int> actives() { return activesOf(GetItemsFromTree(panel)); }
+
+    static std::vector<ObjectItem> manyItems(int count)
+    {
+        std::vector<ObjectItem> items;
+        for (int i = 1; i <= count; ++i)
+            items.push_back(object(i, "row " + std::to_string(i), i <= 3 ? 1 : 0));
+        return items;
+    }
+
+    void wheel(Point place, unsigned button, int clicks)
+    {
+        moveTo(place);
+        for (int i = 0; i < clicks; ++i)
+        {
+            input.press(button);
+            input.release(button);
+        }
+        pump();
+    }
+};
+} // namespace
+
+TEST_F(Mouse, ClickOnABoxSwitchesTheObjectOffAndOn)
+{
+    show({object(1, "a", 0, 1), object(2, "b", 0, 1)});
+    click(boxOf("b"));
+    EXPECT_THAT(actives(), ElementsAre(1, 0));
+    EXPECT_EQ(shape(), "Layer(a b*)");
+    click(boxOf("b"));
+    EXPECT_THAT(actives(), ElementsAre(1, 1));
+}
+
+TEST_F(Mouse, ClickOnABoxOfAnyValueButZeroSwitchesItOff)
+{
+    show({object(1, "a", 0, 7)});
+    click(boxOf("a"));
+    EXPECT_THAT(actives(), ElementsAre(0));
+    click(boxOf("a"));
+    EXPECT_THAT(actives(), ElementsAre(1));
+}
+
+TEST_F(Mouse, ClickHitsTheBoxFromItsFirstToItsLastPixel)
+{
+    show({object(1, "a", 0, 1)});
+    int expected = 1;
+    for (const Point hit : {Point(2, 6), Point(9, 6), Point(2, 13), Point(9, 13)})
+    {
+        click(at("a", hit));
+        expected = 1 - expected;
+        EXPECT_THAT(actives(), ElementsAre(expected)) << hit.toString();
+    }
+    for (const Point miss : {Point(1, 10), Point(10, 10), Point(5, 5), Point(5, 14), Point(30, 10)})
+    {
+        click(at("a", miss));
+        EXPECT_THAT(actives(), ElementsAre(expected)) << miss.toString();
+    }
+}
+
+TEST_F(Mouse, ClickOnABoxIsJudgedInTheRowWhereverTheTreeIsScrolled)
+{
+    show(manyItems(60));
+    for (const int y : {0, 1, 7, 110, 333, 900})
+    {
+        view().getViewport()->setViewPosition(0, y);
+        pump();
+        const int index = (view().getViewport()->getViewPositionY() + 60) / 20;
+        auto* item = dynamic_cast<ValueTreeItem*>(view().getItemOnRow(index));
+        juce::ValueTree clicked = item->getNode();
+        const std::string name = clicked["name"].toString().toStdString();
+        if (clicked.hasType("Group"))
+            continue;
+        const int before = clicked["active"];
+        click(boxOf(name));
+        EXPECT_EQ(static_cast<int>(clicked["active"]), 1 - before) << name << " at " << y;
+        click(textOf(name));
+        EXPECT_EQ(static_cast<int>(clicked["active"]), 1 - before) << name << " at " << y;
+    }
+}
+
+TEST_F(Mouse, ClickOnTheBoxOfAGroupGoesToAllOffAndThenAllOn)
+{
+    show({object(1, "a", 1, 1), object(2, "b", 1, 0), object(3, "c", 1, 1), object(4, "d", 0, 1)});
+    click(boxOf("Group 1"));
+    EXPECT_THAT(actives(), ElementsAre(0, 0, 0, 1));
+    click(boxOf("Group 1"));
+    EXPECT_THAT(actives(), ElementsAre(1, 1, 1, 1));
+    click(boxOf("Group 1"));
+    EXPECT_THAT(actives(), ElementsAre(0, 0, 0, 1));
+}
+
+TEST_F(Mouse, ClickOnTheBoxOfAnEmptyGroupChangesNothing)
+{
+    show({object(1, "a", 0, 1)});
+    panel->AddNewGroup(root());
+    click(boxOf("Group 1"));
+    EXPECT_EQ(shape(), "Layer(Group 1* a)");
+    EXPECT_THAT(actives(), ElementsAre(1));
+}
+
+TEST_F(Mouse, ClickOnTheBoxOfAnOutsideEffectShowsAndMeansNothing)
+{
+    show({external("x"), object(1, "a", 0, 1)});
+    const auto before = CalcItemsHash(0, GetItemsFromTree(panel));
+    click(boxOf("x"));
+    EXPECT_EQ(static_cast<int>(node("x")["active"]), 1);
+    EXPECT_EQ(CalcItemsHash(0, GetItemsFromTree(panel)), before);
+    click(boxOf("x"));
+    EXPECT_EQ(static_cast<int>(node("x")["active"]), 0);
+}
+
+TEST_F(Mouse, ClickOnTheLayerRowHitsNoBox)
+{
+    show({object(1, "a", 0, 1)});
+    for (const Point place : {Point(0, 0), Point(2, 6), Point(6, 10)})
+        click(at("Layer", place));
+    EXPECT_EQ(shape(), "Layer*(a)");
+    EXPECT_FALSE(root()->getNode().hasProperty("active"));
+    EXPECT_THAT(actives(), ElementsAre(1));
+}
+
+TEST_F(Mouse, ClickOnABoxInASelectionTogglesThatRowAlone)
+{
+    show({object(1, "a", 0, 1), object(2, "b", 0, 1), object(3, "c", 0, 1)});
+    click(textOf("a"));
+    clickHolding("Shift_L", textOf("c"));
+    ASSERT_THAT(selectedNames(), ElementsAre("a", "b", "c"));
+    pressAt(boxOf("b"));
+    EXPECT_THAT(actives(), ElementsAre(1, 0, 1));
+    EXPECT_THAT(selectedNames(), ElementsAre("a", "b", "c"));
+    releaseButton();
+    EXPECT_THAT(selectedNames(), ElementsAre("b"));
+}
+
+TEST_F(Mouse, ClickOnABoxOfARowThatIsNotSelectedChangesNothing)
+{
+    show({object(1, "a", 0, 1)});
+    click(boxOf("a"));
+    ASSERT_THAT(actives(), ElementsAre(0));
+    // JUCE selects before it tells the row; here it tells it alone.
+    view().clearSelectedItems();
+    auto* rows = view().getViewport()->getViewedComponent();
+    const auto place = (row("a").getItemPosition(false).getPosition() + Point(6, 10)).toFloat();
+    const auto now = juce::Time::getCurrentTime();
+    row("a").itemClicked(juce::MouseEvent(juce::Desktop::getInstance().getMainMouseSource(), {6.0f, 10.0f},
+                                          {}, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, rows, rows, now, place, now, 1,
+                                          false));
+    EXPECT_THAT(actives(), ElementsAre(0));
+    row("a").setSelected(true, true);
+    row("a").itemClicked(juce::MouseEvent(juce::Desktop::getInstance().getMainMouseSource(), {6.0f, 10.0f},
+                                          {}, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, rows, rows, now, place, now, 1,
+                                          false));
+    EXPECT_THAT(actives(), ElementsAre(1));
+}
+
+TEST_F(Mouse, ClickSelectsOneRow)
+{
+    show({object(1, "a"), object(2, "b")});
+    click(textOf("a"));
+    EXPECT_EQ(shape(), "Layer(a* b)");
+    click(textOf("b"));
+    EXPECT_EQ(shape(), "Layer(a b*)");
+    EXPECT_THAT(namesOf(GetSelectedTreeItems(panel)), ElementsAre("b"));
+}
+
+TEST_F(Mouse, ControlClickAddsAndTakesAway)
+{
+    show({object(1, "a"), object(2, "b"), object(3, "c")});
+    click(textOf("a"));
+    clickHolding("Control_L", textOf("c"));
+    EXPECT_EQ(shape(), "Layer(a* b c*)");
+    clickHolding("Control_L", textOf("a"));
+    EXPECT_EQ(shape(), "Layer(a b c*)");
+}
+
+TEST_F(Mouse, ShiftClickSelectsARange)
+{
+    show({object(1, "a"), object(2, "b", 1), object(3, "c")});
+    click(textOf("a"));
+    clickHolding("Shift_L", textOf("c"));
+    EXPECT_EQ(shape(), "Layer(a* Group 1*(b*) c*)");
+}
+
+TEST_F(Mouse, ClickBelowTheRowsClearsTheSelection)
+{
+    show({object(1, "a"), object(2, "b")});
+    click(textOf("a"));
+    click(view().localPointToGlobal(Point(100, 200)));
+    EXPECT_EQ(shape(), "Layer(a b)");
+}
+
+TEST_F(Mouse, ClickOnThePanelClearsTheSelection)
+{
+    show({object(1, "a"), object(2, "b")});
+    click(textOf("a"));
+    click(panel->localPointToGlobal(Point(300, 40)));
+    EXPECT_EQ(shape(), "Layer(a b)");
+}
+
+TEST_F(Mouse, ClickOnTheTriangleClosesAndOpens)
+{
+    show({object(1, "a", 1), object(2, "b")});
+    click(openBoxOf("Group 1"));
+    EXPECT_EQ(shape(), "Layer(Group 1+ b)");
+    click(openBoxOf("Group 1"));
+    EXPECT_EQ(shape(), "Layer(Group 1(a) b)");
+}
+
+TEST_F(Mouse, DoubleClickKeepsItsUsualMeaning)
+{
+    show({object(1, "a", 1), object(2, "b", 0, 1)});
+    juce::MouseEvent::setDoubleClickTimeout(5000);
+    click(textOf("Group 1"));
+    click(textOf("Group 1"));
+    EXPECT_EQ(shape(), "Layer(Group 1*+ b)");
+    click(textOf("b"));
+    click(textOf("b"));
+    EXPECT_EQ(shape(), "Layer(Group 1+ b*)");
+    EXPECT_FALSE(view().renameEditor->isVisible());
+}
+
+TEST_F(Mouse, WheelScrollsAndAClickHitsWhatTheUserSees)
+{
+    show(manyItems(60));
+    wheel(textOf("row 5"), 5, 6);
+    ASSERT_TRUE(pumpUntil([this] { return view().getViewport()->getViewPositionY() > 0; }));
+    pumpFor(100);
+    const std::string name = "row 20";
+    const int before = node(name)["active"];
+    click(boxOf(name));
+    EXPECT_EQ(static_cast<int>(node(name)["active"]), 1 - before);
+}
+
+TEST_F(Mouse, WheelUnderAMouseOnATriangleIsSurvived)
+{
+    show(manyItems(60));
+    moveTo(openBoxOf("Group 1"));
+    wheel(openBoxOf("Group 1"), 5, 30);
+    ASSERT_TRUE(pumpUntil([this] { return view().getViewport()->getViewPositionY() > 200; }));
+    const Point elsewhere = view().localPointToGlobal(Point(150, 60));
+    moveTo(elsewhere);
+    moveTo(elsewhere + Point(10, 40));
+    pump();
+}
+
+TEST_F(Mouse, RebuildUnderAMouseOnATriangleIsSurvived)
+{
+    show({object(1, "a", 1), object(2, "b", 1)});
+    for (int i = 0; i < 4; ++i)
+    {
+        const Point triangle = openBoxOf("Group 1");
+        moveTo(triangle);
+        show({object(1, "a", 1), object(2, "b", 1)});
+        moveTo(triangle + Point(100, 3));
+        pump();
+    }
+    moveTo(openBoxOf("Group 1"));
+    ClearTree(panel);
+    moveTo(panel->localPointToGlobal(Point(200, 200)));
+    pump();
+}
+
+TEST_F(Mouse, ButtonActsOnThePressAndNotOnTheRelease)
+{
+    show({object(1, "a")});
+    const std::string pressed = outputOf([this] { pressAt(centreOf(panel->groupButton)); });
+    EXPECT_EQ(pressed, "button clicked\n");
+    EXPECT_EQ(shape(), "Layer(Group 1 a)");
+    EXPECT_EQ(outputOf([this] { releaseButton(); }), "");
+    EXPECT_EQ(shape(), "Layer(Group 1 a)");
+}
+
+TEST_F(Mouse, ClickGivesTheKeyboardToTheTreeWhereverItHits)
+{
+    show({object(1, "a"), object(2, "b")});
+    AddObject(panel, VN_OBJECT_GEOMETRY, 1, "g");
+    const std::vector<Point> places = {textOf("a"), centreOf(panel->geometryButton),
+                                       panel->localPointToGlobal(Point(300, 40)),
+                                       view().localPointToGlobal(Point(100, 200))};
+    for (const Point place : places)
+    {
+        clickOnHost();
+        ASSERT_TRUE(pumpUntil([this] { return !hasFocus(); })) << place.toString();
+        (void)outputOf([&] { click(place); });
+        EXPECT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); })) << place.toString();
+    }
+}
+
+TEST_F(Mouse, SelectionFromOutsideTakesNoFocus)
+{
+    clickOnHost();
+    pump();
+    const auto focused = input.focusedWindow();
+    ASSERT_EQ(focused, host.id());
+    auto* table = CreateTreeStateTable();
+    const std::vector<ObjectItem> items = {object(1, "a"), object(2, "b")};
+    show(items);
+    select({"b"});
+    CacheLayerTreeState(table, 1, panel);
+    show(items);
+    ApplyLayerTreeState(table, 1, panel);
+    pumpFor(200);
+    EXPECT_THAT(selectedNames(), ElementsAre("b"));
+    EXPECT_FALSE(hasFocus());
+    EXPECT_EQ(input.focusedWindow(), focused);
+    DeleteTreeStateTable(table);
+}

@@ -1,0 +1,94 @@
+#include "tree/NameText.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace
+{
+void expectBytesSurvive(const std::string& bytes)
+{
+    const juce::String text = TextFromBytes(bytes);
+    EXPECT_EQ(BytesFromText(text), bytes);
+    EXPECT_TRUE(
+        juce::CharPointer_UTF8::isValidString(text.toRawUTF8(), static_cast<int>(text.getNumBytesAsUTF8())));
+}
+} // namespace
+
+TEST(NameText, KeepsValidUtf8AsItIs)
+{
+    for (const std::string bytes : {"", "plain", "gr\xc3\xbc\xc3\x9f", "\xe2\x82\xac", "\xf0\x9f\x98\x80",
+                                    "\xef\xbb\xbf"
+                                    "bom"})
+    {
+        EXPECT_EQ(TextFromBytes(bytes).toStdString(), bytes);
+        expectBytesSurvive(bytes);
+    }
+}
+
+TEST(NameText, KeepsEverySingleByte)
+{
+    for (int byte = 0; byte < 256; ++byte)
+        expectBytesSurvive(std::string(1, static_cast<char>(byte)));
+}
+
+TEST(NameText, KeepsEveryPairOfBytes)
+{
+    for (int first = 0; first < 256; ++first)
+        for (int second = 0; second < 256; ++second)
+            ASSERT_EQ(BytesFromText(TextFromBytes({static_cast<char>(first), static_cast<char>(second)})),
+                      std::string({static_cast<char>(first), static_cast<char>(second)}));
+}
+
+TEST(NameText, KeepsBytesThatAreNotText)
+{
+    const std::vector<std::string> names = {
+        "\xff",                             // no lead byte
+        "a\x80",                            // a lone continuation
+        "\xc0\xaf",                         // overlong
+        "\xe0\x80\xaf",                     // overlong
+        "\xf0\x80\x80\xaf",                 // overlong
+        "\xed\xa0\x80",                     // a lone surrogate
+        "\xed\xb0\x80",                     // the other lone surrogate
+        "\xf4\x90\x80\x80",                 // behind the last character
+        "\xf5\x80\x80\x80",                 // no lead byte
+        "cut \xe2\x82",                     // cut short
+        "\xe2(\xa1",                        // broken in the middle
+        "\xf4\x8f\xb8\x80\xf4\x8f\xbb\xbf", // the characters that escapes are made of
+        std::string("a\0b\0", 4),
+    };
+    for (const auto& name : names)
+        expectBytesSurvive(name);
+}
+
+TEST(NameText, KeepsNamesThatDifferApart)
+{
+    EXPECT_NE(TextFromBytes("\xff"), TextFromBytes("\xfe"));
+    EXPECT_NE(TextFromBytes("\xff"), TextFromBytes(BytesFromText(TextFromBytes("\xff")) + "x"));
+    // The escape of ff, given as bytes, is not the escape of ff.
+    EXPECT_NE(TextFromBytes(TextFromBytes("\xff").toStdString()), TextFromBytes("\xff"));
+}
+
+TEST(NameText, ShowsWhatIsNotTextAsTheReplacementCharacter)
+{
+    EXPECT_EQ(ShownText(TextFromBytes("a\xff"
+                                      "b"))
+                  .toStdString(),
+              "a\xef\xbf\xbd"
+              "b");
+    EXPECT_EQ(ShownText(TextFromBytes(std::string(1, '\0'))).toStdString(), "\xef\xbf\xbd");
+    EXPECT_EQ(ShownText(TextFromBytes("gr\xc3\xbc\xc3\x9f")).toStdString(), "gr\xc3\xbc\xc3\x9f");
+}
+
+TEST(NameText, ShowsNoMoreThanARowCanHold)
+{
+    EXPECT_EQ(ShownText(TextFromBytes(std::string(1000000, 'a'))).length(), 4000);
+    EXPECT_EQ(ShownText(TextFromBytes(std::string(4000, 'a'))).length(), 4000);
+}
+
+TEST(NameText, EditsLineEndsAsBlanks)
+{
+    EXPECT_EQ(EditableText(TextFromBytes("a\r\nb\nc")).toStdString(), "a  b c");
+    EXPECT_EQ(EditableText(TextFromBytes(std::string(100000, 'a'))).length(), 32000);
+}

@@ -1,0 +1,375 @@
+#include "tests/tree/support/TreeTest.h"
+
+#include <gtest/gtest.h>
+
+using namespace standin;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+class Rows : public TreeTest
+{
+protected:
+    void build(const std::vector<ObjectItem>& items) { RefreshTree(panel, items); }
+
+    bool isInterested(const std::string& target, const std::string& dragged)
+    {
+        return row(target).isInterestedInDragSource({juce::String(dragged), &view(), {}});
+    }
+
+    void move(const std::vector<std::string>& names, juce::ValueTree newParent, int insertIndex)
+    {
+        select(names);
+        juce::OwnedArray<juce::ValueTree> nodes;
+        ValueTreeItem::getSelectedTreeViewItems(view(), nodes);
+        ValueTreeItem::moveItems(view(), nodes, newParent, insertIndex);
+    }
+};
+} // namespace
+
+TEST_F(Rows, OpenThemselvesWhenTheyAreMade)
+{
+    build({object(1, "a", 1), object(2, "b", 0), object(3, "c", 1)});
+    EXPECT_EQ(shape(), "Layer(Group 1(a c) b)");
+    EXPECT_TRUE(row("Layer").isOpen());
+    EXPECT_TRUE(row("Group 1").isOpen());
+    EXPECT_TRUE(row("a").isOpen());
+}
+
+TEST_F(Rows, AreTwentyPixelsHigh)
+{
+    build({object(1, "a")});
+    EXPECT_EQ(row("a").getItemHeight(), 20);
+}
+
+TEST_F(Rows, MightContainSubItemsOnlyWithChildNodes)
+{
+    build({object(1, "a", 1)});
+    EXPECT_TRUE(row("Layer").mightContainSubItems());
+    EXPECT_TRUE(row("Group 1").mightContainSubItems());
+    EXPECT_FALSE(row("a").mightContainSubItems());
+}
+
+TEST_F(Rows, AreNamedByTheirNode)
+{
+    build({object(1, "a name / with a stroke")});
+    EXPECT_EQ(row("a name / with a stroke").getUniqueName(), "a name / with a stroke");
+    EXPECT_EQ(row("Layer").getUniqueName(), "Layer");
+}
+
+TEST_F(Rows, ComeBackSelectedByTheirNode)
+{
+    build({object(1, "a"), object(2, "b")});
+    node("b").setProperty("select", 1, nullptr);
+    node("Layer").addChild(ValueTreesDemo::createTree("Object", "new"), 0, nullptr);
+    EXPECT_EQ(shape(), "Layer(new a b*)");
+}
+
+TEST_F(Rows, RememberTheirSelectionInTheNode)
+{
+    build({object(1, "a"), object(2, "b")});
+    row("a").setSelected(true, true);
+    EXPECT_EQ(static_cast<int>(node("a")["select"]), 1);
+    row("b").setSelected(true, true);
+    EXPECT_EQ(static_cast<int>(node("a")["select"]), 0);
+    EXPECT_EQ(static_cast<int>(node("b")["select"]), 1);
+}
+
+TEST_F(Rows, OfAClosedGroupGoAndComeBack)
+{
+    build({object(1, "a", 1), object(2, "b", 1), object(3, "c")});
+    select({"a", "c"});
+    row("Group 1").setOpen(false);
+    EXPECT_EQ(shape(), "Layer(Group 1+ c*)");
+    EXPECT_EQ(row("Group 1").getNumSubItems(), 0);
+    EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("a", "b", "c"));
+    EXPECT_THAT(namesOf(GetSelectedTreeItems(panel)), ElementsAre("c"));
+    row("Group 1").setOpen(true);
+    EXPECT_EQ(shape(), "Layer(Group 1(a* b) c*)");
+    EXPECT_THAT(namesOf(GetSelectedTreeItems(panel)), ElementsAre("a", "c"));
+}
+
+TEST_F(Rows, CountTheActiveObjectsOfAGroup)
+{
+    build({object(1, "a", 1, 1), object(2, "b", 1, 0), object(3, "c", 1, 5)});
+    int total = 7;
+    int active = 7;
+    ValueTreeItem::getGroupActiveItems(node("Group 1"), total, active);
+    EXPECT_EQ(total, 3);
+    EXPECT_EQ(active, 2);
+    ValueTreeItem::getGroupActiveItems(node("a"), total, active);
+    EXPECT_EQ(total, 0);
+    EXPECT_EQ(active, 0);
+    ValueTreeItem::getGroupActiveItems(node("Layer"), total, active);
+    EXPECT_EQ(total, 0);
+}
+
+TEST_F(Rows, CountOnlyObjectsThatStandDirectlyInTheGroup)
+{
+    build({object(1, "a", 1), object(2, "b", 2)});
+    node("Group 1").appendChild(ValueTreesDemo::createTree("External", "x"), nullptr);
+    move({"Group 2"}, node("Group 1"), 0);
+    int total = 0;
+    int active = 0;
+    ValueTreeItem::getGroupActiveItems(node("Group 1"), total, active);
+    EXPECT_EQ(total, 1);
+    ValueTreeItem::flipGroupItems(node("Group 1"), false);
+    EXPECT_EQ(static_cast<int>(node("a")["active"]), 0);
+    EXPECT_EQ(static_cast<int>(node("b")["active"]), 1);
+    EXPECT_FALSE(node("x").hasProperty("active"));
+}
+
+TEST_F(Rows, FlipNothingButGroups)
+{
+    build({object(1, "a", 0, 1)});
+    ValueTreeItem::flipGroupItems(node("Layer"), false);
+    ValueTreeItem::flipGroupItems(node("a"), false);
+    EXPECT_EQ(static_cast<int>(node("a")["active"]), 1);
+}
+
+TEST_F(Rows, DescribeWhatIsDragged)
+{
+    build({object(1, "a", 1), object(2, "r", -1), external("x")});
+    EXPECT_EQ(row("a").getDragSourceDescription().toString(), "Object");
+    EXPECT_EQ(row("r").getDragSourceDescription().toString(), "RigidObject");
+    EXPECT_EQ(row("Group 1").getDragSourceDescription().toString(), "Group");
+    EXPECT_EQ(row("x").getDragSourceDescription().toString(), "External");
+    EXPECT_EQ(row("Layer").getDragSourceDescription().toString(), "Layer");
+}
+
+TEST_F(Rows, AreRigidByThePresenceOfTheMark)
+{
+    build({object(1, "a")});
+    node("a").setProperty("rigid", 0, nullptr);
+    EXPECT_EQ(row("a").getDragSourceDescription().toString(), "RigidObject");
+}
+
+TEST_F(Rows, TakeTheDropsOfTheTable)
+{
+    build({object(1, "a", 1), external("x")});
+    const std::vector<std::string> dragged = {"Object", "RigidObject", "Group", "External", "Layer",
+                                              "",       "other"};
+    const auto answers = [&](const std::string& target)
+    {
+        std::vector<bool> result;
+        for (const auto& description : dragged)
+            result.push_back(isInterested(target, description));
+        return result;
+    };
+    EXPECT_THAT(answers("Group 1"), ElementsAre(true, false, false, false, false, false, false));
+    EXPECT_THAT(answers("Layer"), ElementsAre(true, true, true, false, false, false, false));
+    EXPECT_THAT(answers("a"), ElementsAre(false, false, false, false, false, false, false));
+    EXPECT_THAT(answers("x"), ElementsAre(false, false, false, false, false, false, false));
+}
+
+TEST_F(Rows, TakeAnObjectIntoAGroup)
+{
+    build({object(1, "a", 1), object(2, "b")});
+    select({"b"});
+    drop("Group 1", 0);
+    EXPECT_EQ(shape(), "Layer(Group 1(b* a))");
+    EXPECT_THAT(groupsOf(GetItemsFromTree(panel)), ElementsAre(1, 1));
+}
+
+TEST_F(Rows, GiveAnObjectOutOfAGroupTheNumberMinusOne)
+{
+    build({object(1, "a", 1), object(2, "b", 1)});
+    select({"a"});
+    drop("Layer", 1);
+    EXPECT_EQ(shape(), "Layer(Group 1(b) a*)");
+    EXPECT_THAT(groupsOf(GetItemsFromTree(panel)), ElementsAre(1, -1));
+    EXPECT_FALSE(node("a").hasProperty("rigid"));
+}
+
+TEST_F(Rows, KeepARigidObjectRigidWhenItMoves)
+{
+    build({object(1, "r", -1), object(2, "b"), object(3, "c")});
+    select({"r"});
+    drop("Layer", 3, "RigidObject");
+    EXPECT_EQ(shape(), "Layer(b c r*)");
+    EXPECT_TRUE(node("r").hasProperty("rigid"));
+    EXPECT_EQ(row("r").getDragSourceDescription().toString(), "RigidObject");
+}
+
+TEST_F(Rows, MoveEverySelectedRowWhateverItIs)
+{
+    build({object(1, "a", 1), object(2, "r", -1), external("x"), object(3, "b", 2)});
+    select({"a", "r", "x"});
+    drop("Group 2", 1);
+    EXPECT_EQ(shape(), "Layer(Group 1 Group 2(b a* r* x*))");
+    EXPECT_EQ(static_cast<int>(node("x")["group"]), 2);
+}
+
+TEST_F(Rows, KeepTheOrderOfWhatMoves)
+{
+    build({object(1, "a"), object(2, "b"), object(3, "c"), object(4, "d"), object(5, "e")});
+    move({"a", "c", "e"}, node("Layer"), 3);
+    EXPECT_EQ(shape(), "Layer(b a* c* e* d)");
+}
+
+TEST_F(Rows, MoveDownToTheIndexThatCountsTheRowsBefore)
+{
+    build({object(1, "a"), object(2, "b"), object(3, "c"), object(4, "d")});
+    move({"a"}, node("Layer"), 3);
+    EXPECT_EQ(shape(), "Layer(b c a* d)");
+    move({"d"}, node("Layer"), 0);
+    EXPECT_EQ(shape(), "Layer(d* b c a)");
+    move({"b"}, node("Layer"), 4);
+    EXPECT_EQ(shape(), "Layer(d c a b*)");
+}
+
+TEST_F(Rows, StayWhereTheyAreWhenTheyAreDroppedOnThemselves)
+{
+    build({object(1, "a"), object(2, "b"), object(3, "c")});
+    move({"b"}, node("Layer"), 1);
+    EXPECT_EQ(shape(), "Layer(a b* c)");
+    move({"b"}, node("Layer"), 2);
+    EXPECT_EQ(shape(), "Layer(a b* c)");
+}
+
+TEST_F(Rows, SayWhatTheyMoveFromTheLastToTheFirst)
+{
+    build({object(1, "a"), object(2, "b", 1), object(3, "c")});
+    select({"a", "b", "c"});
+    EXPECT_EQ(outputOf([this] { drop("Layer", 0); }),
+              "Items: 3\nMoving Item: c\nMoving Item: b\nMoving Item: a\n");
+    EXPECT_EQ(shape(), "Layer(a* b* c* Group 1)");
+}
+
+TEST_F(Rows, SayThatTheyMoveNothing)
+{
+    build({object(1, "a"), object(2, "b", 1)});
+    view().clearSelectedItems();
+    EXPECT_EQ(outputOf([this] { drop("Group 1", 0); }), "Items: 0\n");
+    EXPECT_EQ(shape(), "Layer(a Group 1(b))");
+}
+
+TEST_F(Rows, NameTheRootAmongWhatMovesAndLeaveIt)
+{
+    build({object(1, "a"), object(2, "b")});
+    select({"Layer", "b"});
+    EXPECT_EQ(outputOf([this] { drop("Layer", 0); }), "Items: 2\nMoving Item: b\nMoving Item: Layer\n");
+    EXPECT_EQ(shape(), "Layer*(b* a)");
+}
+
+TEST_F(Rows, LeaveAGroupThatIsDroppedIntoItself)
+{
+    build({object(1, "a", 1), object(2, "b")});
+    select({"Group 1"});
+    drop("Group 1", 0);
+    EXPECT_EQ(shape(), "Layer(Group 1*(a) b)");
+    node("Group 1").appendChild(ValueTreesDemo::createTree("Group", "inner"), nullptr);
+    select({"Group 1"});
+    drop("inner", 0);
+    EXPECT_EQ(shape(), "Layer(Group 1*(a inner) b)");
+    EXPECT_EQ(static_cast<int>(node("Group 1")["group"]), 1);
+}
+
+TEST_F(Rows, LetASelectedGroupFollowAnObjectIntoAnotherGroup)
+{
+    build({object(1, "a", 1), object(2, "b"), object(3, "c", 2)});
+    select({"Group 1", "b"});
+    drop("Group 2", 0);
+    EXPECT_EQ(shape(), "Layer(Group 2(Group 1*(a) b* c))");
+    EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("a", "b", "c"));
+    EXPECT_THAT(groupsOf(GetItemsFromTree(panel)), ElementsAre(1, 2, 2));
+    // The moved group carries the number of its new parent.
+    EXPECT_EQ(static_cast<int>(node("Group 1")["group"]), 2);
+}
+
+TEST_F(Rows, LoseTheNumberOfAGroupThatIsReorderedAtTheTop)
+{
+    build({object(1, "a", 1), object(2, "b")});
+    select({"Group 1"});
+    drop("Layer", 2, "Group");
+    EXPECT_EQ(shape(), "Layer(b Group 1*(a))");
+    EXPECT_EQ(static_cast<int>(node("Group 1")["group"]), -1);
+    EXPECT_THAT(groupsOf(GetItemsFromTree(panel)), ElementsAre(0, 1));
+    RefreshTree(panel, GetItemsFromTree(panel));
+    EXPECT_EQ(static_cast<int>(node("Group 1")["group"]), 1);
+}
+
+TEST_F(Rows, OpenAClosedGroupThatTakesADrop)
+{
+    build({object(1, "a", 1), object(2, "b")});
+    row("Group 1").setOpen(false);
+    select({"b"});
+    drop("Group 1", 0);
+    EXPECT_EQ(shape(), "Layer(Group 1(b* a))");
+}
+
+TEST_F(Rows, SurviveTheirOwnDeletionByTheDropThatTheyTake)
+{
+    build({object(1, "a"), object(2, "b", 1), object(3, "c", 2)});
+    select({"a", "c"});
+    // Moving "a" rebuilds all rows at the top, the group's among them, while the group takes the drop.
+    drop("Group 1", 1);
+    EXPECT_EQ(shape(), "Layer(Group 1(b a* c*) Group 2)");
+}
+
+TEST_F(Rows, MoveWithoutANewParentToNowhere)
+{
+    build({object(1, "a"), object(2, "b")});
+    move({"a"}, juce::ValueTree(), 0);
+    EXPECT_EQ(shape(), "Layer(b)");
+}
+
+TEST_F(Rows, FollowANodeThatIsAdded)
+{
+    build({object(1, "a", 1)});
+    node("Group 1").appendChild(ValueTreesDemo::createTree("Object", "new"), nullptr);
+    EXPECT_EQ(shape(), "Layer(Group 1(a new))");
+}
+
+TEST_F(Rows, FollowANodeThatIsRemoved)
+{
+    build({object(1, "a", 1), object(2, "b", 1)});
+    select({"b"});
+    node("Group 1").removeChild(0, nullptr);
+    EXPECT_EQ(shape(), "Layer(Group 1(b*))");
+}
+
+TEST_F(Rows, FollowAChangeOfOrder)
+{
+    build({object(1, "a"), object(2, "b"), object(3, "c")});
+    select({"c"});
+    node("Layer").moveChild(2, 0, nullptr);
+    EXPECT_EQ(shape(), "Layer(c* a b)");
+}
+
+TEST_F(Rows, BelowOtherNodesStayWhenOneChanges)
+{
+    build({object(1, "a", 1), object(2, "b", 2)});
+    const auto* untouched = &row("b");
+    node("Group 1").appendChild(ValueTreesDemo::createTree("Object", "new"), nullptr);
+    EXPECT_EQ(&row("b"), untouched);
+}
+
+TEST_F(Rows, TakeANameFromAnEditorThatTheyListenTo)
+{
+    build({object(1, "a")});
+    juce::TextEditor editor;
+    editor.setText("typed", false);
+    editor.addListener(&row("a"));
+    row("a").textEditorReturnKeyPressed(editor);
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("typed"));
+    editor.setText("again", false);
+    editor.setVisible(true);
+    row("typed").textEditorFocusLost(editor);
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("again"));
+}
+
+TEST_F(Rows, FindTheSelectedOnesFromTheTopAtAnyDepth)
+{
+    build({object(1, "a", 1), object(2, "b"), external("x")});
+    select({"x", "b", "Layer", "a"});
+    juce::OwnedArray<juce::ValueTree> nodes;
+    ValueTreeItem::getSelectedTreeViewItems(view(), nodes);
+    std::vector<std::string> names;
+    for (const auto* found : nodes)
+        names.push_back(found->getProperty("name").toString().toStdString());
+    EXPECT_THAT(names, ElementsAre("Layer", "a", "b", "x"));
+}

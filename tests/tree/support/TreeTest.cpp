@@ -1,0 +1,154 @@
+#include "tests/tree/support/TreeTest.h"
+
+#include "tests/tree/support/Pump.h"
+
+#include <stdexcept>
+
+namespace
+{
+std::string nameOf(const juce::ValueTree& node) { return node[TreeIds::name].toString().toStdString(); }
+
+std::string shapeOf(juce::TreeViewItem& item)
+{
+    const auto& row = dynamic_cast<ValueTreeItem&>(item);
+    std::string text = nameOf(row.getNode());
+    if (row.isSelected())
+        text += "*";
+    if (!row.isOpen() && row.getNode().getNumChildren() > 0)
+        text += "+";
+    if (item.getNumSubItems() == 0)
+        return text;
+    text += "(";
+    for (int i = 0; i < item.getNumSubItems(); ++i)
+        text += (i > 0 ? " " : "") + shapeOf(*item.getSubItem(i));
+    return text + ")";
+}
+
+ValueTreeItem* findRow(juce::TreeViewItem* item, const std::string& name)
+{
+    auto* row = dynamic_cast<ValueTreeItem*>(item);
+    if (row == nullptr || nameOf(row->getNode()) == name)
+        return row;
+    for (int i = 0; i < item->getNumSubItems(); ++i)
+        if (auto* found = findRow(item->getSubItem(i), name))
+            return found;
+    return nullptr;
+}
+} // namespace
+
+namespace standin
+{
+std::string uuidOf(int number)
+{
+    const std::string digits = std::to_string(number);
+    return std::string(ZERO_UUID_TEXT).replace(36 - digits.size(), digits.size(), digits);
+}
+
+ObjectItem object(int number, const std::string& name, int group, int active)
+{
+    ObjectItem item;
+    item.uuid = uuidOf(number);
+    item.name = name;
+    item.group = group;
+    item.active = active;
+    item.tag = "a match name";
+    return item;
+}
+
+ObjectItem external(const std::string& name)
+{
+    ObjectItem item;
+    item.uuid = ZERO_UUID_TEXT;
+    item.name = name;
+    return item;
+}
+
+std::vector<std::string> namesOf(const std::vector<ObjectItem>& items)
+{
+    std::vector<std::string> result;
+    for (const auto& item : items)
+        result.push_back(item.name);
+    return result;
+}
+
+std::vector<int> groupsOf(const std::vector<ObjectItem>& items)
+{
+    std::vector<int> result;
+    for (const auto& item : items)
+        result.push_back(item.group);
+    return result;
+}
+
+std::vector<int> activesOf(const std::vector<ObjectItem>& items)
+{
+    std::vector<int> result;
+    for (const auto& item : items)
+        result.push_back(item.active);
+    return result;
+}
+
+std::string outputOf(const std::function<void()>& action)
+{
+    testing::internal::CaptureStdout();
+    action();
+    return testing::internal::GetCapturedStdout();
+}
+
+juce::KeyPress commandKey(int letter)
+{
+    return juce::KeyPress(letter, juce::ModifierKeys::commandModifier, 0);
+}
+
+TreeTest::TreeTest()
+{
+    JuceGlobalInit();
+    panel = CreateTreeWidget(false);
+}
+
+TreeTest::~TreeTest()
+{
+    deleteWidget();
+    JuceGlobalShutDown();
+}
+
+void TreeTest::deleteWidget()
+{
+    ClearTree(panel);
+    DeleteTreeWidget(panel);
+    panel = nullptr;
+}
+
+ValueTreeItem* TreeTest::root() { return dynamic_cast<ValueTreeItem*>(view().getRootItem()); }
+
+std::string TreeTest::shape() { return root() == nullptr ? "" : shapeOf(*root()); }
+
+ValueTreeItem& TreeTest::row(const std::string& name)
+{
+    auto* found = findRow(view().getRootItem(), name);
+    if (found == nullptr)
+        throw std::runtime_error("no row " + name + " in " + shape());
+    return *found;
+}
+
+void TreeTest::select(const std::vector<std::string>& names)
+{
+    view().clearSelectedItems();
+    for (const auto& name : names)
+        row(name).setSelected(true, false);
+}
+
+std::vector<std::string> TreeTest::selectedNames()
+{
+    std::vector<std::string> names;
+    for (int i = 0; i < view().getNumSelectedItems(); ++i)
+        names.push_back(nameOf(dynamic_cast<ValueTreeItem*>(view().getSelectedItem(i))->getNode()));
+    return names;
+}
+
+void TreeTest::drop(const std::string& target, int insertIndex, const std::string& description)
+{
+    const juce::DragAndDropTarget::SourceDetails details(juce::String(description), &view(), {});
+    ASSERT_TRUE(row(target).isInterestedInDragSource(details)) << description << " on " << target;
+    row(target).itemDropped(details, insertIndex);
+}
+} // namespace standin
