@@ -1,4 +1,4 @@
-#include "tests/support/XHostWindow.h"
+#include "standin/x11/XHostWindow.h"
 
 #include <X11/Xlib.h>
 #include <stdexcept>

@@ -1,4 +1,4 @@
-#include "tests/support/Xvfb.h"
+#include "standin/x11/Xvfb.h"
 
 #include <csignal>
 #include <cstdlib>

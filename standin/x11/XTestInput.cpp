@@ -1,4 +1,4 @@
-#include "tests/support/XTestInput.h"
+#include "standin/x11/XTestInput.h"
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>

@@ -1,0 +1,61 @@
+#include "standin/session/Bundle.h"
+
+#include <dlfcn.h>
+#include <filesystem>
+#include <stdexcept>
+
+namespace standin
+{
+namespace
+{
+/// dlopen looks a bare name up in the system's folders, and a path where it is.
+void* openModule(const std::string& file)
+{
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error))
+        throw std::runtime_error(file + ": there is no such file");
+    void* module = dlopen(std::filesystem::absolute(file).c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (module == nullptr)
+        throw std::runtime_error(file + " is no bundle: " + dlerror());
+    return module;
+}
+
+void requireWell(const LoadedPlugin& plugin, const char* entry)
+{
+    if (plugin.result.error == errNone)
+        return;
+    const std::string thrown = plugin.result.thrown.empty() ? "" : ", " + plugin.result.thrown;
+    throw std::runtime_error(std::string(entry) + " failed with error " +
+                             std::to_string(plugin.result.error) + thrown);
+}
+} // namespace
+
+Bundle::Bundle(const std::string& bundleFile)
+    : file(bundleFile),
+      module(openModule(bundleFile)),
+      idleSuiteEntry(findEntry("EffectorAEGP")),
+      panelEntry(findEntry("PanelEntryPointFunc"))
+{
+}
+
+EntryPoint Bundle::findEntry(const char* name) const
+{
+    void* const symbol = dlsym(module, name);
+    if (symbol == nullptr)
+        throw std::runtime_error(file + " is no bundle: it does not export " + name);
+    return reinterpret_cast<EntryPoint>(symbol);
+}
+
+LoadedPlugin Bundle::LoadIdleSuite(Host& host) const { return host.Load(idleSuiteEntry); }
+
+LoadedPlugin Bundle::LoadPanel(Host& host) const { return host.Load(panelEntry); }
+
+void Bundle::LoadAll(Host& host, EntryOrder order) const
+{
+    if (order == EntryOrder::idleSuiteFirst)
+        requireWell(LoadIdleSuite(host), "EffectorAEGP");
+    requireWell(LoadPanel(host), "PanelEntryPointFunc");
+    if (order == EntryOrder::panelFirst)
+        requireWell(LoadIdleSuite(host), "EffectorAEGP");
+}
+} // namespace standin
