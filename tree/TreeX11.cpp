@@ -93,6 +93,16 @@ KeyUse offerKey(juce::Component& first, const juce::KeyPress& key)
     return KeyUse::unused;
 }
 
+/// JUCE ends a drag without a drop at Escape alone, which the picture of the drag takes. It stands on the
+/// desktop beside the widget.
+void cancelDrag(ValueTreesDemo& tree)
+{
+    auto& desktop = juce::Desktop::getInstance();
+    for (int i = desktop.getNumComponents(); tree.isDragAndDropActive() && --i >= 0;)
+        if (auto* component = desktop.getComponent(i); component != &tree)
+            (void)component->keyPressed(juce::KeyPress(juce::KeyPress::escapeKey));
+}
+
 /// Lets the attachment ride on the component, which lets it go when it is deleted.
 struct AttachmentHolder : juce::ReferenceCountedObject
 {
@@ -193,6 +203,28 @@ KeyUse HandleTreeKey(ValueTreesDemo* tree, const _XEvent& keyEvent)
 }
 
 void DismissTreeMenus() { (void)juce::PopupMenu::dismissAllActiveMenus(); }
+
+bool IsTreeButtonDown()
+{
+    return juce::Desktop::getInstance().getMainMouseSource().isDragging() ||
+           juce::ModifierKeys::currentModifiers.isAnyMouseButtonDown();
+}
+
+void ReleaseTreeButtons(ValueTreesDemo* tree)
+{
+    if (tree == nullptr)
+        return;
+    cancelDrag(*tree);
+    juce::ModifierKeys::currentModifiers = juce::ModifierKeys::currentModifiers.withoutMouseButtons();
+    if (auto* peer = tree->getPeer())
+    {
+        const auto mouse = juce::Desktop::getInstance().getMainMouseSource();
+        peer->handleMouseEvent(juce::MouseInputSource::InputSourceType::mouse,
+                               peer->globalToLocal(mouse.getScreenPosition()),
+                               juce::ModifierKeys::currentModifiers, juce::MouseInputSource::defaultPressure,
+                               juce::MouseInputSource::defaultOrientation, juce::Time::currentTimeMillis());
+    }
+}
 
 void SetTreeAttachment(ValueTreesDemo* tree, std::shared_ptr<TreeAttachment> attachment)
 {

@@ -42,7 +42,7 @@ void ResizeTree(ValueTreesDemo*, int width, int height);
 /// Takes the widget off the desktop, for instance because its window has died. It lives on without one.
 void RemoveTreeFromDesktop(ValueTreesDemo*);
 
-// ---- Keys and menus
+// ---- Keys, menus and the mouse
 
 enum class KeyUse
 {
@@ -57,6 +57,12 @@ KeyUse HandleTreeKey(ValueTreesDemo*, const _XEvent&);
 
 /// Closes the widget's menus; nothing is chosen.
 void DismissTreeMenus();
+
+/// Whether JUCE believes that a mouse button is held down. It learns of a release from its windows alone.
+bool IsTreeButtonDown();
+
+/// Lets go of the mouse without a release. A drag ends and drops nothing.
+void ReleaseTreeButtons(ValueTreesDemo*);
 
 // ---- What lives with a widget
 

@@ -115,8 +115,12 @@ void X11Embedding::leaveKeyboard()
 void X11Embedding::Update()
 {
     const std::optional<Time> formerDoubt = doubtfulPress;
+    const bool mustRelease = isReleaseOverdue();
+    wasPressed = false;
     KeepTreeEvents();
     handleEvents();
+    if (mustRelease && !wasPressed && IsTreeButtonDown())
+        ReleaseTreeButtons(tree);
     RunTreeMessages();
     handleEvents();
     if (formerDoubt.has_value())
@@ -203,6 +207,7 @@ void X11Embedding::handleDestroy(const XEvent& event)
 void X11Embedding::loseContainer()
 {
     DismissTreeMenus();
+    ReleaseTreeButtons(tree);
     if (GetTreeWindow(tree) == panelWindow)
         RemoveTreeFromDesktop(tree);
     holdsKeyboard = false;
@@ -220,14 +225,26 @@ void X11Embedding::followContainer()
 
 // ---- Presses
 
+/// Unless the release is among the events that wait, it will not come: a window that is unmapped or dies
+/// under a held button does not hear of it.
+bool X11Embedding::isReleaseOverdue() const
+{
+    if (!IsTreeButtonDown())
+        return false;
+    Window window = None;
+    int ignored = 0;
+    unsigned mask = 0;
+    (void)XQueryPointer(display, DefaultRootWindow(display), &window, &window, &ignored, &ignored, &ignored,
+                        &ignored, &mask);
+    return (mask & (Button1Mask | Button2Mask | Button3Mask)) == 0;
+}
+
 void X11Embedding::handlePress(const XEvent& event)
 {
-    treePresses[nextTreePress++ % treePresses.size()] = event.xbutton.time;
-    if (doubtfulPress == event.xbutton.time)
-        doubtfulPress.reset();
-    // JUCE is about to take the focus: the next key must find a window that wants it.
-    if (isClick(event.xbutton.button))
-        selectKeys(Holding::yes);
+    wasPressed = true;
+    doubtfulPress.reset(); // It was this one, or the user has come back since.
+    if (event.xbutton.button <= Button3 && event.xbutton.window == panelWindow && !holdsKeyboard)
+        takeKeyboard();
     if (event.xbutton.window == panelWindow && event.xbutton.button == Button1)
         WriteLine("Click happened in View");
     DeliverTreeEvent(event);
@@ -238,7 +255,7 @@ void X11Embedding::handlePress(const XEvent& event)
 /// on later, so one with the pointer over the panel may still come.
 void X11Embedding::handleRawPress(const XButtonEvent& press)
 {
-    if (!isClick(press.button) || isPressOfTree(press.time))
+    if (!isClick(press.button) || isTreePressNext(press))
         return;
     if (isPointerOverTree(display))
         doubtfulPress = press.time;
@@ -254,12 +271,13 @@ void X11Embedding::settle(Time doubtful)
     handlePressOutside();
 }
 
-bool X11Embedding::isPressOfTree(Time time) const
+/// Whether what follows a raw press is the same press in a window of JUCE. Several presses can have one time,
+/// and the button's number is another for a left-handed mouse.
+bool X11Embedding::isTreePressNext(const XButtonEvent& press) const
 {
-    const auto isSamePress = [time](const XEvent& event)
-    { return event.type == ButtonPress && event.xbutton.window != None && event.xbutton.time == time; };
-    return std::find(treePresses.begin(), treePresses.end(), time) != treePresses.end() ||
-           std::any_of(events.begin(), events.end(), isSamePress);
+    const auto next = std::find_if(events.begin(), events.end(),
+                                   [](const XEvent& event) { return event.type == ButtonPress; });
+    return next != events.end() && next->xbutton.window != None && next->xbutton.time == press.time;
 }
 
 void X11Embedding::handlePressOutside()
@@ -294,6 +312,21 @@ KeyUse X11Embedding::offerKey(const XEvent& event)
     if (event.type == KeyPress)
         WriteKeyLines(event.xkey);
     return HandleTreeKey(tree, event);
+}
+
+/// JUCE would take the focus at the press and hear of it afterwards, which makes it forget where the press
+/// has put it. So it is told before. The next key must find a window that wants it.
+void X11Embedding::takeKeyboard()
+{
+    selectKeys(Holding::yes);
+    (void)XSetInputFocus(display, panelWindow, RevertToParent, CurrentTime);
+    XEvent event = {};
+    event.xfocus.type = FocusIn;
+    event.xfocus.display = display;
+    event.xfocus.window = panelWindow;
+    event.xfocus.mode = NotifyNormal;
+    event.xfocus.detail = NotifyNonlinear;
+    DeliverTreeEvent(event);
 }
 
 void X11Embedding::handleFocusChange(const XEvent& event)

@@ -54,11 +54,13 @@ private:
     void handleRawPress(const XButtonEvent& press);
     void handlePressOutside();
     void settle(Time doubtful);
-    bool isPressOfTree(Time time) const;
+    bool isReleaseOverdue() const;
+    bool isTreePressNext(const XButtonEvent& press) const;
 
     // The keyboard.
     void handleKey(const XEvent& event);
     KeyUse offerKey(const XEvent& event);
+    void takeKeyboard();
     void handleFocusChange(const XEvent& event);
     void examineFocus();
     bool wasLeftBehind(Window focused, int revert) const;
@@ -76,8 +78,7 @@ private:
     bool selectsKeys = false; ///< On the panel's window, besides.
     std::deque<XEvent> events;
     std::optional<Time> doubtfulPress; ///< One that may still turn out to be JUCE's.
-    std::array<Time, 8> treePresses{}; ///< The last presses in JUCE's windows.
-    std::size_t nextTreePress = 0;
+    bool wasPressed = false;           ///< In a window of JUCE, since the last update.
     bool holdsKeyboard = false;
     bool hasNewSize = false;
     int newWidth = 0;

@@ -1,9 +1,11 @@
 #include "tests/x11/support/PanelInHost.h"
 
 #include "standin/family/Family.h"
+#include "standin/family/Sibling.h"
 
 #include <chrono>
 #include <thread>
+#include <utility>
 
 namespace standin
 {
@@ -13,12 +15,6 @@ using Clock = std::chrono::steady_clock;
 constexpr auto limit = std::chrono::seconds(30);
 constexpr auto betweenIdles = std::chrono::milliseconds(5);
 constexpr int stillIdles = 30;
-
-/// The panel keeps these for its life, which ends with the host's.
-void expectHeldSuites(Host& host)
-{
-    host.Expect("unbalanced-suite", "", "the panel and its controller hold their suites until the host ends");
-}
 } // namespace
 
 PanelInHost::PanelInHost(HostOptions options) : host(options), bundle(VORTAN_BUNDLE)
@@ -47,7 +43,9 @@ PanelInHost::~PanelInHost()
 
 void PanelInHost::Die()
 {
-    expectHeldSuites(host);
+    if (std::exchange(isDead, true))
+        return;
+    host.Expect("unbalanced-suite", "", "the panel and its controller hold their suites until the host ends");
     host.Quit();
 }
 
@@ -61,13 +59,16 @@ void PanelInHost::Open()
 HookResult PanelInHost::CreateAgain(void* view)
 {
     const auto* panel = host.FindPanel(panelName);
-    return host.RunInHook(
+    const HookResult result = host.RunInHook(
         [&]
         {
             PanelFunctions functions{};
             void* refcon = nullptr;
             return panel->hook(panel->refcon, panel->refcon, view, panel->handle, &functions, &refcon);
         });
+    // A new tree is filled by the next change, or when somebody asks for it.
+    (void)Sibling(host).RefreshPanel();
+    return result;
 }
 
 void PanelInHost::Idle()
@@ -162,7 +163,7 @@ void PanelInHost::OpenMenu()
 Place PanelInHost::MenuEntry(int index)
 {
     const Place button = Button(0);
-    return {button.x, button.y + 20 + 24 * index};
+    return {button.x + 20, button.y + 21 + 22 * index};
 }
 
 std::string PanelInHost::OutputOf(const std::function<void()>& action)

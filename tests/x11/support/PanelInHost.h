@@ -88,5 +88,6 @@ protected:
 
 private:
     int rootChildrenBefore = 0;
+    bool isDead = false;
 };
 } // namespace standin

@@ -1,7 +1,10 @@
 #include "tests/x11/support/PlainHost.h"
 
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+#include <X11/keysym.h>
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -127,9 +130,45 @@ std::vector<std::string> PlainHost::TakeKeys()
     return std::exchange(windows->keys, {});
 }
 
-unsigned PlainHost::LastKeyState() const { return windows->lastKey.state; }
+long PlainHost::CountOf(const std::string& key) const
+{
+    return std::count(windows->keys.begin(), windows->keys.end(), key);
+}
+
+/// A change of a property is told with its time.
+unsigned long PlainHost::ServerTime()
+{
+    Display* display = windows->display;
+    const Window window = XCreateSimpleWindow(display, windows->top, 0, 0, 1, 1, 0, 0, 0);
+    (void)XSelectInput(display, window, PropertyChangeMask);
+    (void)XStoreName(display, window, "time");
+    XEvent event;
+    (void)XWindowEvent(display, window, PropertyChangeMask, &event);
+    (void)XDestroyWindow(display, window);
+    return event.xproperty.time;
+}
+
+void PlainHost::ChangeKeyboardMap()
+{
+    Display* display = windows->display;
+    int least = 0;
+    int most = 0;
+    (void)XDisplayKeycodes(display, &least, &most);
+    KeySym symbol = XK_Hyper_L;
+    (void)XChangeKeyboardMapping(display, most, 1, &symbol, 1);
+    (void)XSync(display, False);
+}
+
 unsigned long PlainHost::LastKeyTime() const { return windows->lastKey.time; }
 unsigned long PlainHost::LastKeyWindow() const { return windows->lastKey.window; }
+
+void PlainHost::SwapMouseButtons()
+{
+    unsigned char buttons[32];
+    const int count = XGetPointerMapping(windows->display, buttons, sizeof buttons);
+    std::swap(buttons[0], buttons[2]);
+    (void)XSetPointerMapping(windows->display, buttons, count);
+}
 
 int PlainHost::TakeErrors()
 {
@@ -155,6 +194,8 @@ unsigned long PlainHost::Container() const { return windows->container; }
 
 unsigned long PlainHost::PanelWindow() const
 {
+    if (windows->container == None)
+        return None;
     (void)XSync(windows->display, False);
     const std::vector<Window> children = windows->childrenOf(windows->container);
     if (children.size() > 1)
@@ -211,6 +252,21 @@ void PlainHost::SetFocus(unsigned long window)
     (void)XSync(windows->display, False);
 }
 
+unsigned long PlainHost::MakeField()
+{
+    const Window field =
+        XCreateSimpleWindow(windows->display, windows->top, panelWidth + 20, 20, 60, 20, 0, 0, 0x606060);
+    (void)XMapWindow(windows->display, field);
+    (void)XSync(windows->display, False);
+    return field;
+}
+
+void PlainHost::SelectKeysOn(unsigned long window)
+{
+    (void)XSelectInput(windows->display, window, KeyPressMask | KeyReleaseMask);
+    (void)XSync(windows->display, False);
+}
+
 void PlainHost::Resize(int newWidth, int newHeight)
 {
     (void)XResizeWindow(windows->display, windows->container, static_cast<unsigned>(newWidth),
@@ -232,7 +288,21 @@ void PlainHost::Unmap()
 
 void PlainHost::Destroy()
 {
-    (void)XDestroyWindow(windows->display, windows->container);
+    (void)XDestroyWindow(windows->display, std::exchange(windows->container, None));
+    (void)XSync(windows->display, False);
+}
+
+void PlainHost::DestroyPanelWindow()
+{
+    (void)XDestroyWindow(windows->display, PanelWindow());
+    (void)XSync(windows->display, False);
+}
+
+void PlainHost::SetScreenResource(const std::string& line)
+{
+    (void)XChangeProperty(windows->display, DefaultRootWindow(windows->display), XA_RESOURCE_MANAGER,
+                          XA_STRING, 8, PropModeReplace, reinterpret_cast<const unsigned char*>(line.data()),
+                          static_cast<int>(line.size()));
     (void)XSync(windows->display, False);
 }
 
@@ -257,15 +327,13 @@ void* PlainHost::MakeContainer(const std::string&)
 
 void PlainHost::DestroyContainer(void* container)
 {
-    (void)XDestroyWindow(windows->display, reinterpret_cast<Window>(container));
-    (void)XSync(windows->display, False);
+    if (reinterpret_cast<Window>(container) == windows->container)
+        Destroy();
 }
 
 void PlainHost::ShowContainer(void* container, Visibility visibility)
 {
-    const auto window = reinterpret_cast<Window>(container);
-    (void)(visibility == Visibility::visible ? XMapWindow(windows->display, window)
-                                             : XUnmapWindow(windows->display, window));
-    (void)XSync(windows->display, False);
+    if (reinterpret_cast<Window>(container) == windows->container)
+        visibility == Visibility::visible ? Map() : Unmap();
 }
 } // namespace standin

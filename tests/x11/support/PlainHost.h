@@ -62,9 +62,19 @@ public:
     /// named in front: "+ctrl+shift C". A key that another program has sent by XSendEvent looks the same.
     std::vector<std::string> TakeKeys();
     /// The fields of the last key that a reader of TakeKeys does not see.
-    unsigned LastKeyState() const;
     unsigned long LastKeyTime() const;
     unsigned long LastKeyWindow() const;
+
+    /// How often a key stands in what TakeKeys would give.
+    long CountOf(const std::string& key) const;
+
+    /// The server's present time.
+    unsigned long ServerTime();
+    /// Has the server tell everybody that the keyboard map is another.
+    void ChangeKeyboardMap();
+
+    /// What a left-handed user sets.
+    void SwapMouseButtons();
 
     /// Errors that the host's handler was told of since the last call.
     int TakeErrors();
@@ -88,12 +98,19 @@ public:
     int ChildrenOfRoot() const;
 
     void SetFocus(unsigned long window);
+    /// A small window at the right of the container, which wants no keys itself.
+    unsigned long MakeField();
+    void SelectKeysOn(unsigned long window);
     void Resize(int newWidth, int newHeight);
     void Map();
     void Unmap();
     /// The container dies and what lies in it dies with it.
     void Destroy();
+    void DestroyPanelWindow();
     void MoveContainerToNewTop();
+
+    /// What a user's resource file would say. Programs read it when they connect.
+    void SetScreenResource(const std::string& line);
 
     // For the stand-in.
     void* MakeContainer(const std::string& panelName) override;
