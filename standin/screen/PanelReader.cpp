@@ -30,7 +30,7 @@ constexpr int menuEntryHeight = 22;
 constexpr int menuTextX = 20;
 constexpr TextPlace rowText{15, 0, 0};
 constexpr TextPlace buttonText{14, 0, 0.5};
-constexpr TextPlace menuText{16.9, 0, 0.5};
+constexpr TextPlace menuText{20 / 1.3, 0, 0.5};
 
 std::uint32_t paperOf(const ScreenPicture& panel) { return panel.at(2, 2); }
 
