@@ -145,6 +145,14 @@ std::vector<Phrase> outputPhrases()
         {expectation, "expect call TEXT", "A call of the host that contains this, since the last action began.", {},
          [](Stage& s, const Arguments& a)
          { return isTrue(contains(s.session.Calls(), a.texts[0]), "no call contains that"); }},
+        {expectation, "expect NUMBER calls TEXT", "So many calls contain this.", {},
+         [](Stage& s, const Arguments& a)
+         {
+             const Texts& calls = s.session.Calls();
+             const auto count = std::count_if(calls.begin(), calls.end(), [&](const std::string& call)
+                                              { return call.find(a.texts[0]) != std::string::npos; });
+             return isTrue(count == a.numbers[0], std::to_string(count) + " calls contain that");
+         }},
         {expectation, "expect no call TEXT", "No call contains this.", {},
          [](Stage& s, const Arguments& a)
          { return isTrue(!contains(s.session.Calls(), a.texts[0]), "a call contains that"); }},

@@ -1,10 +1,12 @@
 // The scene before the play: the project, and how the host and its effects are.
 
+#include "standin/core/HostParts.h"
 #include "standin/family/Liars.h"
 #include "standin/scenario/Parser.h"
 #include "standin/scenario/Phrase.h"
 #include "standin/scenario/Stage.h"
 
+#include <algorithm>
 #include <functional>
 #include <map>
 
@@ -62,6 +64,14 @@ const std::map<std::string, Option>& options()
         {"parameters-take-names", [](HostOptions& o) { o.parameterRename = ParameterRename::isTaken; }},
         {"names-are-short", [](HostOptions& o) { o.nameLimit = NameLimit::published; }}};
     return all;
+}
+
+void uninstall(Stage& stage, const std::string& name)
+{
+    const std::string matchName = stage.Installed(name).matchName;
+    auto& installed = stage.host().Parts().installed;
+    installed.erase(std::find_if(installed.begin(), installed.end(), [&](const InstalledEffect& entry)
+                                 { return entry.matchName == matchName; }));
 }
 
 void turnSwitch(Stage& stage, const std::string& name)
@@ -134,6 +144,9 @@ PhraseBook ProjectPhrases()
               (void)s.host().Install(more);
               s.AddCandidate(a.texts[1]);
           },
+          {}},
+         {setting, "TEXT is not installed", "The user has not installed this effect.",
+          [](Stage& s, const Arguments& a) { uninstall(s, a.texts[0]); },
           {}},
          {setting, "switch WORD",
           "The host behaves in its other way. An unknown switch gives the list of all.",

@@ -27,10 +27,10 @@ constexpr int buttonX = 13;
 constexpr int editorWidth = 200;
 constexpr int menuEdge = 2;
 constexpr int menuEntryHeight = 22;
-constexpr int menuTextX = 20;
+constexpr int menuTextX = 18;
 constexpr TextPlace rowText{15, 0, 0};
 constexpr TextPlace buttonText{14, 0, 0.5};
-constexpr TextPlace menuText{20 / 1.3, 0, 0.5};
+constexpr TextPlace menuText{20 / 1.3, 2.5, 1.5};
 
 std::uint32_t paperOf(const ScreenPicture& panel) { return panel.at(2, 2); }
 
