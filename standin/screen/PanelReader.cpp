@@ -215,8 +215,9 @@ std::optional<std::string> PanelReader::Notification(const ScreenPicture& panel,
     constexpr int leastWidth = 6;
     if (right - left < leastWidth)
         return {};
-    const Ink ink = InkIn(panel, left, top, right - left + 1, bottom - top + 1, black, face);
-    return shapes.Read(ink, candidates, {15, 3, 3}).value_or(unreadable);
+    // The corners are round.
+    const Ink ink = InkIn(panel, left + 1, top + 1, right - left - 1, bottom - top - 1, black, face);
+    return shapes.Read(ink, candidates, {14, 1.5, 2}).value_or(unreadable);
 }
 
 std::vector<std::string> PanelReader::MenuEntries(const ScreenPicture& menu,
