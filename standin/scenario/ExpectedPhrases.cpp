@@ -41,6 +41,16 @@ bool contains(const Texts& lines, const std::string& part)
                        [&](const std::string& line) { return line.find(part) != std::string::npos; });
 }
 
+/// The newest calls that did more than look, for a message.
+std::string lastOf(const Texts& calls)
+{
+    constexpr std::size_t most = 40;
+    std::string text;
+    for (std::size_t i = calls.size() > most ? calls.size() - most : 0; i < calls.size(); ++i)
+        text += "\n    " + calls[i];
+    return text;
+}
+
 /// Whether the texts stand in the lines one behind the other, with nothing between.
 bool containsRow(const Texts& lines, const Texts& texts)
 {
@@ -144,14 +154,14 @@ std::vector<Phrase> outputPhrases()
          [](Stage& s, const Arguments&) { return compare({}, s.session.Printed()); }},
         {expectation, "expect call TEXT", "A call of the host that contains this, since the last action began.", {},
          [](Stage& s, const Arguments& a)
-         { return isTrue(contains(s.session.Calls(), a.texts[0]), "no call contains that"); }},
+         { return isTrue(contains(s.session.Calls(), a.texts[0]), "no call contains that; the last are" + lastOf(s.session.Calls())); }},
         {expectation, "expect NUMBER calls TEXT", "So many calls contain this.", {},
          [](Stage& s, const Arguments& a)
          {
              const Texts& calls = s.session.Calls();
              const auto count = std::count_if(calls.begin(), calls.end(), [&](const std::string& call)
                                               { return call.find(a.texts[0]) != std::string::npos; });
-             return isTrue(count == a.numbers[0], std::to_string(count) + " calls contain that");
+             return isTrue(count == a.numbers[0], std::to_string(count) + " calls contain that; the last are" + lastOf(calls));
          }},
         {expectation, "expect no call TEXT", "No call contains this.", {},
          [](Stage& s, const Arguments& a)

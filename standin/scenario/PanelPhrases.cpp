@@ -79,11 +79,7 @@ std::vector<Phrase> mousePhrases()
          {}},
         {action, "double click row TEXT", "Two clicks in quick succession.",
          [](Stage& s, const Arguments& a)
-         {
-             const Place place = textOf(s.Row(a.texts[0]));
-             s.session.Click(place);
-             s.session.Click(place);
-         },
+         { s.session.DoubleClick(textOf(s.Row(a.texts[0]))); },
          {}},
         {action, "click the panel", "Clicks where nothing stands, beside the buttons.",
          [](Stage& s, const Arguments&) { s.session.Click(emptyPlace(s)); },

@@ -13,10 +13,11 @@ constexpr std::uint32_t white = 0xffffff;
 constexpr std::uint32_t highlight = 0x999999;
 constexpr std::uint32_t buttonFace = 0x1a1a1a;
 constexpr std::uint32_t lightBlue = 0xadd8e6;
-constexpr std::uint32_t editorEdge = 0xd3d3d3;
+constexpr std::uint32_t editorEdges[] = {0xd3d3d3, 0x8e989b}; // With the keyboard, and without.
 constexpr int treeLeft = 8;
 constexpr int treeTop = 88;
 constexpr int treeBelow = 12;
+constexpr int scrollBar = 8;
 constexpr int indent = 20;
 constexpr int boxSize = 8;
 constexpr int boxX = 2;
@@ -28,9 +29,9 @@ constexpr int editorWidth = 200;
 constexpr int menuEdge = 2;
 constexpr int menuEntryHeight = 22;
 constexpr int menuTextX = 18;
-constexpr TextPlace rowText{15, 0, 0};
-constexpr TextPlace buttonText{14, 0, 0.5};
-constexpr TextPlace menuText{20 / 1.3, 2.5, 1.5};
+constexpr TextPlace rowText{15, 0, 0, 0.17};
+constexpr TextPlace buttonText{14, 0, 0.5, 0.25};
+constexpr TextPlace menuText{20 / 1.3, 2.5, 1.5, 0.3};
 
 std::uint32_t paperOf(const ScreenPicture& panel) { return panel.at(2, 2); }
 
@@ -146,7 +147,7 @@ void PanelReader::readRow(PanelRow& row, const ScreenPicture& panel, const std::
     row.selected = marked > 0 ? Marked::yes : Marked::no;
     row.triangle = triangleOf(panel, row.x, row.y);
     const int begin = row.box == Box::none ? layerTextX : textX;
-    const int width = (marked > 0 ? marked : panel.width - treeLeft - row.x) - begin;
+    const int width = (marked > 0 ? marked : panel.width - treeLeft - scrollBar - row.x) - begin;
     const Ink ink = InkIn(panel, row.x + begin, row.y, width, rowHeight, marked > 0 ? black : light,
                           marked > 0 ? highlight : paperOf(panel));
     row.text = shapes.Read(ink, candidates, rowText).value_or(unreadable);
@@ -217,7 +218,7 @@ std::optional<std::string> PanelReader::Notification(const ScreenPicture& panel,
         return {};
     // The corners are round.
     const Ink ink = InkIn(panel, left + 1, top + 1, right - left - 1, bottom - top - 1, black, face);
-    return shapes.Read(ink, candidates, {14, 1.5, 2}).value_or(unreadable);
+    return shapes.Read(ink, candidates, {14, 1.5, 2, 0.25}).value_or(unreadable);
 }
 
 std::vector<std::string> PanelReader::MenuEntries(const ScreenPicture& menu,
@@ -235,16 +236,17 @@ std::vector<std::string> PanelReader::MenuEntries(const ScreenPicture& menu,
 
 bool PanelReader::IsEditorOpen(const ScreenPicture& panel)
 {
-    for (int y = 0; y < panel.height; ++y)
-    {
-        int run = 0;
-        for (int x = 0; x < panel.width; ++x)
+    for (const std::uint32_t edge : editorEdges)
+        for (int y = 0; y < panel.height; ++y)
         {
-            run = panel.at(x, y) == editorEdge ? run + 1 : 0;
-            if (run == editorWidth)
-                return true;
+            int run = 0;
+            for (int x = 0; x < panel.width; ++x)
+            {
+                run = panel.at(x, y) == edge ? run + 1 : 0;
+                if (run == editorWidth)
+                    return true;
+            }
         }
-    }
     return false;
 }
 

@@ -7,13 +7,15 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <numeric>
 #include <stdexcept>
 
 namespace standin
 {
 namespace
 {
-constexpr double worstMatch = 0.3; ///< The same text, drawn by two programs, stays well below.
+constexpr int letterWidth = 8;     ///< Columns in which a wrong letter shows.
+constexpr double leastInk = 4;     ///< Of so many columns; below this there is nothing to compare.
 constexpr int lineRoom = 4;        ///< Pixels above the ascent and below the descent of what is drawn.
 constexpr int endOfCutText = 24;   ///< What is cut off ends in three dots.
 
@@ -47,6 +49,21 @@ float coverOf(std::uint32_t pixel, std::uint32_t ink, std::uint32_t paper)
         length += way * way;
     }
     return length == 0 ? 0 : static_cast<float>(std::clamp(along / length, 0.0, 1.0));
+}
+
+/// The greatest difference among stretches of a letter's width.
+double worstLetter(const std::vector<double>& unlike, const std::vector<double>& ink)
+{
+    double worst = 0;
+    for (std::size_t x = 0; x + letterWidth <= ink.size(); ++x)
+    {
+        const auto at = static_cast<std::ptrdiff_t>(x);
+        const double all = std::accumulate(ink.begin() + at, ink.begin() + at + letterWidth, 0.0);
+        const double wrong = std::accumulate(unlike.begin() + at, unlike.begin() + at + letterWidth, 0.0);
+        if (all >= leastInk)
+            worst = std::max(worst, wrong / all);
+    }
+    return worst;
 }
 
 void addBitmap(Ink& ink, const FT_Bitmap& bitmap, int left, int top)
@@ -170,17 +187,23 @@ double TextShapes::Difference(const Ink& seen, const Ink& drawnInk, int down)
 {
     const bool isCut = drawnInk.width > seen.width;
     const int columns = isCut ? seen.width - endOfCutText : seen.width;
-    double unlike = 0;
-    double all = 0;
-    for (int y = 0; y < seen.height; ++y)
-        for (int x = 0; x < columns; ++x)
+    std::vector<double> unlike;
+    std::vector<double> ink;
+    for (int x = 0; x < columns; ++x)
+    {
+        unlike.push_back(0);
+        ink.push_back(0);
+        for (int y = 0; y < seen.height; ++y)
         {
             const float a = seen.At(x, y);
             const float b = drawnInk.At(x, y - down);
-            unlike += std::abs(a - b);
-            all += std::max(a, b);
+            unlike.back() += std::abs(a - b);
+            ink.back() += std::max(a, b);
         }
-    return all == 0 ? 0 : unlike / all;
+    }
+    const double all = std::accumulate(ink.begin(), ink.end(), 0.0);
+    const double total = all == 0 ? 0 : std::accumulate(unlike.begin(), unlike.end(), 0.0) / all;
+    return std::max(total, worstLetter(unlike, ink) / 2);
 }
 
 double TextShapes::bestDifference(const Ink& seen, const std::string& text, const TextPlace& place)
@@ -201,7 +224,7 @@ std::optional<std::string> TextShapes::Read(const Ink& seen, const std::vector<s
                                             const TextPlace& place)
 {
     std::optional<std::string> found;
-    double best = worstMatch;
+    double best = place.worst;
     for (const std::string& text : candidates)
     {
         const double difference = bestDifference(seen, text, place);

@@ -39,6 +39,7 @@ struct TextPlace
     double height = 15; ///< From the ascent to the descent, in pixels.
     double x = 0;       ///< From the left edge of the ink that is read.
     double slack = 0;   ///< How far from there it may begin, to both sides.
+    double worst = 0.25; ///< The greatest TextShapes::Difference of what counts as the same.
 };
 
 class TextShapes
@@ -59,7 +60,8 @@ public:
     std::optional<std::string> Read(const Ink& seen, const std::vector<std::string>& candidates,
                                     const TextPlace& place);
 
-    /// How unlike they are: 0 for the same, 1 for nothing in common. `down` moves the drawn one.
+    /// How unlike they are: 0 for the same, 1 for nothing in common. A single wrong letter weighs as much in a
+    /// long text as in a short one. `down` moves the drawn one.
     static double Difference(const Ink& seen, const Ink& drawn, int down);
 
 private:

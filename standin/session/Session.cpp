@@ -84,7 +84,9 @@ void Session::End()
     if (ended)
         return;
     ended = true;
-    host.Expect("unbalanced-suite", "", "the panel and its controller hold their suites until the host ends");
+    if (host.FindPanel(panelName) != nullptr)
+        host.Expect("unbalanced-suite", "",
+                    "the panel and its controller hold their suites until the host ends");
     host.Quit();
     dock.HandleEvents();
     collect();
@@ -157,6 +159,7 @@ Place Session::OnScreen(Place inPanel) const
 void Session::Click(Place inPanel, const std::vector<std::string>& modifiers, unsigned button)
 {
     const Place at = OnScreen(inPanel);
+    avoidDoubleClick();
     user.move(at.x, at.y);
     for (const std::string& modifier : modifiers)
         user.keyDown(ModifierKey(modifier));
@@ -164,6 +167,22 @@ void Session::Click(Place inPanel, const std::vector<std::string>& modifiers, un
     user.release(button);
     for (const std::string& modifier : modifiers)
         user.keyUp(ModifierKey(modifier));
+    lastClick = Clock::now();
+}
+
+void Session::avoidDoubleClick() const
+{
+    constexpr auto doubleClick = std::chrono::milliseconds(450);
+    const auto since = Clock::now() - lastClick;
+    if (since < doubleClick)
+        std::this_thread::sleep_for(doubleClick - since);
+}
+
+void Session::DoubleClick(Place inPanel)
+{
+    Click(inPanel);
+    user.press();
+    user.release();
 }
 
 void Session::Drag(Place from, Place to)
@@ -171,6 +190,7 @@ void Session::Drag(Place from, Place to)
     constexpr int steps = 8;
     const Place start = OnScreen(from);
     const Place end = OnScreen(to);
+    avoidDoubleClick();
     user.move(start.x, start.y);
     user.press();
     Idle();
@@ -181,6 +201,7 @@ void Session::Drag(Place from, Place to)
     }
     Settle();
     user.release();
+    lastClick = Clock::now();
     Settle();
 }
 

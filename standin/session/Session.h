@@ -51,8 +51,10 @@ public:
                    std::chrono::milliseconds limit = std::chrono::seconds(10));
     void IdleFor(std::chrono::milliseconds duration);
 
-    // The user's hands, in pixels of the panel.
+    // The user's hands, in pixels of the panel. A click that follows another closely waits until the two are
+    // no double click.
     void Click(Place inPanel, const std::vector<std::string>& modifiers = {}, unsigned button = 1);
+    void DoubleClick(Place inPanel);
     /// Presses, moves in small steps, waits until the picture stands still, releases.
     void Drag(Place from, Place to);
     void Wheel(Place inPanel, int notches);
@@ -83,12 +85,14 @@ public:
 
 private:
     void collect();
+    void avoidDoubleClick() const;
 
     PrintedLines output;
     std::vector<std::string> printed;
     std::vector<std::string> calls;
     std::vector<std::string> hostKeys;
     std::string thrown;
+    std::chrono::steady_clock::time_point lastClick;
     bool ended = false;
 };
 } // namespace standin
