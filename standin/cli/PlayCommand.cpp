@@ -99,11 +99,13 @@ void AddPlayCommand(CLI::App& app, int& exitCode)
 {
     auto wishes = std::make_shared<Wishes>();
     wishes->options.bundleFile = builtBundle();
-    CLI::App* play = app.add_subcommand("play", "Play scenarios: plain text, one action or expectation a line");
+    CLI::App* play =
+        app.add_subcommand("play", "Play scenarios: plain text, one action or expectation a line");
     play->add_option("FILE", wishes->files, "Scenarios, played one after the other")->required();
     play->add_option("--bundle", wishes->options.bundleFile, "The bundle that is played with")
         ->capture_default_str();
-    play->add_option("--pictures", wishes->options.pictures, "The folder for screenshots and for the screen at a failure")
+    play->add_option("--pictures", wishes->options.pictures,
+                     "The folder for screenshots and for the screen at a failure")
         ->capture_default_str();
     play->add_option("--limit", wishes->limit, "Seconds that a scenario may take")
         ->check(CLI::PositiveNumber)

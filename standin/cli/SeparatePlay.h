@@ -1,5 +1,6 @@
 #pragma once
-// Plays a scenario in a process of its own, so that a bundle that crashes or hangs takes nothing else with it.
+// Plays a scenario in a process of its own, so that a bundle that crashes or hangs takes nothing else with
+// it.
 
 #include "standin/scenario/Player.h"
 

@@ -18,7 +18,8 @@ std::vector<std::string> wordsOf(const std::string& pattern)
 }
 
 /// Takes the words that the blank can hold. False if it can hold none.
-bool fillBlank(const std::string& blank, const std::vector<Word>& words, std::size_t& at, Arguments& arguments)
+bool fillBlank(const std::string& blank, const std::vector<Word>& words, std::size_t& at,
+               Arguments& arguments)
 {
     if (at == words.size())
         return false;
@@ -98,8 +99,8 @@ std::string nearestPhrases(const std::vector<Word>& words)
 
 const std::vector<PhraseBook>& AllPhrases()
 {
-    static const std::vector<PhraseBook> books{ProjectPhrases(), HostPhrases(),     PanelPhrases(),
-                                               SiblingPhrases(), FaultPhrases(),    ExpectedPhrases(),
+    static const std::vector<PhraseBook> books{ProjectPhrases(),      HostPhrases(),  PanelPhrases(),
+                                               SiblingPhrases(),      FaultPhrases(), ExpectedPhrases(),
                                                ExpectedPanelPhrases()};
     return books;
 }

@@ -27,7 +27,8 @@ void requireExpectations(const std::vector<Step>& steps)
         std::any_of(steps.begin(), steps.end(),
                     [](const Step& step) { return step.phrase->kind == Phrase::Kind::expectation; });
     if (!expectsSomething)
-        throw ScenarioError(steps.back().statement.Place() + "the scenario ends without having expected anything");
+        throw ScenarioError(steps.back().statement.Place() +
+                            "the scenario ends without having expected anything");
 }
 
 class Play

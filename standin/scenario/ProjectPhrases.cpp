@@ -70,8 +70,8 @@ void uninstall(Stage& stage, const std::string& name)
 {
     const std::string matchName = stage.Installed(name).matchName;
     auto& installed = stage.host().Parts().installed;
-    installed.erase(std::find_if(installed.begin(), installed.end(), [&](const InstalledEffect& entry)
-                                 { return entry.matchName == matchName; }));
+    installed.erase(std::find_if(installed.begin(), installed.end(),
+                                 [&](const InstalledEffect& entry) { return entry.matchName == matchName; }));
 }
 
 void turnSwitch(Stage& stage, const std::string& name)
@@ -91,50 +91,75 @@ PhraseBook ProjectPhrases()
     constexpr auto setting = Phrase::Kind::setting;
     return {
         "The project",
-        {{setting, "composition TEXT", "The project has a composition of this name; layers go into it.",
+        {{setting,
+          "composition TEXT",
+          "The project has a composition of this name; layers go into it.",
           [](Stage& s, const Arguments& a) { s.composition = s.host().AddComposition(a.texts[0]); },
           {}},
-         {setting, "layer TEXT", "The composition has this layer. It is selected, and effects go onto it.",
+         {setting,
+          "layer TEXT",
+          "The composition has this layer. It is selected, and effects go onto it.",
           [](Stage& s, const Arguments& a) { addLayer(s, a.texts[0]); },
           {}},
-         {setting, "footage TEXT", "The project has a footage item.",
+         {setting,
+          "footage TEXT",
+          "The project has a footage item.",
           [](Stage& s, const Arguments& a) { (void)s.host().AddFootage(a.texts[0]); },
           {}},
-         {setting, "effect TEXT",
+         {setting,
+          "effect TEXT",
           "The layer has one more effect at its end, by its match name or its default name.",
           [](Stage& s, const Arguments& a) { (void)addEffect(s, a.texts[0]); },
           {}},
-         {setting, "effect TEXT named TEXT", "The same, under a name that the user gave it.",
+         {setting,
+          "effect TEXT named TEXT",
+          "The same, under a name that the user gave it.",
           [](Stage& s, const Arguments& a) { addNamed(s, a.texts[0], a.texts[1]); },
           {}},
-         {setting, "TEXT is in group NUMBER", "The effect has been in this group all along.",
+         {setting,
+          "TEXT is in group NUMBER",
+          "The effect has been in this group all along.",
           [](Stage& s, const Arguments& a)
           { effect(s, a.texts[0]).family.group = static_cast<std::int16_t>(a.numbers[0]); },
           {}},
-         {setting, "TEXT is off", "The effect has been off all along.",
+         {setting,
+          "TEXT is off",
+          "The effect has been off all along.",
           [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).flags &= ~effectActive; },
           {}},
-         {setting, "TEXT is rigid", "The effect takes part in no group: it answers -1 whatever it is told.",
+         {setting,
+          "TEXT is rigid",
+          "The effect takes part in no group: it answers -1 whatever it is told.",
           [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).family.rigidity = Rigidity::rigid; },
           {}},
-         {setting, "TEXT has the identity of TEXT", "Two effects bear the same identity.",
+         {setting,
+          "TEXT has the identity of TEXT",
+          "Two effects bear the same identity.",
           [](Stage& s, const Arguments& a)
           {
               const Identity identity = effect(s, a.texts[1]).family.uuid;
               effect(s, a.texts[0]).behaviour = RepeatsIdentity(identity);
           },
           {}},
-         {setting, "TEXT answers after NUMBER messages", "The effect leaves its first messages unanswered.",
+         {setting,
+          "TEXT answers after NUMBER messages",
+          "The effect leaves its first messages unanswered.",
           [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); },
           {}},
-         {setting, "TEXT answers nothing", "The effect gives an error to each message.",
+         {setting,
+          "TEXT answers nothing",
+          "The effect gives an error to each message.",
           [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).behaviour = FailsWith(errGeneric); },
           {}},
-         {setting, "TEXT always answers group NUMBER", "Whatever it is told.",
+         {setting,
+          "TEXT always answers group NUMBER",
+          "Whatever it is told.",
           [](Stage& s, const Arguments& a)
           { effect(s, a.texts[0]).behaviour = AnswersGroup(static_cast<std::int16_t>(a.numbers[0])); },
           {}},
-         {setting, "install TEXT as TEXT", "One more effect of the family is installed: match name, default name.",
+         {setting,
+          "install TEXT as TEXT",
+          "One more effect of the family is installed: match name, default name.",
           [](Stage& s, const Arguments& a)
           {
               InstalledEffect more = s.Installed("QVK VORTKIT");
@@ -145,10 +170,13 @@ PhraseBook ProjectPhrases()
               s.AddCandidate(a.texts[1]);
           },
           {}},
-         {setting, "TEXT is not installed", "The user has not installed this effect.",
+         {setting,
+          "TEXT is not installed",
+          "The user has not installed this effect.",
           [](Stage& s, const Arguments& a) { uninstall(s, a.texts[0]); },
           {}},
-         {setting, "switch WORD",
+         {setting,
+          "switch WORD",
           "The host behaves in its other way. An unknown switch gives the list of all.",
           [](Stage& s, const Arguments& a) { turnSwitch(s, a.texts[0]); },
           {}}}};

@@ -24,8 +24,9 @@ bool isFamily(const Host& host, const EffectInstance& effect)
 /// Where the group's row stands, made at the end if it is not there.
 std::size_t groupPlace(std::vector<PanelRow>& rows, int number)
 {
-    const auto found = std::find_if(rows.begin(), rows.end(), [&](const PanelRow& row)
-                                    { return row.depth == 1 && row.text == groupName(number); });
+    const auto found =
+        std::find_if(rows.begin(), rows.end(),
+                     [&](const PanelRow& row) { return row.depth == 1 && row.text == groupName(number); });
     if (found != rows.end())
         return static_cast<std::size_t>(found - rows.begin());
     PanelRow group;
@@ -206,13 +207,21 @@ PanelRow Stage::Row(const std::string& name)
 PanelButton Stage::Button(const std::string& name)
 {
     std::vector<std::string> seen;
-    for (const PanelButton& button : Buttons())
+    std::optional<PanelButton> found;
+    const auto look = [&]
     {
-        if (button.text == name)
-            return button;
-        seen.push_back(button.text);
-    }
-    throw StageError("no button " + Quoted(name) + " is to be seen; the buttons are " + QuotedList(seen));
+        seen.clear();
+        for (const PanelButton& button : Buttons())
+        {
+            seen.push_back(button.text);
+            if (button.text == name)
+                found = button;
+        }
+        return found.has_value();
+    };
+    if (held == IdleHeld::yes ? !look() : !session.IdleUntil(look))
+        throw StageError("no button " + Quoted(name) + " is to be seen; the buttons are " + QuotedList(seen));
+    return *found;
 }
 
 std::vector<std::string> Stage::OpenMenu(const std::string& button)

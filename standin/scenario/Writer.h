@@ -17,7 +17,8 @@ public:
     void BlankLine();
 
     /// A line of a phrase, its blanks filled in their order: numbers as they stand, texts in quotes. The last
-    /// TEXTS takes all that are left. Throws ScenarioError if the pattern is no phrase or a blank stays empty.
+    /// TEXTS takes all that are left. Throws ScenarioError if the pattern is no phrase or a blank stays
+    /// empty.
     void Line(const std::string& pattern, const std::vector<std::string>& blanks = {});
 
 private:

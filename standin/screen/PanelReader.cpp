@@ -135,13 +135,15 @@ bool isNear(std::uint32_t a, std::uint32_t b)
 {
     constexpr int tolerance = 3;
     for (const int shift : {16, 8, 0})
-        if (std::abs(static_cast<int>((a >> shift) & 0xff) - static_cast<int>((b >> shift) & 0xff)) > tolerance)
+        if (std::abs(static_cast<int>((a >> shift) & 0xff) - static_cast<int>((b >> shift) & 0xff)) >
+            tolerance)
             return false;
     return true;
 }
 } // namespace
 
-void PanelReader::readRow(PanelRow& row, const ScreenPicture& panel, const std::vector<std::string>& candidates)
+void PanelReader::readRow(PanelRow& row, const ScreenPicture& panel,
+                          const std::vector<std::string>& candidates)
 {
     const int marked = highlightWidth(panel, row.x, row.y);
     row.selected = marked > 0 ? Marked::yes : Marked::no;
@@ -164,7 +166,8 @@ std::optional<PanelRow> PanelReader::layerRow(const ScreenPicture& panel, int y)
     return row;
 }
 
-std::vector<PanelRow> PanelReader::Rows(const ScreenPicture& panel, const std::vector<std::string>& candidates)
+std::vector<PanelRow> PanelReader::Rows(const ScreenPicture& panel,
+                                        const std::vector<std::string>& candidates)
 {
     std::vector<PanelRow> rows = boxedRows(panel);
     for (PanelRow& row : rows)
@@ -187,10 +190,11 @@ std::vector<PanelButton> PanelReader::Buttons(const ScreenPicture& panel)
     std::vector<PanelButton> buttons;
     for (const int y : tops)
     {
-        if (at(panel, buttonX + buttonWidth - 1, y + 2) != buttonFace || at(panel, buttonX, y + 2) != buttonFace)
+        if (at(panel, buttonX + buttonWidth - 1, y + 2) != buttonFace ||
+            at(panel, buttonX, y + 2) != buttonFace)
             continue;
-        const Ink ink = InkIn(panel, buttonX + insideX, y, buttonWidth - insideX, buttonHeight, light,
-                              buttonFace);
+        const Ink ink =
+            InkIn(panel, buttonX + insideX, y, buttonWidth - insideX, buttonHeight, light, buttonFace);
         buttons.push_back({shapes.Read(ink, texts, buttonText).value_or(unreadable), buttonX, y});
     }
     return buttons;

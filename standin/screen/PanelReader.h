@@ -65,7 +65,8 @@ public:
     std::optional<std::string> Notification(const ScreenPicture& panel,
                                             const std::vector<std::string>& candidates);
     /// The entries of an open menu from the top.
-    std::vector<std::string> MenuEntries(const ScreenPicture& menu, const std::vector<std::string>& candidates);
+    std::vector<std::string> MenuEntries(const ScreenPicture& menu,
+                                         const std::vector<std::string>& candidates);
     /// Whether the field for a new name lies over a row.
     static bool IsEditorOpen(const ScreenPicture& panel);
 

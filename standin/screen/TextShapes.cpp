@@ -14,10 +14,10 @@ namespace standin
 {
 namespace
 {
-constexpr int letterWidth = 8;     ///< Columns in which a wrong letter shows.
-constexpr double leastInk = 4;     ///< Of so many columns; below this there is nothing to compare.
-constexpr int lineRoom = 4;        ///< Pixels above the ascent and below the descent of what is drawn.
-constexpr int endOfCutText = 24;   ///< What is cut off ends in three dots.
+constexpr int letterWidth = 8;   ///< Columns in which a wrong letter shows.
+constexpr double leastInk = 4;   ///< Of so many columns; below this there is nothing to compare.
+constexpr int lineRoom = 4;      ///< Pixels above the ascent and below the descent of what is drawn.
+constexpr int endOfCutText = 24; ///< What is cut off ends in three dots.
 
 std::vector<char32_t> charactersOf(const std::string& text)
 {
@@ -117,7 +117,10 @@ struct TextShapes::Font
         return static_cast<double>(way.x) / 64;
     }
 
-    double ascent(double height) const { return height * face->ascender / (face->ascender - face->descender); }
+    double ascent(double height) const
+    {
+        return height * face->ascender / (face->ascender - face->descender);
+    }
 
     /// Calls `put` with each glyph and where it begins; gives where the text ends.
     template <class Put>

@@ -1,6 +1,6 @@
 #pragma once
-// What a line of text looks like on the screen in the panel's font, and which of several texts a picture shows.
-// A picture is not read letter by letter: it is compared with what each candidate would look like.
+// What a line of text looks like on the screen in the panel's font, and which of several texts a picture
+// shows. A picture is not read letter by letter: it is compared with what each candidate would look like.
 
 #include "standin/x11/XTestInput.h"
 
@@ -36,9 +36,9 @@ Ink InkIn(const ScreenPicture& picture, int x, int y, int width, int height, std
 /// Where text begins and how it is cut, for TextShapes::Read.
 struct TextPlace
 {
-    double height = 15; ///< From the ascent to the descent, in pixels.
-    double x = 0;       ///< From the left edge of the ink that is read.
-    double slack = 0;   ///< How far from there it may begin, to both sides.
+    double height = 15;  ///< From the ascent to the descent, in pixels.
+    double x = 0;        ///< From the left edge of the ink that is read.
+    double slack = 0;    ///< How far from there it may begin, to both sides.
     double worst = 0.25; ///< The greatest TextShapes::Difference of what counts as the same.
 };
 
@@ -55,13 +55,13 @@ public:
     const Ink& Draw(const std::string& text, double height, double x);
     double WidthOf(const std::string& text, double height);
 
-    /// The candidate that the ink shows; nothing if it shows none of them. Text that is too long for the ink's
-    /// width is compared as far as it goes.
+    /// The candidate that the ink shows; nothing if it shows none of them. Text that is too long for the
+    /// ink's width is compared as far as it goes.
     std::optional<std::string> Read(const Ink& seen, const std::vector<std::string>& candidates,
                                     const TextPlace& place);
 
-    /// How unlike they are: 0 for the same, 1 for nothing in common. A single wrong letter weighs as much in a
-    /// long text as in a short one. `down` moves the drawn one.
+    /// How unlike they are: 0 for the same, 1 for nothing in common. A single wrong letter weighs as much in
+    /// a long text as in a short one. `down` moves the drawn one.
     static double Difference(const Ink& seen, const Ink& drawn, int down);
 
 private:

@@ -60,9 +60,9 @@ struct Dock::Windows
 
     void makeFrame()
     {
-        frame = XCreateSimpleWindow(display, DefaultRootWindow(display), left, top,
-                                    static_cast<unsigned>(width), static_cast<unsigned>(height + stripHeight),
-                                    0, 0, groundColour);
+        frame =
+            XCreateSimpleWindow(display, DefaultRootWindow(display), left, top, static_cast<unsigned>(width),
+                                static_cast<unsigned>(height + stripHeight), 0, 0, groundColour);
         (void)XStoreName(display, frame, "Stand-in host");
         (void)XSelectInput(display, frame, hostEvents);
         XGCValues values{};
@@ -216,7 +216,8 @@ ScreenPicture Dock::Picture(const Area& onScreen) const
                               AllPlanes, ZPixmap);
     if (image == nullptr)
         throw std::runtime_error("no picture of the screen");
-    picture.pixels.reserve(static_cast<std::size_t>(onScreen.width) * static_cast<std::size_t>(onScreen.height));
+    picture.pixels.reserve(static_cast<std::size_t>(onScreen.width) *
+                           static_cast<std::size_t>(onScreen.height));
     for (int y = 0; y < onScreen.height; ++y)
         for (int x = 0; x < onScreen.width; ++x)
             picture.pixels.push_back(static_cast<std::uint32_t>(XGetPixel(image, x, y) & 0xffffff));
@@ -248,9 +249,9 @@ Area Dock::WholeScreen() const
 void* Dock::MakeContainer(const std::string& panelName)
 {
     windows->tab = panelName;
-    windows->container = XCreateSimpleWindow(
-        windows->display, windows->frame, 0, stripHeight, static_cast<unsigned>(windows->width),
-        static_cast<unsigned>(windows->height), 0, 0, groundColour);
+    windows->container = XCreateSimpleWindow(windows->display, windows->frame, 0, stripHeight,
+                                             static_cast<unsigned>(windows->width),
+                                             static_cast<unsigned>(windows->height), 0, 0, groundColour);
     (void)XMapWindow(windows->display, windows->container);
     windows->paint();
     return reinterpret_cast<void*>(windows->container);

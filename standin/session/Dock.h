@@ -1,6 +1,6 @@
 #pragma once
-// The window of a plain host: a strip with the tabs of its panels, and below it the native child window of the
-// panel whose tab is in front. It uses Xlib and nothing else, on a connection of its own.
+// The window of a plain host: a strip with the tabs of its panels, and below it the native child window of
+// the panel whose tab is in front. It uses Xlib and nothing else, on a connection of its own.
 
 #include "standin/core/ContainerProvider.h"
 #include "standin/x11/XTestInput.h"

@@ -58,18 +58,15 @@ bool didSomething(const std::vector<std::string>& calls)
     return std::any_of(calls.begin(), calls.end(),
                        [&](const std::string& call)
                        {
-                           return std::any_of(
-                               std::begin(doing), std::end(doing),
-                               [&](const char* name) { return call.find(name) != std::string::npos; });
+                           return std::any_of(std::begin(doing), std::end(doing),
+                                              [&](const char* name)
+                                              { return call.find(name) != std::string::npos; });
                        });
 }
 } // namespace
 
 Session::Session(const std::string& bundleFile, DisplayChoice display)
-    : server(serverFor(display)),
-      user(makeUser()),
-      dock(panelHeight),
-      bundle(bundleFile)
+    : server(serverFor(display)), user(makeUser()), dock(panelHeight), bundle(bundleFile)
 {
     InstallFamily(host);
     host.SetContainerProvider(&dock);
@@ -199,9 +196,14 @@ void Session::Drag(Place from, Place to)
         user.move(start.x + (end.x - start.x) * i / steps, start.y + (end.y - start.y) * i / steps);
         Idle();
     }
+    // What is dragged hangs at the pointer in a window of its own, which takes its time to fade.
+    if (!IdleUntil([this] { return !dock.PopUps().empty(); }))
+        throw std::runtime_error("nothing comes along with the pointer");
     Settle();
     user.release();
     lastClick = Clock::now();
+    if (!IdleUntil([this] { return dock.PopUps().empty(); }))
+        throw std::runtime_error("what was dragged stays at the pointer");
     Settle();
 }
 

@@ -29,8 +29,8 @@ class Session
 public:
     static constexpr const char* panelName = "Vortan Object Panel";
 
-    /// The bundle is not loaded yet. Throws std::runtime_error, in words for a user, if the file is no bundle,
-    /// and DisplayMissing if there is no display.
+    /// The bundle is not loaded yet. Throws std::runtime_error, in words for a user, if the file is no
+    /// bundle, and DisplayMissing if there is no display.
     Session(const std::string& bundleFile, DisplayChoice display);
     ~Session();
 

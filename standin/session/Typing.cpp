@@ -15,13 +15,28 @@ struct KeyOfCharacter
     const char* key;
 };
 
-constexpr KeyOfCharacter signs[] = {
-    {' ', '\0', "space"},        {'-', '_', "minus"},     {'=', '+', "equal"},  {'[', '{', "bracketleft"},
-    {']', '}', "bracketright"},  {';', ':', "semicolon"}, {',', '<', "comma"},  {'.', '>', "period"},
-    {'/', '?', "slash"},         {'\\', '|', "backslash"}, {'`', '~', "grave"}, {'\'', '"', "apostrophe"},
-    {'1', '!', "1"},             {'2', '@', "2"},         {'3', '#', "3"},      {'4', '$', "4"},
-    {'5', '%', "5"},             {'6', '^', "6"},         {'7', '&', "7"},      {'8', '*', "8"},
-    {'9', '(', "9"},             {'0', ')', "0"}};
+constexpr KeyOfCharacter signs[] = {{' ', '\0', "space"},
+                                    {'-', '_', "minus"},
+                                    {'=', '+', "equal"},
+                                    {'[', '{', "bracketleft"},
+                                    {']', '}', "bracketright"},
+                                    {';', ':', "semicolon"},
+                                    {',', '<', "comma"},
+                                    {'.', '>', "period"},
+                                    {'/', '?', "slash"},
+                                    {'\\', '|', "backslash"},
+                                    {'`', '~', "grave"},
+                                    {'\'', '"', "apostrophe"},
+                                    {'1', '!', "1"},
+                                    {'2', '@', "2"},
+                                    {'3', '#', "3"},
+                                    {'4', '$', "4"},
+                                    {'5', '%', "5"},
+                                    {'6', '^', "6"},
+                                    {'7', '&', "7"},
+                                    {'8', '*', "8"},
+                                    {'9', '(', "9"},
+                                    {'0', ')', "0"}};
 
 void typeShifted(XTestInput& user, const std::string& key)
 {
