@@ -29,9 +29,8 @@ constexpr int editorWidth = 200;
 constexpr int menuEdge = 2;
 constexpr int menuEntryHeight = 22;
 constexpr int menuTextX = 18;
-constexpr TextPlace rowText{15, 0, 0, 0.17};
-constexpr TextPlace buttonText{14, 0, 0.5, 0.25};
-constexpr TextPlace menuText{20 / 1.3, 2.5, 1.5, 0.3};
+constexpr TextPlace buttonText{14, 0, 0.5, 0.25, TooLong::cannotBe};
+constexpr TextPlace menuText{20 / 1.3, 2.5, 1.5, 0.3, TooLong::cannotBe};
 
 std::uint32_t paperOf(const ScreenPicture& panel) { return panel.at(2, 2); }
 
@@ -149,10 +148,12 @@ void PanelReader::readRow(PanelRow& row, const ScreenPicture& panel,
     row.selected = marked > 0 ? Marked::yes : Marked::no;
     row.triangle = triangleOf(panel, row.x, row.y);
     const int begin = row.box == Box::none ? layerTextX : textX;
-    const int width = (marked > 0 ? marked : panel.width - treeLeft - scrollBar - row.x) - begin;
+    const int room = panel.width - treeLeft - scrollBar - row.x;
+    const int width = (marked > 0 ? marked : room) - begin;
     const Ink ink = InkIn(panel, row.x + begin, row.y, width, rowHeight, marked > 0 ? black : light,
                           marked > 0 ? highlight : paperOf(panel));
-    row.text = shapes.Read(ink, candidates, rowText).value_or(unreadable);
+    const TooLong tooLong = marked > 0 && marked < room ? TooLong::cannotBe : TooLong::isCut;
+    row.text = shapes.Read(ink, candidates, {15, 0, 0, 0.17, tooLong}).value_or(unreadable);
 }
 
 std::optional<PanelRow> PanelReader::layerRow(const ScreenPicture& panel, int y)
@@ -222,7 +223,7 @@ std::optional<std::string> PanelReader::Notification(const ScreenPicture& panel,
         return {};
     // The corners are round.
     const Ink ink = InkIn(panel, left + 1, top + 1, right - left - 1, bottom - top - 1, black, face);
-    return shapes.Read(ink, candidates, {14, 1.5, 2, 0.25}).value_or(unreadable);
+    return shapes.Read(ink, candidates, {14, 1.5, 2, 0.25, TooLong::cannotBe}).value_or(unreadable);
 }
 
 std::vector<std::string> PanelReader::MenuEntries(const ScreenPicture& menu,

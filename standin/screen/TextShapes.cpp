@@ -186,10 +186,11 @@ const Ink& TextShapes::Draw(const std::string& text, double height, double x)
     return ink;
 }
 
-double TextShapes::Difference(const Ink& seen, const Ink& drawnInk, int down)
+double TextShapes::Difference(const Ink& seen, const Ink& drawnInk, int down, TooLong tooLong)
 {
-    const bool isCut = drawnInk.width > seen.width;
-    const int columns = isCut ? seen.width - endOfCutText : seen.width;
+    const bool isLonger = drawnInk.width > seen.width;
+    const bool isCut = isLonger && tooLong == TooLong::isCut;
+    const int columns = isCut ? seen.width - endOfCutText : std::max(seen.width, drawnInk.width);
     std::vector<double> unlike;
     std::vector<double> ink;
     for (int x = 0; x < columns; ++x)
@@ -218,7 +219,7 @@ double TextShapes::bestDifference(const Ink& seen, const std::string& text, cons
         const Ink& ink = Draw(text, place.height, x);
         const int middle = (seen.height - ink.height) / 2;
         for (int down = middle - 1; down <= middle + 1; ++down)
-            best = std::min(best, Difference(seen, ink, down));
+            best = std::min(best, Difference(seen, ink, down, place.tooLong));
     }
     return best;
 }

@@ -33,6 +33,13 @@ struct Ink
 Ink InkIn(const ScreenPicture& picture, int x, int y, int width, int height, std::uint32_t ink,
           std::uint32_t paper);
 
+/// What becomes of a text that is longer than the ink is wide.
+enum class TooLong
+{
+    cannotBe, ///< The ink is as wide as its text.
+    isCut     ///< It ends in dots, and is compared as far as it goes.
+};
+
 /// Where text begins and how it is cut, for TextShapes::Read.
 struct TextPlace
 {
@@ -40,6 +47,7 @@ struct TextPlace
     double x = 0;        ///< From the left edge of the ink that is read.
     double slack = 0;    ///< How far from there it may begin, to both sides.
     double worst = 0.25; ///< The greatest TextShapes::Difference of what counts as the same.
+    TooLong tooLong = TooLong::cannotBe;
 };
 
 class TextShapes
@@ -62,7 +70,8 @@ public:
 
     /// How unlike they are: 0 for the same, 1 for nothing in common. A single wrong letter weighs as much in
     /// a long text as in a short one. `down` moves the drawn one.
-    static double Difference(const Ink& seen, const Ink& drawn, int down);
+    static double Difference(const Ink& seen, const Ink& drawn, int down,
+                             TooLong tooLong = TooLong::cannotBe);
 
 private:
     struct Font;

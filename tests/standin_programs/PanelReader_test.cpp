@@ -96,6 +96,12 @@ TEST_F(ReadingThePanel, ASelectedRowIsReadOnItsHighlight)
     EXPECT_EQ(found[1].selected, Marked::no);
 }
 
+TEST_F(ReadingThePanel, ASelectedRowIsNotTheBeginningOfALongerName)
+{
+    painting.SelectedRow("lamp", 1, 108);
+    EXPECT_EQ(rows({"lamp that goes on and on"})[0].text, PanelReader::unreadable);
+}
+
 TEST_F(ReadingThePanel, RowsThatAreScrolledStandBetweenTheUsualPlaces)
 {
     painting.Row("lamp", 1, 95);

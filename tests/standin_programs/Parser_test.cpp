@@ -19,8 +19,9 @@ std::vector<Statement> parse(const std::string& text)
 
 std::vector<std::string> wordsOf(const std::string& line)
 {
+    const Statement statement = parse(line).at(0);
     std::vector<std::string> words;
-    for (const Word& word : parse(line).at(0).words)
+    for (const Word& word : statement.words)
         words.push_back(word.text);
     return words;
 }

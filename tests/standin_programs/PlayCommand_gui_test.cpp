@@ -107,10 +107,12 @@ TEST_F(PlayCommand, AFileThatIsNoBundleIsToldByItsName)
 {
     const std::string file = write("good.scenario", goodScenario);
     const std::string noBundle = write("no-bundle.so", "this is no bundle");
-    const ProgramRun run = play({"--own-display", "--bundle", noBundle, file});
+    const ProgramRun run = RunProgram({VORTAN_STANDIN, "play", "--own-display", "--bundle", noBundle, file});
     EXPECT_EQ(run.exitCode, exit_code::noBundle);
     EXPECT_THAT(run.errors, StartsWith(noBundle + " is no bundle"));
-    EXPECT_EQ(play({"--own-display", "--bundle", "/nowhere.so", file}).exitCode, exit_code::noFile);
+    const ProgramRun none = RunProgram({VORTAN_STANDIN, "play", "--bundle", "/nowhere.so", file});
+    EXPECT_EQ(none.exitCode, exit_code::noFile);
+    EXPECT_THAT(none.errors, StartsWith("/nowhere.so: there is no such file"));
 }
 
 TEST_F(PlayCommand, ADisplayThatIsNotThereIsToldByItsName)

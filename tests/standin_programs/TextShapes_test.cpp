@@ -21,16 +21,32 @@ TEST(TextShapes, TheNearestCandidateIsRead)
 {
     TextShapes shapes;
     const Ink seen = shapes.Draw("Group 3", 15, 0);
-    EXPECT_EQ(shapes.Read(seen, {"Group 8", "Group 3", "Group 13"}, {15, 0, 0, 0.17}), "Group 3");
-    EXPECT_EQ(shapes.Read(seen, {"Group 8", "Group 13"}, {15, 0, 0, 0.17}), std::nullopt);
+    EXPECT_EQ(shapes.Read(seen, {"Group 8", "Group 3", "Group 13"}, {15, 0, 0, 0.17, TooLong::cannotBe}),
+              "Group 3");
+    EXPECT_EQ(shapes.Read(seen, {"Group 8", "Group 13"}, {15, 0, 0, 0.17, TooLong::cannotBe}), std::nullopt);
 }
 
 TEST(TextShapes, ATextThatBeginsElsewhereIsReadWithinItsSlack)
 {
     TextShapes shapes;
     const Ink seen = shapes.Draw("Routes", 15, 1.25);
-    EXPECT_EQ(shapes.Read(seen, {"Routes"}, {15, 0, 1.5, 0.17}), "Routes");
-    EXPECT_EQ(shapes.Read(seen, {"Routes"}, {15, 0, 0, 0.17}), std::nullopt);
+    EXPECT_EQ(shapes.Read(seen, {"Routes"}, {15, 0, 1.5, 0.17, TooLong::cannotBe}), "Routes");
+    EXPECT_EQ(shapes.Read(seen, {"Routes"}, {15, 0, 0, 0.17, TooLong::cannotBe}), std::nullopt);
+}
+
+TEST(TextShapes, ATextThatIsCutIsReadByItsBeginning)
+{
+    TextShapes shapes;
+    Ink seen = shapes.Draw("a name without an end that is too long", 15, 0);
+    Ink cut;
+    cut.width = 120;
+    cut.height = seen.height;
+    for (int y = 0; y < cut.height; ++y)
+        for (int x = 0; x < cut.width; ++x)
+            cut.cover.push_back(seen.At(x, y));
+    const std::vector<std::string> texts{"a name without an end that is too long"};
+    EXPECT_EQ(shapes.Read(cut, texts, {15, 0, 0, 0.17, TooLong::isCut}), texts.front());
+    EXPECT_EQ(shapes.Read(cut, texts, {15, 0, 0, 0.17, TooLong::cannotBe}), std::nullopt);
 }
 
 TEST(TextShapes, InkIsTheWayFromThePaperToTheInk)
