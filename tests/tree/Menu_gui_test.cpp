@@ -142,6 +142,17 @@ TEST_F(Menu, DismissedAfterTheMouseWasOverItAddsNothing)
     EXPECT_EQ(input.focusedWindow(), host.id());
 }
 
+TEST_F(Menu, ClosedWhileTheHostTakesTheKeyboardLeavesItThere)
+{
+    openMenu();
+    clickOnHost();
+    // The menu closes for a reason of its own before the panel hears that the keyboard has gone.
+    menu()->exitModalState(0);
+    pumpFor(300);
+    EXPECT_THAT(keys(), IsEmpty());
+    EXPECT_EQ(input.focusedWindow(), host.id());
+}
+
 TEST_F(Menu, GivesTheKeyboardBackAfterAChoice)
 {
     clickOnHost();
