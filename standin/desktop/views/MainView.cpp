@@ -40,12 +40,12 @@ MainView::~MainView() { stopTimer(); }
 Menus::Windows MainView::actions()
 {
     Menus::Windows windows;
-    windows.rename = [this] { effects.RenameSelected(); };
+    windows.rename = [this] { whenFocused([this] { effects.RenameSelected(); }); };
     windows.openProject = [this] { openProject(); };
     windows.saveProject = [this] { saveProject(); };
     windows.saveProjectAs = [this] { saveProjectAs(); };
     windows.saveCalls = [this] { saveCalls(); };
-    windows.notify = [this] { notify(); };
+    windows.notify = [this] { whenFocused([this] { notify(); }); };
     windows.quit = [] { juce::JUCEApplicationBase::quit(); };
     return windows;
 }
@@ -71,6 +71,8 @@ void MainView::tendWindow()
     if (isShowing() && getCurrentlyModalComponent() == nullptr)
         containers.FetchLostFocus(window);
     containers.Wake(window);
+    if (waiting && getCurrentlyModalComponent() == nullptr && getCurrentlyFocusedComponent() != nullptr)
+        std::exchange(waiting, nullptr)();
 }
 
 void MainView::followFocus()

@@ -37,6 +37,9 @@ private:
     void timerCallback() override;
     void followFocus();
     void tendWindow();
+    /// Runs the action once the window has the keyboard again, which a closing menu hands back in its own
+    /// time.
+    void whenFocused(std::function<void()> action) { waiting = std::move(action); }
     void paintStatus(juce::Graphics&, juce::Rectangle<int> area) const;
     juce::String statusText() const;
     Menus::Windows actions();
@@ -61,6 +64,7 @@ private:
     std::unique_ptr<juce::FileChooser> chooser;
     juce::File projectFile;
     juce::String status;
+    std::function<void()> waiting;
     bool panelHadFocus = false;
 };
 } // namespace standin
