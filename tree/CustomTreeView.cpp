@@ -186,8 +186,7 @@ void CustomTreeView::renameItem()
 
 void CustomTreeView::discardRootItem()
 {
-    // Whatever JUCE still holds on to would be asked about the rows when the mouse next moves.
-    forgetHoveredBox();
+    // The marks of a drag point at rows.
     itemDragExit(SourceDetails(juce::var(), this, {}));
 
     std::unique_ptr<juce::TreeViewItem> root(getRootItem());
@@ -200,7 +199,6 @@ void CustomTreeView::layOutNow(juce::Point<int> viewPosition)
 {
     // Setting a root is what makes JUCE lay out without delay.
     auto* root = getRootItem();
-    forgetHoveredBox();
     setRootItem(nullptr);
     setRootItem(root);
     if (root != nullptr)

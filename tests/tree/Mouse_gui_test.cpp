@@ -259,6 +259,19 @@ TEST_F(Mouse, WheelUnderAMouseOnATriangleIsSurvived)
     pump();
 }
 
+TEST_F(Mouse, ShrinkingUnderAMouseOnATriangleIsSurvived)
+{
+    std::vector<ObjectItem> items = manyItems(60);
+    items[12].group = 2;
+    show(items);
+    moveTo(openBoxOf("Group 2"));
+    panel->setSize(panelWidth, 150);
+    pump();
+    moveTo(panel->localPointToGlobal(Point(200, 120)));
+    moveTo(panel->localPointToGlobal(Point(210, 125)));
+    pump();
+}
+
 TEST_F(Mouse, RebuildUnderAMouseOnATriangleIsSurvived)
 {
     show({object(1, "a", 1), object(2, "b", 1)});
