@@ -1,7 +1,5 @@
 #include "effects/EffectChain.h"
 
-#include <utility>
-
 EffectChain::EffectChain(const AEGP_SuiteHandler& handler, AEGP_PluginID id, A_Err startError)
     : suites(handler), pluginId(id), err(startError)
 {

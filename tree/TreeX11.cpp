@@ -7,6 +7,9 @@
 #include <juce_events/native/juce_linux_EventLoopInternal.h>
 
 #include <algorithm>
+#include <cmath>
+#include <optional>
+#include <utility>
 
 namespace juce
 {
@@ -16,89 +19,96 @@ extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
 
 namespace
 {
-constexpr int mostMessagesPerRound = 100;
+constexpr int mostMessageRounds = 100;
 
 /// Xlib's KeyPress, a name that JUCE has for something else.
 constexpr int keyPressType = 2;
 
-Display* treeDisplay()
+/// How many events JUCE may take from Xlib's queue now. JUCE asks by a plain function, so this stands here.
+int eventsForJuce = 0;
+
+/// Stands in for XPending where JUCE asks whether it has events to read. What the server has sent is moved
+/// to Xlib's queue meanwhile, or JUCE would see its socket ready again and again.
+int pendingForJuce(Display* display)
 {
-    const auto* windows = juce::XWindowSystem::getInstanceWithoutCreating();
-    return windows == nullptr ? nullptr : windows->getDisplay();
+    if (eventsForJuce == 0)
+        (void)XEventsQueued(display, QueuedAfterFlush);
+    return std::exchange(eventsForJuce, 0);
 }
 
-/// Has JUCE handle what stands in Xlib's own queue. JUCE waits for its socket, which does not tell of
-/// events that were put back.
-void handleQueuedEvents(Display* display)
+/// The component that JUCE itself hands the next key to.
+juce::Component& juceTarget(ValueTreesDemo& tree)
 {
-    juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd(ConnectionNumber(display));
+    juce::Component* target = juce::Component::getCurrentlyFocusedComponent();
+    if (target == nullptr)
+        target = &tree;
+    juce::Component* modal = juce::Component::getCurrentlyModalComponent();
+    return modal != nullptr && target->isCurrentlyBlockedByAnotherModalComponent() ? *modal : *target;
 }
 
-void putBack(Display* display, std::vector<XEvent>& events)
+/// The component that the next key belongs to. The panel's keys are the tree's whatever else of the panel
+/// has the focus, also after a click on a button.
+juce::Component& keyTarget(ValueTreesDemo& tree)
 {
-    for (auto event = events.rbegin(); event != events.rend(); ++event)
-        XPutBackEvent(display, &*event);
-    events.clear();
+    juce::Component& target = juceTarget(tree);
+    const bool isInPanel = &target == &tree || tree.isParentOf(&target);
+    return isInPanel && !tree.treeView.isParentOf(&target) ? tree.treeView : target;
 }
 
-bool serverTimeOf(const XEvent& event, Time& time)
-{
-    switch (event.type)
-    {
-    case keyPressType:
-    case KeyRelease:
-        time = event.xkey.time;
-        return true;
-    case ButtonPress:
-    case ButtonRelease:
-        time = event.xbutton.time;
-        return true;
-    case MotionNotify:
-        time = event.xmotion.time;
-        return true;
-    case EnterNotify:
-    case LeaveNotify:
-        time = event.xcrossing.time;
-        return true;
-    default:
-        return false;
-    }
-}
-
-/// Server times are 32-bit milliseconds that wrap.
-bool isLater(Time time, Time than)
-{
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(time) - static_cast<std::uint32_t>(than)) > 0;
-}
-
-/// Is told of every key press that JUCE hands to the component it listens to, and consumes none.
-class KeyProbe : public juce::KeyListener
+/// Takes the key that JUCE makes of an event away from JUCE, which does not tell whether it was used.
+class KeyCatcher : public juce::KeyListener
 {
 public:
-    bool keyPressed(const juce::KeyPress&, juce::Component*) override
+    explicit KeyCatcher(juce::Component& component) : listened(&component) { component.addKeyListener(this); }
+    ~KeyCatcher() override
     {
-        wasReached = true;
-        return false;
+        if (listened != nullptr)
+            listened->removeKeyListener(this);
     }
-    bool wasReached = false;
+    KeyCatcher(const KeyCatcher&) = delete;
+    KeyCatcher& operator=(const KeyCatcher&) = delete;
+
+    bool keyPressed(const juce::KeyPress& key, juce::Component*) override
+    {
+        caught = key;
+        return true;
+    }
+
+    std::optional<juce::KeyPress> caught;
+
+private:
+    juce::Component::SafePointer<juce::Component> listened;
 };
 
-/// The component that gets the next key: a rename editor or the tree view itself. After a click on a button
-/// the keys still belong to the tree.
-juce::Component* giveKeysToTree(ValueTreesDemo& tree)
+/// As JUCE does it, from the component up through its parents.
+KeyUse offerKey(juce::Component& first, const juce::KeyPress& key)
 {
-    juce::Component* focused = juce::Component::getCurrentlyFocusedComponent();
-    if (focused == nullptr || !(focused == &tree.treeView || tree.treeView.isParentOf(focused)))
+    juce::Component::SafePointer<juce::Component> target(&first);
+    while (target != nullptr)
     {
-        tree.treeView.grabKeyboardFocus();
-        focused = juce::Component::getCurrentlyFocusedComponent();
+        if (target->keyPressed(key) || target == nullptr)
+            return KeyUse::used;
+        target = target->getParentComponent();
     }
-    return focused;
+    return KeyUse::unused;
+}
+
+/// JUCE ends a drag without a drop at Escape alone, which the picture of the drag takes. It stands on the
+/// desktop beside the widget.
+void cancelDrag(ValueTreesDemo& tree)
+{
+    auto& desktop = juce::Desktop::getInstance();
+    for (int i = desktop.getNumComponents(); tree.isDragAndDropActive() && --i >= 0;)
+        if (auto* component = desktop.getComponent(i); component != &tree)
+            (void)component->keyPressed(juce::KeyPress(juce::KeyPress::escapeKey));
 }
 
 /// Lets the attachment ride on the component, which lets it go when it is deleted.
 struct AttachmentHolder : juce::ReferenceCountedObject
 {
+    explicit AttachmentHolder(std::shared_ptr<TreeAttachment> held) : attachment(std::move(held)) {}
+    ~AttachmentHolder() override { attachment->OnTreeGone(); }
+
     std::shared_ptr<TreeAttachment> attachment;
 };
 
@@ -109,70 +119,45 @@ const juce::Identifier& attachmentName()
 }
 } // namespace
 
-struct TreeEvents::Queue
+_XDisplay* GetTreeDisplay()
 {
-    Display* display = nullptr;
-    std::vector<XEvent> waiting;
-    std::vector<Time> pressTimes;
-};
+    const auto* windows = juce::XWindowSystem::getInstanceWithoutCreating();
+    return windows == nullptr ? nullptr : windows->getDisplay();
+}
 
-TreeEvents::TreeEvents() : queue(std::make_unique<Queue>())
+void KeepTreeEvents()
 {
-    queue->display = treeDisplay();
-    if (queue->display == nullptr)
+    if (GetTreeDisplay() != nullptr)
+        juce::X11Symbols::getInstance()->xPending = &pendingForJuce;
+}
+
+void DeliverTreeEvent(const _XEvent& event)
+{
+    Display* display = GetTreeDisplay();
+    if (display == nullptr)
         return;
-    XSync(queue->display, False);
-    while (XPending(queue->display) != 0)
-    {
-        XEvent event;
-        XNextEvent(queue->display, &event);
-        if (event.type == ButtonPress)
-            queue->pressTimes.push_back(event.xbutton.time);
-        queue->waiting.push_back(event);
-    }
+    XEvent first = event;
+    XPutBackEvent(display, &first);
+    eventsForJuce = 1;
+    juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd(ConnectionNumber(display));
 }
 
-TreeEvents::~TreeEvents()
+void RunTreeMessages()
 {
-    if (queue->display != nullptr)
-        putBack(queue->display, queue->waiting);
-}
-
-bool TreeEvents::HasPressAt(unsigned long serverTime) const
-{
-    return std::find(queue->pressTimes.begin(), queue->pressTimes.end(), serverTime) !=
-           queue->pressTimes.end();
-}
-
-void TreeEvents::DeliverUntil(unsigned long serverTime)
-{
-    const auto firstLater = std::find_if(queue->waiting.begin(), queue->waiting.end(),
-                                         [&](const XEvent& event)
-                                         {
-                                             Time time = 0;
-                                             return serverTimeOf(event, time) && isLater(time, serverTime);
-                                         });
-    std::vector<XEvent> due(queue->waiting.begin(), firstLater);
-    queue->waiting.erase(queue->waiting.begin(), firstLater);
-    if (due.empty())
+    // Without a message manager JUCE would wait here for ever.
+    if (juce::MessageManager::getInstanceWithoutCreating() == nullptr)
         return;
-    putBack(queue->display, due);
-    handleQueuedEvents(queue->display);
+    for (int i = 0; i < mostMessageRounds && juce::dispatchNextMessageOnSystemQueue(true); ++i)
+    {
+    }
+    if (Display* display = GetTreeDisplay())
+        XFlush(display);
 }
 
-void TreeEvents::DeliverAll()
+unsigned long GetTreeWindow(ValueTreesDemo* tree)
 {
-    if (queue->display != nullptr)
-    {
-        putBack(queue->display, queue->waiting);
-        handleQueuedEvents(queue->display);
-    }
-    for (int i = 0; i < mostMessagesPerRound && juce::dispatchNextMessageOnSystemQueue(true); ++i)
-    {
-    }
+    return tree == nullptr ? 0 : reinterpret_cast<unsigned long>(tree->getWindowHandle());
 }
-
-void* GetTreeDisplay() { return treeDisplay(); }
 
 bool IsTreeWindow(unsigned long window)
 {
@@ -184,61 +169,69 @@ bool IsTreeWindow(unsigned long window)
     return false;
 }
 
-unsigned long GetTreeWindow(ValueTreesDemo* tree)
-{
-    return tree == nullptr ? 0 : reinterpret_cast<unsigned long>(tree->getWindowHandle());
-}
-
 void ResizeTree(ValueTreesDemo* tree, int width, int height)
 {
-    tree->setBounds(0, 0, std::max(width, 0), std::max(height, 0));
-}
-
-void RemoveTreeFromDesktop(ValueTreesDemo* tree) { tree->removeFromDesktop(); }
-
-void DetachTreeKeys(ValueTreesDemo* tree)
-{
-    Display* display = treeDisplay();
-    const Window window = GetTreeWindow(tree);
-    XWindowAttributes attributes;
-    if (display == nullptr || window == 0 || XGetWindowAttributes(display, window, &attributes) == 0)
+    if (tree == nullptr)
         return;
-    constexpr long keyEvents = KeyPressMask | KeyReleaseMask | KeymapStateMask;
-    XSelectInput(display, window, attributes.your_event_mask & ~keyEvents);
-    XFlush(display);
+    const auto* peer = tree->getPeer();
+    const double scale = peer == nullptr ? 1.0 : peer->getPlatformScaleFactor();
+    const auto scaled = [scale](int pixels)
+    { return static_cast<int>(std::ceil(std::max(pixels, 0) / scale)); };
+    tree->setBounds(0, 0, scaled(width), scaled(height));
 }
 
-KeyUse HandleTreeKey(ValueTreesDemo* tree, void* keyEvent)
+void RemoveTreeFromDesktop(ValueTreesDemo* tree)
 {
-    Display* display = treeDisplay();
-    if (display == nullptr || GetTreeWindow(tree) == 0)
+    if (tree != nullptr)
+        tree->removeFromDesktop();
+}
+
+KeyUse HandleTreeKey(ValueTreesDemo* tree, const _XEvent& keyEvent)
+{
+    if (GetTreeWindow(tree) == 0)
         return KeyUse::unused;
-    XEvent event = *static_cast<XEvent*>(keyEvent);
-    event.xkey.display = display;
+    XEvent event = keyEvent;
     event.xkey.window = GetTreeWindow(tree);
 
-    KeyProbe first;
-    KeyProbe last;
-    const juce::Component::SafePointer<juce::Component> safeTree(tree);
-    const juce::Component::SafePointer<juce::Component> focused(giveKeysToTree(*tree));
-    if (focused != nullptr)
-        focused->addKeyListener(&first);
-    tree->addKeyListener(&last);
-    XPutBackEvent(display, &event);
-    handleQueuedEvents(display);
-    if (focused != nullptr)
-        focused->removeKeyListener(&first);
-    if (safeTree != nullptr)
-        tree->removeKeyListener(&last);
-    return event.type == keyPressType && first.wasReached && !last.wasReached ? KeyUse::used : KeyUse::unused;
+    std::optional<juce::KeyPress> key;
+    {
+        KeyCatcher catcher(juceTarget(*tree));
+        DeliverTreeEvent(event);
+        key = catcher.caught;
+    }
+    return event.type == keyPressType && key.has_value() ? offerKey(keyTarget(*tree), *key) : KeyUse::unused;
 }
 
 void DismissTreeMenus() { (void)juce::PopupMenu::dismissAllActiveMenus(); }
 
+bool IsTreeButtonDown()
+{
+    return juce::Desktop::getInstance().getMainMouseSource().isDragging() ||
+           juce::ModifierKeys::currentModifiers.isAnyMouseButtonDown();
+}
+
+void ReleaseTreeButtons(ValueTreesDemo* tree)
+{
+    if (tree == nullptr)
+        return;
+    cancelDrag(*tree);
+    juce::ModifierKeys::currentModifiers = juce::ModifierKeys::currentModifiers.withoutMouseButtons();
+    if (auto* peer = tree->getPeer())
+    {
+        const auto mouse = juce::Desktop::getInstance().getMainMouseSource();
+        peer->handleMouseEvent(juce::MouseInputSource::InputSourceType::mouse,
+                               peer->globalToLocal(mouse.getScreenPosition()),
+                               juce::ModifierKeys::currentModifiers, juce::MouseInputSource::defaultPressure,
+                               juce::MouseInputSource::defaultOrientation, juce::Time::currentTimeMillis());
+    }
+}
+
 void SetTreeAttachment(ValueTreesDemo* tree, std::shared_ptr<TreeAttachment> attachment)
 {
-    juce::ReferenceCountedObjectPtr<AttachmentHolder> holder(new AttachmentHolder);
-    holder->attachment = std::move(attachment);
+    if (tree == nullptr)
+        return;
+    const juce::ReferenceCountedObjectPtr<AttachmentHolder> holder(
+        new AttachmentHolder(std::move(attachment)));
     tree->getProperties().set(attachmentName(), juce::var(holder.get()));
 }
 

@@ -1,55 +1,48 @@
 #pragma once
-// What a platform without views of its own needs of the tree in order to host it in an X11 window: the
-// delivery of its events, its window, its keys. No JUCE type and no X11 type stands here.
-// Everything is called on the host's main thread, between JuceGlobalInit and JuceGlobalShutDown.
+// What a platform without views of its own needs of the tree in order to host it in an X11 window: JUCE's
+// connection to the server and what waits on it, the widget's window, its keys. No JUCE type stands here, and
+// of X11 only two names.
+// Everything is called on the host's main thread. After JuceGlobalShutDown there is no connection, and
+// nothing here does anything. A null widget does nothing.
 
 #include "tree/Tree.h"
 
 #include <memory>
 
-/// What waits on JUCE's connection to the X server, taken off it so that it can be delivered in the order
-/// of the server's time together with what came in elsewhere. What is left at the end waits on.
-class TreeEvents
-{
-public:
-    /// Reads everything that the server has sent so far.
-    TreeEvents();
-    ~TreeEvents();
-    TreeEvents(const TreeEvents&) = delete;
-    TreeEvents& operator=(const TreeEvents&) = delete;
+struct _XDisplay; ///< Xlib's Display.
+union _XEvent;    ///< Xlib's XEvent.
 
-    /// Whether a window of JUCE got a mouse press at exactly this server time.
-    bool HasPressAt(unsigned long serverTime) const;
+/// JUCE's connection to the X server; null without one. The panel's platform uses it too, so that the server
+/// tells about everything in one order.
+_XDisplay* GetTreeDisplay();
 
-    /// Delivers the window events up to and with this server time.
-    void DeliverUntil(unsigned long serverTime);
+// ---- Events
 
-    /// Delivers the other window events, and then timers and messages: a bounded number of them.
-    void DeliverAll();
+/// From now on JUCE reads nothing from its connection: it learns of the window events that are given to
+/// DeliverTreeEvent, one at a time, and of no others. The caller reads the connection instead.
+void KeepTreeEvents();
 
-private:
-    struct Queue;
-    std::unique_ptr<Queue> queue;
-};
+/// Hands one event to JUCE, which has dealt with it when this returns. KeepTreeEvents must have been called.
+void DeliverTreeEvent(const _XEvent&);
 
-/// JUCE's connection to the X server, a `Display*`; null without one.
-void* GetTreeDisplay();
+/// Runs JUCE's timers and messages: a bounded number of rounds.
+void RunTreeMessages();
 
-/// Whether an X11 `Window` is one of JUCE's: the widget's, a menu's, a drag image's.
-bool IsTreeWindow(unsigned long window);
+// ---- The window
 
 /// The X11 `Window` of the widget; 0 while it is not on the desktop.
 unsigned long GetTreeWindow(ValueTreesDemo*);
 
-/// In pixels; a negative size counts as 0.
+/// Whether an X11 `Window` is one of JUCE's: the widget's, a menu's, a drag image's.
+bool IsTreeWindow(unsigned long window);
+
+/// In pixels of the screen, whatever scale JUCE draws at. A negative size counts as 0.
 void ResizeTree(ValueTreesDemo*, int width, int height);
 
 /// Takes the widget off the desktop, for instance because its window has died. It lives on without one.
 void RemoveTreeFromDesktop(ValueTreesDemo*);
 
-/// From now on the widget's window selects no key events of its own. They reach the widget through
-/// HandleTreeKey alone, so that a pointer over the window takes no key from anybody.
-void DetachTreeKeys(ValueTreesDemo*);
+// ---- Keys, menus and the mouse
 
 enum class KeyUse
 {
@@ -57,24 +50,34 @@ enum class KeyUse
     unused
 };
 
-/// Hands a key press or release, an `XEvent*` of any connection, to the widget. The tree view has the
-/// keyboard unless a rename editor has. A key that nothing in the widget consumed is unused; so is one that
-/// JUCE does not know, a modifier, and every release. Everything that waits on JUCE's connection is delivered
-/// behind it, so the caller has taken it off before.
-KeyUse HandleTreeKey(ValueTreesDemo*, void* keyEvent);
+/// Hands a key press or release to the widget. A press goes to the open menu if there is one, to the picture
+/// of a drag, to the rename editor while it has the focus, and to the tree view in all other cases. Unused
+/// is a key that none of them consumed, one that JUCE does not know, a modifier, and every release.
+KeyUse HandleTreeKey(ValueTreesDemo*, const _XEvent&);
 
 /// Closes the widget's menus; nothing is chosen.
 void DismissTreeMenus();
 
-/// Something of the platform that lives and dies with a widget.
+/// Whether JUCE believes that a mouse button is held down. It learns of a release from its windows alone.
+bool IsTreeButtonDown();
+
+/// Lets go of the mouse without a release. A drag ends and drops nothing.
+void ReleaseTreeButtons(ValueTreesDemo*);
+
+// ---- What lives with a widget
+
+/// Something of the platform that is let go when its widget is deleted.
 class TreeAttachment
 {
 public:
     virtual ~TreeAttachment() = default;
+
+    /// The widget has gone, and its window with it. Whoever still holds the attachment keeps it alive.
+    virtual void OnTreeGone() = 0;
 };
 
 /// Replaces the widget's attachment.
 void SetTreeAttachment(ValueTreesDemo*, std::shared_ptr<TreeAttachment>);
 
-/// Null if there is none, or no widget.
+/// Null if there is none.
 std::shared_ptr<TreeAttachment> GetTreeAttachment(ValueTreesDemo*);

@@ -273,3 +273,20 @@ TEST(EffectChain, GivesBackInOrderIfTheSuiteOfTheStreamsIsRefusedOnce)
     EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
     product.ExpectCleanEnd();
 }
+
+TEST(EffectChain, GivesBackTheEffectIfItsSuiteIsRefusedOnce)
+{
+    ChainHost product;
+    product.host.Faults().FailFunction("AcquireSuite", 2);
+    product.host.Expect("exception-left-hook", "", "a missing suite leaves the hook as an integer");
+    const HookResult result = product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).DisposeEffectWith<AEGP_EffectSuite3>();
+            (void)chain.Finish();
+        });
+    EXPECT_EQ(result.thrownNumber, 516);
+    EXPECT_THAT(product.CallsMade(),
+                ElementsAre(everythingTaken[0], "Effect 3 AEGP_DisposeEffect(effect A)"));
+    product.ExpectCleanEnd();
+}

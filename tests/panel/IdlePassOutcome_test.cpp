@@ -209,6 +209,23 @@ TEST_F(PassOutcome, TheSelectionThatWasCachedComesBackAfterARebuildAndGoesToTheL
     EXPECT_FALSE(host.Effect("C").groupHidden);
 }
 
+TEST_F(PassOutcome, TheMainAndTheKitEffectKeepTheirVisibilityUnlessTheyAreSelected)
+{
+    bench.Add("QVK VORTAN TWO", "M");
+    bench.Add("QVK VORTKIT", "K");
+    EXPECT_EQ(bench.Pass().printed, "State Changed\n") << "the main effect is not touched";
+    EXPECT_TRUE(host.Effect("A").groupHidden);
+    EXPECT_FALSE(host.Effect("M").groupHidden);
+    EXPECT_FALSE(host.Effect("K").groupHidden);
+
+    host.Effect("M").groupHidden = true;
+    host.Effect("K").groupHidden = true;
+    bench.SelectInTree({"M"});
+    EXPECT_EQ(bench.Pass().printed, "State Changed\n");
+    EXPECT_FALSE(host.Effect("M").groupHidden);
+    EXPECT_TRUE(host.Effect("K").groupHidden);
+}
+
 TEST_F(PassOutcome, TheFirstPassOfAPanelBuildsTheTreeByTheOrdinaryPath)
 {
     bench.plugin->layerHash = 0;

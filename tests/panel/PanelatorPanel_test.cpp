@@ -90,11 +90,12 @@ TEST_F(CreatePanel, OfAHostThatKeepsTheViewIsNotAskedForAgain)
     EXPECT_EQ(host.FindPanel(PANEL_NAME)->created, 1);
 }
 
-TEST_F(CreatePanel, WritesToTheControllerThatItsOwnRefconNames)
+TEST_F(CreatePanel, WritesToTheControllerOfItsRefconWithTheBasicSuiteOfTheGlobalOne)
 {
     host.Expect(finding::duplicateSuite, "AddSuite", "this test runs the entry point twice");
     const LoadedPlugin second = host.Load(&PanelEntryPointFunc);
     auto* other = static_cast<Panelator*>(second.globalRefcon);
+    other->basicSuite = nullptr;
     AEGP_PanelRefcon panel = nullptr;
     AEGP_PanelFunctions1 functions{};
     host.RunInHook(

@@ -136,6 +136,20 @@ TEST_F(PanelatorTest, TheCommandSavesTheTreesStateAndTogglesThePanel)
     EXPECT_EQ(host.FindPanel(PANEL_NAME)->state, PanelState::absent);
 }
 
+TEST_F(PanelatorTest, TheLineOfTheCommandIsFlushedBeforeThePanelIsToggled)
+{
+    std::string flushed;
+    A_Boolean handled = 0;
+    OutputCapture::Start();
+    TreeLog().sink = [&](const std::string&) { flushed = OutputCapture::Flushed(); };
+    host.RunInHook(
+        [&] { return Panelator::S_CommandHook(bench.plugin, nullptr, 1001, AEGP_HP_BeforeAE, 0, &handled); });
+    TreeLog().sink = nullptr;
+    (void)OutputCapture::Stop();
+    bench.Settle();
+    EXPECT_EQ(flushed, "Make Panel Visible\n");
+}
+
 TEST_F(PanelatorTest, TheCommandAcquiresTheLayerSuiteOnceAndKeepsIt)
 {
     bench.Show();

@@ -3,7 +3,7 @@
 #include "standin/desktop/model/CallLog.h"
 #include "standin/desktop/model/IdleMeter.h"
 #include "standin/desktop/model/MessageLog.h"
-#include "standin/desktop/model/PrintedLines.h"
+#include "standin/desktop/model/PrintedPipe.h"
 
 #include <cstdio>
 #include <gmock/gmock.h>
@@ -96,7 +96,7 @@ TEST(IdleMeterTest, ThePassesOfTheLastSecondAreCounted)
 
 TEST(PrintedLinesTest, WhatIsPrintedComesInWholeLines)
 {
-    PrintedLines lines;
+    PrintedPipe lines;
     std::cout << "from a stream\nand ";
     std::printf("half a line");
     EXPECT_THAT(lines.Take(), ElementsAre("from a stream"));
@@ -107,7 +107,7 @@ TEST(PrintedLinesTest, WhatIsPrintedComesInWholeLines)
 
 TEST(PrintedLinesTest, MoreThanAPipeHoldsBlocksNobody)
 {
-    PrintedLines lines;
+    PrintedPipe lines;
     const std::string line(999, 'x');
     for (int i = 0; i < 2000; ++i)
         std::puts(line.c_str());

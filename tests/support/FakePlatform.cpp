@@ -14,10 +14,7 @@ PanelatorUI_Plat::PanelatorUI_Plat(SPBasicSuite* basicSuite, AEGP_PanelH hostPan
     addToDesktop(CreatePanelContents(basicSuite, stateTable, tree), nullptr, 0, 0, hostView);
 }
 
-void DispatchPlatformEvents(ValueTreesDemo* tree)
-{
-    TreeLog().Add(tree == nullptr ? "DispatchPlatformEvents(null)" : "DispatchPlatformEvents(tree)");
-}
+void DispatchPlatformEvents(ValueTreesDemo*) { TreeLog().Add("DispatchPlatformEvents()"); }
 
 PlatformErrorScope::PlatformErrorScope() : formerHandler(nullptr) {}
 PlatformErrorScope::~PlatformErrorScope() = default;

@@ -41,6 +41,11 @@ void Start()
 std::string SoFar()
 {
     flush();
+    return Flushed();
+}
+
+std::string Flushed()
+{
     std::string text;
     char buffer[4096];
     ssize_t length = 0;

@@ -9,6 +9,8 @@ namespace standin::OutputCapture
 void Start();
 /// All that was written since Start.
 std::string SoFar();
+/// The part of it that does not wait in a buffer of the program any more.
+std::string Flushed();
 /// Gives standard output back.
 std::string Stop();
 } // namespace standin::OutputCapture

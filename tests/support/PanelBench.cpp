@@ -73,8 +73,10 @@ void PanelBench::Settle()
     {
         const std::uint64_t layerHash = plugin->layerHash;
         const std::uint64_t treeHash = plugin->treeHash;
-        const PassRecord done = Pass();
-        if (done.printed.empty() && plugin->layerHash == layerHash && plugin->treeHash == treeHash)
+        OutputCapture::Start();
+        (void)host.RunIdle();
+        host.ClearTrace();
+        if (OutputCapture::Stop().empty() && plugin->layerHash == layerHash && plugin->treeHash == treeHash)
             return;
     }
     throw std::logic_error("the panel does not come to rest");
@@ -185,6 +187,7 @@ void PanelBench::Close()
 {
     if (plugin == nullptr)
         return;
+    notePanel();
     TreeLog().sink = nullptr;
     host.Faults().Disarm();
     (void)host.RunInHook(

@@ -22,6 +22,9 @@ class Label : public TreeTest
 protected:
     static constexpr int timeMs = 1500;
 
+    // JUCE's timers may ring a little early when the machine is busy.
+    static constexpr int timerSlackMs = 250;
+
     Label() : label(timeMs)
     {
         parent.setSize(300, 100);
@@ -98,19 +101,24 @@ TEST_F(Label, GoesAwayByItself)
     const auto start = Clock::now();
     show("Hello");
     ASSERT_TRUE(waitUntilHidden());
-    EXPECT_GE(msSince(start), timeMs - 50);
+    EXPECT_GE(msSince(start), timeMs - timerSlackMs);
     EXPECT_EQ(label.getText(), "");
     EXPECT_FALSE(label.isTimerRunning());
 }
 
 TEST_F(Label, DoesNotStayLongerForTheSameText)
 {
-    const auto start = Clock::now();
     show("Hello");
-    pumpFor(1000);
+    pumpFor(timeMs / 2);
+    ASSERT_TRUE(label.isVisible());
+    // A label that is shown at this moment is the measure of one that starts anew.
+    NotifyLabel later(timeMs);
+    parent.addChildComponent(later);
     show("Hello");
-    ASSERT_TRUE(waitUntilHidden());
-    EXPECT_LT(msSince(start), 1000 + timeMs - 100);
+    later.setText("World", juce::sendNotification);
+    ASSERT_TRUE(pumpUntil([&] { return !label.isVisible() || !later.isVisible(); }));
+    EXPECT_FALSE(label.isVisible());
+    EXPECT_TRUE(later.isVisible());
 }
 
 TEST_F(Label, StaysLongerForAnotherText)
@@ -120,7 +128,7 @@ TEST_F(Label, StaysLongerForAnotherText)
     pumpFor(1000);
     show("World");
     ASSERT_TRUE(waitUntilHidden());
-    EXPECT_GE(msSince(start), 1000 + timeMs - 50);
+    EXPECT_GE(msSince(start), 1000 + timeMs - timerSlackMs);
 }
 
 TEST_F(Label, ShowsTheSameTextAgainOnceItWentAway)

@@ -2,49 +2,70 @@
 
 #include "panel/platform/x11/WindowTree.h"
 
-HostWindow::HostWindow(Display* connection, Window container)
-    : display(connection), top(FindTopWindow(connection, container))
+HostWindow::HostWindow(Display* connection, Window hostContainer)
+    : display(connection), container(hostContainer), top(FindTopWindow(connection, hostContainer))
 {
 }
 
 void HostWindow::NoteFocus(Window focused)
 {
-    if (belongsToHost(focused))
+    if (focused == lastNoted)
+        return;
+    lastNoted = focused;
+    if (focused != None && focused != PointerRoot && IsInside(display, focused, findTop()))
         lastFocused = focused;
 }
 
-bool HostWindow::belongsToHost(Window window) const
+/// The container may have moved to another window of the host since; one that has gone leaves its last.
+Window HostWindow::findTop()
 {
-    return window != None && window != PointerRoot && IsInside(display, window, top);
+    if (FindParent(display, container) != None)
+        top = FindTopWindow(display, container);
+    return top;
 }
 
-Window HostWindow::target() const
+Window HostWindow::findKeyboardOwner()
 {
-    XWindowAttributes attributes;
-    const bool isThere = lastFocused != None &&
-                         XGetWindowAttributes(display, lastFocused, &attributes) != 0 &&
-                         attributes.map_state == IsViewable;
-    return isThere ? lastFocused : top;
+    const Window currentTop = findTop();
+    const bool mayHaveIt =
+        lastFocused != None && IsOnScreen(display, lastFocused) && IsInside(display, lastFocused, currentTop);
+    return mayHaveIt ? lastFocused : currentTop;
 }
 
-void HostWindow::TakeKeyboardBack() const
+void HostWindow::TakeKeyboardBack()
 {
-    XSetInputFocus(display, target(), RevertToParent, CurrentTime);
-    XSync(display, False);
+    const Window owner = findKeyboardOwner();
+    if (!IsOnScreen(display, owner))
+        return;
+    (void)XSetInputFocus(display, owner, RevertToParent, CurrentTime);
+    lastNoted = None;
 }
 
-void HostWindow::PassOn(XKeyEvent event) const
+/// Like the server's own key events: the first window that wants them, from the one that has the keyboard up.
+Window HostWindow::findReceiver(Window first, long eventMask)
 {
-    Window child = None;
-    event.window = target();
+    for (Window at = first; at != None; at = FindParent(display, at))
+    {
+        XWindowAttributes attributes;
+        if (XGetWindowAttributes(display, at, &attributes) == 0 || at == DefaultRootWindow(display))
+            break;
+        if ((attributes.all_event_masks & eventMask) != 0)
+            return at;
+        if ((attributes.do_not_propagate_mask & eventMask) != 0)
+            break;
+    }
+    return first;
+}
+
+void HostWindow::PassOn(XKeyEvent event)
+{
+    const long eventMask = event.type == KeyPress ? KeyPressMask : KeyReleaseMask;
+    event.window = findReceiver(findKeyboardOwner(), eventMask);
     event.subwindow = None;
     (void)XTranslateCoordinates(display, event.root, event.window, event.x_root, event.y_root, &event.x,
-                                &event.y, &child);
+                                &event.y, &event.subwindow);
+    event.subwindow = None;
     XEvent sent;
     sent.xkey = event;
-    // It goes up from the focused window to the first that wants keys, as the server's own key events do.
-    constexpr Bool propagate = True;
-    (void)XSendEvent(display, event.window, propagate, event.type == KeyPress ? KeyPressMask : KeyReleaseMask,
-                     &sent);
-    XFlush(display);
+    (void)XSendEvent(display, event.window, False, eventMask, &sent);
 }

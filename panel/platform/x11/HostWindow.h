@@ -7,24 +7,27 @@
 class HostWindow
 {
 public:
-    /// `display` is the panel's own connection and must outlive the object.
+    /// `display` must outlive the object.
     HostWindow(Display* display, Window container);
 
     /// Remembers a window of the host that has the keyboard, so that it gets it back. Others are ignored.
     void NoteFocus(Window focused);
 
     /// Gives the keyboard to the window of the host that had it last, else to the host's top window.
-    void TakeKeyboardBack() const;
+    void TakeKeyboardBack();
 
-    /// Sends a key event of the panel's window on to the host, with its key, modifiers, lock state and time
+    /// Sends a key event that came to the panel on to the host, with its key, modifiers, lock state and time
     /// as they are.
-    void PassOn(XKeyEvent event) const;
+    void PassOn(XKeyEvent event);
 
 private:
-    Window target() const;
-    bool belongsToHost(Window window) const;
+    Window findTop();
+    Window findKeyboardOwner();
+    Window findReceiver(Window first, long eventMask);
 
     Display* display;
+    Window container;
     Window top;
     Window lastFocused = None;
+    Window lastNoted = None; ///< What NoteFocus was told last, whether or not it was the host's.
 };

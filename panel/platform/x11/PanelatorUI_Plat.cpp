@@ -14,13 +14,11 @@ struct Size
 /// Zero for no container, and for one that cannot be asked.
 Size sizeOf(Window container)
 {
-    Size size;
-    const XConnection connection;
+    Display* const display = GetTreeDisplay();
     XWindowAttributes attributes;
-    if (container != None && connection.Get() != nullptr &&
-        XGetWindowAttributes(connection.Get(), container, &attributes) != 0)
-        size = {attributes.width, attributes.height};
-    return size;
+    if (container == None || display == nullptr || XGetWindowAttributes(display, container, &attributes) == 0)
+        return {};
+    return {attributes.width, attributes.height};
 }
 } // namespace
 
@@ -30,8 +28,8 @@ PanelatorUI_Plat::PanelatorUI_Plat(SPBasicSuite* basicSuite, AEGP_PanelH hostPan
     : PanelatorUI(basicSuite, hostPanel, hostView, functions)
 {
     const auto container = reinterpret_cast<Window>(view);
-    const Size size = sizeOf(container);
     ValueTreesDemo* const widget = CreatePanelContents(basicSuite, stateTable, tree);
+    const Size size = sizeOf(container);
     addToDesktop(widget, nullptr, size.width, size.height, view);
     if (container != None)
         X11Embedding::Attach(widget, container);

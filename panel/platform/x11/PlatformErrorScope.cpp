@@ -1,5 +1,7 @@
 #include "panel/platform/PlatformEvents.h"
-#include "panel/platform/x11/XConnection.h"
+#include "tree/TreeX11.h"
+
+#include <X11/Xlib.h>
 
 namespace
 {
@@ -20,7 +22,7 @@ FormerHandler& formerHandlerOfHost()
 int handleError(Display* display, XErrorEvent* error)
 {
     const XErrorHandler host = formerHandlerOfHost().handler;
-    return IsPanelConnection(display) || host == nullptr ? 0 : host(display, error);
+    return display == GetTreeDisplay() || host == nullptr ? 0 : host(display, error);
 }
 } // namespace
 
@@ -32,8 +34,11 @@ PlatformErrorScope::PlatformErrorScope() : formerHandler(nullptr)
     formerHandler = reinterpret_cast<void*>(former);
 }
 
+/// The host may have set another handler inside the call, for good: that one stays.
 PlatformErrorScope::~PlatformErrorScope()
 {
     --formerHandlerOfHost().scopes;
-    (void)XSetErrorHandler(reinterpret_cast<XErrorHandler>(formerHandler));
+    const XErrorHandler present = XSetErrorHandler(reinterpret_cast<XErrorHandler>(formerHandler));
+    if (present != &handleError)
+        (void)XSetErrorHandler(present);
 }

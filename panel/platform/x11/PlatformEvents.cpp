@@ -22,6 +22,23 @@ private:
     bool& isInside;
     bool isFirst;
 };
+
+/// For a widget without a container, and for none.
+void deliverEverything()
+{
+    if (Display* display = GetTreeDisplay())
+    {
+        KeepTreeEvents();
+        XSync(display, False);
+        for (int i = XEventsQueued(display, QueuedAlready); i > 0; --i)
+        {
+            XEvent event;
+            XNextEvent(display, &event);
+            DeliverTreeEvent(event);
+        }
+    }
+    RunTreeMessages();
+}
 } // namespace
 
 void DispatchPlatformEvents(ValueTreesDemo* tree)
@@ -30,10 +47,10 @@ void DispatchPlatformEvents(ValueTreesDemo* tree)
     const OneAtATime guard(isDispatching);
     if (!guard.MayGoOn())
         return;
-    // Held here: the widget and its embedding may be deleted by what is delivered.
+    // Held here: the widget may be deleted by what is delivered.
     const auto embedding = std::dynamic_pointer_cast<X11Embedding>(GetTreeAttachment(tree));
     if (embedding != nullptr)
         embedding->Update();
     else
-        TreeEvents().DeliverAll();
+        deliverEverything();
 }

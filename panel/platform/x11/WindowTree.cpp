@@ -58,3 +58,10 @@ bool IsInside(Display* display, Window window, Window ancestor)
     }
     return false;
 }
+
+bool IsOnScreen(Display* display, Window window)
+{
+    XWindowAttributes attributes;
+    return window != None && XGetWindowAttributes(display, window, &attributes) != 0 &&
+           attributes.map_state == IsViewable;
+}

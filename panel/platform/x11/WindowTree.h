@@ -12,3 +12,6 @@ Window FindTopWindow(Display* display, Window window);
 
 /// Whether `window` is `ancestor` or lies in it at any depth.
 bool IsInside(Display* display, Window window, Window ancestor);
+
+/// Whether the window and all that it lies in are mapped. False for one that has gone.
+bool IsOnScreen(Display* display, Window window);

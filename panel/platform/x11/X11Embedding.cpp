@@ -1,39 +1,83 @@
 #include "panel/platform/x11/X11Embedding.h"
 
-#include <X11/extensions/XInput2.h>
+#include "panel/platform/x11/KeyLines.h"
+#include "panel/platform/x11/WindowTree.h"
+
+#include <X11/XKBlib.h>
+#include <X11/keysym.h>
+#include <algorithm>
+
+namespace
+{
+constexpr long keyEvents = KeyPressMask | KeyReleaseMask;
+
+/// Dealing with events makes new ones; those that come after so many rounds wait for the next update.
+constexpr int mostRounds = 4;
+
+/// Buttons 4 to 7 are the wheel's, which nobody clicks with.
+bool isClick(unsigned button) { return button < 4 || button > 7; }
+
+/// Focus events that only say where the pointer is. JUCE takes them for the focus itself.
+bool isAboutPointer(const XFocusChangeEvent& event)
+{
+    return event.detail == NotifyPointer || event.detail == NotifyPointerRoot ||
+           event.detail == NotifyDetailNone;
+}
+
+bool isPointerOverTree(Display* display)
+{
+    Window at = DefaultRootWindow(display);
+    while (at != None && !IsTreeWindow(at))
+    {
+        Window root = None;
+        Window child = None;
+        int ignored = 0;
+        unsigned mask = 0;
+        if (XQueryPointer(display, at, &root, &child, &ignored, &ignored, &ignored, &ignored, &mask) == False)
+            return false;
+        at = child;
+    }
+    return at != None;
+}
+} // namespace
 
 void X11Embedding::Attach(ValueTreesDemo* tree, Window container)
 {
-    auto connection = std::make_unique<XConnection>();
-    if (connection->Get() != nullptr)
-        SetTreeAttachment(tree, std::make_shared<X11Embedding>(tree, container, std::move(connection)));
+    if (GetTreeDisplay() != nullptr && GetTreeWindow(tree) != None)
+        SetTreeAttachment(tree, std::make_shared<X11Embedding>(tree, container));
 }
 
-X11Embedding::X11Embedding(ValueTreesDemo* widget, Window hostContainer,
-                           std::unique_ptr<XConnection> ownConnection)
+X11Embedding::X11Embedding(ValueTreesDemo* widget, Window hostContainer)
     : tree(widget),
       container(hostContainer),
-      connection(std::move(ownConnection)),
-      display(connection->Get()),
+      display(GetTreeDisplay()),
       panelWindow(GetTreeWindow(widget)),
-      host(display, hostContainer)
+      host(display, hostContainer),
+      rawPresses(display),
+      superMask(XkbKeysymToModifiers(display, XK_Super_L))
 {
-    selectContainerEvents();
-    selectRawPresses();
-    DetachTreeKeys(tree);
+    WriteLine("View Will move to Winodw");
+    detachKeys();
+    watchContainer();
+    followContainer();
+    WriteLine("Adding Event Monitor");
 }
 
-X11Embedding::~X11Embedding()
+/// JUCE selects keys for good, and would take them from the host wherever the pointer hovers.
+void X11Embedding::detachKeys()
 {
-    // The panel's window may have gone by now, and the keyboard with it to the container.
-    if (holdsKeyboard)
-        host.TakeKeyboardBack();
+    XWindowAttributes attributes;
+    if (XGetWindowAttributes(display, panelWindow, &attributes) == 0)
+        return;
+    juceEventMask = attributes.your_event_mask & ~keyEvents;
+    selectsKeys = true;
+    selectKeys(Holding::no);
 }
 
-/// The container may have changed its size before it was watched.
-void X11Embedding::selectContainerEvents()
+/// The container may have changed its size since the widget was made.
+void X11Embedding::watchContainer()
 {
-    XSelectInput(display, container, StructureNotifyMask);
+    (void)XSelectInput(display, container, StructureNotifyMask);
     XWindowAttributes attributes;
     if (XGetWindowAttributes(display, container, &attributes) == 0)
         return;
@@ -42,158 +86,295 @@ void X11Embedding::selectContainerEvents()
     hasNewSize = true;
 }
 
-/// The container's window belongs to the host, which alone may select its presses; raw presses are told to
-/// whoever asks.
-void X11Embedding::selectRawPresses()
+void X11Embedding::OnTreeGone()
 {
-    int opcode = 0;
-    int firstEvent = 0;
-    int firstError = 0;
-    int major = 2;
-    int minor = 1;
-    if (XQueryExtension(display, "XInputExtension", &opcode, &firstEvent, &firstError) == 0 ||
-        XIQueryVersion(display, &major, &minor) != Success)
+    tree = nullptr;
+    events.clear();
+    WriteLine("View Will move to Winodw");
+    WriteLine("New Window Empty");
+    if (GetTreeDisplay() == nullptr)
         return;
-    unsigned char bits[XIMaskLen(XI_LASTEVENT)] = {};
-    XISetMask(bits, XI_RawButtonPress);
-    XIEventMask mask = {XIAllMasterDevices, sizeof bits, bits};
-    if (XISelectEvents(display, DefaultRootWindow(display), &mask, 1) == Success)
-        rawPressOpcode = opcode;
+    if (holdsKeyboard)
+        leaveKeyboard();
+    if (container != None)
+        (void)XSelectInput(display, container, NoEventMask);
+    rawPresses.Stop();
+    XFlush(display);
+}
+
+/// A window that dies leaves the focus to the one around it.
+void X11Embedding::leaveKeyboard()
+{
+    Window focused = None;
+    int revert = RevertToNone;
+    XGetInputFocus(display, &focused, &revert);
+    if (focused == container || wasLeftBehind(focused, revert))
+        host.TakeKeyboardBack();
 }
 
 void X11Embedding::Update()
 {
-    TreeEvents treeEvents;
-    std::vector<Input> input = takeInput(treeEvents);
-    for (Input& one : input)
-    {
-        treeEvents.DeliverUntil(one.time);
-        examineFocus();
-        if (one.kind == Input::Kind::key)
-            handleKey(one.event);
-        else if (holdsKeyboard)
-            giveKeyboardUp();
-    }
-    treeEvents.DeliverAll();
+    const std::optional<Time> formerDoubt = doubtfulPress;
+    const bool mustRelease = isReleaseOverdue();
+    wasPressed = false;
+    KeepTreeEvents();
+    handleEvents();
+    if (mustRelease && !wasPressed && IsTreeButtonDown())
+        ReleaseTreeButtons(tree);
+    RunTreeMessages();
+    handleEvents();
+    if (formerDoubt.has_value())
+        settle(*formerDoubt);
     followContainer();
     examineFocus();
 }
 
-std::vector<X11Embedding::Input> X11Embedding::takeInput(const TreeEvents& treeEvents)
+// ---- What comes in
+
+void X11Embedding::handleEvents()
 {
-    std::vector<Input> input;
-    while (XPending(display) != 0)
+    for (int round = 0; round < mostRounds && readEvents(); ++round)
+    {
+        while (!events.empty())
+        {
+            XEvent event = events.front();
+            events.pop_front();
+            handleEvent(event);
+        }
+    }
+}
+
+/// Everything that the server has to tell by now. False if that is nothing.
+bool X11Embedding::readEvents()
+{
+    if (tree == nullptr)
+        return false;
+    XSync(display, False);
+    for (int i = XEventsQueued(display, QueuedAlready); i > 0; --i)
     {
         XEvent event;
         XNextEvent(display, &event);
-        takeEvent(event, treeEvents, input);
+        rawPresses.Translate(event);
+        events.push_back(event);
     }
-    return input;
+    return !events.empty();
 }
 
-void X11Embedding::takeEvent(XEvent& event, const TreeEvents& treeEvents, std::vector<Input>& input)
+void X11Embedding::handleEvent(XEvent& event)
 {
     switch (event.type)
     {
     case KeyPress:
     case KeyRelease:
-        input.push_back({Input::Kind::key, event.xkey.time, event});
-        break;
+        return handleKey(event);
+    case ButtonPress:
+        return event.xbutton.window == None ? handleRawPress(event.xbutton) : handlePress(event);
+    case FocusIn:
+    case FocusOut:
+        return handleFocusChange(event);
     case ConfigureNotify:
-        newWidth = event.xconfigure.width;
-        newHeight = event.xconfigure.height;
-        hasNewSize = true;
-        break;
+        return handleConfigure(event);
     case DestroyNotify:
-        hasContainer = hasContainer && event.xdestroywindow.window != container;
-        break;
+        return handleDestroy(event);
+    case MappingNotify:
+        (void)XRefreshKeyboardMapping(&event.xmapping);
+        return DeliverTreeEvent(event);
     case GenericEvent:
-        takeRawPress(event, treeEvents, input);
-        break;
-    default:
-        break;
-    }
-}
-
-/// A press that no window of the panel or of its menus got is one outside.
-void X11Embedding::takeRawPress(XEvent& event, const TreeEvents& treeEvents, std::vector<Input>& input)
-{
-    if (event.xcookie.extension != rawPressOpcode || XGetEventData(display, &event.xcookie) == 0)
         return;
-    if (event.xcookie.evtype == XI_RawButtonPress)
-    {
-        const Time time = static_cast<const XIRawEvent*>(event.xcookie.data)->time;
-        if (!treeEvents.HasPressAt(time))
-            input.push_back({Input::Kind::pressOutside, time, XEvent{}});
+    default:
+        return DeliverTreeEvent(event);
     }
-    XFreeEventData(display, &event.xcookie);
 }
 
-/// A container that has gone has taken the panel's window along.
+void X11Embedding::handleConfigure(const XEvent& event)
+{
+    DeliverTreeEvent(event);
+    if (event.xconfigure.event != container || event.xconfigure.window != container)
+        return;
+    newWidth = event.xconfigure.width;
+    newHeight = event.xconfigure.height;
+    hasNewSize = true;
+}
+
+void X11Embedding::handleDestroy(const XEvent& event)
+{
+    DeliverTreeEvent(event);
+    if (event.xdestroywindow.window == container || event.xdestroywindow.window == panelWindow)
+        loseContainer();
+}
+
+/// The panel's window has died with the container. The widget lives on until the host makes a new panel.
+void X11Embedding::loseContainer()
+{
+    DismissTreeMenus();
+    ReleaseTreeButtons(tree);
+    if (GetTreeWindow(tree) == panelWindow)
+        RemoveTreeFromDesktop(tree);
+    holdsKeyboard = false;
+    hasNewSize = false;
+    container = None;
+    panelWindow = None;
+}
+
 void X11Embedding::followContainer()
 {
-    if (!hasContainer)
-    {
-        if (GetTreeWindow(tree) != 0)
-            RemoveTreeFromDesktop(tree);
-        holdKeyboard(false);
-        return;
-    }
     if (hasNewSize)
         ResizeTree(tree, newWidth, newHeight);
     hasNewSize = false;
 }
 
+// ---- Presses
+
+/// Unless the release is among the events that wait, it will not come: a window that is unmapped or dies
+/// under a held button does not hear of it.
+bool X11Embedding::isReleaseOverdue() const
+{
+    if (!IsTreeButtonDown())
+        return false;
+    Window window = None;
+    int ignored = 0;
+    unsigned mask = 0;
+    (void)XQueryPointer(display, DefaultRootWindow(display), &window, &window, &ignored, &ignored, &ignored,
+                        &ignored, &mask);
+    return (mask & (Button1Mask | Button2Mask | Button3Mask)) == 0;
+}
+
+void X11Embedding::handlePress(const XEvent& event)
+{
+    wasPressed = true;
+    doubtfulPress.reset(); // It was this one, or the user has come back since.
+    if (event.xbutton.button <= Button3 && event.xbutton.window == panelWindow && !holdsKeyboard)
+        takeKeyboard();
+    if (event.xbutton.window == panelWindow && event.xbutton.button == Button1)
+        WriteLine("Click happened in View");
+    DeliverTreeEvent(event);
+    examineFocus();
+}
+
+/// A press that no window of JUCE got is one outside. A window manager that examines a press first hands it
+/// on later, so one with the pointer over the panel may still come.
+void X11Embedding::handleRawPress(const XButtonEvent& press)
+{
+    if (!isClick(press.button) || isTreePressNext(press))
+        return;
+    if (isPointerOverTree(display))
+        doubtfulPress = press.time;
+    else
+        handlePressOutside();
+}
+
+void X11Embedding::settle(Time doubtful)
+{
+    if (doubtfulPress != doubtful)
+        return;
+    doubtfulPress.reset();
+    handlePressOutside();
+}
+
+/// Whether what follows a raw press is the same press in a window of JUCE. Several presses can have one time,
+/// and the button's number is another for a left-handed mouse.
+bool X11Embedding::isTreePressNext(const XButtonEvent& press) const
+{
+    const auto next = std::find_if(events.begin(), events.end(),
+                                   [](const XEvent& event) { return event.type == ButtonPress; });
+    return next != events.end() && next->xbutton.window != None && next->xbutton.time == press.time;
+}
+
+void X11Embedding::handlePressOutside()
+{
+    // The host may have taken the keyboard itself by now, and then it keeps it where it is.
+    examineFocus();
+    if (holdsKeyboard)
+        host.TakeKeyboardBack();
+    holdKeyboard(Holding::no);
+    DismissTreeMenus();
+}
+
+// ---- The keyboard
+
 /// The host gets the release of every key whose press the panel has not used: it may have seen the press.
-void X11Embedding::handleKey(XEvent& event)
+void X11Embedding::handleKey(const XEvent& event)
 {
     bool& wasUsed = usedKeys[event.xkey.keycode & 255];
+    const KeyUse use = offerKey(event);
     if (event.type == KeyPress)
-    {
-        wasUsed = holdsKeyboard && HandleTreeKey(tree, &event) == KeyUse::used;
-        if (!wasUsed)
-            host.PassOn(event.xkey);
-        return;
-    }
-    if (holdsKeyboard)
-        (void)HandleTreeKey(tree, &event);
+        wasUsed = use == KeyUse::used;
     if (!wasUsed)
         host.PassOn(event.xkey);
-    wasUsed = false;
+    if (event.type == KeyRelease)
+        wasUsed = false;
 }
 
-void X11Embedding::giveKeyboardUp()
+KeyUse X11Embedding::offerKey(const XEvent& event)
 {
-    DismissTreeMenus();
-    host.TakeKeyboardBack();
-    holdKeyboard(false);
+    if (!holdsKeyboard || (event.xkey.state & superMask) != 0)
+        return KeyUse::unused;
+    if (event.type == KeyPress)
+        WriteKeyLines(event.xkey);
+    return HandleTreeKey(tree, event);
 }
 
-/// The panel holds the keyboard while the focus is on its window or on a menu of its own. A menu or a drag
-/// image that goes away leaves the focus on the root window: it is fetched from there.
+/// JUCE would take the focus at the press and hear of it afterwards, which makes it forget where the press
+/// has put it. So it is told before. The next key must find a window that wants it.
+void X11Embedding::takeKeyboard()
+{
+    selectKeys(Holding::yes);
+    (void)XSetInputFocus(display, panelWindow, RevertToParent, CurrentTime);
+    XEvent event = {};
+    event.xfocus.type = FocusIn;
+    event.xfocus.display = display;
+    event.xfocus.window = panelWindow;
+    event.xfocus.mode = NotifyNormal;
+    event.xfocus.detail = NotifyNonlinear;
+    DeliverTreeEvent(event);
+}
+
+void X11Embedding::handleFocusChange(const XEvent& event)
+{
+    if (!isAboutPointer(event.xfocus))
+        DeliverTreeEvent(event);
+    examineFocus();
+}
+
+/// A window on the root that had the focus when it went away has left it there.
+bool X11Embedding::wasLeftBehind(Window focused, int revert) const
+{
+    return focused == DefaultRootWindow(display) && revert == RevertToNone;
+}
+
+/// The panel holds the keyboard while the focus is on its window or on a menu of its own. A menu or the
+/// picture of a drag that goes away leaves the focus on the root window: it is fetched from there.
 void X11Embedding::examineFocus()
 {
+    if (tree == nullptr)
+        return;
     Window focused = None;
-    int revert = 0;
+    int revert = RevertToParent;
     XGetInputFocus(display, &focused, &revert);
-    const bool isOurs = focused != None && focused != PointerRoot && IsTreeWindow(focused);
-    if (!isOurs && holdsKeyboard && hasContainer &&
-        (focused == None || focused == PointerRoot || focused == DefaultRootWindow(display)))
+    if (IsTreeWindow(focused))
+        return holdKeyboard(Holding::yes);
+    if (holdsKeyboard && wasLeftBehind(focused, revert) && IsOnScreen(display, panelWindow))
     {
-        XSetInputFocus(display, panelWindow, RevertToParent, CurrentTime);
+        (void)XSetInputFocus(display, panelWindow, RevertToParent, CurrentTime);
         return;
     }
-    holdKeyboard(isOurs);
-    if (!isOurs)
-        host.NoteFocus(focused);
+    holdKeyboard(Holding::no);
+    host.NoteFocus(focused);
 }
 
-void X11Embedding::holdKeyboard(bool hold)
+void X11Embedding::holdKeyboard(Holding holding)
 {
-    if (hold == holdsKeyboard)
+    holdsKeyboard = holding == Holding::yes;
+    selectKeys(holding);
+}
+
+/// While the panel does not hold the keyboard, a pointer over its window must take no key from anybody.
+void X11Embedding::selectKeys(Holding holding)
+{
+    const bool wanted = holding == Holding::yes;
+    if (wanted == selectsKeys || panelWindow == None)
         return;
-    holdsKeyboard = hold;
-    if (hasContainer)
-        XSelectInput(display, panelWindow, hold ? KeyPressMask | KeyReleaseMask : NoEventMask);
+    selectsKeys = wanted;
+    (void)XSelectInput(display, panelWindow, wanted ? juceEventMask | keyEvents : juceEventMask);
     XFlush(display);
 }

@@ -1,14 +1,18 @@
 #pragma once
 // Lives with a widget in a host's X11 container: follows the container's size, takes the keyboard for the
-// tree while the user works in the panel, and gives it back. It has a connection of its own to the X server;
-// what it selects there leaves the host's own event selection as it is.
+// tree while the user works in the panel, and gives it back.
+//
+// Everything that it has to know comes over JUCE's connection, in the order in which it happened: the
+// container's changes, presses anywhere, focus, keys. It hands JUCE what is JUCE's, one event at a time.
+// The host's own event selection stays as it is, since each connection has one of its own.
 
 #include "panel/platform/x11/HostWindow.h"
-#include "panel/platform/x11/XConnection.h"
+#include "panel/platform/x11/RawPresses.h"
 #include "tree/TreeX11.h"
 
 #include <array>
-#include <vector>
+#include <deque>
+#include <optional>
 
 class X11Embedding : public TreeAttachment
 {
@@ -17,49 +21,65 @@ public:
     /// server cannot be reached.
     static void Attach(ValueTreesDemo* tree, Window container);
 
-    /// `connection` is open.
-    X11Embedding(ValueTreesDemo* tree, Window container, std::unique_ptr<XConnection> connection);
+    X11Embedding(ValueTreesDemo* tree, Window container);
 
-    /// Gives the keyboard back if the panel holds it.
-    ~X11Embedding() override;
-
-    /// Delivers all input that has come since the last call, the panel's and JUCE's, in the order of the
-    /// server's time.
+    /// Deals with all that has come since the last call, and runs JUCE's timers and messages.
     void Update();
 
+    /// Gives the keyboard back if the panel holds it.
+    void OnTreeGone() override;
+
 private:
-    struct Input
+    enum class Holding
     {
-        enum class Kind
-        {
-            key,
-            pressOutside
-        };
-        Kind kind;
-        Time time;
-        XEvent event; ///< Of a key.
+        no,
+        yes
     };
 
-    void selectContainerEvents();
-    void selectRawPresses();
-    std::vector<Input> takeInput(const TreeEvents& treeEvents);
-    void takeEvent(XEvent& event, const TreeEvents& treeEvents, std::vector<Input>& input);
-    void takeRawPress(XEvent& event, const TreeEvents& treeEvents, std::vector<Input>& input);
-    void followContainer();
-    void handleKey(XEvent& event);
-    void giveKeyboardUp();
-    void examineFocus();
-    void holdKeyboard(bool hold);
+    void detachKeys();
+    void watchContainer();
+    void leaveKeyboard();
 
-    ValueTreesDemo* tree;
+    // What comes in.
+    void handleEvents();
+    bool readEvents();
+    void handleEvent(XEvent& event);
+    void handleConfigure(const XEvent& event);
+    void handleDestroy(const XEvent& event);
+    void followContainer();
+    void loseContainer();
+
+    // Presses.
+    void handlePress(const XEvent& event);
+    void handleRawPress(const XButtonEvent& press);
+    void handlePressOutside();
+    void settle(Time doubtful);
+    bool isReleaseOverdue() const;
+    bool isTreePressNext(const XButtonEvent& press) const;
+
+    // The keyboard.
+    void handleKey(const XEvent& event);
+    KeyUse offerKey(const XEvent& event);
+    void takeKeyboard();
+    void handleFocusChange(const XEvent& event);
+    void examineFocus();
+    bool wasLeftBehind(Window focused, int revert) const;
+    void holdKeyboard(Holding);
+    void selectKeys(Holding);
+
+    ValueTreesDemo* tree; ///< Null once it has gone.
     Window container;
-    std::unique_ptr<XConnection> connection;
     Display* display;
     Window panelWindow;
     HostWindow host;
-    int rawPressOpcode = -1; ///< Of the extension that tells of presses anywhere; -1 without it.
+    RawPresses rawPresses;
+    unsigned superMask;       ///< The modifier that JUCE does not see.
+    long juceEventMask = 0;   ///< What JUCE selects on the panel's window, without keys.
+    bool selectsKeys = false; ///< On the panel's window, besides.
+    std::deque<XEvent> events;
+    std::optional<Time> doubtfulPress; ///< One that may still turn out to be JUCE's.
+    bool wasPressed = false;           ///< In a window of JUCE, since the last update.
     bool holdsKeyboard = false;
-    bool hasContainer = true;
     bool hasNewSize = false;
     int newWidth = 0;
     int newHeight = 0;

@@ -9,10 +9,10 @@
 #include "standin/core/Host.h"
 #include "standin/desktop/model/CallLog.h"
 #include "standin/desktop/model/Designer.h"
-#include "standin/desktop/model/Dock.h"
+#include "standin/desktop/model/DockState.h"
 #include "standin/desktop/model/IdleMeter.h"
 #include "standin/desktop/model/MessageLog.h"
-#include "standin/desktop/model/PrintedLines.h"
+#include "standin/desktop/model/PrintedPipe.h"
 #include "standin/family/Sibling.h"
 #include "standin/session/Bundle.h"
 
@@ -31,10 +31,10 @@ public:
 
     Host& TheHost() { return host; }
     Designer& User() { return designer; }
-    Dock& TheDock() { return dock; }
+    DockState& TheDock() { return dock; }
     MessageLog& Messages() { return messages; }
     CallLog& Calls() { return calls; }
-    PrintedLines& Printed() { return printed; }
+    PrintedPipe& Printed() { return printed; }
 
     /// One idle of the host, at this time in seconds. The host does not idle while the user holds a mouse
     /// button down in its own windows.
@@ -76,12 +76,12 @@ private:
     static int noteQueued(int pluginId, void* basicSuite, void* refcon);
 
     // The lines come first and go last: the host's end prints as well.
-    PrintedLines printed;
+    PrintedPipe printed;
     MessageLog messages;
     Host host;
     std::unique_ptr<Bundle> bundle;
     Designer designer{host};
-    Dock dock{host};
+    DockState dock{host};
     CallLog calls;
     IdleMeter meter;
     std::size_t idles = 0;

@@ -57,7 +57,7 @@ void DockView::Show(const Shown& now)
 
 void DockView::Follow()
 {
-    const Dock& dock = bench.TheDock();
+    const DockState& dock = bench.TheDock();
     if (dock.Place() != place || dock.PanelIsInFront() != isInFront)
     {
         place = dock.Place();
@@ -172,7 +172,7 @@ void DockView::paintInfo(juce::Graphics& g, juce::Rectangle<int> area) const
 
 void DockView::mouseDown(const juce::MouseEvent& e)
 {
-    Dock& dock = bench.TheDock();
+    DockState& dock = bench.TheDock();
     if (closeMark().contains(e.getPosition()))
         dock.ClosePanel();
     else if (undockMark().contains(e.getPosition()))

@@ -127,7 +127,7 @@ juce::PopupMenu Menus::windowMenu()
         menu.addItem(std::move(item));
     }
     menu.addSeparator();
-    Dock& dock = bench.TheDock();
+    DockState& dock = bench.TheDock();
     add(menu, "Undock Panel", "", onIf(dock.Place() == PanelPlace::docked), [&dock] { dock.Undock(); });
     add(menu, "Dock Panel", "", onIf(dock.Place() == PanelPlace::floating), [&dock] { dock.PutBack(); });
     return menu;

@@ -16,7 +16,7 @@ bool isButtonDown() { return juce::Desktop::getInstance().getMainMouseSource().i
 
 TestScreen::TestScreen() : server(800, 600) {}
 
-TreeGuiTest::TreeGuiTest() : host(hostX, hostY, hostWidth, hostHeight)
+TreeGuiTest::TreeGuiTest() : TreeTest(Screen::ofTheEnvironment), host(hostX, hostY, hostWidth, hostHeight)
 {
     // Two clicks in a row are two clicks, unless a test wants a double click.
     juce::MouseEvent::setDoubleClickTimeout(0);

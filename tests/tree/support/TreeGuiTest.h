@@ -1,9 +1,9 @@
 #pragma once
 // The widget in a host's window on a real X server, with a user's hands on mouse and keyboard.
 
-#include "tests/support/XHostWindow.h"
-#include "tests/support/XTestInput.h"
-#include "tests/support/Xvfb.h"
+#include "standin/x11/XHostWindow.h"
+#include "standin/x11/XTestInput.h"
+#include "standin/x11/Xvfb.h"
 #include "tests/tree/support/Pump.h"
 #include "tests/tree/support/TreeTest.h"
 

@@ -2,6 +2,7 @@
 
 #include "tests/tree/support/Pump.h"
 
+#include <cstdlib>
 #include <stdexcept>
 
 namespace
@@ -99,8 +100,11 @@ juce::KeyPress commandKey(int letter)
     return juce::KeyPress(letter, juce::ModifierKeys::commandModifier, 0);
 }
 
-TreeTest::TreeTest()
+TreeTest::TreeTest(Screen screen)
 {
+    // Without a display, JUCE tries the first one of the machine, whosever it is.
+    if (screen == Screen::none)
+        (void)setenv("DISPLAY", "none", 1);
     JuceGlobalInit();
     panel = CreateTreeWidget(false);
 }

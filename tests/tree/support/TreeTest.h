@@ -35,7 +35,13 @@ std::string outputOf(const std::function<void()>& action);
 class TreeTest : public testing::Test
 {
 protected:
-    TreeTest();
+    enum class Screen
+    {
+        none,
+        ofTheEnvironment
+    };
+
+    explicit TreeTest(Screen screen = Screen::none);
     ~TreeTest() override;
 
     /// The whole tree as text: "Layer(Group 1(a b) c)". A selected row carries a "*", a closed one with

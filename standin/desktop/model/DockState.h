@@ -15,10 +15,10 @@ enum class PanelPlace
     floating
 };
 
-class Dock
+class DockState
 {
 public:
-    explicit Dock(Host& owner) : host(owner) {}
+    explicit DockState(Host& owner) : host(owner) {}
 
     /// The name on the tab; empty while no plug-in has registered a panel.
     std::string PanelName() const;

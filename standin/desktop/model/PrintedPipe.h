@@ -9,15 +9,15 @@
 
 namespace standin
 {
-class PrintedLines
+class PrintedPipe
 {
 public:
     /// Throws std::runtime_error if there is no pipe to be had.
-    PrintedLines();
+    PrintedPipe();
     /// Standard output is what it was before.
-    ~PrintedLines();
-    PrintedLines(const PrintedLines&) = delete;
-    PrintedLines& operator=(const PrintedLines&) = delete;
+    ~PrintedPipe();
+    PrintedPipe(const PrintedPipe&) = delete;
+    PrintedPipe& operator=(const PrintedPipe&) = delete;
 
     /// The whole lines since the last call, without their ends. What was printed before the call is in them.
     std::vector<std::string> Take();

@@ -1,4 +1,4 @@
-#include "standin/desktop/model/PrintedLines.h"
+#include "standin/desktop/model/PrintedPipe.h"
 
 #include <array>
 #include <cstdio>
@@ -19,7 +19,7 @@ void flushAll()
 }
 } // namespace
 
-PrintedLines::PrintedLines() : formerOutput((flushAll(), dup(STDOUT_FILENO)))
+PrintedPipe::PrintedPipe() : formerOutput((flushAll(), dup(STDOUT_FILENO)))
 {
     int ends[2];
     if (formerOutput < 0 || pipe2(ends, O_CLOEXEC) != 0 || pipe2(stopEnds, O_CLOEXEC) != 0)
@@ -31,7 +31,7 @@ PrintedLines::PrintedLines() : formerOutput((flushAll(), dup(STDOUT_FILENO)))
     reader = std::thread([this] { readOn(); });
 }
 
-PrintedLines::~PrintedLines()
+PrintedPipe::~PrintedPipe()
 {
     flushAll();
     (void)dup2(formerOutput, STDOUT_FILENO);
@@ -42,7 +42,7 @@ PrintedLines::~PrintedLines()
     (void)close(formerOutput);
 }
 
-void PrintedLines::readOn()
+void PrintedPipe::readOn()
 {
     std::array<pollfd, 2> fds{pollfd{readEnd, POLLIN, 0}, pollfd{stopEnds[0], POLLIN, 0}};
     while (poll(fds.data(), fds.size(), -1) >= 0)
@@ -53,7 +53,7 @@ void PrintedLines::readOn()
     }
 }
 
-void PrintedLines::drain()
+void PrintedPipe::drain()
 {
     const std::lock_guard<std::mutex> lock(mutex);
     std::array<char, 4096> buffer;
@@ -62,7 +62,7 @@ void PrintedLines::drain()
         text.append(buffer.data(), static_cast<std::size_t>(count));
 }
 
-std::vector<std::string> PrintedLines::Take()
+std::vector<std::string> PrintedPipe::Take()
 {
     flushAll();
     drain();
@@ -75,7 +75,7 @@ std::vector<std::string> PrintedLines::Take()
     return lines;
 }
 
-void PrintedLines::PrintBehind(const std::string& printed) const
+void PrintedPipe::PrintBehind(const std::string& printed) const
 {
     std::size_t done = 0;
     while (done < printed.size())

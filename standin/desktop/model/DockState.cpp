@@ -1,43 +1,43 @@
-#include "standin/desktop/model/Dock.h"
+#include "standin/desktop/model/DockState.h"
 
 #include "standin/core/HostParts.h"
 
 namespace standin
 {
-const Panel* Dock::panel() const
+const Panel* DockState::panel() const
 {
     auto& panels = host.Parts().panels.All();
     return panels.empty() ? nullptr : &panels.front();
 }
 
-void Dock::setState(PanelState state)
+void DockState::setState(PanelState state)
 {
     if (panel() != nullptr && panel()->state != state)
         (void)host.SetPanelState(panel()->matchName, state);
 }
 
-std::string Dock::PanelName() const { return panel() != nullptr ? panel()->matchName : ""; }
+std::string DockState::PanelName() const { return panel() != nullptr ? panel()->matchName : ""; }
 
-PanelPlace Dock::Place() const
+PanelPlace DockState::Place() const
 {
     if (panel() == nullptr || panel()->state == PanelState::absent)
         return PanelPlace::closed;
     return isFloating ? PanelPlace::floating : PanelPlace::docked;
 }
 
-bool Dock::PanelIsInFront() const { return panel() != nullptr && panel()->state == PanelState::frontmost; }
+bool DockState::PanelIsInFront() const { return panel() != nullptr && panel()->state == PanelState::frontmost; }
 
-void Dock::ShowPanel() { setState(PanelState::frontmost); }
+void DockState::ShowPanel() { setState(PanelState::frontmost); }
 
-void Dock::ShowOther()
+void DockState::ShowOther()
 {
     if (Place() == PanelPlace::docked)
         setState(PanelState::behind);
 }
 
-void Dock::ClosePanel() { setState(PanelState::absent); }
+void DockState::ClosePanel() { setState(PanelState::absent); }
 
-void Dock::Undock()
+void DockState::Undock()
 {
     if (Place() != PanelPlace::docked)
         return;
@@ -45,7 +45,7 @@ void Dock::Undock()
     setState(PanelState::frontmost);
 }
 
-void Dock::PutBack()
+void DockState::PutBack()
 {
     if (Place() != PanelPlace::floating)
         return;

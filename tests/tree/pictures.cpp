@@ -1,0 +1,117 @@
+// Draws the reference pictures of the panel: tree-pictures FOLDER
+//
+// Each is what stands on the screen of a private X server where a host's window holds the panel.
+
+#include "tests/tree/support/TreeGuiTest.h"
+
+#include <cstdlib>
+#include <iostream>
+
+namespace
+{
+using namespace standin;
+
+class Pictures : public TreeGuiTest
+{
+public:
+    Pictures()
+    {
+        AddObject(panel, VN_OBJECT_GEOMETRY, 1, "Sheets");
+        AddObject(panel, VN_OBJECT_GEOMETRY, 2, "Routes");
+        AddObject(panel, VN_OBJECT_GEOMETRY, 3, "Solids");
+        AddObject(panel, VN_OBJECT_GEOMETRY, 4, "Copies");
+    }
+
+    void TestBody() override {}
+
+    void emptyPanel(const juce::File& file)
+    {
+        show({});
+        write(file);
+    }
+
+    void tree(const juce::File& file)
+    {
+        showExample();
+        click(textOf("Vortan Jitter Effector"));
+        clickHolding("Control_L", textOf("My own sheets"));
+        write(file);
+    }
+
+    void renameEditor(const juce::File& file)
+    {
+        showExample();
+        click(textOf("Vortan Jitter Effector"));
+        (void)pumpUntil([this] { return view().hasKeyboardFocus(false); });
+        key("Return");
+        (void)pumpUntil([this] { return view().renameEditor->hasKeyboardFocus(false); });
+        write(file);
+        key("Escape");
+        (void)pumpUntil([this] { return !view().renameEditor->isVisible(); });
+    }
+
+    void notification(const juce::File& file)
+    {
+        showExample();
+        NotifyMsg(panel, "Max no. of Groups reached");
+        write(file);
+        panel->notifyLabel.timerCallback();
+    }
+
+    void openMenu(const juce::File& file)
+    {
+        showExample();
+        click(centreOf(panel->geometryButton));
+        (void)pumpUntil([] { return juce::Component::getNumCurrentlyModalComponents() > 0; });
+        moveTo(centreOf(panel->geometryButton) + Point(20, 45));
+        write(file);
+        key("Escape");
+        (void)pumpUntil([] { return juce::Component::getNumCurrentlyModalComponents() == 0; });
+    }
+
+private:
+    void showExample()
+    {
+        show({object(1, "My own sheets", 1, 1), object(2, "Vortan Jitter Effector", 1, 0),
+              external("Gaussian Blur"), object(3, "Vortan Placement", 2, 1),
+              object(4, "Vortan Tint Table", 2, 1), object(5, "Vortan", -1, 1),
+              object(6, "Vortan Dots Renderer", 0, 1), object(7, "Vortan Rays Renderer 2", 0, 0)});
+    }
+
+    /// The host's window as it stands on the screen.
+    void write(const juce::File& file)
+    {
+        // Repaints come with a timer.
+        pumpFor(400);
+        const auto screen = input.screen();
+        juce::Image image(juce::Image::RGB, hostWidth, hostHeight, false);
+        for (int y = 0; y < hostHeight; ++y)
+            for (int x = 0; x < hostWidth; ++x)
+                image.setPixelAt(x, y, juce::Colour(0xff000000u | screen.at(hostX + x, hostY + y)));
+        (void)file.deleteFile();
+        juce::FileOutputStream out(file);
+        if (!out.openedOk() || !juce::PNGImageFormat().writeImageToStream(image, out))
+            throw std::runtime_error("cannot write " + file.getFullPathName().toStdString());
+    }
+};
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2)
+    {
+        std::cerr << "usage: tree-pictures FOLDER\n";
+        return 2;
+    }
+    testing::InitGoogleTest();
+    const auto folder =
+        juce::File::getCurrentWorkingDirectory().getChildFile(juce::String::fromUTF8(argv[1]));
+    (void)folder.createDirectory();
+    Pictures pictures;
+    pictures.emptyPanel(folder.getChildFile("panel-empty.png"));
+    pictures.tree(folder.getChildFile("panel-tree.png"));
+    pictures.renameEditor(folder.getChildFile("panel-rename.png"));
+    pictures.notification(folder.getChildFile("panel-notification.png"));
+    pictures.openMenu(folder.getChildFile("panel-menu.png"));
+    return testing::UnitTest::GetInstance()->Passed() ? 0 : 1;
+}

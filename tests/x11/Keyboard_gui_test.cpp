@@ -1,0 +1,244 @@
+// Whose the keyboard is.
+
+#include "tests/x11/support/PanelInHost.h"
+
+using namespace standin;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+constexpr unsigned long pointerRoot = 1;
+
+class Keyboard : public PanelInHost
+{
+protected:
+    Keyboard() { Open(); }
+
+    void expectKeysAtHost()
+    {
+        (void)window.TakeKeys();
+        Type("Delete");
+        IdleFor(30);
+        EXPECT_THAT(window.TakeKeys(), ElementsAre("+Delete", "-Delete"));
+        EXPECT_EQ(Stack(), "a b c");
+    }
+};
+} // namespace
+
+TEST_F(Keyboard, IsNotTakenWhenThePanelIsCreated)
+{
+    window.SetFocus(window.TopWindow());
+    EXPECT_FALSE(CreateAgain(reinterpret_cast<void*>(window.Container())).error);
+    IdleFor(100);
+    EXPECT_TRUE(HostHasFocus());
+    expectKeysAtHost();
+}
+
+TEST_F(Keyboard, IsTakenByAClickInside)
+{
+    ClickInto(Row(2));
+    Type("Delete");
+    EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; })) << Stack();
+    IdleFor(30);
+    EXPECT_THAT(window.TakeKeys(), IsEmpty());
+}
+
+TEST_F(Keyboard, IsTakenByAClickOnTheBackgroundToo)
+{
+    ClickInto(PanelBackground());
+    const std::string lines = OutputOf(
+        [this]
+        {
+            TypeWith({"Control_L"}, "a");
+            IdleFor(30);
+        });
+    EXPECT_THAT(lines, testing::HasSubstr("Select All Button\n"));
+}
+
+TEST_F(Keyboard, GoesBackOnAClickInAHostThatNeverSetsTheFocus)
+{
+    ClickInto(Row(2));
+    Click(HostArea());
+    EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); }));
+    expectKeysAtHost();
+}
+
+TEST_F(Keyboard, GoesBackOnAClickThatIsOverBeforeTheNextIdle)
+{
+    ClickInto(Row(2));
+    Click(HostArea());
+    Point(Row(2));
+    EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); }));
+    expectKeysAtHost();
+}
+
+TEST_F(Keyboard, GoesBackAfterOneIdleOnAClickOutside)
+{
+    ClickInto(Row(2));
+    Click(HostArea());
+    Idle();
+    EXPECT_TRUE(HostHasFocus());
+}
+
+TEST_F(Keyboard, GoesBackOnAClickWithAnyButton)
+{
+    for (const unsigned button : {2u, 3u})
+    {
+        ClickInto(PanelBackground());
+        Click(HostArea(), button);
+        EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); })) << button;
+    }
+}
+
+TEST_F(Keyboard, GoesBackOnAClickOutsideTheHostsWindow)
+{
+    ClickInto(Row(2));
+    Click(Desktop());
+    EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); }));
+}
+
+TEST_F(Keyboard, StaysOnATurnOfTheWheelOutside)
+{
+    ClickInto(Row(2));
+    Click(HostArea(), 4);
+    Click(HostArea(), 5);
+    IdleFor(100);
+    EXPECT_TRUE(PanelHasFocus());
+}
+
+TEST_F(Keyboard, StaysOnFurtherClicksInside)
+{
+    ClickInto(Row(2));
+    for (int i = 0; i < 20; ++i)
+    {
+        Click(Row(1 + i % 3));
+        Idle();
+        EXPECT_TRUE(PanelHasFocus()) << i;
+    }
+}
+
+TEST_F(Keyboard, GoesBackToTheWindowOfTheHostThatHadIt)
+{
+    const unsigned long field = window.MakeField();
+    window.SetFocus(field);
+    IdleFor(20);
+    ClickInto(Row(2));
+    Click(HostArea());
+    EXPECT_TRUE(IdleUntil([&] { return user.focusedWindow() == field; }));
+}
+
+TEST_F(Keyboard, GoesToAHostThatTakesItItself)
+{
+    window.SetClicks(HostClicks::takeTheFocus);
+    ClickInto(Row(2));
+    Click(HostArea());
+    EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); }));
+    expectKeysAtHost();
+}
+
+TEST_F(Keyboard, StaysWhereAHostPutsItOnItsOwn)
+{
+    const unsigned long field = window.MakeField();
+    ClickInto(Row(2));
+    window.SetFocus(field);
+    IdleFor(100);
+    EXPECT_EQ(user.focusedWindow(), field);
+    window.SetFocus(pointerRoot);
+    IdleFor(100);
+    EXPECT_EQ(user.focusedWindow(), pointerRoot);
+}
+
+TEST_F(Keyboard, IsNotTakenByAPointerOverThePanel)
+{
+    window.SetFocus(window.TopWindow());
+    Point(Row(2));
+    IdleFor(50);
+    expectKeysAtHost();
+}
+
+TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelWhileNobodyHasTheFocus)
+{
+    window.SetFocus(pointerRoot);
+    Point(Row(2));
+    IdleFor(50);
+    expectKeysAtHost();
+}
+
+TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelAfterItWentBack)
+{
+    ClickInto(Row(2));
+    Click(HostArea());
+    EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); }));
+    Point(Row(2));
+    IdleFor(50);
+    expectKeysAtHost();
+}
+
+TEST_F(Keyboard, CanBeTakenAndGivenBackAnyNumberOfTimes)
+{
+    for (int i = 0; i < 10; ++i)
+    {
+        ClickInto(PanelBackground());
+        Click(HostArea());
+        EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); })) << i;
+    }
+    expectKeysAtHost();
+}
+
+TEST_F(Keyboard, IsTheHostsWhileThePanelIsHidden)
+{
+    ClickInto(Row(2));
+    EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
+    IdleFor(50);
+    EXPECT_FALSE(PanelHasFocus());
+    Click(HostArea());
+    IdleFor(50);
+    window.SetFocus(window.TopWindow());
+    expectKeysAtHost();
+}
+
+TEST_F(Keyboard, StaysAfterADragInTheTree)
+{
+    ClickInto(Row(3));
+    Press(Row(3));
+    for (int step = 1; step <= 8; ++step)
+    {
+        Point({Row(3).x, Row(3).y - 5 * step});
+        Idle();
+    }
+    EXPECT_FALSE(PanelHasFocus()) << "the picture of the drag has it meanwhile";
+    user.release();
+    EXPECT_TRUE(IdleUntil([this] { return Stack() != "a b c"; }));
+    EXPECT_TRUE(IdleUntil([this] { return PanelHasFocus(); }));
+    IdleFor(300);
+    EXPECT_TRUE(PanelHasFocus());
+    EXPECT_THAT(window.TakeKeys(), IsEmpty());
+}
+
+TEST_F(Keyboard, FollowsClicksInTheOrderTheyWereMadeInOneIdleInterval)
+{
+    ClickInto(Row(2));
+    Click(HostArea());
+    Click(PanelBackground());
+    IdleFor(50);
+    EXPECT_TRUE(PanelHasFocus());
+    Click(PanelBackground());
+    Click(HostArea());
+    IdleFor(50);
+    EXPECT_TRUE(HostHasFocus());
+}
+
+TEST_F(Keyboard, FollowsClicksOfALeftHandedMouse)
+{
+    window.SwapMouseButtons();
+    for (const unsigned button : {1u, 3u})
+    {
+        Click(PanelBackground(), button);
+        EXPECT_TRUE(IdleUntil([this] { return PanelHasFocus(); })) << button;
+        IdleFor(50);
+        EXPECT_TRUE(PanelHasFocus()) << button;
+        Click(HostArea(), button);
+        EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); })) << button;
+    }
+}

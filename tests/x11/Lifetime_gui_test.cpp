@@ -1,0 +1,319 @@
+// The panel's end in every state that a user can leave it in, and what the host may do with it meanwhile.
+
+#include "tests/x11/support/PanelInHost.h"
+
+#include "standin/core/HookCalls.h"
+#include "standin/core/HostParts.h"
+#include "standin/family/Sibling.h"
+
+#include <dirent.h>
+#include <fstream>
+#include <sstream>
+#include <unistd.h>
+
+using namespace standin;
+using testing::IsEmpty;
+
+namespace
+{
+/// The states that a panel can be in when its host does something with it.
+enum class State
+{
+    untouched,
+    focused,
+    menuOpen,
+    menuClicked,
+    editorOpen,
+    buttonDown,
+    dragging,
+    dragReleased,
+    hidden,
+    withoutLayer,
+    eventsWaiting
+};
+
+const std::pair<State, const char*> allStates[] = {{State::untouched, "Untouched"},
+                                                   {State::focused, "Focused"},
+                                                   {State::menuOpen, "MenuOpen"},
+                                                   {State::menuClicked, "MenuClicked"},
+                                                   {State::editorOpen, "EditorOpen"},
+                                                   {State::buttonDown, "ButtonDown"},
+                                                   {State::dragging, "Dragging"},
+                                                   {State::dragReleased, "DragReleased"},
+                                                   {State::hidden, "Hidden"},
+                                                   {State::withoutLayer, "WithoutLayer"},
+                                                   {State::eventsWaiting, "EventsWaiting"}};
+
+class EveryState : public PanelInHost, public testing::WithParamInterface<std::pair<State, const char*>>
+{
+protected:
+    EveryState()
+    {
+        Open();
+        enter(GetParam().first);
+    }
+
+    void enter(State state)
+    {
+        switch (state)
+        {
+        case State::untouched:
+            return;
+        case State::focused:
+            return ClickInto(Row(2));
+        case State::menuOpen:
+            return OpenMenu();
+        case State::menuClicked:
+            OpenMenu();
+            return Click(MenuEntry(1));
+        case State::editorOpen:
+            ClickInto(Row(2));
+            Type("Return");
+            user.type("half");
+            return IdleFor(50);
+        case State::buttonDown:
+            ClickInto(Row(2));
+            Press(Row(2));
+            return IdleFor(50);
+        case State::dragging:
+            return startDrag();
+        case State::dragReleased:
+            startDrag();
+            return user.release();
+        case State::hidden:
+            ClickInto(Row(2));
+            EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
+            return IdleFor(20);
+        case State::withoutLayer:
+            ClickInto(Row(2));
+            host.User().SelectLayers({});
+            return IdleFor(20);
+        case State::eventsWaiting:
+            ClickInto(Row(2));
+            Type("Delete");
+            Click(HostArea());
+            Click(Row(1));
+            return Type("F5");
+        }
+    }
+
+    void startDrag()
+    {
+        ClickInto(Row(3));
+        Press(Row(3));
+        for (int step = 1; step <= 8; ++step)
+        {
+            Point({Row(3).x, Row(3).y - 5 * step});
+            Idle();
+        }
+    }
+
+    void expectPanelWorks()
+    {
+        user.release();
+        host.User().SelectLayers({layer});
+        EXPECT_EQ(host.SetPanelState(panelName, PanelState::frontmost).thrown, "");
+        (void)Sibling(host).RefreshPanel();
+        Click(HostArea());
+        Settle();
+        const std::string first = Stack().substr(0, 1);
+        ClickInto(Row(1));
+        Type("Delete");
+        EXPECT_TRUE(IdleUntil([&] { return Stack().substr(0, 1) != first; })) << Stack();
+    }
+};
+
+std::string nameOfState(const testing::TestParamInfo<std::pair<State, const char*>>& info)
+{
+    return info.param.second;
+}
+} // namespace
+
+TEST_P(EveryState, CanEndWithTheHost)
+{
+    Die();
+    EXPECT_EQ(window.PanelWindow(), 0u);
+    EXPECT_EQ(window.TakeErrors(), 0);
+}
+
+TEST_P(EveryState, CanEndAfterItsContainer)
+{
+    window.Destroy();
+    Die();
+    EXPECT_EQ(window.TakeErrors(), 0);
+}
+
+TEST_P(EveryState, CanLoseItsContainer)
+{
+    window.Destroy();
+    IdleFor(150);
+    void* view = window.MakeContainer(panelName);
+    EXPECT_EQ(CreateAgain(view).thrown, "");
+    expectPanelWorks();
+}
+
+TEST_P(EveryState, CanBeReplacedInItsContainer)
+{
+    EXPECT_EQ(CreateAgain(reinterpret_cast<void*>(window.Container())).thrown, "");
+    IdleFor(150);
+    expectPanelWorks();
+}
+
+TEST_P(EveryState, CanBeReplacedByOneWithoutAView)
+{
+    EXPECT_EQ(CreateAgain(nullptr).thrown, "");
+    IdleFor(150);
+    EXPECT_EQ(window.PanelWindow(), 0u);
+}
+
+TEST_P(EveryState, CanGoOnAfterThePanelWasHiddenForAWhile)
+{
+    EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
+    IdleFor(150);
+    expectPanelWorks();
+}
+
+INSTANTIATE_TEST_SUITE_P(Panel, EveryState, testing::ValuesIn(allStates), nameOfState);
+
+namespace
+{
+HostOptions withAShortTrace()
+{
+    HostOptions options;
+    options.traceLimit = 10;
+    return options;
+}
+
+class Lifetime : public PanelInHost
+{
+protected:
+    Lifetime() : PanelInHost(withAShortTrace()) {}
+
+    void IdleTimes(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            Idle();
+    }
+
+    void callIdleHooks()
+    {
+        HostParts& parts = host.Parts();
+        for (const auto& hook : parts.hooks.idle)
+        {
+            A_long sleep = 2;
+            (void)RunHook(
+                parts, HookKind::ordinary,
+                [&] { return hook.hook(parts.hooks.globalRefcons[hook.pluginId], hook.refcon, &sleep); });
+        }
+    }
+};
+
+struct ProcessUse
+{
+    long kilobytes = 0;
+    int descriptors = 0;
+    int threads = 0;
+};
+
+ProcessUse useOfProcess()
+{
+    ProcessUse use;
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);)
+    {
+        std::istringstream words(line);
+        std::string name;
+        words >> name;
+        if (name == "VmRSS:")
+            words >> use.kilobytes;
+        if (name == "Threads:")
+            words >> use.threads;
+    }
+    DIR* folder = opendir("/proc/self/fd");
+    while (readdir(folder) != nullptr)
+        ++use.descriptors;
+    (void)closedir(folder);
+    return use;
+}
+} // namespace
+
+TEST_F(Lifetime, IdlesWithoutAPanelAndAfterTheEnd)
+{
+    IdleFor(50);
+    Die();
+    callIdleHooks();
+    callIdleHooks();
+}
+
+TEST_F(Lifetime, TenThousandIdlesLeaveWindowsDescriptorsAndThreadsAsTheyWere)
+{
+    Open();
+    ClickInto(Row(2));
+    IdleTimes(200);
+    const ProcessUse before = useOfProcess();
+    const int windowsBefore = window.ChildrenOfRoot();
+    IdleTimes(10000);
+    const ProcessUse after = useOfProcess();
+    EXPECT_EQ(after.descriptors, before.descriptors);
+    EXPECT_EQ(after.threads, before.threads);
+    EXPECT_EQ(window.ChildrenOfRoot(), windowsBefore);
+    EXPECT_TRUE(PanelHasFocus());
+}
+
+// Without an item, since the stand-in remembers every reference that it has handed out.
+TEST_F(Lifetime, TenThousandIdlesLeaveTheMemoryAsItWas)
+{
+    Open();
+    ClickInto(Row(2));
+    host.User().SelectLayers({});
+    host.User().OpenComposition(0);
+    const std::string ignored = OutputOf([this] { IdleTimes(500); });
+    const ProcessUse before = useOfProcess();
+    const std::string lines = OutputOf([this] { IdleTimes(10000); });
+    const ProcessUse after = useOfProcess();
+    EXPECT_EQ(lines.size(), 10000 * std::string("No active item\n").size());
+    EXPECT_LE(after.kilobytes, before.kilobytes + 1024);
+}
+
+TEST_F(Lifetime, FiftyPanelsOneAfterAnotherLeaveTheProcessAsItWas)
+{
+    Open();
+    const auto replace = [this](int times)
+    {
+        for (int i = 0; i < times; ++i)
+        {
+            EXPECT_EQ(CreateAgain(reinterpret_cast<void*>(window.Container())).thrown, "");
+            IdleFor(5);
+        }
+    };
+    replace(10);
+    const ProcessUse before = useOfProcess();
+    const int windowsBefore = window.ChildrenOfRoot();
+    replace(50);
+    const ProcessUse after = useOfProcess();
+    EXPECT_EQ(after.descriptors, before.descriptors);
+    EXPECT_EQ(after.threads, before.threads);
+    EXPECT_EQ(window.ChildrenOfRoot(), windowsBefore);
+    EXPECT_LE(after.kilobytes, before.kilobytes + 4096);
+}
+
+TEST_F(Lifetime, ARowThatIsHeldWhileTheTreeIsRebuiltCanBeDraggedNoMore)
+{
+    Open();
+    ClickInto(Row(2));
+    Press(Row(2));
+    Idle();
+    host.User().Rename("a", "new");
+    Idle();
+    for (int step = 1; step <= 8; ++step)
+    {
+        Point({Row(2).x, Row(2).y - 5 * step});
+        Idle();
+    }
+    user.release();
+    IdleFor(100);
+    EXPECT_EQ(Stack(), "a b c");
+    ClickInto(Row(2));
+    Type("Delete");
+    EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; }));
+}

@@ -1,0 +1,124 @@
+#pragma once
+// The windows of a host without any toolkit, on a connection of its own: a top window and the container of a
+// panel in it. It notes every key that reaches it and every error that it is told of.
+
+#include "standin/core/ContainerProvider.h"
+
+#include <string>
+#include <vector>
+
+namespace standin
+{
+/// What the host does with a click on its window.
+enum class HostClicks
+{
+    areIgnored,
+    takeTheFocus
+};
+
+/// When the container of a panel appears.
+enum class ContainerStart
+{
+    mapped,
+    unmapped
+};
+
+struct WindowGeometry
+{
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+
+    friend bool operator==(const WindowGeometry& a, const WindowGeometry& b)
+    {
+        return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
+    }
+};
+
+class PlainHost : public ContainerProvider
+{
+public:
+    static constexpr int left = 60;
+    static constexpr int top = 40;
+    static constexpr int width = 520;
+    static constexpr int height = 480;
+    /// The container leaves a strip of the host's window free at its right and below it.
+    static constexpr int panelWidth = 400;
+    static constexpr int panelHeight = 420;
+
+    PlainHost();
+    ~PlainHost() override;
+    PlainHost(const PlainHost&) = delete;
+    PlainHost& operator=(const PlainHost&) = delete;
+
+    void SetClicks(HostClicks);
+    void SetContainerStart(ContainerStart);
+
+    /// Reads what has come for the host's windows.
+    void HandleEvents();
+
+    /// The keys since the last call, in order: "+Control_L", "+c", "-c". A modifier or lock that is down is
+    /// named in front: "+ctrl+shift C". A key that another program has sent by XSendEvent looks the same.
+    std::vector<std::string> TakeKeys();
+    /// The fields of the last key that a reader of TakeKeys does not see.
+    unsigned long LastKeyTime() const;
+    unsigned long LastKeyWindow() const;
+
+    /// How often a key stands in what TakeKeys would give.
+    long CountOf(const std::string& key) const;
+
+    /// The server's present time.
+    unsigned long ServerTime();
+    /// Has the server tell everybody that the keyboard map is another.
+    void ChangeKeyboardMap();
+
+    /// What a left-handed user sets.
+    void SwapMouseButtons();
+
+    /// Errors that the host's handler was told of since the last call.
+    int TakeErrors();
+    /// Whether that handler is the one that is set now.
+    bool HasItsErrorHandler() const;
+    /// Has the server refuse a request of the host's.
+    void MakeAnError();
+
+    unsigned long TopWindow() const;
+    unsigned long Container() const;
+    /// The window that the panel has put into the container; 0 for none. Throws
+    /// std::runtime_error if there are several.
+    unsigned long PanelWindow() const;
+    WindowGeometry GeometryOf(unsigned long window) const;
+    bool IsOnScreen(unsigned long window) const;
+    /// The host's own event mask of a window.
+    long SelectionOn(unsigned long window) const;
+    /// The event masks of all who have selected something on a window.
+    long AllSelectionsOn(unsigned long window) const;
+    std::vector<std::string> PropertiesOf(unsigned long window) const;
+    int ChildrenOfRoot() const;
+
+    void SetFocus(unsigned long window);
+    /// A small window at the right of the container, which wants no keys itself.
+    unsigned long MakeField();
+    void SelectKeysOn(unsigned long window);
+    void Resize(int newWidth, int newHeight);
+    void Map();
+    void Unmap();
+    /// The container dies and what lies in it dies with it.
+    void Destroy();
+    void DestroyPanelWindow();
+    void MoveContainerToNewTop();
+
+    /// What a user's resource file would say. Programs read it when they connect.
+    void SetScreenResource(const std::string& line);
+
+    // For the stand-in.
+    void* MakeContainer(const std::string& panelName) override;
+    void DestroyContainer(void* container) override;
+    void ShowContainer(void* container, Visibility visibility) override;
+
+private:
+    struct Windows;
+    Windows* windows;
+};
+} // namespace standin
