@@ -5,6 +5,8 @@
 #include "tree/TreeModel.h"
 #include "tree/ValueTreeItem.h"
 
+#include <algorithm>
+
 namespace
 {
 bool isCommandKey(const juce::KeyPress& key, int letter)
@@ -18,6 +20,17 @@ bool isCommandKey(const juce::KeyPress& key, int letter)
 bool isDeleteKey(const juce::KeyPress& key)
 {
     return key == juce::KeyPress::deleteKey || key == juce::KeyPress::backspaceKey;
+}
+
+// What JUCE leaves behind the start of the row that stands furthest to the right.
+constexpr int roomBehindIndent = 50;
+
+int widestIndent(const juce::TreeViewItem& row)
+{
+    int widest = row.getItemPosition(false).getX();
+    for (int i = 0; i < row.getNumSubItems(); ++i)
+        widest = std::max(widest, widestIndent(*row.getSubItem(i)));
+    return widest;
 }
 
 ValueTreeItem* getTreeItemByUUID(ValueTreeItem* row, std::string uuid)
@@ -173,8 +186,7 @@ void CustomTreeView::renameItem()
 
 void CustomTreeView::discardRootItem()
 {
-    // Whatever JUCE still holds on to would be asked about the rows when the mouse next moves.
-    forgetHoveredBox();
+    // The marks of a drag point at rows.
     itemDragExit(SourceDetails(juce::var(), this, {}));
 
     std::unique_ptr<juce::TreeViewItem> root(getRootItem());
@@ -187,10 +199,24 @@ void CustomTreeView::layOutNow(juce::Point<int> viewPosition)
 {
     // Setting a root is what makes JUCE lay out without delay.
     auto* root = getRootItem();
-    forgetHoveredBox();
     setRootItem(nullptr);
     setRootItem(root);
+    if (root != nullptr)
+    {
+        // The bar at the side has come meanwhile, and JUCE would make room for it with the next message.
+        auto* rows = getViewport()->getViewedComponent();
+        const int width = widestIndent(*root) + roomBehindIndent;
+        rows->setSize(std::max(getViewport()->getMaximumVisibleWidth(), width), rows->getHeight());
+    }
     getViewport()->setViewPosition(viewPosition);
+}
+
+void CustomTreeView::layOutIfStale()
+{
+    const auto* root = getRootItem();
+    const int rowHeight = root != nullptr ? root->getItemHeight() : 0;
+    if (getViewport()->getViewedComponent()->getHeight() != getNumRowsInTree() * rowHeight)
+        layOutNow(getViewport()->getViewPosition());
 }
 
 void CustomTreeView::resized()

@@ -43,6 +43,10 @@ public:
     /// JUCE lays out with the next message, and row positions are stale until then.
     void layOutNow(juce::Point<int> viewPosition);
 
+    /// As above, and only if rows have come or gone since JUCE laid out last: the scroll position is true
+    /// then.
+    void layOutIfStale();
+
     const RetiredRows& getRetiredRows() const { return retiredRows; }
 
 private:

@@ -70,9 +70,6 @@ void ValueTreesDemo::showMenu(juce::PopupMenu menu, juce::Button& button, std::v
     const juce::Component::SafePointer<ValueTreesDemo> panel(this);
     const juce::Component::SafePointer<juce::Component> focused(
         hasKeyboardFocus(true) ? getCurrentlyFocusedComponent() : nullptr);
-    // JUCE fetches the keyboard back for whatever has the focus when a menu closes, also from a host that
-    // the user has turned to. With the focus put aside it leaves that to the lines below.
-    giveAwayKeyboardFocus();
     ++openMenus;
     menu.showMenuAsync(juce::PopupMenu::Options().withTargetComponent(button),
                        [panel, focused, keys = std::move(keys)](int result)
@@ -81,6 +78,7 @@ void ValueTreesDemo::showMenu(juce::PopupMenu menu, juce::Button& button, std::v
                                return;
                            --panel->openMenus;
                            panel->takeChoice(keys, result);
+                           // The menu's window may have taken the focus along.
                            if (focused != nullptr && focused->isShowing() && !IsKeyboardElsewhere())
                                focused->grabKeyboardFocus();
                        });

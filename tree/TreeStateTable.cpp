@@ -55,6 +55,7 @@ void mentionEveryRow(juce::XmlElement& parent, const juce::TreeViewItem& row)
 
 std::unique_ptr<juce::XmlElement> currentState(ValueTreesDemo& tree)
 {
+    tree.treeView.layOutIfStale();
     auto state = tree.treeView.getOpennessState(true);
     if (state != nullptr)
         mentionEveryRow(*state, *tree.treeView.getRootItem());

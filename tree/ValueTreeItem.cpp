@@ -40,10 +40,22 @@ juce::String ValueTreeItem::getUniqueName() const
 
 void ValueTreeItem::itemOpennessChanged(bool isNowOpen)
 {
-    if (isNowOpen)
+    // JUCE opens a row a second time when it goes below another. Without this test each level of a tree
+    // would be built twice as often as the one above it.
+    if (isNowOpen && !hasRowOfEachChild())
         refreshSubItems();
-    else
+    else if (!isNowOpen)
         clearSubItems();
+}
+
+bool ValueTreeItem::hasRowOfEachChild() const
+{
+    if (getNumSubItems() != rowTree.getNumChildren())
+        return false;
+    for (int i = 0; i < getNumSubItems(); ++i)
+        if (dynamic_cast<ValueTreeItem*>(getSubItem(i))->rowTree != rowTree.getChild(i))
+            return false;
+    return true;
 }
 
 void ValueTreeItem::refreshSubItems()

@@ -56,6 +56,7 @@ public:
 
 private:
     void refreshSubItems();
+    bool hasRowOfEachChild() const;
     void childrenChanged(const juce::ValueTree& parent);
     void paintCheckBox(juce::Graphics&) const;
 

@@ -25,6 +25,17 @@ void moveNode(juce::ValueTree node, juce::ValueTree newParent, int insertIndex)
     if (newParent.isValid())
         newParent.addChild(node, insertIndex, nullptr);
 }
+
+void appendSelected(juce::TreeViewItem* item, juce::OwnedArray<juce::ValueTree>& out)
+{
+    if (item == nullptr)
+        return;
+    const auto* row = dynamic_cast<ValueTreeItem*>(item);
+    if (row != nullptr && row->isSelected())
+        out.add(new juce::ValueTree(row->getNode()));
+    for (int i = 0; i < item->getNumSubItems(); ++i)
+        appendSelected(item->getSubItem(i), out);
+}
 } // namespace
 
 juce::var ValueTreeItem::getDragSourceDescription()
@@ -58,9 +69,7 @@ void ValueTreeItem::itemDropped(const juce::DragAndDropTarget::SourceDetails&, i
 
 void ValueTreeItem::getSelectedTreeViewItems(juce::TreeView& view, juce::OwnedArray<juce::ValueTree>& out)
 {
-    for (int i = 0; i < view.getNumSelectedItems(); ++i)
-        if (auto* row = dynamic_cast<ValueTreeItem*>(view.getSelectedItem(i)))
-            out.add(new juce::ValueTree(row->rowTree));
+    appendSelected(view.getRootItem(), out);
 }
 
 void ValueTreeItem::moveItems(juce::TreeView& view, const juce::OwnedArray<juce::ValueTree>& nodes,

@@ -1,5 +1,6 @@
 #include "tests/integration/PanelSession.h"
 
+#include "tests/support/KeptObjects.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
 #include "tree/ValueTreeItem.h"
@@ -74,8 +75,7 @@ PanelSession::~PanelSession()
                         "the panel and its controller hold their suites until the host ends");
     product.host.Quit();
     EXPECT_EQ(product.host.FindingsReport(), "");
-    delete panelator->publishedSuite.panelRef;
-    delete panelator;
+    DeleteKeptObjects(product.host, panelator);
 }
 
 void* PanelSession::MakeContainer(const std::string&) { return window.handle(); }

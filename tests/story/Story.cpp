@@ -1,8 +1,11 @@
 #include "tests/story/Story.h"
 
+#include "tests/support/KeptObjects.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <stdexcept>
+#include <utility>
 
 namespace standin
 {
@@ -126,6 +129,7 @@ bool Story::End()
     product.host.Quit();
     const std::string report = product.host.FindingsReport();
     std::fprintf(stderr, "%s", report.c_str());
+    DeleteKeptObjects(product.host, std::exchange(panelator, nullptr));
     if (!atPeace)
         std::fprintf(stderr, "an idle pass did not settle\n");
     return report.empty() && atPeace;

@@ -142,6 +142,22 @@ TEST_F(Menu, DismissedAfterTheMouseWasOverItAddsNothing)
     EXPECT_EQ(input.focusedWindow(), host.id());
 }
 
+TEST_F(Menu, ClosedWhileTheHostTakesTheKeyboardLeavesItThere)
+{
+    openMenu();
+    // The menu closes for a reason of its own before the panel hears that the keyboard has gone: messages
+    // that are posted by a message come before what the X server has to say.
+    juce::MessageManager::callAsync(
+        [this]
+        {
+            clickOnHost();
+            menu()->exitModalState(0);
+        });
+    pumpFor(300);
+    EXPECT_THAT(keys(), IsEmpty());
+    EXPECT_EQ(input.focusedWindow(), host.id());
+}
+
 TEST_F(Menu, GivesTheKeyboardBackAfterAChoice)
 {
     clickOnHost();

@@ -1,5 +1,6 @@
 #include "tests/tree/support/TreeGuiTest.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 using namespace standin;
@@ -258,6 +259,19 @@ TEST_F(Mouse, WheelUnderAMouseOnATriangleIsSurvived)
     pump();
 }
 
+TEST_F(Mouse, ShrinkingUnderAMouseOnATriangleIsSurvived)
+{
+    std::vector<ObjectItem> items = manyItems(60);
+    items[12].group = 2;
+    show(items);
+    moveTo(openBoxOf("Group 2"));
+    panel->setSize(panelWidth, 150);
+    pump();
+    moveTo(panel->localPointToGlobal(Point(200, 120)));
+    moveTo(panel->localPointToGlobal(Point(210, 125)));
+    pump();
+}
+
 TEST_F(Mouse, RebuildUnderAMouseOnATriangleIsSurvived)
 {
     show({object(1, "a", 1), object(2, "b", 1)});
@@ -285,20 +299,39 @@ TEST_F(Mouse, ButtonActsOnThePressAndNotOnTheRelease)
     EXPECT_EQ(shape(), "Layer(Group 1 a)");
 }
 
-TEST_F(Mouse, ClickGivesTheKeyboardToTheTreeWhereverItHits)
+TEST_F(Mouse, FirstClickGivesTheKeyboardToTheTreeWhereverItHits)
+{
+    const std::vector<std::function<Point()>> places = {
+        [this] { return textOf("row 1"); },
+        [this] { return centreOf(panel->geometryButton); },
+        [this] { return panel->localPointToGlobal(Point(300, 40)); },
+        [this] { return view().localPointToGlobal(Point(100, 200)); },
+        [this] { return centreOf(view().getViewport()->getVerticalScrollBar()); },
+    };
+    for (const auto& place : places)
+    {
+        // A new panel has never had the focus anywhere.
+        deleteWidget();
+        panel = CreateTreeWidget(false);
+        addToDesktop(panel, nullptr, panelWidth, panelHeight, host.handle());
+        show(manyItems(60));
+        clickOnHost();
+        ASSERT_FALSE(hasFocus());
+        (void)outputOf([&] { click(place()); });
+        EXPECT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); })) << place().toString();
+    }
+}
+
+TEST_F(Mouse, ClickOnAButtonLeavesTheKeyboardWithTheTree)
 {
     show({object(1, "a"), object(2, "b")});
-    AddObject(panel, VN_OBJECT_GEOMETRY, 1, "g");
-    const std::vector<Point> places = {textOf("a"), centreOf(panel->geometryButton),
-                                       panel->localPointToGlobal(Point(300, 40)),
-                                       view().localPointToGlobal(Point(100, 200))};
-    for (const Point place : places)
-    {
-        clickOnHost();
-        ASSERT_TRUE(pumpUntil([this] { return !hasFocus(); })) << place.toString();
-        (void)outputOf([&] { click(place); });
-        EXPECT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); })) << place.toString();
-    }
+    click(textOf("b"));
+    ASSERT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }));
+    click(centreOf(panel->groupButton));
+    pumpFor(50);
+    EXPECT_TRUE(view().hasKeyboardFocus(false));
+    input.key("Delete");
+    EXPECT_TRUE(pumpUntil([this] { return shape() == "Layer(Group 1 a)"; }));
 }
 
 TEST_F(Mouse, SelectionFromOutsideTakesNoFocus)

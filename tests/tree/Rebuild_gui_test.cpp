@@ -153,7 +153,11 @@ TEST_F(Rebuild, ClearUnderAHeldButton)
 TEST_F(Rebuild, ClearInTheMiddleOfADrag)
 {
     startDrag(textOf("a"), at("c", {60, 2}));
+    // The mark of the place where the row would go, and the frame around its new parent.
+    const int marks = view().getNumChildComponents() - 2;
+    EXPECT_EQ(marks, 2);
     ClearTree(panel);
+    EXPECT_EQ(view().getNumChildComponents(), 2);
     pump();
     moveTo(panel->localPointToGlobal(Point(80, 150)));
     EXPECT_EQ(outputOf([this] { endDrag(); }), "");

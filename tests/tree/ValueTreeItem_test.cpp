@@ -315,6 +315,22 @@ TEST_F(Rows, MoveWithoutANewParentToNowhere)
     EXPECT_EQ(shape(), "Layer(b)");
 }
 
+TEST_F(Rows, AreBuiltInGoodTimeHoweverDeepTheyStand)
+{
+    build({object(1, "a")});
+    juce::ValueTree outermost = ValueTreesDemo::createTree("Group", "outermost");
+    juce::ValueTree at = outermost;
+    for (int depth = 0; depth < 60; ++depth)
+    {
+        at.appendChild(ValueTreesDemo::createTree("Group", "inner"), nullptr);
+        at = at.getChild(0);
+    }
+    at.appendChild(ValueTreesDemo::createTree("Object", "deepest"), nullptr);
+    node("Layer").appendChild(outermost, nullptr);
+    EXPECT_EQ(view().getNumRowsInTree(), 1 + 1 + 61 + 1);
+    EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("a", "deepest"));
+}
+
 TEST_F(Rows, FollowANodeThatIsAdded)
 {
     build({object(1, "a", 1)});

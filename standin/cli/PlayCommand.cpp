@@ -1,0 +1,136 @@
+// standin play FILE...: plays scenarios.
+
+#include "standin/cli/Commands.h"
+#include "standin/cli/ExitCodes.h"
+#include "standin/cli/SeparatePlay.h"
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+#include <iostream>
+#include <memory>
+
+namespace standin
+{
+namespace
+{
+struct Wishes
+{
+    std::vector<std::string> files;
+    PlayOptions options;
+    int limit = 120;
+    bool ownDisplay = false;
+    bool verbose = false;
+    bool checkOnly = false;
+};
+
+/// The bundle of the build that this program belongs to.
+std::string builtBundle()
+{
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return (program.parent_path().parent_path() / "VortanObjectPanel.so").string();
+}
+
+/// A file that is not there is another matter than one that says nonsense.
+int readAll(const Wishes& wishes, std::vector<std::vector<Step>>& scenarios)
+{
+    for (const std::string& file : wishes.files)
+    {
+        if (!std::filesystem::is_regular_file(file))
+        {
+            std::cerr << file << ": there is no such file\n";
+            return exit_code::noFile;
+        }
+        try
+        {
+            scenarios.push_back(ReadScenario(file));
+        }
+        catch (const ScenarioError& error)
+        {
+            std::cerr << error.what() << "\n";
+            return exit_code::badScenario;
+        }
+    }
+    return exit_code::well;
+}
+
+int playOne(const std::string& file, const std::vector<Step>& steps, const Wishes& wishes)
+{
+    const SeparateOutcome outcome = PlaySeparately(steps, wishes.options, std::chrono::seconds(wishes.limit),
+                                                   wishes.verbose ? StepsShown::yes : StepsShown::no);
+    if (outcome.exitCode == exit_code::well)
+        std::cout << "passed  " << file << " (" << outcome.steps << " lines)" << std::endl;
+    else
+    {
+        std::cout << "FAILED  " << file << std::endl;
+        std::cerr << outcome.message << std::endl;
+    }
+    return outcome.exitCode;
+}
+
+int playAll(const Wishes& wishes)
+{
+    std::vector<std::vector<Step>> scenarios;
+    if (const int code = readAll(wishes, scenarios); code != exit_code::well)
+        return code;
+    if (wishes.checkOnly)
+        return exit_code::well;
+    if (!std::filesystem::is_regular_file(wishes.options.bundleFile))
+    {
+        std::cerr << wishes.options.bundleFile << ": there is no such file; name the bundle with --bundle\n";
+        return exit_code::noFile;
+    }
+    int first = exit_code::well;
+    int failed = 0;
+    for (std::size_t i = 0; i < scenarios.size(); ++i)
+    {
+        const int code = playOne(wishes.files[i], scenarios[i], wishes);
+        first = first == exit_code::well ? code : first;
+        failed += code == exit_code::well ? 0 : 1;
+    }
+    std::cout << scenarios.size() - static_cast<std::size_t>(failed) << " passed, " << failed << " failed"
+              << std::endl;
+    return first;
+}
+} // namespace
+
+void AddPlayCommand(CLI::App& app, int& exitCode)
+{
+    auto wishes = std::make_shared<Wishes>();
+    wishes->options.bundleFile = builtBundle();
+    CLI::App* play =
+        app.add_subcommand("play", "Play scenarios: plain text, one action or expectation a line");
+    play->add_option("FILE", wishes->files, "Scenarios, played one after the other")->required();
+    play->add_option("--bundle", wishes->options.bundleFile, "The bundle that is played with")
+        ->capture_default_str();
+    play->add_option("--pictures", wishes->options.pictures,
+                     "The folder for screenshots and for the screen at a failure")
+        ->capture_default_str();
+    play->add_option("--limit", wishes->limit, "Seconds that a scenario may take")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str();
+    play->add_flag("--own-display", wishes->ownDisplay,
+                   "Start an X server without a screen even if DISPLAY names one");
+    play->add_flag("--verbose", wishes->verbose, "Print each line as it is carried out");
+    play->add_flag("--check", wishes->checkOnly, "Only read the scenarios");
+    play->callback(
+        [wishes, &exitCode]
+        {
+            if (wishes->ownDisplay)
+                wishes->options.display = DisplayChoice::own;
+            exitCode = playAll(*wishes);
+        });
+}
+
+void AddWordsCommand(CLI::App& app, int& exitCode)
+{
+    CLI::App* words = app.add_subcommand("words", "Print every line that a scenario can say");
+    words->callback(
+        [&exitCode]
+        {
+            std::cout << PhraseReference();
+            exitCode = exit_code::well;
+        });
+}
+} // namespace standin

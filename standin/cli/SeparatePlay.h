@@ -1,0 +1,25 @@
+#pragma once
+// Plays a scenario in a process of its own, so that a bundle that crashes or hangs takes nothing else with
+// it.
+
+#include "standin/scenario/Player.h"
+
+namespace standin
+{
+struct SeparateOutcome
+{
+    int exitCode = 0;    ///< See ExitCodes.h.
+    int steps = 0;       ///< Lines that went as they should.
+    std::string message; ///< Empty if all is well.
+};
+
+enum class StepsShown
+{
+    no,
+    yes ///< Each line is printed before it is carried out.
+};
+
+/// The limit runs from the start of the process.
+SeparateOutcome PlaySeparately(const std::vector<Step>& steps, const PlayOptions& options,
+                               std::chrono::seconds limit, StepsShown shown);
+} // namespace standin

@@ -1,0 +1,31 @@
+#pragma once
+// Plays a scenario in this process.
+
+#include "standin/scenario/Phrase.h"
+#include "standin/session/Session.h"
+
+namespace standin
+{
+struct PlayOptions
+{
+    std::string bundleFile;
+    DisplayChoice display = DisplayChoice::environmentOrOwn;
+    std::string pictures = "."; ///< The folder for pictures.
+    /// Told of each line before it is carried out.
+    std::function<void(const Statement&)> onStep = [](const Statement&) {};
+};
+
+struct Outcome
+{
+    std::string failure; ///< Empty if all went as expected; else it begins with file and line.
+    int steps = 0;       ///< Lines that went as they should.
+
+    bool IsWell() const { return failure.empty(); }
+};
+
+/// The statements of a file, ready to be played. Throws ScenarioError, also if there is nothing in it.
+std::vector<Step> ReadScenario(const std::string& file);
+
+/// Throws what the constructor of Session throws. The process can play no second one.
+Outcome PlayScenario(const std::vector<Step>& steps, const PlayOptions& options);
+} // namespace standin

@@ -1,0 +1,81 @@
+#pragma once
+// Where a scenario plays: a session, and what the lines before have said.
+
+#include "standin/family/Sibling.h"
+#include "standin/screen/PanelReader.h"
+#include "standin/session/Session.h"
+
+#include <set>
+
+namespace standin
+{
+/// A line that cannot be carried out, or an expectation that does not hold, in words.
+class StageError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Whether the host idles after each action by itself.
+enum class IdleHeld
+{
+    no,
+    yes
+};
+
+class Stage
+{
+public:
+    Stage(const std::string& bundleFile, DisplayChoice display);
+
+    Session session;
+    IdleHeld held = IdleHeld::no;
+    int composition = 0;
+    int layer = 0;
+    int queuedRuns = 0; ///< How often functions of the idle queue have run.
+    std::string pictures = ".";
+
+    Host& host() { return session.host; }
+
+    // Names to things. All throw StageError for what there is not. "lamp#2" is the second lamp from above.
+    /// The label of the effect with this name, or shown with it, on the current layer or else on another.
+    std::string EffectLabel(const std::string& name);
+    int LayerId(const std::string& name);
+    int ItemId(const std::string& name);
+    const InstalledEffect& Installed(const std::string& name);
+    PanelRow Row(const std::string& name);
+    PanelButton Button(const std::string& name);
+
+    // What is on the screen.
+    std::vector<PanelRow> Rows();
+    std::optional<std::string> Notification();
+    std::vector<PanelButton> Buttons() { return reader.Buttons(session.PanelPicture()); }
+    /// Opens the menu of a button and reads its entries.
+    std::vector<std::string> OpenMenu(const std::string& button);
+    void ChooseFromMenu(const std::string& button, const std::string& entry);
+    void CloseMenu();
+
+    /// From now on, rows and the like may show this text.
+    void AddCandidate(const std::string& text);
+
+    /// The rows that the stack of the current layer should give.
+    std::vector<PanelRow> RowsOfStack();
+
+private:
+    std::vector<std::string> candidates();
+    void addNamesOfProject();
+    const Layer& currentLayer();
+
+    PanelReader reader;
+    std::set<std::string> texts;
+};
+
+/// "lamp" and 1, or "lamp" and 2 from "lamp#2".
+std::pair<std::string, int> NameAndCount(const std::string& name);
+
+/// "lamp" in group 1 as "-- lamp", below "- Group 1", below "Layer".
+std::string RowText(const PanelRow& row);
+
+/// Texts as a scenario writes them, in a row.
+std::string QuotedList(const std::vector<std::string>& texts);
+} // namespace standin

@@ -1,0 +1,64 @@
+// A session with the built bundle: what players and other programs rest on.
+
+#include "standin/session/Session.h"
+#include "standin/session/Typing.h"
+
+#include <gmock/gmock.h>
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace standin
+{
+namespace
+{
+TEST(PrintedLines, AreTakenLineByLineAndTheRestLater)
+{
+    PrintedLines lines;
+    (void)std::printf("one\ntwo\nthr");
+    EXPECT_THAT(lines.Take(), ElementsAre("one", "two"));
+    (void)std::printf("ee\n");
+    EXPECT_THAT(lines.Take(), ElementsAre("three"));
+    EXPECT_THAT(lines.Take(), IsEmpty());
+}
+
+TEST(Typing, AModifierThatThereIsNotIsRefused)
+{
+    EXPECT_EQ(ModifierKey("Control"), "Control_L");
+    EXPECT_THROW((void)ModifierKey("Meta4"), std::runtime_error);
+}
+
+/// A process has one bundle, so that all of a bundle's life is one test.
+TEST(Session, ShowsTheBundlesPanelAndHearsWhatItSays)
+{
+    Session session(VORTAN_BUNDLE, DisplayChoice::own);
+    session.host.AddComposition("Comp 1");
+    const int layer = session.host.AddLayer(session.host.State().items.front().id);
+    (void)session.host.AddEffect(layer, "QVK VORTSRC Lamps");
+    session.host.User().SelectLayers({layer});
+    session.bundle.LoadAll(session.host);
+    EXPECT_EQ(session.host.FindPanel(Session::panelName)->container, nullptr);
+
+    const auto before = session.PanelPicture().pixels;
+    session.Forget();
+    EXPECT_EQ(session.host.SetPanelState(Session::panelName, PanelState::frontmost).thrown, "");
+    session.Settle();
+    EXPECT_NE(session.PanelPicture().pixels, before);
+    EXPECT_THAT(session.Printed(), Contains("State Changed"));
+    EXPECT_THAT(session.Calls(), Contains("Panel 1 AEGP_IsShown(\"Vortan Object Panel\") -> 1, 1"));
+    session.Forget();
+    EXPECT_THAT(session.Printed(), IsEmpty());
+
+    session.ClickOnHost();
+    PressKey(session.user, "Control+Shift+x");
+    EXPECT_THAT(session.HostKeys(), ElementsAre("Control+Shift+x"));
+    EXPECT_THAT(session.dock.PopUps(), IsEmpty());
+    EXPECT_FALSE(session.IdleUntil([] { return false; }, std::chrono::milliseconds(20)));
+
+    session.End();
+    EXPECT_EQ(session.host.FindingsReport(), "");
+    EXPECT_EQ(session.dock.Errors(), 0);
+}
+} // namespace
+} // namespace standin

@@ -1,0 +1,12 @@
+#pragma once
+// What the plug-in leaves to the end of the host on purpose.
+
+#include "panel/Panelator.h"
+#include "standin/core/Host.h"
+
+namespace standin
+{
+/// Deletes the controller, its inbox and the panel that it made last, after the host has quit, so that the
+/// leak sanitizer only sees what is really lost. The suites that they release by then are nobody's any more.
+void DeleteKeptObjects(Host& host, Panelator* panelator);
+} // namespace standin
