@@ -16,7 +16,8 @@ const char* const desktopHelp =
     "  --help         prints this\n"
     "\n"
     "Exit codes: 0 all is well, 1 the tour or the host's end found what should not be, 2 wrong usage,\n"
-    "3 a file is missing or wrong, 4 there is no display.\n";
+    "3 a file is not there, 4 a project cannot be understood, 5 the bundle is none or does not start,\n"
+    "8 there is no display.\n";
 
 namespace
 {

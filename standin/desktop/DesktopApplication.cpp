@@ -11,9 +11,16 @@ namespace
 {
 DesktopArguments nextArguments;
 constexpr int foundSomething = 1;
-constexpr int badFile = 3;
-constexpr int noDisplay = 4;
+constexpr int noFile = 3;
+constexpr int badProject = 4;
+constexpr int badBundle = 5;
+constexpr int noDisplay = 8;
 const juce::Rectangle<int> usualBounds{60, 40, 1320, 820};
+
+bool isThere(const std::string& path)
+{
+    return juce::File::getCurrentWorkingDirectory().getChildFile(juce::String(path)).exists();
+}
 } // namespace
 
 void DesktopApplication::Use(DesktopArguments used) { nextArguments = std::move(used); }
@@ -51,9 +58,13 @@ void DesktopApplication::initialise(const juce::String&)
     {
         open();
     }
+    catch (const ProjectFileError& error)
+    {
+        fail(isThere(arguments.project) ? badProject : noFile, error.what());
+    }
     catch (const std::runtime_error& error)
     {
-        fail(badFile, error.what());
+        fail(isThere(bundleFile()) ? badBundle : noFile, error.what());
     }
 }
 

@@ -9,7 +9,7 @@
 namespace
 {
 constexpr int wrongUsage = 2;
-constexpr int noDisplay = 4;
+constexpr int noDisplay = 8;
 
 juce::JUCEApplicationBase* makeApplication() { return new standin::DesktopApplication(); }
 

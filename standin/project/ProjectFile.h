@@ -1,6 +1,6 @@
 #pragma once
 // A project as it lies in a file: the host's project and how its windows show it, as JSON. The programs open
-// and save such files; docs/standin.md shows one.
+// and save such files; samples/ holds one.
 //
 // Undo steps, findings and the trace are no part of it. A behaviour that a test has given to one instance is
 // not either: the file names installed effects.

@@ -69,14 +69,14 @@ TEST_F(ProgramTest, WrongUsageEndsWithTwo)
     EXPECT_EQ(Run("a.json b.json").errors, "standin-desktop: b.json: one project is open at a time\n");
 }
 
-TEST_F(ProgramTest, WithoutADisplayItEndsWithFour)
+TEST_F(ProgramTest, WithoutADisplayItEndsWithEight)
 {
     const Ending ending = Run("");
-    EXPECT_EQ(ending.exitCode, 4);
+    EXPECT_EQ(ending.exitCode, 8);
     EXPECT_EQ(ending.errors, "standin-desktop: there is no display; --tour plays on a screen of its own\n");
 }
 
-TEST_F(ProgramTest, AFileThatIsMissingOrWrongEndsWithThree)
+TEST_F(ProgramTest, AFileThatIsMissingOrWrongIsNamedAndHasItsOwnExitCode)
 {
     const Ending noBundle = Run("--bundle " + scratch.Path("none.so"), Screen::own);
     EXPECT_EQ(noBundle.exitCode, 3);
@@ -84,12 +84,13 @@ TEST_F(ProgramTest, AFileThatIsMissingOrWrongEndsWithThree)
 
     scratch.Write("text.so", "no code");
     const Ending noCode = Run("--bundle " + scratch.Path("text.so"), Screen::own);
-    EXPECT_EQ(noCode.exitCode, 3);
+    EXPECT_EQ(noCode.exitCode, 5);
     EXPECT_THAT(noCode.errors, HasSubstr("text.so is no bundle"));
 
     scratch.Write("bad.json", "{}");
     const Ending badProject = Run(scratch.Path("bad.json"), Screen::own);
-    EXPECT_EQ(badProject.exitCode, 3);
+    EXPECT_EQ(badProject.exitCode, 4);
+    EXPECT_EQ(Run(scratch.Path("none.json"), Screen::own).exitCode, 3);
     EXPECT_THAT(badProject.errors, HasSubstr("bad.json: the field \"format\" is missing"));
 }
 } // namespace standin

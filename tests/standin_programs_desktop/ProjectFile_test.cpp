@@ -205,4 +205,13 @@ TEST_F(ProjectFileTest, ASaveThatFailsLeavesTheFormerFileWhole)
     EXPECT_THROW(SaveProject(host, scratch.Path("")), ProjectFileError) << "a folder is no file";
     EXPECT_THAT(scratch.Names(), ElementsAre("p.json"));
 }
+
+TEST_F(ProjectFileTest, ASaveTouchesTheFormerFileOnlyWhenAllOfTheNewOneIsThere)
+{
+    Fill();
+    scratch.Write("p.json", "precious");
+    ASSERT_TRUE(std::filesystem::create_directory(scratch.Path("p.json.new")));
+    EXPECT_THROW(SaveProject(host, scratch.Path("p.json")), ProjectFileError);
+    EXPECT_EQ(scratch.Read("p.json"), "precious");
+}
 } // namespace standin

@@ -17,7 +17,8 @@ class Scratch
 public:
     Scratch()
     {
-        std::string pattern = (std::filesystem::temp_directory_path() / "standin-XXXXXX").string();
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / ("standin-" + std::string(6, 'X'))).string();
         if (mkdtemp(pattern.data()) == nullptr)
             throw std::runtime_error("no folder for the test");
         folder = pattern;

@@ -6,6 +6,8 @@ DesktopWindow::DesktopWindow(Workbench& bench, X11Containers& containers, juce::
     : DocumentWindow("Stand-in Host", theme::gap, DocumentWindow::allButtons), view(bench, containers)
 {
     setUsingNativeTitleBar(true);
+    if (const auto* display = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay())
+        bounds = bounds.constrainedWithin(display->userArea);
     view.setSize(bounds.getWidth(), bounds.getHeight());
     setContentNonOwned(&view, true);
     setResizable(true, false);
