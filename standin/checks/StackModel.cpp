@@ -336,10 +336,8 @@ void StackModel::carryOutRequests()
     const std::vector<int> doomed = std::exchange(toBeDeleted, {});
     if (doomed.empty())
         return;
-    writes.emplace_back("AEGP_StartUndoGroup");
     writes.insert(writes.end(), doomed.size(), "AEGP_ReorderEffect");
     writes.insert(writes.end(), doomed.size(), "AEGP_DeleteLayerEffect");
-    writes.emplace_back("AEGP_EndUndoGroup");
     change("Delete Effect(s)",
            [&]
            {
@@ -351,9 +349,7 @@ void StackModel::carryOutRequests()
 /// What is wanted comes first, in its order; the rest follows in its own.
 void StackModel::carryOrderToLayer(const ModelStack& wanted, const char* stepName)
 {
-    writes.emplace_back("AEGP_StartUndoGroup");
     writes.insert(writes.end(), wanted.size(), "AEGP_ReorderEffect");
-    writes.emplace_back("AEGP_EndUndoGroup");
     change(stepName,
            [&]
            {
@@ -382,13 +378,12 @@ void StackModel::carryRowsToLayer(const ModelStack& wanted)
             what(each);
         }
     };
-    forEachOther(
-        &ModelEffect::name,
-        [&](const ModelEffect& each)
-        {
-            writes.insert(writes.end(), {"AEGP_StartUndoGroup", "AEGP_SetStreamName", "AEGP_EndUndoGroup"});
-            change("Rename Effect(s)", [&] { inStack(each.id)->name = each.name; });
-        });
+    forEachOther(&ModelEffect::name,
+                 [&](const ModelEffect& each)
+                 {
+                     writes.emplace_back("AEGP_SetStreamName");
+                     change("Rename Effect(s)", [&] { inStack(each.id)->name = each.name; });
+                 });
     forEachOther(&ModelEffect::group,
                  [&](const ModelEffect& each) { PutIntoGroup(each.id, std::max(each.group, 0)); });
     forEachOther(&ModelEffect::power,

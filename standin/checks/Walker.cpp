@@ -12,11 +12,11 @@ namespace
 {
 using Texts = std::vector<std::string>;
 
-/// The host's functions that change a project or its history. What hides and shows is none of them: it
-/// follows the selection.
-constexpr const char* writingFunctions[] = {
-    "AEGP_StartUndoGroup", "AEGP_EndUndoGroup",      "AEGP_ApplyEffect",   "AEGP_ReorderEffect",
-    "AEGP_SetEffectFlags", "AEGP_DeleteLayerEffect", "AEGP_SetStreamName", "AEGP_DuplicateEffect"};
+/// The host's functions that change a project. What hides and shows is none of them: it follows the
+/// selection, and has undo groups of its own, which leave nothing.
+constexpr const char* writingFunctions[] = {"AEGP_ApplyEffect",    "AEGP_ReorderEffect",
+                                            "AEGP_SetEffectFlags", "AEGP_DeleteLayerEffect",
+                                            "AEGP_SetStreamName",  "AEGP_DuplicateEffect"};
 constexpr auto patience = std::chrono::seconds(3);
 
 std::string listed(const Texts& texts)
