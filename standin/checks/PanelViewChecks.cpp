@@ -11,10 +11,9 @@ void MenusOfToolbar(Trial& trial)
 composition "Comp 1"
 layer "Solid 1"
 effect "Vortan"
-"Vortan Solids Object" is not installed
-install "QVK VORTSRC Copies" as "Vortan Copies Object"
 open the panel
 expect rows "Layer" "- Vortan"
+expect "Add Geometry" offers "Sheets" "Routes" "GEO" "Solids" "Copies" "Cutter"
 expect "Add Effector" offers "Round Zone" "Jitter" "Enclosure" "Placement" "Tint Table" "Dimmer Effector" "Pulse Effector"
 expect "Add Renderer" offers "Dots" "Strokes" "Tiling" "Rays" "Panes"
 choose nothing from "Add Geometry"
