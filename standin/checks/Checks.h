@@ -10,12 +10,34 @@ namespace checks
 // Without a screen.
 void PanelEntryCalls(Trial& trial);
 void IdleSuiteEntryCalls(Trial& trial);
+void EntriesInEitherOrder(Trial& trial);
+void StartWithoutSuites(Trial& trial);
+void StartRefused(Trial& trial);
+void IdleSuiteTable(Trial& trial);
 void IdleQueueOrder(Trial& trial);
+void IdleQueueFull(Trial& trial);
+void IdleQueueRequeue(Trial& trial);
+void IdleQueueThrow(Trial& trial);
+void IdleQueueNulls(Trial& trial);
+void PanelSuiteTable(Trial& trial);
+void PanelSuiteRequests(Trial& trial);
+void ClosedPanelIdle(Trial& trial);
+void CommandHook(Trial& trial);
+void DeathHook(Trial& trial);
+void ProcessEnd(Trial& trial);
 
 #if STANDIN_HAS_SCREEN
 // With ELF files and X11 at hand.
 void ExportedSymbols(Trial& trial);
 void PanelOpens(Trial& trial);
+void PanelReopens(Trial& trial);
+void PanelMadeAnew(Trial& trial);
+void MenuEntry(Trial& trial);
+void QuietIdle(Trial& trial);
+void MemorySteady(Trial& trial);
+void ReferenceBalance(Trial& trial);
+void SuiteBalance(Trial& trial);
+void UndoBalance(Trial& trial);
 
 // The panel as a person sees and uses it.
 void RoadOfRename(Trial& trial);
@@ -36,7 +58,6 @@ void KeysWithoutFocus(Trial& trial);
 void KeysOfNameField(Trial& trial);
 void PanelResized(Trial& trial);
 void PanelCovered(Trial& trial);
-void ViewMadeAnew(Trial& trial);
 void NotificationShown(Trial& trial);
 void LayersKeepViews(Trial& trial);
 void WalkInHost(Trial& trial);

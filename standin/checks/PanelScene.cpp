@@ -1,14 +1,27 @@
 #include "standin/checks/PanelScene.h"
 
+#include "standin/scenario/Parser.h"
+#include "standin/scenario/Phrase.h"
+
+#include <sstream>
+
 namespace standin
 {
 namespace
 {
 constexpr auto patience = std::chrono::seconds(5);
+
+Step stepFrom(const std::string& line)
+{
+    std::istringstream text(line);
+    return BindPhrase(ParseScenario(text, "check").front());
+}
 } // namespace
 
-PanelScene::PanelScene(Trial& theTrial) : Stage(theTrial.BundleFile(), DisplayChoice::own), trial(theTrial)
+PanelScene::PanelScene(Trial& theTrial, const HostOptions& options)
+    : Stage(theTrial.BundleFile(), DisplayChoice::own), trial(theTrial)
 {
+    host().Options() = options;
     session.bundle.LoadAll(host());
     composition = host().AddComposition("Comp 1");
     layer = host().AddLayer(composition, "Solid 1");
@@ -38,9 +51,33 @@ void PanelScene::OpenPanel()
     Settle();
 }
 
+void PanelScene::Do(const std::string& line)
+{
+    trial.At(line);
+    const Step step = stepFrom(line);
+    for (const std::string& text : step.arguments.texts)
+        AddCandidate(text);
+    if (held == IdleHeld::no)
+        session.Forget();
+    step.phrase->act(*this, step.arguments);
+    if (held == IdleHeld::no)
+        Settle();
+}
+
+void PanelScene::Expect(const std::string& line)
+{
+    const Step step = stepFrom(line);
+    for (const std::string& text : step.arguments.texts)
+        AddCandidate(text);
+    std::string found = step.phrase->check(*this, step.arguments);
+    if (!found.empty() && held == IdleHeld::no)
+        (void)session.IdleUntil([&] { return (found = step.phrase->check(*this, step.arguments)).empty(); },
+                                patience);
+    trial.Require(found.empty(), line + ": " + found);
+}
+
 void PanelScene::Settle()
 {
-    session.Forget();
     session.Settle();
     trial.RequireEqual(session.Thrown(), std::string(), "what left a hook");
 }

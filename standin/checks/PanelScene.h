@@ -11,14 +11,18 @@ class PanelScene : public Stage
 {
 public:
     /// Loads the bundle's two entry points. The panel is not open yet.
-    explicit PanelScene(Trial& trial);
+    explicit PanelScene(Trial& trial, const HostOptions& options = {});
 
     /// Puts an effect of the family onto the layer under a name, in a group if that is not 0.
     void AddObject(const std::string& name, int group = 0);
     /// "lamp", "mast" in group 1 and "lens" in group 1, below which lies "disc".
     void AddFourObjects();
     void OpenPanel();
-    /// Idle passes until all is quiet, from a clean trace.
+    /// Carries out what a line of a scenario says, then idles until all is quiet, unless the idle is held.
+    void Do(const std::string& line);
+    /// Requires what a line of a scenario expects, with some patience.
+    void Expect(const std::string& line);
+    /// Idle passes until all is quiet.
     void Settle();
     /// Ends the host and requires that nothing was found and that X had no complaint.
     void End();
@@ -26,6 +30,8 @@ public:
     /// The texts of the rows, a dash for each level: "Layer", "- Group 1", "-- lamp".
     std::vector<std::string> RowTexts();
     std::vector<std::string> StackNames();
+    /// The composition and the layer, with whatever is changed of them.
+    Layer& TheLayer() { return *host().State().FindLayer(layer); }
     /// Idles until the rows are what the stack calls for.
     void RequireAgreement();
 

@@ -3,6 +3,7 @@
 // the host's history, and what the panel writes. It knows nothing of the host and nothing of the bundle, so
 // that a run of both can be held against it.
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -53,6 +54,8 @@ struct ModelRow
     std::string title;    ///< Of a group.
     int number = 0;       ///< Of a group; -1 once it was moved, until the rows are made anew.
     ModelStack objects{}; ///< Of a group.
+
+    static ModelRow Group(int number);
 };
 
 class StackModel
@@ -126,8 +129,7 @@ private:
     ModelEffect* inRows(int id);
     ModelStack listOfRows() const;
     void takeOut(int id);
-    template <class Change>
-    void change(const std::string& step, Change what);
+    void change(const std::string& step, const std::function<void()>& what);
     void push(const std::string& name, std::vector<ModelStack> before);
     void makeRows();
     void carryOutRequests();

@@ -55,7 +55,9 @@ void Trial::RequireLines(const std::vector<std::string>& found, const std::vecto
 
 void Trial::RequireNoFindings(const Host& host)
 {
-    const std::string report = host.FindingsReport();
+    std::string report = host.FindingsReport();
+    while (!report.empty() && report.back() == '\n')
+        report.pop_back();
     Require(report.empty(), report);
 }
 
