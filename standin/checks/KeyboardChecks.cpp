@@ -71,6 +71,7 @@ void KeysWithoutFocus(Trial& trial)
 click row "route"
 expect selected "route"
 click the host
+scroll 1 notches
 press Delete
 expect the host got "Delete"
 press Return

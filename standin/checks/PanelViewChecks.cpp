@@ -26,14 +26,14 @@ quit
 void PanelResized(Trial& trial)
 {
     PlayCheckWithThreeObjects(trial, "panel-resized", R"play(
-resize the panel to 300 by 300
-expect rows "Layer" "- lamp" "- route" "- dots"
-click row "dots"
-press Delete
-expect rows "Layer" "- lamp" "- route"
 resize the panel to 380 by 140
 expect rows "Layer" "- lamp"
-resize the panel to 380 by 420
+scroll 10 notches
+expect rows "- route" "- dots"
+click row "dots"
+press Delete
+expect stack "lamp" "route"
+resize the panel to 300 by 420
 expect rows "Layer" "- lamp" "- route"
 expect buttons "Add Geometry" "Add Effector" "Add Renderer" "Add Group"
 choose "Dots" from "Add Renderer"

@@ -221,7 +221,7 @@ WalkOutcome TakeWalk(const WalkPlan& plan)
         return outcome;
     const auto used = std::min(steps.size(), static_cast<std::size_t>(outcome.stepsDone) + 1);
     Shortening shortening(plan.bundleFile, {steps.begin(), steps.begin() + static_cast<std::ptrdiff_t>(used)},
-                          outcome.failure, end);
+                          outcome.failure, std::min(end, Clock::now() + plan.shortening));
     shortening.Run();
     outcome.failure = shortening.Failure() + "\n  seed " + std::to_string(plan.seed) + ", step " +
                       std::to_string(used) +

@@ -15,8 +15,9 @@ struct WalkPlan
     WalkKind kind = WalkKind::mixed;
     unsigned seed = 1;
     int steps = 20;
-    /// What it may take, the shortening of a failure included.
+    /// What it may take, the shortening of a failure included, and what the shortening alone may take.
     std::chrono::seconds limit{60};
+    std::chrono::seconds shortening{20};
 };
 
 struct WalkOutcome
