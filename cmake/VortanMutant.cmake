@@ -56,6 +56,14 @@ function(vortan_mutant_test name check says)
   set_tests_properties(mutant.${name} PROPERTIES TIMEOUT 200 LABELS mutants)
 endfunction()
 
+# A test that a mistake is only made where its text stands once.
+function(vortan_mutants_must_fit)
+  add_test(NAME mutants.mistake-must-fit
+    COMMAND ${CMAKE_COMMAND} -D WORK=${CMAKE_CURRENT_BINARY_DIR}/mistake-must-fit
+      -D SCRIPTS=${vortan_mutant_scripts} -P ${vortan_mutant_scripts}/MistakeMustFit.cmake)
+  set_tests_properties(mutants.mistake-must-fit PROPERTIES LABELS mutants)
+endfunction()
+
 # A test that every check of the program has a mutant, and that no mutant is for a check that there is not.
 function(vortan_mutants_cover_checks)
   get_property(checks GLOBAL PROPERTY VORTAN_CHECKS_WITH_MUTANT)

@@ -31,13 +31,16 @@ void ProcessEnd(Trial& trial);
 void ExportedSymbols(Trial& trial);
 void PanelOpens(Trial& trial);
 void PanelReopens(Trial& trial);
-void PanelMadeAnew(Trial& trial);
 void MenuEntry(Trial& trial);
 void QuietIdle(Trial& trial);
 void MemorySteady(Trial& trial);
 void ReferenceBalance(Trial& trial);
 void SuiteBalance(Trial& trial);
 void UndoBalance(Trial& trial);
+void SweepOfReading(Trial& trial);
+void SweepOfOrder(Trial& trial);
+void SweepOfRename(Trial& trial);
+void SweepOfDelete(Trial& trial);
 
 // The panel as a person sees and uses it.
 void RoadOfRename(Trial& trial);
@@ -58,6 +61,7 @@ void KeysWithoutFocus(Trial& trial);
 void KeysOfNameField(Trial& trial);
 void PanelResized(Trial& trial);
 void PanelCovered(Trial& trial);
+void ViewMadeAnew(Trial& trial);
 void NotificationShown(Trial& trial);
 void LayersKeepViews(Trial& trial);
 void WalkInHost(Trial& trial);

@@ -65,6 +65,29 @@ quit
 )play");
 }
 
+void ViewMadeAnew(Trial& trial)
+{
+    PlayCheck(trial, "view-made-anew", R"play(
+switch closing-destroys-the-view
+composition "Comp 1"
+layer "Solid 1"
+effect "Vortan Sheets Object" named "lamp"
+effect "Vortan Dots Renderer" named "dots"
+open the panel
+expect rows "Layer" "- lamp" "- dots"
+close the panel
+choose "Vortan Object Panel" in the Window menu
+expect rows "Layer" "- lamp" "- dots"
+click row "dots"
+press Delete
+expect stack "lamp"
+choose "Vortan Object Panel" in the Window menu
+choose "Vortan Object Panel" in the Window menu
+expect panel and stack agree
+quit
+)play");
+}
+
 void NotificationShown(Trial& trial)
 {
     PlayCheckWithThreeObjects(trial, "notification", R"play(

@@ -33,27 +33,6 @@ void requireEntry(PanelScene& scene, bool ticked)
     (void)scene.host().RunIdle();
     scene.trial.RequireEqual(entry(scene).ticked, ticked, "the menu entry's check mark behind an idle");
 }
-
-/// Opens, closes and opens again, by the menu entry.
-void reopen(Trial& trial, ClosedPanel closedPanel, int createdAtTheEnd)
-{
-    HostOptions options;
-    options.closedPanel = closedPanel;
-    PanelScene scene(trial, options);
-    scene.AddFourObjects();
-    for (int round = 0; round < 3; ++round)
-    {
-        scene.Do("choose \"Vortan Object Panel\" in the Window menu");
-        trial.RequireLines(scene.RowTexts(), fourRows(), "the rows of the panel");
-        scene.Do("choose \"Vortan Object Panel\" in the Window menu");
-        trial.Require(scene.host().FindPanel(Session::panelName)->state == PanelState::absent,
-                      "the menu entry does not close the panel");
-    }
-    trial.RequireEqual(scene.host().FindPanel(Session::panelName)->created, createdAtTheEnd,
-                       "the number of calls of the create panel hook");
-    scene.Expect("expect nothing to undo");
-    scene.End();
-}
 } // namespace
 
 void PanelOpens(Trial& trial)
@@ -72,9 +51,23 @@ void PanelOpens(Trial& trial)
     scene.End();
 }
 
-void PanelReopens(Trial& trial) { reopen(trial, ClosedPanel::keepsView, 1); }
-
-void PanelMadeAnew(Trial& trial) { reopen(trial, ClosedPanel::destroysView, 3); }
+void PanelReopens(Trial& trial)
+{
+    PanelScene scene(trial);
+    scene.AddFourObjects();
+    for (int round = 0; round < 3; ++round)
+    {
+        scene.Do("choose \"Vortan Object Panel\" in the Window menu");
+        trial.RequireLines(scene.RowTexts(), fourRows(), "the rows of the panel");
+        scene.Do("choose \"Vortan Object Panel\" in the Window menu");
+        trial.Require(scene.host().FindPanel(Session::panelName)->state == PanelState::absent,
+                      "the menu entry does not close the panel");
+    }
+    trial.RequireEqual(scene.host().FindPanel(Session::panelName)->created, 1,
+                       "the number of calls of the create panel hook");
+    scene.Expect("expect nothing to undo");
+    scene.End();
+}
 
 void MenuEntry(Trial& trial)
 {
