@@ -41,6 +41,12 @@ void SweepOfReading(Trial& trial);
 void SweepOfOrder(Trial& trial);
 void SweepOfRename(Trial& trial);
 void SweepOfDelete(Trial& trial);
+void WithheldSuites(Trial& trial);
+void OddEffects(Trial& trial);
+void Messages(Trial& trial);
+void OddNames(Trial& trial);
+void KeptFindings(Trial& trial);
+void MainThread(Trial& trial);
 
 // The panel as a person sees and uses it.
 void RoadOfRename(Trial& trial);
