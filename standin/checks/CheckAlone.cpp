@@ -79,7 +79,8 @@ void RunCheckAlone(const std::string& bundleFile, const std::string& id, std::ui
     (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
 #endif
     const ReportWriter writer(reportDescriptor);
-    Trial trial(bundleFile, seed, [&](const std::string& place) { writer.Place(place); });
+    Trial trial(
+        bundleFile, seed, [&](const std::string& place) { writer.Place(place); }, [&] { writer.SeedUsed(); });
     std::string found;
     const Word word = judge(id, trial, found);
     writer.End(trial, word, found);

@@ -72,11 +72,11 @@ void ReportWriter::line(const std::string& key, const std::string& text) const
 
 void ReportWriter::Place(const std::string& place) const { line("place", place); }
 
+void ReportWriter::SeedUsed() const { line("seed", ""); }
+
 void ReportWriter::End(const Trial& trial, Word word, const std::string& found) const
 {
     line("looked", std::to_string(trial.Looked()));
-    if (trial.IsSeedUsed())
-        line("seed", "");
     line(words[static_cast<std::size_t>(word)], found);
 }
 

@@ -35,6 +35,7 @@ public:
     explicit ReportWriter(int descriptor) : pipe(descriptor) {}
 
     void Place(const std::string& place) const;
+    void SeedUsed() const;
     void End(const Trial& trial, Word word, const std::string& found) const;
 
 private:

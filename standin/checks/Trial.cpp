@@ -7,13 +7,15 @@
 
 namespace standin
 {
-Trial::Trial(std::string bundle, std::uint64_t theSeed, Note note)
-    : bundleFile(std::move(bundle)), seed(theSeed), onPlace(std::move(note))
+Trial::Trial(std::string bundle, std::uint64_t theSeed, Note notePlace, std::function<void()> noteSeed)
+    : bundleFile(std::move(bundle)), seed(theSeed), onPlace(std::move(notePlace)), onSeed(std::move(noteSeed))
 {
 }
 
 std::uint64_t Trial::Seed()
 {
+    if (!seedUsed)
+        onSeed();
     seedUsed = true;
     return seed;
 }

@@ -25,9 +25,9 @@ class Trial
 public:
     using Note = std::function<void(const std::string&)>;
 
-    /// `onPlace` is told at once where the check stands, so that it is known when the bundle takes the
-    /// process with it.
-    Trial(std::string bundleFile, std::uint64_t seed, Note onPlace);
+    /// `onPlace` is told at once where the check stands, and `onSeed` that the seed is used, so that both are
+    /// known when the bundle takes the process with it.
+    Trial(std::string bundleFile, std::uint64_t seed, Note onPlace, std::function<void()> onSeed);
 
     const std::string& BundleFile() const { return bundleFile; }
     /// The seed of everything random. Asking for it makes it part of the report.
@@ -73,6 +73,7 @@ private:
     std::uint64_t seed;
     bool seedUsed = false;
     Note onPlace;
+    std::function<void()> onSeed;
     std::string place;
     int looked = 0;
 };

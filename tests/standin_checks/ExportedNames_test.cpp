@@ -1,0 +1,39 @@
+// The reader of exported names, on files that are and are not what it reads.
+
+#include "standin/checks/ExportedNames.h"
+
+#include <fstream>
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+
+namespace standin
+{
+namespace
+{
+const std::string folder = VORTAN_BAD_BUNDLES;
+
+TEST(ExportedNames, AreReadFromTheFile)
+{
+    EXPECT_THAT(ExportedNames(folder + "/refuses.so"), ElementsAre("EffectorAEGP", "PanelEntryPointFunc"));
+    EXPECT_THAT(ExportedNames(folder + "/half.so"), ElementsAre("EffectorAEGP"));
+}
+
+TEST(ExportedNames, AreNotReadFromWhatIsNoElfFile)
+{
+    const std::string file = testing::TempDir() + "/no-elf.so";
+    std::ofstream(file) << std::string(100, 'x');
+    EXPECT_THROW((void)ExportedNames(file), std::runtime_error);
+    EXPECT_THROW((void)ExportedNames("/nowhere.so"), std::runtime_error);
+}
+
+TEST(ExportedNames, AFileThatIsCutShortIsToldAsSuch)
+{
+    std::ifstream whole(folder + "/refuses.so", std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(whole)), {});
+    const std::string file = testing::TempDir() + "/cut.so";
+    std::ofstream(file, std::ios::binary) << bytes.substr(0, bytes.size() / 2);
+    EXPECT_THROW((void)ExportedNames(file), std::runtime_error);
+}
+} // namespace
+} // namespace standin

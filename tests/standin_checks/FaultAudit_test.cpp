@@ -1,0 +1,126 @@
+// The audit of a pass with a fault, on traces made by hand: what it lets pass, and what it does not.
+
+#include "standin/checks/FaultAudit.h"
+#include "standin/sensors/FindingIds.h"
+
+#include <gmock/gmock.h>
+
+using testing::HasSubstr;
+
+namespace standin
+{
+namespace
+{
+CallRecord call(const std::string& function, A_Err error = errNone, const std::string& arguments = "")
+{
+    CallRecord record;
+    record.function = function;
+    record.head = function + "(" + arguments + ")";
+    record.error = error;
+    return record;
+}
+
+CallRecord start(const std::string& name) { return call("AEGP_StartUndoGroup", errNone, "\"" + name + "\""); }
+CallRecord end(A_Err error = errNone) { return call("AEGP_EndUndoGroup", error); }
+
+Finding found(const char* id, const char* function) { return {id, "It was found.", "", function, ""}; }
+
+class FaultAudit : public testing::Test
+{
+protected:
+    std::string Verdict()
+    {
+        try
+        {
+            AuditFaultyRun(trial, run, tally);
+        }
+        catch (const CheckFailure& failure)
+        {
+            return failure.what();
+        }
+        return "";
+    }
+
+    Trial trial{"b", 1, [](const std::string&) {}, [] {}};
+    FaultyRun run;
+    FaultTally tally;
+};
+
+TEST_F(FaultAudit, PassesARunInWhichAllWentWell)
+{
+    run.calls = {start("Rename Effect(s)"), call("AEGP_SetStreamName"), end()};
+    EXPECT_EQ(Verdict(), "");
+    EXPECT_EQ(tally.struck, 0);
+    EXPECT_EQ(tally.left, 0);
+}
+
+TEST_F(FaultAudit, WantsTheGroupOfAFailedRenameDeletionOrHidingToStayOpen)
+{
+    for (const char* name : {"Rename Effect(s)", "Delete Effect(s)", ""})
+    {
+        run.calls = {start(name), call("AEGP_GetLayerEffectByIndex", errGeneric)};
+        EXPECT_EQ(Verdict(), "") << name;
+        run.calls.push_back(end());
+        EXPECT_THAT(Verdict(), HasSubstr("was ended although this had failed")) << name;
+    }
+    EXPECT_EQ(tally.left, 3);
+}
+
+TEST_F(FaultAudit, WantsTheGroupOfTheOrderToEndWhateverFailed)
+{
+    for (const char* name : {"Reorder Effect(s)", ""})
+    {
+        run.calls = {start(name), call("AEGP_ReorderEffect", errGeneric), end()};
+        EXPECT_EQ(Verdict(), "") << name;
+        run.calls.pop_back();
+        EXPECT_THAT(Verdict(), HasSubstr("was not ended after this had failed")) << name;
+    }
+}
+
+TEST_F(FaultAudit, ADeletionThatFailsIsNoFailureOfTheChain)
+{
+    run.calls = {start("Delete Effect(s)"), call("AEGP_DeleteLayerEffect", errGeneric), end()};
+    EXPECT_EQ(Verdict(), "");
+    EXPECT_EQ(tally.left, 0);
+}
+
+TEST_F(FaultAudit, AGroupWhoseEndTheHostRefusesIsNobodysFault)
+{
+    run.calls = {start("Reorder Effect(s)"), end(errGeneric)};
+    EXPECT_EQ(Verdict(), "");
+}
+
+TEST_F(FaultAudit, AHookMayBeLeftForWantOfASuiteAndByThatNumberAlone)
+{
+    run.results = {{errGeneric, 516, "the integer 516"}};
+    EXPECT_THAT(Verdict(), HasSubstr("a hook was left by the integer 516"));
+    run.calls = {call("AcquireSuite", errSuiteNotFound)};
+    EXPECT_EQ(Verdict(), "");
+    run.results = {{errGeneric, 13, "the integer 13"}};
+    EXPECT_THAT(Verdict(), HasSubstr("is 13 and should be 516"));
+}
+
+TEST_F(FaultAudit, FindingsPassInTheirSituationAlone)
+{
+    run.findings = {found(finding::nullReference, "AEGP_DeleteLayerEffect")};
+    EXPECT_EQ(Verdict(), "");
+    run.findings = {found(finding::nullReference, "AEGP_SetStreamName")};
+    EXPECT_THAT(Verdict(), HasSubstr("null-reference"));
+    run.findings = {found(finding::leakedReference, "AEGP_GetLayerEffectByIndex")};
+    EXPECT_THAT(Verdict(), HasSubstr("leaked-reference"));
+    run.findings = {found(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup")};
+    EXPECT_THAT(Verdict(), HasSubstr("undo-group-left-open"));
+    run.findings = {found(finding::undoGroupMismatch, "AEGP_EndUndoGroup")};
+    EXPECT_THAT(Verdict(), HasSubstr("undo-group-mismatch"));
+    run.findings = {found(finding::doubleDispose, "AEGP_DisposeEffect")};
+    run.calls = {call("AcquireSuite", errSuiteNotFound)};
+    EXPECT_THAT(Verdict(), HasSubstr("double-dispose")) << "no missing suite excuses that";
+}
+
+TEST_F(FaultAudit, AReferenceThatIsStillOutFails)
+{
+    run.liveReferences = 1;
+    EXPECT_THAT(Verdict(), HasSubstr("the number of references that are still out is 1"));
+}
+} // namespace
+} // namespace standin
