@@ -25,7 +25,8 @@ constexpr Deed panelDeeds[] = {
     Deed::dragAbove,      Deed::dragBelow,     Deed::dragToEnd,     Deed::dragGroupAbove,
     Deed::dragGroupToEnd, Deed::deleteRow,     Deed::deleteGroup,   Deed::addFromMenu,
     Deed::addGroup,       Deed::dragIntoGroup, Deed::undo,          Deed::redo};
-constexpr Deed visibilityDeeds[] = {Deed::cover, Deed::uncover, Deed::uncover};
+constexpr Deed intervalDeeds[] = {Deed::cover, Deed::uncover, Deed::uncover,
+                                  Deed::hold,  Deed::goOn,    Deed::goOn};
 
 std::vector<Deed> deedsOf(WalkKind kind)
 {
@@ -35,7 +36,7 @@ std::vector<Deed> deedsOf(WalkKind kind)
     if (kind != WalkKind::host)
         deeds.insert(deeds.end(), std::begin(panelDeeds), std::end(panelDeeds));
     if (kind == WalkKind::mixed)
-        deeds.insert(deeds.end(), std::begin(visibilityDeeds), std::end(visibilityDeeds));
+        deeds.insert(deeds.end(), std::begin(intervalDeeds), std::end(intervalDeeds));
     return deeds;
 }
 
@@ -64,6 +65,14 @@ bool hasRoom(const WalkState& state)
 {
     return state.model.Stack().size() < mostEffects && rowCount(state.model) < mostRows;
 }
+
+/// Of what is done in the panel only the click on a box can do without the host's idle.
+bool isPossibleWhileHeld(Deed deed)
+{
+    if (deed == Deed::clickBox || deed == Deed::clickGroupBox)
+        return true;
+    return deed < Deed::renameRow && deed != Deed::cover && deed != Deed::uncover;
+}
 } // namespace
 
 WalkState WalkBegin()
@@ -75,7 +84,7 @@ WalkState WalkBegin()
     const ModelStack second{{5, ModelKind::effector, "pulse", 2, Power::on},
                             {6, ModelKind::geometry, "sheet", 2, Power::on},
                             {7, ModelKind::outside, "Gaussian Blur", 0, Power::on}};
-    WalkState state{StackModel({first, second}), false};
+    WalkState state{StackModel({first, second})};
     state.model.Settle();
     (void)state.model.TakeWrites();
     return state;
@@ -129,6 +138,8 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 
 bool IsPossible(const WalkState& state, const WalkStep& step)
 {
+    if (state.isHeld && !isPossibleWhileHeld(step.deed))
+        return false;
     const StackModel& model = state.model;
     const bool exists = FindEffect(model.Stack(), step.id) != nullptr;
     const std::optional<std::size_t> group = GroupRow(model, step.text);
@@ -158,6 +169,10 @@ bool IsPossible(const WalkState& state, const WalkStep& step)
         return !state.isCovered;
     case Deed::uncover:
         return state.isCovered;
+    case Deed::hold:
+        return !state.isCovered && !state.isHeld;
+    case Deed::goOn:
+        return state.isHeld;
     case Deed::renameRow:
     case Deed::clickBox:
     case Deed::deleteRow:
