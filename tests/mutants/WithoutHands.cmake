@@ -192,13 +192,13 @@ vortan_mutant(ticked-behind-another-tab
 
 # ---- Passes and balances
 
-vortan_mutant(selection-in-every-pass
+vortan_mutant(hash-is-not-noted
   CHECK quiet-idle
   SOURCE panel/IdlePass.cpp
-  WAS [[    if (layerChanged)
-        pushSelection();]]
-  IS [[    pushSelection();]]
-  SAYS [[the calls that write]])
+  WAS [[    panel.treeHash = treeNow;
+]]
+  IS [[]]
+  SAYS [[the number of names that a pass reads is 8 and should be 4]])
 
 vortan_mutant(pass-is-never-freed
   CHECK memory-steady
@@ -237,7 +237,7 @@ vortan_mutant(streams-stay-behind-an-error
         return;]]
   IS [[    if (stream == nullptr || err != A_Err_NONE)
         return;]]
-  SAYS [[leaked-reference]])
+  SAYS [[dispose-order]])
 
 vortan_mutant(order-ends-only-if-all-is-well
   CHECK fault-sweep-order
@@ -247,7 +247,7 @@ vortan_mutant(order-ends-only-if-all-is-well
   IS [[    A_long left = 0;
     if (suites.EffectSuite1()->AEGP_GetLayerNumEffects(target.layer, &left) == A_Err_NONE)
         (void)suites.UtilitySuite1()->AEGP_EndUndoGroup();]]
-  SAYS [[the undo group "" was not ended after this had failed]])
+  SAYS [[was not ended after this had failed]])
 
 vortan_mutant(rename-always-ends-its-group
   CHECK fault-sweep-rename
