@@ -99,7 +99,9 @@ void StackModel::carryOutRequests()
         Move(effect.id, static_cast<int>(slot));
         writes.insert(writes.end(), {"AEGP_ApplyEffect", "AEGP_ReorderEffect"});
     }
-    const std::vector<int> doomed = std::exchange(toBeDeleted, {});
+    std::vector<int> doomed = std::exchange(toBeDeleted, {});
+    doomed.erase(std::remove_if(doomed.begin(), doomed.end(), [&](int id) { return inStack(id) == nullptr; }),
+                 doomed.end());
     if (doomed.empty())
         return;
     writes.insert(writes.end(), doomed.size(), "AEGP_ReorderEffect");

@@ -24,5 +24,5 @@ void WalkInHost(Trial& trial) { walk(trial, WalkKind::host, 60); }
 
 void WalkInPanel(Trial& trial) { walk(trial, WalkKind::panel, 20); }
 
-void WalkInBoth(Trial& trial) { walk(trial, WalkKind::mixed, 25); }
+void WalkInBoth(Trial& trial) { walk(trial, WalkKind::mixed, 30); }
 } // namespace standin::checks

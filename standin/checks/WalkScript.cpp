@@ -58,6 +58,10 @@ Lines hostLines(const StackModel& model, const WalkStep& step)
         return {"cover the panel"};
     case Deed::uncover:
         return {"open the panel"};
+    case Deed::hold:
+        return {"hold idle"};
+    case Deed::goOn:
+        return {"go on"};
     default:
         return {};
     }
@@ -138,6 +142,10 @@ void doInHost(WalkState& state, const WalkStep& step)
     case Deed::uncover:
         state.isCovered = step.deed == Deed::cover;
         return;
+    case Deed::hold:
+    case Deed::goOn:
+        state.isHeld = step.deed == Deed::hold;
+        return;
     default:
         return;
     }
@@ -200,7 +208,7 @@ void CarryOut(WalkState& state, const WalkStep& step)
         doInPanel(state.model, step);
     else
         doInHost(state, step);
-    if (!state.isCovered)
+    if (!state.isCovered && !state.isHeld)
         state.model.Settle();
 }
 } // namespace standin

@@ -25,7 +25,8 @@ constexpr Deed panelDeeds[] = {
     Deed::dragAbove,      Deed::dragBelow,     Deed::dragToEnd,     Deed::dragGroupAbove,
     Deed::dragGroupToEnd, Deed::deleteRow,     Deed::deleteGroup,   Deed::addFromMenu,
     Deed::addGroup,       Deed::dragIntoGroup, Deed::undo,          Deed::redo};
-constexpr Deed visibilityDeeds[] = {Deed::cover, Deed::uncover, Deed::uncover};
+constexpr Deed intervalDeeds[] = {Deed::cover, Deed::uncover, Deed::uncover,
+                                  Deed::hold,  Deed::goOn,    Deed::goOn};
 
 std::vector<Deed> deedsOf(WalkKind kind)
 {
@@ -35,7 +36,7 @@ std::vector<Deed> deedsOf(WalkKind kind)
     if (kind != WalkKind::host)
         deeds.insert(deeds.end(), std::begin(panelDeeds), std::end(panelDeeds));
     if (kind == WalkKind::mixed)
-        deeds.insert(deeds.end(), std::begin(visibilityDeeds), std::end(visibilityDeeds));
+        deeds.insert(deeds.end(), std::begin(intervalDeeds), std::end(intervalDeeds));
     return deeds;
 }
 
@@ -48,11 +49,11 @@ auto any(std::mt19937& random, const List& list)
     return *(std::begin(list) + static_cast<std::ptrdiff_t>(below(random, std::size(list))));
 }
 
-bool isObject(const WalkState& state, int id)
+bool isObject(const StackModel& model, int id)
 {
-    const ModelStack rows = InRowOrder(state.model);
+    const ModelStack rows = InRowOrder(model);
     const ModelEffect* effect = FindEffect(rows, id);
-    return !state.isCovered && effect != nullptr && effect->kind != ModelKind::outside;
+    return effect != nullptr && effect->kind != ModelKind::outside;
 }
 
 std::size_t rowCount(const StackModel& model)
@@ -63,6 +64,80 @@ std::size_t rowCount(const StackModel& model)
 bool hasRoom(const WalkState& state)
 {
     return state.model.Stack().size() < mostEffects && rowCount(state.model) < mostRows;
+}
+
+/// Of what is done in the panel only the click on a box can do without the host's idle.
+bool isPossibleWhileHeld(Deed deed)
+{
+    if (deed == Deed::clickBox || deed == Deed::clickGroupBox)
+        return true;
+    return deed < Deed::renameRow && deed != Deed::cover && deed != Deed::uncover;
+}
+
+bool isPossibleInHost(const WalkState& state, const WalkStep& step)
+{
+    const StackModel& model = state.model;
+    const ModelEffect* const effect = FindEffect(model.Stack(), step.id);
+    switch (step.deed)
+    {
+    case Deed::apply:
+        return hasRoom(state);
+    case Deed::duplicate:
+        return effect != nullptr && hasRoom(state);
+    case Deed::move:
+        return effect != nullptr && static_cast<std::size_t>(step.number) < model.Stack().size();
+    case Deed::putIntoGroup:
+        return effect != nullptr && effect->kind != ModelKind::outside &&
+               step.number <= static_cast<int>(mostGroups) && rowCount(model) < mostRows;
+    case Deed::undo:
+        return !model.UndoNames().empty();
+    case Deed::redo:
+        return !model.RedoNames().empty();
+    case Deed::selectLayer:
+        return step.number < StackModel::layerCount && step.number != model.ActiveLayer();
+    case Deed::cover:
+        return !state.isCovered;
+    case Deed::uncover:
+        return state.isCovered;
+    case Deed::hold:
+        return !state.isCovered && !state.isHeld;
+    case Deed::goOn:
+        return state.isHeld;
+    default: // A rename, a deletion or a switch.
+        return effect != nullptr;
+    }
+}
+
+bool isPossibleInPanel(const WalkState& state, const WalkStep& step)
+{
+    const StackModel& model = state.model;
+    const bool isIt = isObject(model, step.id);
+    const bool isOther = isObject(model, step.otherId);
+    const std::optional<std::size_t> group = GroupRow(model, step.text);
+    switch (step.deed)
+    {
+    case Deed::dragToEnd:
+        return isIt && (PlaceOf(model, step.id).groupRow >= 0 ||
+                        PlaceOf(model, step.id).index + 1 != model.Rows().size());
+    case Deed::dragAbove:
+    case Deed::dragBelow:
+        return isIt && isOther && step.id != step.otherId;
+    case Deed::dragIntoGroup:
+        return isIt && group.has_value() && PlaceOf(model, step.id).groupRow != static_cast<int>(*group);
+    case Deed::clickGroupBox:
+        return group.has_value() && !model.Rows()[*group].objects.empty();
+    case Deed::deleteGroup:
+    case Deed::dragGroupToEnd:
+        return group.has_value();
+    case Deed::dragGroupAbove:
+        return group.has_value() && isOther && PlaceOf(model, step.otherId).groupRow < 0;
+    case Deed::addFromMenu:
+        return hasRoom(state) && !model.Rows().empty() && ApplicableOf(step.text)->button != nullptr;
+    case Deed::addGroup:
+        return !model.Rows().empty() && rowCount(model) < mostRows && GroupTitles(model).size() < mostGroups;
+    default: // A rename, a deletion or a click on a box.
+        return isIt;
+    }
 }
 } // namespace
 
@@ -75,7 +150,7 @@ WalkState WalkBegin()
     const ModelStack second{{5, ModelKind::effector, "pulse", 2, Power::on},
                             {6, ModelKind::geometry, "sheet", 2, Power::on},
                             {7, ModelKind::outside, "Gaussian Blur", 0, Power::on}};
-    WalkState state{StackModel({first, second}), false};
+    WalkState state{StackModel({first, second})};
     state.model.Settle();
     (void)state.model.TakeWrites();
     return state;
@@ -129,61 +204,10 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 
 bool IsPossible(const WalkState& state, const WalkStep& step)
 {
-    const StackModel& model = state.model;
-    const bool exists = FindEffect(model.Stack(), step.id) != nullptr;
-    const std::optional<std::size_t> group = GroupRow(model, step.text);
-    const bool isGroup = !state.isCovered && group.has_value();
-    switch (step.deed)
-    {
-    case Deed::apply:
-        return hasRoom(state);
-    case Deed::rename:
-    case Deed::remove:
-    case Deed::switchOver:
-        return exists;
-    case Deed::duplicate:
-        return exists && hasRoom(state);
-    case Deed::move:
-        return exists && static_cast<std::size_t>(step.number) < model.Stack().size();
-    case Deed::putIntoGroup:
-        return exists && step.number <= static_cast<int>(mostGroups) &&
-               FindEffect(model.Stack(), step.id)->kind != ModelKind::outside && rowCount(model) < mostRows;
-    case Deed::undo:
-        return !model.UndoNames().empty();
-    case Deed::redo:
-        return !model.RedoNames().empty();
-    case Deed::selectLayer:
-        return step.number < StackModel::layerCount && step.number != model.ActiveLayer();
-    case Deed::cover:
-        return !state.isCovered;
-    case Deed::uncover:
-        return state.isCovered;
-    case Deed::renameRow:
-    case Deed::clickBox:
-    case Deed::deleteRow:
-        return isObject(state, step.id);
-    case Deed::dragToEnd:
-        return isObject(state, step.id) && PlaceOf(model, step.id).index + 1 != model.Rows().size();
-    case Deed::dragAbove:
-    case Deed::dragBelow:
-        return isObject(state, step.id) && isObject(state, step.otherId) && step.id != step.otherId;
-    case Deed::dragIntoGroup:
-        return isGroup && isObject(state, step.id) &&
-               PlaceOf(model, step.id).groupRow != static_cast<int>(*group);
-    case Deed::clickGroupBox:
-        return isGroup && !model.Rows()[*group].objects.empty();
-    case Deed::deleteGroup:
-    case Deed::dragGroupToEnd:
-        return isGroup;
-    case Deed::dragGroupAbove:
-        return isGroup && isObject(state, step.otherId) && PlaceOf(model, step.otherId).groupRow < 0;
-    case Deed::addFromMenu:
-        return !state.isCovered && hasRoom(state) && !model.Rows().empty() &&
-               ApplicableOf(step.text)->button != nullptr;
-    case Deed::addGroup:
-        return !state.isCovered && !model.Rows().empty() && rowCount(model) < mostRows &&
-               GroupTitles(model).size() < mostGroups;
-    }
-    return false;
+    if (state.isHeld && !isPossibleWhileHeld(step.deed))
+        return false;
+    if (step.deed < Deed::renameRow)
+        return isPossibleInHost(state, step);
+    return !state.isCovered && isPossibleInPanel(state, step);
 }
 } // namespace standin

@@ -33,6 +33,8 @@ struct WalkStep
         selectLayer,
         cover,
         uncover,
+        hold, ///< The host does not idle from here on, so that several things fall into one interval.
+        goOn,
         // In the panel.
         renameRow,
         clickBox,
@@ -57,11 +59,12 @@ struct WalkStep
     std::string text; ///< A name, what is applied, or a group's title.
 };
 
-/// The model, and whether the panel's tab is behind another.
+/// The model, and what keeps the panel from learning of changes.
 struct WalkState
 {
     StackModel model;
-    bool isCovered = false;
+    bool isCovered = false; ///< The panel's tab is behind another.
+    bool isHeld = false;    ///< The host does not idle.
 };
 
 /// Where each walk begins: two layers, the first of them active, and the panel just opened.
@@ -74,6 +77,6 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 bool IsPossible(const WalkState& state, const WalkStep& step);
 /// The step as lines of a scenario, in the state before it.
 std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step);
-/// Carries the step out in the model, which is settled afterwards if the panel is in front.
+/// Carries the step out in the model, which is settled afterwards if the panel learns of it.
 void CarryOut(WalkState& state, const WalkStep& step);
 } // namespace standin

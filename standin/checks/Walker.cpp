@@ -140,7 +140,7 @@ void Walker::carryOut(const std::string& line)
         for (const std::string& each : step.arguments.texts)
             stage.AddCandidate(each);
         step.phrase->act(stage, step.arguments);
-        if (step.phrase->kind == Phrase::Kind::action)
+        if (step.phrase->kind == Phrase::Kind::action && stage.held == IdleHeld::no)
             stage.session.Settle();
     }
 }
@@ -148,7 +148,8 @@ void Walker::carryOut(const std::string& line)
 std::string Walker::Take(const WalkStep& step)
 {
     const Texts lines = LinesOf(state, step);
-    stage.session.Forget();
+    if (!state.isHeld)
+        stage.session.Forget();
     CarryOut(state, step);
     try
     {
@@ -159,7 +160,7 @@ std::string Walker::Take(const WalkStep& step)
     {
         return error.what();
     }
-    return compare();
+    return state.isHeld ? "" : compare();
 }
 
 std::string Walker::compare()
