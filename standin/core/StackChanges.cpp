@@ -38,8 +38,7 @@ EffectInstance makeInstance(HostParts& parts, const InstalledEffect& entry)
     effect.id = parts.nextEffect++;
     effect.label = "e" + std::to_string(effect.id);
     effect.key = entry.key;
-    for (int i = 0; i < entry.parameterCount; ++i)
-        effect.parameters.push_back({i == 0 ? "Input" : "Parameter " + std::to_string(i), false});
+    effect.parameters = FreshParameters(entry);
     return effect;
 }
 
@@ -85,6 +84,14 @@ void restore(HostParts& parts, ProjectState state)
     parts.references.EverythingChanged();
 }
 } // namespace
+
+std::vector<Parameter> FreshParameters(const InstalledEffect& entry)
+{
+    std::vector<Parameter> parameters;
+    for (int i = 0; i < entry.parameterCount; ++i)
+        parameters.push_back({i == 0 ? "Input" : "Parameter " + std::to_string(i), false});
+    return parameters;
+}
 
 int PlaceEffect(HostParts& parts, int layerId, const InstalledEffect& entry)
 {

@@ -22,6 +22,9 @@ void ChangeProject(HostParts& parts, const char* stepName, Change change)
     parts.undo.Change(stepName, before, parts.project);
 }
 
+/// The parameters of an effect as it is installed.
+std::vector<Parameter> FreshParameters(const InstalledEffect& entry);
+
 /// Puts an effect at the end of the stack without an undo step, as setting up a project does.
 int PlaceEffect(HostParts& parts, int layerId, const InstalledEffect& entry);
 

@@ -123,6 +123,15 @@ std::optional<ProjectState> UndoHistory::Redo()
     return steps[done++].after;
 }
 
+void UndoHistory::Forget()
+{
+    steps.clear();
+    done = 0;
+    depth = 0;
+    applied.clear();
+    reordered.clear();
+}
+
 std::vector<std::string> UndoHistory::UndoNames() const
 {
     std::vector<std::string> names;

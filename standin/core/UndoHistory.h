@@ -37,6 +37,8 @@ public:
 
     std::optional<ProjectState> Undo();
     std::optional<ProjectState> Redo();
+    /// Another project is opened: there is nothing to undo, to redo or to close.
+    void Forget();
     std::vector<std::string> UndoNames() const;
     std::vector<std::string> RedoNames() const;
 

@@ -34,7 +34,7 @@ void requireExpectations(const std::vector<Step>& steps)
 class Play
 {
 public:
-    Play(Stage& theStage, const PlayOptions& theOptions) : stage(theStage), options(theOptions) {}
+    explicit Play(Stage& theStage) : stage(theStage) {}
 
     void Run(const Step& step)
     {
@@ -76,7 +76,6 @@ private:
     }
 
     Stage& stage;
-    const PlayOptions& options;
 };
 
 std::string trimmed(const std::string& text)
@@ -133,7 +132,7 @@ Outcome PlayScenario(const std::vector<Step>& steps, const PlayOptions& options)
     stage.pictures = options.pictures;
     if (!loadsByItself(steps))
         stage.session.bundle.LoadAll(stage.host());
-    Play play(stage, options);
+    Play play(stage);
     for (const Step& step : steps)
     {
         options.onStep(step.statement);

@@ -89,6 +89,7 @@ std::string QuotedList(const std::vector<std::string>& texts)
 Stage::Stage(const std::string& bundleFile, DisplayChoice display) : session(bundleFile, display)
 {
     AddCandidate("Layer");
+    AddCandidate(""); // An empty name is drawn as it is.
     for (int number = 1; number <= mostGroups; ++number)
         AddCandidate(groupName(number));
     AddCandidate("Not Found");

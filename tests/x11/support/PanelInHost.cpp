@@ -29,7 +29,10 @@ PanelInHost::PanelInHost(HostOptions options) : host(options), bundle(VORTAN_BUN
     }
     host.User().SelectLayers({layer});
     host.SetContainerProvider(&window);
-    bundle.LoadAll(host);
+    EXPECT_EQ(bundle.LoadIdleSuite(host).result.error, errNone);
+    const LoadedPlugin panelPlugin = bundle.LoadPanel(host);
+    EXPECT_EQ(panelPlugin.result.error, errNone);
+    keptBlocks = std::make_unique<KeptBlocks>(host, panelPlugin);
     Point(Desktop());
 }
 
@@ -39,6 +42,7 @@ PanelInHost::~PanelInHost()
     EXPECT_EQ(host.FindingsReport(), "");
     EXPECT_EQ(window.TakeErrors(), 0);
     EXPECT_TRUE(window.HasItsErrorHandler());
+    keptBlocks->Free();
 }
 
 void PanelInHost::Die()
@@ -56,16 +60,18 @@ void PanelInHost::Open()
     rootChildrenBefore = window.ChildrenOfRoot();
 }
 
-HookResult PanelInHost::CreateAgain(void* view)
+HookResult PanelInHost::CreateWith(void* view, PanelFunctions& functions)
 {
     const auto* panel = host.FindPanel(panelName);
-    const HookResult result = host.RunInHook(
-        [&]
-        {
-            PanelFunctions functions{};
-            void* refcon = nullptr;
-            return panel->hook(panel->refcon, panel->refcon, view, panel->handle, &functions, &refcon);
-        });
+    void* refcon = nullptr;
+    return host.RunInHook(
+        [&] { return panel->hook(panel->refcon, panel->refcon, view, panel->handle, &functions, &refcon); });
+}
+
+HookResult PanelInHost::CreateAgain(void* view)
+{
+    PanelFunctions functions{};
+    const HookResult result = CreateWith(view, functions);
     // A new tree is filled by the next change, or when somebody asks for it.
     (void)Sibling(host).RefreshPanel();
     return result;

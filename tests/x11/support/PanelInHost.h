@@ -7,12 +7,14 @@
 #include "standin/session/Bundle.h"
 #include "standin/x11/XTestInput.h"
 #include "standin/x11/Xvfb.h"
+#include "tests/support/KeptBlocks.h"
 #include "tests/x11/support/PlainHost.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -37,6 +39,8 @@ protected:
     void Open();
     /// The create hook once more, with the container as it is or with another view.
     HookResult CreateAgain(void* view);
+    /// The create hook as it stands, with the host's function table.
+    HookResult CreateWith(void* view, PanelFunctions& functions);
     /// The death hook, once; nothing may be called afterwards.
     void Die();
 
@@ -87,6 +91,7 @@ protected:
     int layer = 0;
 
 private:
+    std::unique_ptr<KeptBlocks> keptBlocks;
     int rootChildrenBefore = 0;
     bool isDead = false;
 };

@@ -24,6 +24,8 @@ int noteError(Display*, XErrorEvent*)
     return 0;
 }
 
+int noteOtherError(Display*, XErrorEvent*) { return 0; }
+
 std::string textOf(XKeyEvent& key)
 {
     const std::pair<unsigned, const char*> modifiers[] = {{ControlMask, "ctrl+"}, {ShiftMask, "shift+"},
@@ -51,6 +53,7 @@ struct PlainHost::Windows
     std::vector<std::string> keys;
     XKeyEvent lastKey{};
     XErrorHandler formerHandler = nullptr;
+    std::function<void()> whileMakingContainer;
 
     Window makeTop() const
     {
@@ -189,6 +192,24 @@ void PlainHost::MakeAnError()
     (void)XSync(windows->display, False);
 }
 
+void PlainHost::UseDefaultErrorHandler() { (void)XSetErrorHandler(nullptr); }
+
+void PlainHost::SetOtherErrorHandler() { (void)XSetErrorHandler(&noteOtherError); }
+
+void PlainHost::UseOwnErrorHandler() { (void)XSetErrorHandler(&noteError); }
+
+bool PlainHost::HasOtherErrorHandler()
+{
+    const XErrorHandler present = XSetErrorHandler(&noteError);
+    (void)XSetErrorHandler(present);
+    return present == &noteOtherError;
+}
+
+void PlainHost::SetWhileMakingContainer(std::function<void()> action)
+{
+    windows->whileMakingContainer = std::move(action);
+}
+
 unsigned long PlainHost::TopWindow() const { return windows->top; }
 unsigned long PlainHost::Container() const { return windows->container; }
 
@@ -317,6 +338,8 @@ void PlainHost::MoveContainerToNewTop()
 
 void* PlainHost::MakeContainer(const std::string&)
 {
+    if (windows->whileMakingContainer)
+        windows->whileMakingContainer();
     windows->container =
         XCreateSimpleWindow(windows->display, windows->top, 0, 0, panelWidth, panelHeight, 0, 0, 0x404040);
     if (windows->start == ContainerStart::mapped)

@@ -4,6 +4,7 @@
 
 #include "standin/core/ContainerProvider.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -82,6 +83,14 @@ public:
     bool HasItsErrorHandler() const;
     /// Has the server refuse a request of the host's.
     void MakeAnError();
+    /// Lets Xlib's own handler have the errors, which ends the program at the first.
+    static void UseDefaultErrorHandler();
+    /// Sets another handler of the host's, and tells whether it is still that one.
+    static void SetOtherErrorHandler();
+    static bool HasOtherErrorHandler();
+    static void UseOwnErrorHandler();
+    /// What the host does besides whenever it makes a container.
+    void SetWhileMakingContainer(std::function<void()> action);
 
     unsigned long TopWindow() const;
     unsigned long Container() const;

@@ -1,0 +1,31 @@
+#pragma once
+// What the program was called with.
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace standin
+{
+struct DesktopArguments
+{
+    std::string bundle;              ///< Empty for the bundle beside the program.
+    std::string project;             ///< Empty for a new project with one composition and one layer.
+    std::optional<std::string> tour; ///< The folder that the guided tour leaves its pictures in.
+    double scale = 1;                ///< How much larger than usual everything is drawn.
+    bool isForHelp = false;
+};
+
+class ArgumentError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Without the program's own name. Throws ArgumentError, in words for a user.
+DesktopArguments ReadArguments(const std::vector<std::string>& arguments);
+
+/// What --help prints.
+extern const char* const desktopHelp;
+} // namespace standin

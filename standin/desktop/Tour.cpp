@@ -1,0 +1,323 @@
+#include "standin/desktop/Tour.h"
+
+#include <cstdio>
+#include <stdexcept>
+
+namespace standin
+{
+namespace
+{
+// Places in the panel's toolbar.
+constexpr int buttonX = 40;
+constexpr int addGeometryY = 15;
+constexpr int addEffectorY = 31;
+constexpr int addRendererY = 47;
+constexpr int addGroupY = 63;
+
+bool hasEffects(const Shown& shown, std::size_t count) { return shown.effects.size() == count; }
+
+const ShownEffect* find(const Shown& shown, const std::string& name)
+{
+    for (const ShownEffect& effect : shown.effects)
+        if (effect.name == name)
+            return &effect;
+    return nullptr;
+}
+
+std::string textOf(const ShownEffect& effect)
+{
+    return (effect.isOn ? "[x] " : "[ ] ") + effect.name +
+           (effect.group > 0 ? " (group " + std::to_string(effect.group) + ")" : "") +
+           (effect.isHidden ? " (hidden)" : "");
+}
+} // namespace
+
+Tour::Tour(Workbench& theBench, DesktopWindow& theWindow, const std::string& folderName)
+    : Thread("tour"),
+      bench(theBench),
+      window(theWindow),
+      folder(juce::File::getCurrentWorkingDirectory().getChildFile(juce::String(folderName)))
+{
+    if (folder.createDirectory().failed())
+        throw std::runtime_error(folderName + ": the folder cannot be made");
+    startThread();
+}
+
+Tour::~Tour() { stopThread(-1); }
+
+void Tour::run()
+{
+    try
+    {
+        play();
+    }
+    catch (const std::exception& error)
+    {
+        picture("ended-early");
+        print(std::string("\nThe tour ended early: ") + error.what() + "\n");
+        juce::MessageManager::callAsync(
+            []
+            {
+                juce::JUCEApplicationBase::getInstance()->setApplicationReturnValue(1);
+                juce::JUCEApplicationBase::quit();
+            });
+        return;
+    }
+    juce::MessageManager::callAsync([] { juce::JUCEApplicationBase::quit(); });
+}
+
+void Tour::play()
+{
+    hands = std::make_unique<TourHands>(bench, window);
+    showTheDesktop();
+    addFromThePanel();
+    workInThePanel();
+    undoAllAndRedoAll();
+    workInTheEffectControls();
+    useSiblingsAndDock();
+    const std::string calls = hands->OnMain([this] { return bench.Calls().Text(); });
+    const juce::File file = folder.getChildFile("calls.txt");
+    if (!file.replaceWithText(theme::Text(calls)))
+        throw std::runtime_error(file.getFullPathName().toStdString() + ": cannot be written");
+    print("\nThe tour is over. Its pictures and the calls of the bundle are in " +
+          folder.getFullPathName().toStdString() + "\n");
+}
+
+void Tour::print(const std::string& text) { bench.Printed().PrintBehind(text); }
+
+Shown Tour::now()
+{
+    return hands->OnMain([this] { return ShowHost(bench.TheHost()); });
+}
+
+void Tour::tell(const std::string& sentence, const std::function<void()>& action,
+                const std::function<bool(const Shown&)>& expected)
+{
+    print("\n" + std::to_string(++step) + ". " + sentence + "\n");
+    action();
+    if (!hands->Until([&] { return expected(ShowHost(bench.TheHost())); }))
+    {
+        printSides();
+        (void)folder.getChildFile("calls.txt")
+            .replaceWithText(theme::Text(hands->OnMain([this] { return bench.Calls().Text(); })));
+        throw std::runtime_error("what the last step says did not come about");
+    }
+    hands->LetIdle(4);
+    printSides();
+}
+
+void Tour::require(const std::function<bool()>& seen)
+{
+    constexpr int looks = 100;
+    for (int i = 0; i < looks; ++i)
+    {
+        if (seen())
+            return;
+        hands->LetIdle(2);
+    }
+    throw std::runtime_error("what the last step says is not to be seen");
+}
+
+void Tour::printSides()
+{
+    const Shown shown = now();
+    std::string text = "   layer:";
+    for (const ShownEffect& effect : shown.effects)
+        text += "  " + textOf(effect);
+    const auto steps = hands->OnMain([this] { return bench.TheHost().UndoNames(); });
+    text += "\n   undo:   " +
+            (steps.empty() ? "nothing"
+                           : std::to_string(steps.size()) + (steps.size() == 1 ? " step" : " steps") +
+                                 ", the last is \"" + steps.back() + "\"") +
+            "\n";
+    print(text);
+}
+
+void Tour::picture(const std::string& name)
+{
+    const juce::String number = juce::String(++pictures).paddedLeft('0', 2);
+    const juce::File file = folder.getChildFile(number + "-" + juce::String(name) + ".png");
+    hands->TakePicture(file);
+    print("   picture: " + file.getFileName().toStdString() + "\n");
+}
+
+void Tour::showTheDesktop()
+{
+    tell(
+        "The desktop opens on a sample project. The panel is docked at the right and shows the active layer.",
+        [this] { hands->LetIdle(5); }, [](const Shown& shown) { return shown.activeLayerName == "Logo"; });
+    picture("opened");
+    tell(
+        "A click on the layer \"Backdrop\" makes it the active one. The panel offers to begin.",
+        [this] { hands->Click("layers", 80, theme::rowHeight + 12); },
+        [](const Shown& shown) { return shown.activeLayerName == "Backdrop" && shown.effects.empty(); });
+}
+
+void Tour::addFromThePanel()
+{
+    tell(
+        "\"Add Vortan\" in the panel adds the main effect.",
+        [this] { hands->ClickPanel(buttonX, addGeometryY); },
+        [](const Shown& shown) { return find(shown, "Vortan") != nullptr; });
+    const auto choose = [this](int y, int entry)
+    {
+        hands->ClickPanel(buttonX, y);
+        hands->LetIdle(6);
+        for (int i = 0; i < entry; ++i)
+            hands->Key("Down");
+        if (y == addRendererY)
+            picture("menu");
+        hands->Key("Return");
+    };
+    tell(
+        "\"Add Geometry\" opens a menu; its first entry adds an object.", [&] { choose(addGeometryY, 1); },
+        [](const Shown& shown) { return hasEffects(shown, 2); });
+    tell(
+        "\"Add Effector\": the second entry.", [&] { choose(addEffectorY, 2); },
+        [](const Shown& shown) { return hasEffects(shown, 3); });
+    tell(
+        "\"Add Renderer\": the first entry.", [&] { choose(addRendererY, 1); },
+        [](const Shown& shown) { return hasEffects(shown, 4); });
+}
+
+void Tour::workInThePanel()
+{
+    const std::vector<std::string> rows = PanelRows(now());
+    tell(
+        "In the panel, a click selects \"" + rows.at(1) +
+            "\", Return opens its name, and it becomes \"glow\".",
+        [&]
+        {
+            hands->ClickRow(rows.at(1));
+            hands->LetIdle(4);
+            hands->Key("Return");
+            hands->LetIdle(2);
+            hands->Keys({"Control_L"}, "a");
+            hands->Type("glow");
+            hands->Key("Return");
+        },
+        [](const Shown& shown) { return find(shown, "glow") != nullptr; });
+    tell(
+        "\"Add Group\" makes a group, and \"glow\" is dragged into it.",
+        [this]
+        {
+            hands->ClickPanel(buttonX, addGroupY);
+            hands->LetIdle(4);
+            hands->NoteNewGroup("Group 1");
+            hands->DragRowInto("glow", "Group 1");
+        },
+        [](const Shown& shown) { return find(shown, "glow") != nullptr && find(shown, "glow")->group == 1; });
+    tell(
+        "\"" + rows.at(2) + "\" follows it.", [&] { hands->DragRowBelow(rows.at(2), "glow"); },
+        [&](const Shown& shown) { return find(shown, rows.at(2))->group == 1; });
+    tell(
+        "A click on its box switches \"glow\" off.", [this] { hands->ClickBox("glow"); },
+        [](const Shown& shown) { return !find(shown, "glow")->isOn; });
+    picture("grouped");
+}
+
+void Tour::undoAllAndRedoAll()
+{
+    while (now().canUndo)
+    {
+        const std::size_t steps = hands->OnMain([this] { return bench.TheHost().UndoNames().size(); });
+        tell(
+            "Edit > Undo" +
+                (now().undoName.empty() ? std::string(" (a step without a name)") : " " + now().undoName) +
+                ". The panel follows.",
+            [this] { hands->ChooseFromMenu("Edit", 0); },
+            [&](const Shown&) { return bench.TheHost().UndoNames().size() == steps - 1; });
+    }
+    tell(
+        "Everything is undone. Ctrl+Shift+Z brings all of it back.",
+        [this]
+        {
+            while (now().canRedo)
+                hands->Keys({"Control_L", "Shift_L"}, "z");
+        },
+        [](const Shown& shown) { return !shown.canRedo && find(shown, "glow") != nullptr; });
+}
+
+void Tour::workInTheEffectControls()
+{
+    const auto rowOf = [this](std::size_t index)
+    {
+        const Shown shown = now();
+        int top = 0;
+        for (std::size_t i = 0; i < index; ++i)
+            top += HeightOfEffect(shown.effects.at(i));
+        return top + theme::rowHeight / 2;
+    };
+    tell(
+        "In the effect controls, a double click opens a name; it becomes \"lamp\", and the panel shows it.",
+        [&]
+        {
+            hands->DoubleClick("effects", 90, rowOf(0));
+            hands->LetIdle(2);
+            hands->Type("lamp");
+            hands->Key("Return");
+        },
+        [](const Shown& shown) { return shown.effects.front().name == "lamp"; });
+    const std::string third = now().effects.at(2).name;
+    tell(
+        "\"" + third + "\" is dragged to the top of the stack.",
+        [&] {
+            hands->Drag("effects", {90, rowOf(2)}, {90, 3});
+        },
+        [&](const Shown& shown) { return shown.effects.front().name == third; });
+    tell(
+        "The first effect is twirled open.", [&] { hands->Click("effects", 12, rowOf(0)); },
+        [](const Shown& shown) { return shown.effects.front().isOpen; });
+}
+
+void Tour::useSiblingsAndDock()
+{
+    tell(
+        "A sibling effect notifies the panel: Siblings > Notify the Panel.",
+        [this]
+        {
+            hands->ChooseFromMenu("Siblings", 3);
+            hands->LetIdle(5);
+            hands->Type("rendered 120 frames");
+            hands->Key("Return");
+            require([this] { return hands->SeesNotification(); });
+        },
+        [](const Shown&) { return true; });
+    picture("notified");
+    tell(
+        "The Window menu has the panel's entry, with its mark, through the bundle's update hook.",
+        [this] { hands->OpenMenu("Window"); },
+        [this](const Shown&)
+        {
+            const auto& items = bench.TheHost().MenuItems();
+            return items.size() == 1 && items.front().enabled && items.front().ticked;
+        });
+    picture("window-menu");
+    hands->Key("Escape");
+    tell(
+        "The panel goes into a window of its own.", [this] { hands->ChooseFromMenu("Window", 2); },
+        [this](const Shown&) { return bench.TheDock().Place() == PanelPlace::floating; });
+    hands->LetIdle(10);
+    picture("undocked");
+    tell(
+        "It goes back into the dock, and the other tab is put in front of it.",
+        [this]
+        {
+            hands->ChooseFromMenu("Window", 3);
+            hands->LetIdle(4);
+            hands->Click("dock", 260, 12);
+        },
+        [this](const Shown&)
+        { return bench.TheDock().Place() == PanelPlace::docked && !bench.TheDock().PanelIsInFront(); });
+    tell(
+        "The calls of the bundle are filtered for what it writes.",
+        [this]
+        {
+            hands->Click("filter", 60, 10);
+            hands->Type("set");
+            require([this] { return hands->TextIn("filter") == "set"; });
+        },
+        [](const Shown&) { return true; });
+    picture("filtered");
+}
+} // namespace standin

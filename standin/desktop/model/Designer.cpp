@@ -1,0 +1,218 @@
+#include "standin/desktop/model/Designer.h"
+
+#include <algorithm>
+
+#include "standin/core/HostParts.h"
+
+namespace standin
+{
+namespace
+{
+template <class Value>
+void toggle(std::vector<Value>& values, Value value)
+{
+    const auto found = std::find(values.begin(), values.end(), value);
+    if (found == values.end())
+        values.push_back(value);
+    else
+        values.erase(found);
+}
+
+int activeLayerOf(const HostParts& parts)
+{
+    return parts.selection.ActiveLayer(parts.project, parts.options.focusInPanel);
+}
+} // namespace
+
+std::string Designer::unusedName(const char* kind, const std::vector<std::string>& taken) const
+{
+    for (int number = 1;; ++number)
+    {
+        const std::string name = std::string(kind) + " " + std::to_string(number);
+        if (std::find(taken.begin(), taken.end(), name) == taken.end())
+            return name;
+    }
+}
+
+int Designer::NewComposition()
+{
+    HostParts& parts = host.Parts();
+    std::vector<std::string> taken;
+    for (const Item& item : parts.project.items)
+        taken.push_back(item.name);
+    const ProjectState before = parts.project;
+    const int comp = host.AddComposition(unusedName("Comp", taken));
+    parts.undo.Change("New Composition", before, parts.project);
+    ClickItem(comp);
+    return comp;
+}
+
+int Designer::NewLayer()
+{
+    HostParts& parts = host.Parts();
+    const int comp = parts.selection.frontComp;
+    if (parts.project.FindItem(comp) == nullptr)
+        return 0;
+    std::vector<std::string> taken;
+    for (const Layer& layer : parts.project.layers)
+        if (layer.compId == comp)
+            taken.push_back(layer.name);
+    const ProjectState before = parts.project;
+    const int layer = host.AddLayer(comp, unusedName("Layer", taken));
+    parts.undo.Change("New Layer", before, parts.project);
+    ClickLayer(layer, Click::alone);
+    return layer;
+}
+
+void Designer::ClickItem(int itemId)
+{
+    const Item* item = host.State().FindItem(itemId);
+    if (item == nullptr)
+        return;
+    if (item->kind == ItemKind::composition)
+    {
+        host.User().OpenComposition(itemId);
+        host.User().Activate(ActivePanel::timeline);
+        return;
+    }
+    host.User().SelectItems({itemId});
+    host.User().Activate(ActivePanel::project);
+}
+
+void Designer::ClickLayer(int layerId, Click click)
+{
+    if (host.State().FindLayer(layerId) == nullptr)
+        return;
+    std::vector<int> layers;
+    if (click == Click::toggle)
+    {
+        layers = host.Parts().selection.layers;
+        toggle(layers, layerId);
+    }
+    else
+        layers = {layerId};
+    host.User().SelectLayers(std::move(layers));
+    host.User().Activate(ActivePanel::timeline);
+}
+
+void Designer::SelectNoLayer()
+{
+    host.User().SelectLayers({});
+    host.User().Activate(ActivePanel::timeline);
+}
+
+const EffectInstance* Designer::find(int effectId) const { return host.State().FindEffect(effectId); }
+
+/// The controls show the active layer, so that it stays the active one when they get the focus.
+void Designer::focusControls()
+{
+    const int layer = activeLayerOf(host.Parts());
+    if (layer == 0)
+        return;
+    host.User().ShowEffectControls(layer);
+    host.User().Activate(ActivePanel::effectControls);
+}
+
+void Designer::ClickEffect(int effectId)
+{
+    if (find(effectId) == nullptr)
+        return;
+    focusControls();
+    host.Parts().selection.effect = effectId;
+}
+
+void Designer::ClickNoEffect()
+{
+    focusControls();
+    host.User().SelectNoEffect();
+}
+
+int Designer::Apply(const std::string& matchName)
+{
+    const int layer = activeLayerOf(host.Parts());
+    if (layer == 0)
+        return 0;
+    const int effect = host.User().Apply(layer, matchName);
+    host.Parts().selection.effect = effect;
+    return effect;
+}
+
+void Designer::ToggleSwitch(int effectId)
+{
+    if (const EffectInstance* effect = find(effectId))
+        host.User().SetActive(effect->label, (effect->flags & effectActive) != 0 ? Switch::off : Switch::on);
+}
+
+void Designer::ToggleHidden(int effectId)
+{
+    if (const EffectInstance* effect = find(effectId))
+        host.User().SetHidden(effect->label, effect->groupHidden ? Switch::off : Switch::on);
+}
+
+void Designer::ToggleTwirl(int effectId)
+{
+    if (find(effectId) != nullptr)
+        host.Parts().twirledOpen[effectId] = !host.Parts().twirledOpen[effectId];
+}
+
+void Designer::Rename(int effectId, const std::string& name)
+{
+    const EffectInstance* effect = find(effectId);
+    if (effect != nullptr && host.NameOf(effect->label) != name)
+        host.User().Rename(effect->label, name);
+}
+
+void Designer::MoveToGap(int effectId, int gap)
+{
+    const Layer* layer = host.State().FindLayerOfEffect(effectId);
+    if (layer == nullptr)
+        return;
+    const auto& effects = layer->effects;
+    const auto found = std::find_if(effects.begin(), effects.end(),
+                                    [&](const EffectInstance& effect) { return effect.id == effectId; });
+    const int from = static_cast<int>(found - effects.begin());
+    const int count = static_cast<int>(effects.size());
+    const int to = std::clamp(gap > from ? gap - 1 : gap, 0, count - 1);
+    if (to != from)
+        host.User().Reorder(found->label, to);
+}
+
+void Designer::Duplicate(int effectId)
+{
+    if (const EffectInstance* effect = find(effectId))
+        host.Parts().selection.effect = host.User().Duplicate(effect->label);
+}
+
+void Designer::Delete(int effectId)
+{
+    if (const EffectInstance* effect = find(effectId))
+        host.User().Delete(effect->label);
+}
+
+int Designer::SelectedEffect() const
+{
+    const HostParts& parts = host.Parts();
+    const Layer* layer = parts.project.FindLayer(activeLayerOf(parts));
+    if (layer == nullptr)
+        return 0;
+    for (const EffectInstance& effect : layer->effects)
+        if (effect.id == parts.selection.effect)
+            return effect.id;
+    return 0;
+}
+
+void Designer::Undo() { (void)host.RunCommand(commandUndo); }
+
+void Designer::Redo() { (void)host.RunCommand(commandRedo); }
+
+EffectCategories CategoriesOf(const Host& host)
+{
+    EffectCategories categories;
+    for (const InstalledEffect& effect : host.InstalledEffects())
+        categories[effect.category].push_back({effect.defaultName, effect.matchName});
+    for (auto& [category, entries] : categories)
+        std::sort(entries.begin(), entries.end(),
+                  [](const EffectEntry& a, const EffectEntry& b) { return a.name < b.name; });
+    return categories;
+}
+} // namespace standin

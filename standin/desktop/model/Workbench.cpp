@@ -1,0 +1,162 @@
+#include "standin/desktop/model/Workbench.h"
+
+#include "standin/family/Family.h"
+#include "standin/project/ProjectFile.h"
+
+namespace standin
+{
+Workbench::Workbench(ContainerProvider& containers)
+{
+    InstallFamily(host);
+    host.SetContainerProvider(&containers);
+}
+
+void Workbench::LoadBundle(const std::string& file)
+{
+    bundle = std::make_unique<Bundle>(file);
+    bundle->LoadAll(host);
+    Collect("Entry points");
+    messages.Add(MessageKind::note, "Loaded " + file);
+}
+
+void Workbench::Idle(double now, IdleMode mode)
+{
+    if (mode == IdleMode::starved)
+        return;
+    Collect("Between idle passes");
+    const std::size_t before = host.Trace().Count();
+    (void)host.RunIdle(mode);
+    meter.Tick(now);
+    ++idles;
+    callsInLastPass = host.Trace().Count() - before;
+    Collect("Idle pass");
+}
+
+void Workbench::Collect(const std::string& origin)
+{
+    calls.Add(origin, host.CallTexts());
+    host.ClearTrace();
+    for (const std::string& line : printed.Take())
+        messages.Add(MessageKind::printed, line);
+    const std::vector<Alert>& alerts = host.Alerts();
+    for (; alertsTaken < alerts.size(); ++alertsTaken)
+        messages.Add(MessageKind::alert, alerts[alertsTaken].text);
+    takeFindings();
+}
+
+void Workbench::takeFindings()
+{
+    const std::vector<Finding> all = host.Findings().All();
+    for (; findings < all.size(); ++findings)
+        messages.Add(MessageKind::finding, all[findings].Text());
+}
+
+bool Workbench::Open(const std::string& path)
+{
+    try
+    {
+        OpenProject(host, path);
+        messages.Add(MessageKind::note, "Opened " + path);
+        return true;
+    }
+    catch (const ProjectFileError& error)
+    {
+        messages.Add(MessageKind::failure, error.what());
+        return false;
+    }
+}
+
+bool Workbench::Save(const std::string& path)
+{
+    try
+    {
+        SaveProject(host, path);
+        messages.Add(MessageKind::note, "Saved " + path);
+        return true;
+    }
+    catch (const ProjectFileError& error)
+    {
+        messages.Add(MessageKind::failure, error.what());
+        return false;
+    }
+}
+
+std::vector<MenuItem> Workbench::WindowMenu()
+{
+    (void)host.UpdateMenus();
+    Collect("Update menus");
+    std::vector<MenuItem> items;
+    for (const MenuItem& item : host.MenuItems())
+        if (item.menu == menuWindow)
+            items.push_back(item);
+    return items;
+}
+
+void Workbench::ChooseFromWindowMenu(const std::string& name)
+{
+    if (!host.ChooseMenuItem(name))
+        messages.Add(MessageKind::failure, "No plug-in took the menu entry \"" + name + "\"");
+    Collect("Menu entry \"" + name + "\"");
+}
+
+template <class Call>
+void Workbench::asSibling(const char* what, Call call)
+{
+    if (bundle == nullptr)
+        return messages.Add(MessageKind::failure, std::string(what) + ": no bundle is loaded");
+    Sibling sibling(host);
+    try
+    {
+        call(sibling);
+    }
+    catch (const std::runtime_error& error)
+    {
+        messages.Add(MessageKind::failure, std::string(what) + ": " + error.what());
+    }
+    Collect(what);
+}
+
+void Workbench::SiblingOpensPanel(Force force)
+{
+    asSibling("A sibling opens the panel", [force](Sibling& sibling) { (void)sibling.OpenPanel(force); });
+}
+
+void Workbench::SiblingRefreshes()
+{
+    asSibling("A sibling refreshes the panel", [](Sibling& sibling) { (void)sibling.RefreshPanel(); });
+}
+
+void Workbench::SiblingNotifies(const std::string& text)
+{
+    asSibling("A sibling notifies the panel",
+              [&](Sibling& sibling) { (void)sibling.NotifyPanel(text.c_str()); });
+}
+
+void Workbench::SiblingQueues(int count)
+{
+    asSibling("A sibling queues functions",
+              [this, count](Sibling& sibling)
+              {
+                  for (int i = 0; i < count; ++i)
+                      (void)sibling.QueueIdleFunction(&Workbench::noteQueued, this);
+              });
+}
+
+int Workbench::noteQueued(int, void*, void* refcon)
+{
+    auto& self = *static_cast<Workbench*>(refcon);
+    self.messages.Add(MessageKind::note, "Queued function " + std::to_string(++self.queuedSoFar) + " ran");
+    return errNone;
+}
+
+std::string Workbench::Quit()
+{
+    Collect("Between idle passes");
+    if (bundle != nullptr)
+        host.Expect("unbalanced-suite", "",
+                    "the panel and its controller hold their suites until the host ends");
+    host.Quit();
+    Collect("The end");
+    return host.FindingsReport();
+}
+} // namespace standin

@@ -1,0 +1,56 @@
+#pragma once
+// The native views of panels: plain X11 windows, children of a window of the desktop, on a connection of
+// their own. The plug-in puts its panel into one and knows nothing of what is around it.
+
+#include <string>
+#include <vector>
+
+#include "standin/core/ContainerProvider.h"
+
+namespace standin
+{
+/// In pixels of the screen, from the top-left of the window around it.
+struct NativeArea
+{
+    int x = 0;
+    int y = 0;
+    int width = 1;
+    int height = 1;
+};
+
+class X11Containers : public ContainerProvider
+{
+public:
+    /// Throws std::runtime_error without a display.
+    X11Containers();
+    ~X11Containers() override;
+    X11Containers(const X11Containers&) = delete;
+    X11Containers& operator=(const X11Containers&) = delete;
+
+    void* MakeContainer(const std::string& panelName) override;
+    void DestroyContainer(void* container) override;
+    void ShowContainer(void* container, Visibility visibility) override;
+
+    /// Where containers are, and will be: in this X11 window. One that is there already is moved.
+    void Place(unsigned long parentWindow, NativeArea area);
+    /// Whether the keyboard focus is in one of them.
+    bool HasFocus() const;
+    /// Gives the focus to a window of the desktop if nobody has it: a menu that closes leaves it on the
+    /// screen's root where no window manager hands it on.
+    void FetchLostFocus(unsigned long window) const;
+    /// Sends the window a message that means nothing. JUCE looks for its events when something new arrives
+    /// from the server, and leaves lying what came in along with the answer to a question of its own; an open
+    /// menu asks one twenty times a second. Without this a key or a click may wait for the next move of the
+    /// mouse.
+    void Wake(unsigned long window) const;
+
+private:
+    struct Connection;
+    bool isContainer(unsigned long window) const;
+
+    Connection* connection;
+    unsigned long parent = 0;
+    NativeArea place;
+    std::vector<unsigned long> containers;
+};
+} // namespace standin

@@ -1,0 +1,91 @@
+#pragma once
+// The built bundle as a host and a sibling effect know it: two entry points, two published tables of words,
+// and nothing else. Its own headers are not used here.
+
+#include "standin/core/Host.h"
+#include "standin/family/Family.h"
+#include "standin/session/Bundle.h"
+#include "tests/support/KeptBlocks.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace standin
+{
+/// The basic suite.
+struct BasicSlots
+{
+    A_Err (*acquire)(const char* name, A_long version, const void** table);
+    A_Err (*release)(const char* name, A_long version);
+    void (*others[5])();
+};
+
+/// "Vortan Idle Suite v1", 16 bytes.
+struct IdleWords
+{
+    void* ref;
+    int (*addFuncToIdleStack)(void* ref, int (*func)(int, void*, void*), void* refcon);
+};
+
+/// "Vortan Panel Suite v1", 32 bytes.
+struct PanelWords
+{
+    void* panelRef;
+    int (*openPanel)(void* panelRef, unsigned char force);
+    int (*refreshPanel)(void* panelRef);
+    int (*panelNotify)(void* panelRef, const char* text);
+};
+
+class BundleTest : public testing::Test
+{
+protected:
+    static constexpr const char* panelName = "Vortan Object Panel";
+    static constexpr const char* idleSuiteName = "Vortan Idle Suite v1";
+    static constexpr const char* panelSuiteName = "Vortan Panel Suite v1";
+
+    explicit BundleTest(HostOptions options = {});
+    ~BundleTest() override;
+
+    LoadedPlugin LoadIdleSuite() { return bundle.LoadIdleSuite(host); }
+    LoadedPlugin LoadPanel();
+
+    /// An entry point of the bundle by its exported name.
+    EntryPoint Entry(const char* name) const;
+
+    const BasicSlots& Basic() { return *static_cast<const BasicSlots*>(host.BasicSuite()); }
+    /// A published table, as a sibling gets it; null if it is not published.
+    const void* Published(const char* name);
+    const IdleWords& Idle() { return *static_cast<const IdleWords*>(Published(idleSuiteName)); }
+    const PanelWords& PanelTable() { return *static_cast<const PanelWords*>(Published(panelSuiteName)); }
+
+    /// The calls since the last time; without the traffic of suites if that is said.
+    std::vector<std::string> TakeCalls(SuiteTraffic traffic = SuiteTraffic::included);
+    std::vector<std::string> AlertTexts() const;
+
+    // The integer leaves an entry point or a hook, which the stand-in reports as a finding. It is intended.
+    void ExpectLoadThrows(int number);
+    void ExpectHookThrows(int number, const std::function<void()>& hook);
+
+    /// What `action` writes to standard output.
+    static std::string OutputOf(const std::function<void()>& action);
+
+    Host host;
+    Bundle bundle;
+    int layer = 0;
+
+private:
+    void expectFinding();
+
+    std::unique_ptr<KeptBlocks> keptBlocks;
+    bool isThrowExpected = false;
+    bool hasLoadFailed = false;
+};
+
+/// The words of a table, for a look at its layout.
+const void* WordOf(const void* table, int index);
+} // namespace standin

@@ -1,0 +1,95 @@
+// The program standin-desktop as it is called from a shell: what it says and how it ends.
+
+#include "standin/x11/Xvfb.h"
+#include "tests/standin_programs_desktop/Scratch.h"
+
+#include <cstdlib>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <optional>
+#include <sys/wait.h>
+
+namespace standin
+{
+namespace
+{
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+enum class Screen
+{
+    none,
+    own
+};
+
+struct Ending
+{
+    int exitCode = -1;
+    std::string output;
+    std::string errors;
+};
+
+class ProgramTest : public testing::Test
+{
+protected:
+    Ending Run(const std::string& arguments, Screen wanted = Screen::none)
+    {
+        std::optional<Xvfb> screen;
+        if (wanted == Screen::own)
+            screen.emplace(800, 600);
+        else
+            (void)unsetenv("DISPLAY");
+        const std::string command = std::string(STANDIN_DESKTOP) + " " + arguments + " >" +
+                                    scratch.Path("out") + " 2>" + scratch.Path("err");
+        const int status = std::system(command.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, scratch.Read("out"), scratch.Read("err")};
+    }
+
+    Scratch scratch;
+};
+} // namespace
+
+TEST_F(ProgramTest, HelpNamesEveryOption)
+{
+    const Ending ending = Run("--help");
+    EXPECT_EQ(ending.exitCode, 0);
+    for (const char* option : {"--bundle", "--scale", "--tour", "--help", "Exit codes"})
+        EXPECT_THAT(ending.output, HasSubstr(option));
+    EXPECT_THAT(ending.errors, IsEmpty());
+}
+
+TEST_F(ProgramTest, WrongUsageEndsWithTwo)
+{
+    EXPECT_EQ(Run("--colour").errors,
+              "standin-desktop: --colour: there is no such option; --help lists them\n");
+    EXPECT_EQ(Run("--colour").exitCode, 2);
+    EXPECT_EQ(Run("--bundle").errors, "standin-desktop: --bundle needs a value behind it\n");
+    EXPECT_EQ(Run("--scale nan").exitCode, 2);
+    EXPECT_EQ(Run("--scale 9").errors, "standin-desktop: --scale 9: a number from 0.5 to 4 belongs here\n");
+    EXPECT_EQ(Run("a.json b.json").errors, "standin-desktop: b.json: one project is open at a time\n");
+}
+
+TEST_F(ProgramTest, WithoutADisplayItEndsWithFour)
+{
+    const Ending ending = Run("");
+    EXPECT_EQ(ending.exitCode, 4);
+    EXPECT_EQ(ending.errors, "standin-desktop: there is no display; --tour plays on a screen of its own\n");
+}
+
+TEST_F(ProgramTest, AFileThatIsMissingOrWrongEndsWithThree)
+{
+    const Ending noBundle = Run("--bundle " + scratch.Path("none.so"), Screen::own);
+    EXPECT_EQ(noBundle.exitCode, 3);
+    EXPECT_EQ(noBundle.errors, "standin-desktop: " + scratch.Path("none.so") + ": there is no such file\n");
+
+    scratch.Write("text.so", "no code");
+    const Ending noCode = Run("--bundle " + scratch.Path("text.so"), Screen::own);
+    EXPECT_EQ(noCode.exitCode, 3);
+    EXPECT_THAT(noCode.errors, HasSubstr("text.so is no bundle"));
+
+    scratch.Write("bad.json", "{}");
+    const Ending badProject = Run(scratch.Path("bad.json"), Screen::own);
+    EXPECT_EQ(badProject.exitCode, 3);
+    EXPECT_THAT(badProject.errors, HasSubstr("bad.json: the field \"format\" is missing"));
+}
+} // namespace standin

@@ -1,0 +1,55 @@
+#include "tests/support/KeptBlocks.h"
+
+#include "panel/VnPanelRef.h"
+#include "standin/core/HostParts.h"
+#include "tests/support/Sanitized.h"
+
+#include <utility>
+
+#if defined(VORTAN_TESTS_ARE_SANITIZED)
+extern "C" const char* __lsan_default_suppressions();
+
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
+{
+    return "leak:makeGlobalBlock\n"
+           "leak:makeIdleSuite\n";
+}
+#endif
+
+namespace standin
+{
+namespace
+{
+/// The hook is a plain function.
+KeptBlocks* current = nullptr;
+} // namespace
+
+KeptBlocks::KeptBlocks(Host& owner, const LoadedPlugin& panelPlugin) : host(owner), plugin(panelPlugin)
+{
+    current = this;
+    for (Panel& panel : host.Parts().panels.All())
+        createHook = std::exchange(panel.hook, &createPanel);
+}
+
+A_Err KeptBlocks::createPanel(void* global, void* refcon, void* container, PanelH panel,
+                              PanelFunctions* functions, void** outRefcon)
+{
+    const A_Err err = current->createHook(global, refcon, container, panel, functions, outRefcon);
+    current->panels.push_back(*outRefcon);
+    return err;
+}
+
+void KeptBlocks::Free()
+{
+    void* panelRef = nullptr;
+    for (const auto& hook : host.Parts().hooks.command)
+        panelRef = hook.refcon;
+    for (const auto& hook : host.Parts().hooks.idle)
+        panelRef = hook.pluginId == plugin.id ? hook.refcon : panelRef;
+    delete static_cast<VnPanelRef*>(panelRef);
+    // Their suites are held on purpose, so no destructor runs.
+    for (void* panel : panels)
+        ::operator delete(panel);
+    ::operator delete(plugin.globalRefcon);
+}
+} // namespace standin
