@@ -342,8 +342,9 @@ bool X11Embedding::wasLeftBehind(Window focused, int revert) const
     return focused == DefaultRootWindow(display) && revert == RevertToNone;
 }
 
-/// The panel holds the keyboard while the focus is on its window or on a menu of its own. A menu or the
-/// picture of a drag that goes away leaves the focus on the root window: it is fetched from there.
+/// The panel holds the keyboard while the focus is on its window. JUCE puts it on a menu or on the picture of
+/// a drag as well, which are windows of their own: when one of those goes away, a window manager finds nobody
+/// in charge and chooses the host. So it is taken back from them at once.
 void X11Embedding::examineFocus()
 {
     if (tree == nullptr)
@@ -351,15 +352,16 @@ void X11Embedding::examineFocus()
     Window focused = None;
     int revert = RevertToParent;
     XGetInputFocus(display, &focused, &revert);
-    if (IsTreeWindow(focused))
-        return holdKeyboard(Holding::yes);
-    if (holdsKeyboard && wasLeftBehind(focused, revert) && IsOnScreen(display, panelWindow))
+    const bool isOnPopup = focused != panelWindow && IsTreeWindow(focused);
+    const bool isLost = holdsKeyboard && wasLeftBehind(focused, revert);
+    if ((isOnPopup || isLost) && IsOnScreen(display, panelWindow))
     {
         (void)XSetInputFocus(display, panelWindow, RevertToParent, CurrentTime);
-        return;
+        focused = panelWindow;
     }
-    holdKeyboard(Holding::no);
-    host.NoteFocus(focused);
+    holdKeyboard(focused == panelWindow && panelWindow != None ? Holding::yes : Holding::no);
+    if (!holdsKeyboard)
+        host.NoteFocus(focused);
 }
 
 void X11Embedding::holdKeyboard(Holding holding)
