@@ -130,6 +130,7 @@ void IdlePass::compareLayer()
 
 void IdlePass::rebuildTree()
 {
+    // Kept: the layer wins. What was edited in the tree in the same interval goes with its contents.
     RefreshTree(panel.tree, readLayer());
     ApplyLayerTreeState(panel.stateTable, layerId, panel.tree);
     CacheLayerTreeState(panel.stateTable, layerId, panel.tree);
@@ -148,6 +149,8 @@ void IdlePass::compareTree()
         reportMismatch(layerItems, treeItems);
         LayerEffectChanges(panel.pluginId, panel.basicSuite, layer, layerItems, treeItems);
     }
+    // Kept: also noted if the host refused the change, so that the edit stays in the tree until a side
+    // changes.
     panel.treeHash = treeNow;
 }
 

@@ -232,6 +232,15 @@ TEST_F(KeyboardInADrag, StaysWithThePanel)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
+TEST_F(KeyboardInADrag, KeepsTheTreesKeysFromTheHostWithoutAUseForThem)
+{
+    Type("Delete");
+    IdleFor(30);
+    user.release();
+    EXPECT_TRUE(IdleUntil([this] { return Stack() == "c a b"; })) << Stack();
+    EXPECT_THAT(window.TakeKeys(), IsEmpty());
+}
+
 TEST_F(KeyboardInADrag, IsTheTreesRightAfterTheDrop)
 {
     user.release();

@@ -315,7 +315,9 @@ KeyUse X11Embedding::offerKey(const XEvent& event)
         return KeyUse::unused;
     if (event.type == KeyPress)
         WriteKeyLines(event.xkey);
-    return HandleTreeKey(tree, event);
+    const bool isOfTree = event.type == KeyPress && IsKeyOfTree(event.xkey);
+    const KeyUse use = HandleTreeKey(tree, event);
+    return isOfTree ? KeyUse::used : use;
 }
 
 /// JUCE would take the focus at the press and hear of it afterwards, which makes it forget where the press
