@@ -9,6 +9,11 @@ class App;
 
 namespace standin
 {
+#if STANDIN_HAS_SCREEN
 void AddPlayCommand(CLI::App& app, int& exitCode);
 void AddWordsCommand(CLI::App& app, int& exitCode);
+#endif
+void AddCheckCommand(CLI::App& app, int& exitCode);
+/// What the program calls itself with; no user sees it.
+void AddCheckAloneCommand(CLI::App& app);
 } // namespace standin

@@ -2,6 +2,7 @@
 
 #include "standin/cli/Commands.h"
 #include "standin/cli/ExitCodes.h"
+#include "standin/cli/OwnFiles.h"
 #include "standin/cli/SeparatePlay.h"
 
 #include <CLI/CLI.hpp>
@@ -23,14 +24,6 @@ struct Wishes
     bool verbose = false;
     bool checkOnly = false;
 };
-
-/// The bundle of the build that this program belongs to.
-std::string builtBundle()
-{
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return (program.parent_path().parent_path() / "VortanObjectPanel.so").string();
-}
 
 /// A file that is not there is another matter than one that says nonsense.
 int readAll(const Wishes& wishes, std::vector<std::vector<Step>>& scenarios)
@@ -98,7 +91,7 @@ int playAll(const Wishes& wishes)
 void AddPlayCommand(CLI::App& app, int& exitCode)
 {
     auto wishes = std::make_shared<Wishes>();
-    wishes->options.bundleFile = builtBundle();
+    wishes->options.bundleFile = BuiltBundle();
     CLI::App* play =
         app.add_subcommand("play", "Play scenarios: plain text, one action or expectation a line");
     play->add_option("FILE", wishes->files, "Scenarios, played one after the other")->required();

@@ -18,7 +18,7 @@ struct Arguments
 };
 
 /// Gives what was found instead; empty if the expectation holds.
-using Check = std::function<std::string(Stage&, const Arguments&)>;
+using Look = std::function<std::string(Stage&, const Arguments&)>;
 using Act = std::function<void(Stage&, const Arguments&)>;
 
 /// Capital words of a pattern are blanks: TEXT is one quoted text, TEXTS one or more, NUMBER a whole number,
@@ -36,7 +36,7 @@ struct Phrase
     const char* pattern;
     const char* help;
     Act act;     ///< Of a setting or an action.
-    Check check; ///< Of an expectation.
+    Look check; ///< Of an expectation.
 };
 
 /// A chapter of the reference.

@@ -87,6 +87,8 @@ std::string trimmed(const std::string& text)
 /// Leaves a picture of what went wrong beside the other pictures.
 std::string pictureOfFailure(Stage& stage, const Statement& statement)
 {
+    if (stage.pictures.empty())
+        return "";
     const std::string stem = std::filesystem::path(statement.file).stem().string();
     const std::string file = stage.pictures + "/" + stem + "-line-" + std::to_string(statement.line) + ".png";
     WritePng(stage.session.dock.Picture(stage.session.dock.WholeScreen()), file);

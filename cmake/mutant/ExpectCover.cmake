@@ -1,0 +1,20 @@
+# Compares the checks that STANDIN lists with those of the file COVERED, one id a line.
+cmake_minimum_required(VERSION 3.25)
+
+execute_process(COMMAND ${STANDIN} check --list OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCHALL "(^|\n)[a-z0-9-]+" listed "${output}")
+list(TRANSFORM listed STRIP)
+file(STRINGS ${COVERED} covered)
+
+list(LENGTH listed count)
+if(count LESS 10)
+  message(FATAL_ERROR "no list of checks: ${output}")
+endif()
+set(bare ${listed})
+list(REMOVE_ITEM bare ${covered})
+set(unknown ${covered})
+list(REMOVE_ITEM unknown ${listed})
+if(bare OR unknown)
+  message(FATAL_ERROR "checks without a mutant: ${bare}\nmutants of checks that there are not: ${unknown}")
+endif()
+message("${count} checks, each with a mutant")

@@ -1,0 +1,91 @@
+#include "standin/checks/CheckAlone.h"
+
+#include "standin/checks/CheckReport.h"
+#include "standin/session/Bundle.h"
+#if STANDIN_HAS_SCREEN
+#include "standin/session/Session.h"
+#endif
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
+
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
+
+namespace standin
+{
+namespace
+{
+void runInside(const std::string& id, Trial& trial)
+{
+    if (id == onlyLoad)
+    {
+        const Bundle bundle(trial.BundleFile());
+        trial.Require(true, "");
+        return;
+    }
+    const Check* const check = FindCheck(id);
+    if (check == nullptr)
+        throw std::logic_error("there is no check " + id);
+    check->run(trial);
+    if (trial.Looked() == 0)
+        throw std::logic_error("the check has looked at nothing");
+}
+
+/// What the check found becomes its word.
+Word judge(const std::string& id, Trial& trial, std::string& found)
+{
+    try
+    {
+        runInside(id, trial);
+        return Word::passed;
+    }
+    catch (const CheckFailure& failure)
+    {
+        found = failure.what();
+        return Word::failed;
+    }
+#if STANDIN_HAS_SCREEN
+    catch (const Session::DisplayMissing& missing)
+    {
+        found = missing.what();
+        return Word::noDisplay;
+    }
+#endif
+    catch (const std::exception& error)
+    {
+        found = error.what() + (trial.Place().empty() ? "" : "\nat: " + trial.Place());
+    }
+    catch (int number)
+    {
+        found = "the integer " + std::to_string(number) + " was thrown";
+    }
+    catch (...)
+    {
+        found = "something was thrown that is no exception";
+    }
+    return id == onlyLoad ? Word::noBundle : Word::failed;
+}
+} // namespace
+
+void RunCheckAlone(const std::string& bundleFile, const std::string& id, std::uint64_t seed)
+{
+    // The X server of a check must not hold the pipe open, nor may a check outlive who judges.
+    (void)fcntl(reportDescriptor, F_SETFD, FD_CLOEXEC);
+#ifdef __linux__
+    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
+#endif
+    const ReportWriter writer(reportDescriptor);
+    Trial trial(bundleFile, seed, [&](const std::string& place) { writer.Place(place); });
+    std::string found;
+    const Word word = judge(id, trial, found);
+    writer.End(trial, word, found);
+    // A check that looks at the end of the process has said so by its place.
+    if (trial.Place() == endOfProcess)
+        std::exit(0); // NOLINT(concurrency-mt-unsafe)
+    _exit(0);
+}
+} // namespace standin

@@ -1,0 +1,22 @@
+#pragma once
+// The inside of a check's process.
+
+#include "standin/checks/Check.h"
+
+#include <cstdint>
+#include <string>
+
+namespace standin
+{
+/// What `standin` calls itself with to run one check in this process.
+constexpr const char* aloneCommand = "check-alone";
+/// In place of a check's id: only load the bundle and look for its entry points.
+constexpr const char* onlyLoad = "load";
+/// The place of a check that looks at the process's own end: it is ended by exit and not at once.
+constexpr const char* endOfProcess = "the end of the process";
+/// The pipe for the report.
+constexpr int reportDescriptor = 3;
+
+/// Runs the check, writes its report, and ends the process.
+[[noreturn]] void RunCheckAlone(const std::string& bundleFile, const std::string& id, std::uint64_t seed);
+} // namespace standin

@@ -1,0 +1,116 @@
+#include "standin/checks/PanelScene.h"
+
+#include "standin/scenario/Parser.h"
+#include "standin/scenario/Phrase.h"
+
+#include <sstream>
+
+namespace standin
+{
+namespace
+{
+constexpr auto patience = std::chrono::seconds(5);
+
+Step stepFrom(const std::string& line)
+{
+    std::istringstream text(line);
+    return BindPhrase(ParseScenario(text, "check").front());
+}
+} // namespace
+
+PanelScene::PanelScene(Trial& theTrial, const HostOptions& options)
+    : Stage(theTrial.BundleFile(), DisplayChoice::own), trial(theTrial)
+{
+    host().Options() = options;
+    session.bundle.LoadAll(host());
+    composition = host().AddComposition("Comp 1");
+    layer = host().AddLayer(composition, "Solid 1");
+    host().User().SelectLayers({layer});
+}
+
+void PanelScene::AddObject(const std::string& name, int group)
+{
+    const int id = host().AddEffect(layer, "QVK VORTSRC Lamps");
+    EffectInstance& effect = *host().State().FindEffect(id);
+    effect.label = name;
+    effect.customName = name;
+    effect.family.group = static_cast<std::int16_t>(group);
+}
+
+void PanelScene::AddFourObjects()
+{
+    AddObject("lamp");
+    AddObject("mast", 1);
+    AddObject("lens", 1);
+    AddObject("disc");
+}
+
+void PanelScene::OpenPanel()
+{
+    (void)host().SetPanelState(Session::panelName, PanelState::frontmost);
+    Settle();
+}
+
+void PanelScene::Do(const std::string& line)
+{
+    trial.At(line);
+    const Step step = stepFrom(line);
+    for (const std::string& text : step.arguments.texts)
+        AddCandidate(text);
+    if (held == IdleHeld::no)
+        session.Forget();
+    step.phrase->act(*this, step.arguments);
+    if (held == IdleHeld::no)
+        Settle();
+}
+
+void PanelScene::Expect(const std::string& line)
+{
+    const Step step = stepFrom(line);
+    for (const std::string& text : step.arguments.texts)
+        AddCandidate(text);
+    std::string found = step.phrase->check(*this, step.arguments);
+    if (!found.empty() && held == IdleHeld::no)
+        (void)session.IdleUntil([&] { return (found = step.phrase->check(*this, step.arguments)).empty(); },
+                                patience);
+    trial.Require(found.empty(), line + ": " + found);
+}
+
+void PanelScene::Settle()
+{
+    session.Settle();
+    trial.RequireEqual(session.Thrown(), std::string(), "what left a hook");
+}
+
+void PanelScene::End()
+{
+    session.End();
+    trial.RequireNoFindings(host());
+    trial.RequireEqual(session.dock.Errors(), 0, "the number of errors that X told the host of");
+}
+
+std::vector<std::string> PanelScene::RowTexts()
+{
+    std::vector<std::string> shown;
+    for (const PanelRow& row : Rows())
+        shown.push_back(RowText(row));
+    return shown;
+}
+
+std::vector<std::string> PanelScene::StackNames()
+{
+    std::vector<std::string> names;
+    for (const EffectInstance& effect : host().State().FindLayer(layer)->effects)
+        names.push_back(host().NameOf(effect.label));
+    return names;
+}
+
+void PanelScene::RequireAgreement()
+{
+    std::vector<std::string> expected;
+    for (const PanelRow& row : RowsOfStack())
+        expected.push_back(RowText(row));
+    (void)session.IdleUntil([&] { return RowTexts() == expected; }, patience);
+    trial.RequireLines(RowTexts(), expected, "the rows of the panel");
+}
+} // namespace standin

@@ -1,0 +1,40 @@
+#pragma once
+// Surroundings for checks that look at the panel: a screen of their own, the bundle loaded, one composition
+// with one layer. It is a scenario's stage, so what a line of a scenario can do, a check can do with it.
+
+#include "standin/checks/Trial.h"
+#include "standin/scenario/Stage.h"
+
+namespace standin
+{
+class PanelScene : public Stage
+{
+public:
+    /// Loads the bundle's two entry points. The panel is not open yet.
+    explicit PanelScene(Trial& trial, const HostOptions& options = {});
+
+    /// Puts an effect of the family onto the layer under a name, in a group if that is not 0.
+    void AddObject(const std::string& name, int group = 0);
+    /// "lamp", "mast" in group 1 and "lens" in group 1, below which lies "disc".
+    void AddFourObjects();
+    void OpenPanel();
+    /// Carries out what a line of a scenario says, then idles until all is quiet, unless the idle is held.
+    void Do(const std::string& line);
+    /// Requires what a line of a scenario expects, with some patience.
+    void Expect(const std::string& line);
+    /// Idle passes until all is quiet.
+    void Settle();
+    /// Ends the host and requires that nothing was found and that X had no complaint.
+    void End();
+
+    /// The texts of the rows, a dash for each level: "Layer", "- Group 1", "-- lamp".
+    std::vector<std::string> RowTexts();
+    std::vector<std::string> StackNames();
+    /// The composition and the layer, with whatever is changed of them.
+    Layer& TheLayer() { return *host().State().FindLayer(layer); }
+    /// Idles until the rows are what the stack calls for.
+    void RequireAgreement();
+
+    Trial& trial;
+};
+} // namespace standin

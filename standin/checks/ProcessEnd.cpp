@@ -1,0 +1,38 @@
+// The host's end: the death hooks, and the process behind them.
+
+#include "standin/checks/CheckAlone.h"
+#include "standin/checks/Checks.h"
+#include "standin/checks/Scene.h"
+#include "standin/checks/Trial.h"
+
+namespace standin::checks
+{
+void DeathHook(Trial& trial)
+{
+    for (const SuitesAtDeath suites : {SuitesAtDeath::work, SuitesAtDeath::fail})
+    {
+        trial.At(suites == SuitesAtDeath::work ? "suites work in the death hook"
+                                               : "suites fail in the death hook");
+        HostOptions options;
+        options.suitesAtDeath = suites;
+        Scene scene(trial.BundleFile(), options);
+        scene.bundle.LoadAll(scene.host);
+        (void)scene.host.RunIdle();
+        (void)scene.TakeCalls();
+        scene.Quit();
+        trial.RequireLines(scene.TakeCalls(), {}, "the host calls of the death hook");
+        trial.RequireNoFindings(scene.host);
+    }
+}
+
+void ProcessEnd(Trial& trial)
+{
+    Scene scene(trial.BundleFile());
+    scene.bundle.LoadAll(scene.host);
+    for (int i = 0; i < 3; ++i)
+        trial.RequireEqual(scene.host.RunIdle().error, errNone, "the result of the idle hooks");
+    scene.Quit();
+    trial.RequireNoFindings(scene.host);
+    trial.At(endOfProcess);
+}
+} // namespace standin::checks

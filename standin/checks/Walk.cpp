@@ -1,0 +1,231 @@
+#include "standin/checks/Walk.h"
+
+#include "standin/checks/Walker.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace standin
+{
+namespace
+{
+using Clock = std::chrono::steady_clock;
+using Steps = std::vector<WalkStep>;
+
+/// What both processes see, so that the word of the one outlives its end.
+struct Board
+{
+    int stepsDone;
+    char failure[8192];
+};
+
+class SharedBoard
+{
+public:
+    SharedBoard()
+        : board(static_cast<Board*>(
+              mmap(nullptr, sizeof(Board), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)))
+    {
+        if (board == MAP_FAILED)
+            throw std::runtime_error("no memory to share with the walker");
+    }
+    ~SharedBoard() { (void)munmap(board, sizeof(Board)); }
+    SharedBoard(const SharedBoard&) = delete;
+    SharedBoard& operator=(const SharedBoard&) = delete;
+
+    Board* operator->() const { return board; }
+
+private:
+    Board* board;
+};
+
+/// The first thing that is wrong, empty if nothing is.
+std::string walk(const std::string& bundleFile, const Steps& steps, const SharedBoard& board)
+{
+    Walker walker(bundleFile);
+    for (const WalkStep& step : steps)
+    {
+        std::string wrong = walker.Take(step);
+        if (!wrong.empty())
+            return wrong;
+        ++board->stepsDone;
+    }
+    return walker.End();
+}
+
+[[noreturn]] void runWalker(const std::string& bundleFile, const Steps& steps, const SharedBoard& board)
+{
+    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
+    std::string wrong;
+    try
+    {
+        wrong = walk(bundleFile, steps, board);
+    }
+    catch (const std::exception& error)
+    {
+        wrong = error.what();
+    }
+    (void)std::snprintf(board->failure, sizeof board->failure, "%s", wrong.c_str());
+    // What the bundle registered to run at the end of the process is no part of the walk.
+    _exit(0);
+}
+
+/// False when the time is over; the child is ended then.
+bool waitFor(pid_t child, Clock::time_point end, int& status)
+{
+    while (waitpid(child, &status, WNOHANG) == 0)
+    {
+        if (Clock::now() > end)
+        {
+            (void)kill(child, SIGKILL);
+            (void)waitpid(child, &status, 0);
+            return false;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
+}
+
+WalkOutcome walkSeparately(const std::string& bundleFile, const Steps& steps, Clock::time_point end)
+{
+    const SharedBoard board;
+    (void)std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child == 0)
+        runWalker(bundleFile, steps, board);
+    int status = 0;
+    if (child < 0)
+        return {0, "no process for the walker"};
+    if (!waitFor(child, end, status))
+        return {board->stepsDone, "the walk does not end in time"};
+    if (WIFSIGNALED(status))
+        return {board->stepsDone, std::string("the process has crashed: ") + strsignal(WTERMSIG(status))};
+    if (WEXITSTATUS(status) != 0)
+        return {board->stepsDone, "the process has ended by itself"};
+    return {board->stepsDone, board->failure};
+}
+
+/// Leaves steps out as long as the walk still fails and there is time.
+class Shortening
+{
+public:
+    Shortening(const std::string& file, Steps failing, std::string failure, Clock::time_point theEnd)
+        : bundleFile(file), steps(std::move(failing)), found(std::move(failure)), end(theEnd)
+    {
+    }
+
+    void Run()
+    {
+        for (std::size_t kept = 1; kept < steps.size() && hasTime(); kept *= 2)
+            if (tryInstead({steps.end() - static_cast<std::ptrdiff_t>(kept), steps.end()}))
+                break;
+        for (std::size_t length = steps.size() / 2; length >= 1 && hasTime(); length /= 2)
+            leaveOutRuns(length);
+    }
+
+    const Steps& Shortest() const { return steps; }
+    const std::string& Failure() const { return found; }
+
+private:
+    bool hasTime() const { return Clock::now() < end; }
+
+    void leaveOutRuns(std::size_t length)
+    {
+        for (std::size_t from = 0; from + length < steps.size() && hasTime();)
+        {
+            Steps fewer = steps;
+            const auto begin = fewer.begin() + static_cast<std::ptrdiff_t>(from);
+            fewer.erase(begin, begin + static_cast<std::ptrdiff_t>(length));
+            if (!tryInstead(fewer))
+                from += length;
+        }
+    }
+
+    bool tryInstead(const Steps& wish)
+    {
+        const Steps fewer = PossibleSteps(wish);
+        if (fewer.empty() || fewer.size() >= steps.size())
+            return false;
+        const WalkOutcome outcome = walkSeparately(bundleFile, fewer, end);
+        if (outcome.failure.empty() || !hasTime())
+            return false;
+        const auto used = std::min(fewer.size(), static_cast<std::size_t>(outcome.stepsDone) + 1);
+        steps.assign(fewer.begin(), fewer.begin() + static_cast<std::ptrdiff_t>(used));
+        found = outcome.failure;
+        return true;
+    }
+
+    std::string bundleFile;
+    Steps steps;
+    std::string found;
+    Clock::time_point end;
+};
+
+std::string asScenario(const Steps& steps)
+{
+    std::string text;
+    for (const std::string& line : WalkBeginLines())
+        text += "\n    " + line;
+    WalkState state = WalkBegin();
+    for (const WalkStep& step : steps)
+    {
+        for (const std::string& line : LinesOf(state, step))
+            text += "\n    " + line;
+        CarryOut(state, step);
+    }
+    return text;
+}
+} // namespace
+
+std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count)
+{
+    constexpr int firstNewId = 100;
+    std::mt19937 random(seed);
+    WalkState state = WalkBegin();
+    Steps steps;
+    for (int i = 0; i < count; ++i)
+    {
+        steps.push_back(DrawStep(random, state, kind, firstNewId + i));
+        CarryOut(state, steps.back());
+    }
+    return steps;
+}
+
+std::vector<WalkStep> PossibleSteps(const std::vector<WalkStep>& steps)
+{
+    WalkState state = WalkBegin();
+    Steps possible;
+    for (const WalkStep& step : steps)
+    {
+        if (!IsPossible(state, step))
+            continue;
+        possible.push_back(step);
+        CarryOut(state, step);
+    }
+    return possible;
+}
+
+WalkOutcome TakeWalk(const WalkPlan& plan)
+{
+    const Clock::time_point end = Clock::now() + plan.limit;
+    const Steps steps = DrawWalk(plan.kind, plan.seed, plan.steps);
+    WalkOutcome outcome = walkSeparately(plan.bundleFile, steps, end);
+    if (outcome.failure.empty())
+        return outcome;
+    const auto used = std::min(steps.size(), static_cast<std::size_t>(outcome.stepsDone) + 1);
+    Shortening shortening(plan.bundleFile, {steps.begin(), steps.begin() + static_cast<std::ptrdiff_t>(used)},
+                          outcome.failure, std::min(end, Clock::now() + plan.shortening));
+    shortening.Run();
+    outcome.failure = shortening.Failure() + "\n  seed " + std::to_string(plan.seed) + ", step " +
+                      std::to_string(used) +
+                      "; as a scenario, made as short as it went:" + asScenario(shortening.Shortest());
+    return outcome;
+}
+} // namespace standin

@@ -1,0 +1,82 @@
+#pragma once
+// One step of a walk: what somebody does in the host or in the panel. The same step is drawn at random,
+// carried out in the model, and written as lines of a scenario, which is how it is carried out on the screen.
+
+#include "standin/checks/StackModel.h"
+
+#include <random>
+
+namespace standin
+{
+/// Which steps a walk is made of.
+enum class WalkKind
+{
+    host,
+    panel,
+    mixed
+};
+
+struct WalkStep
+{
+    enum class Deed
+    {
+        // In the host.
+        apply,
+        rename,
+        move,
+        remove,
+        duplicate,
+        switchOver,
+        putIntoGroup,
+        undo,
+        redo,
+        selectLayer,
+        cover,
+        uncover,
+        hold, ///< The host does not idle from here on, so that several things fall into one interval.
+        goOn,
+        // In the panel.
+        renameRow,
+        clickBox,
+        clickGroupBox,
+        dragIntoGroup,
+        dragAbove,
+        dragBelow,
+        dragToEnd,
+        dragGroupAbove,
+        dragGroupToEnd,
+        deleteRow,
+        deleteGroup,
+        addFromMenu,
+        addGroup
+    };
+
+    Deed deed = Deed::undo;
+    int id = 0;       ///< Of the effect that it is done to.
+    int newId = 0;    ///< Of the effect that comes of it.
+    int otherId = 0;  ///< Of the effect beside which it is put.
+    int number = 0;   ///< A place from 0, a group, or a layer from 0.
+    std::string text; ///< A name, what is applied, or a group's title.
+};
+
+/// The model, and what keeps the panel from learning of changes.
+struct WalkState
+{
+    StackModel model;
+    bool isCovered = false; ///< The panel's tab is behind another.
+    bool isHeld = false;    ///< The host does not idle.
+};
+
+/// Where each walk begins: two layers, the first of them active, and the panel just opened.
+WalkState WalkBegin();
+/// The lines that make that scene.
+std::vector<std::string> WalkBeginLines();
+
+/// A step that is possible now. `newId` is for the effect that may come of it.
+WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, int newId);
+bool IsPossible(const WalkState& state, const WalkStep& step);
+/// The step as lines of a scenario, in the state before it.
+std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step);
+/// Carries the step out in the model, which is settled afterwards if the panel learns of it.
+void CarryOut(WalkState& state, const WalkStep& step);
+} // namespace standin

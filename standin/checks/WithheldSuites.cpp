@@ -1,0 +1,79 @@
+// An open panel, and a suite that its passes need is not to be had.
+
+#include "standin/checks/Checks.h"
+#include "standin/checks/PanelScene.h"
+#include "standin/sensors/FindingIds.h"
+
+#include <algorithm>
+
+namespace standin::checks
+{
+namespace
+{
+struct NeededSuite
+{
+    const char* name;
+    A_long version;
+};
+
+/// What a pass takes anew each time, so that it can go missing. The others are kept from their first use on.
+constexpr NeededSuite neededSuites[] = {
+    {"AEGP Layer Suite", 5},   {"AEGP Effect Suite", 1},         {"AEGP Effect Suite", 3},
+    {"AEGP Stream Suite", 4},  {"AEGP Stream Suite", 7},         {"AEGP Dynamic Stream Suite", 2},
+    {"AEGP Utility Suite", 3}, {"AEGP Dynamic Stream Suite", 5},
+};
+
+const char* textOf(Withheld how)
+{
+    return how == Withheld::asError       ? "an error"
+           : how == Withheld::asNullTable ? "a null table"
+                                          : "an error and a pointer that must not be used";
+}
+
+bool isKept(const Finding& finding)
+{
+    // What was had before the suite went missing is disposed of through that very suite.
+    return finding.id == finding::exceptionLeftHook || finding.id == finding::leakedReference ||
+           finding.id == finding::disposeOrder ||
+           (finding.id == finding::undoGroupLeftOpen && finding.function == "AEGP_StartUndoGroup");
+}
+
+void withhold(PanelScene& scene, const NeededSuite& suite, Withheld how)
+{
+    constexpr int missingSuite = 516;
+    Trial& trial = scene.trial;
+    trial.At(std::string("a change in the host while \"") + suite.name + "\" version " +
+             std::to_string(suite.version) + " is answered by " + textOf(how));
+    scene.host().User().Rename("lamp", "torch");
+    scene.host().Faults().Withhold(suite.name, suite.version, how);
+    const int held = scene.host().SuiteCount(suite.name, suite.version);
+    const HookResult result = scene.host().RunIdle();
+    trial.RequireEqual(result.thrownNumber.value_or(0), missingSuite, "the number that left the idle hook");
+    for (const Finding& finding : scene.host().TakeFindings())
+        trial.Require(isKept(finding), finding.Text());
+    trial.RequireEqual(scene.host().SuiteCount(suite.name, suite.version), held,
+                       "how often the suite is held behind the pass");
+    trial.RequireEqual(scene.host().LiveReferences(), 0, "the number of references that are still out");
+
+    scene.host().Faults().GiveBack(suite.name, suite.version);
+    scene.host().User().Rename("lamp", "lamp");
+    for (int i = 0; i < 3; ++i)
+        trial.RequireEqual(scene.host().RunIdle().thrown, std::string(),
+                           "what left the idle hook when the suite was back");
+    trial.RequireNoFindings(scene.host());
+}
+} // namespace
+
+void WithheldSuites(Trial& trial)
+{
+    PanelScene scene(trial);
+    scene.AddFourObjects();
+    scene.OpenPanel();
+    for (const NeededSuite& suite : neededSuites)
+        for (const Withheld how : {Withheld::asError, Withheld::asNullTable, Withheld::asPoisonedPointer})
+            withhold(scene, suite, how);
+    scene.Do("rename \"lamp\" to \"torch\"");
+    scene.RequireAgreement();
+    scene.End();
+}
+} // namespace standin::checks

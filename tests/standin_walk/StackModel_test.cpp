@@ -1,0 +1,199 @@
+#include "standin/checks/StackModel.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace standin
+{
+namespace
+{
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+ModelEffect effect(int id, ModelKind kind, const std::string& name, int group = 0)
+{
+    return {id, kind, name, group, Power::on};
+}
+
+std::vector<std::string> names(const ModelStack& stack)
+{
+    std::vector<std::string> all;
+    for (const ModelEffect& each : stack)
+        all.push_back(each.name);
+    return all;
+}
+
+/// "a", or "Group 1: b c".
+std::vector<std::string> rows(const StackModel& model)
+{
+    std::vector<std::string> all;
+    for (const ModelRow& row : model.Rows())
+    {
+        std::string text = row.kind == ModelRow::Kind::group ? row.title + ":" : row.effect.name;
+        for (const ModelEffect& object : row.objects)
+            text += " " + object.name;
+        all.push_back(text);
+    }
+    return all;
+}
+
+StackModel modelOf(ModelStack stack)
+{
+    StackModel model({std::move(stack), {}});
+    model.Settle();
+    (void)model.TakeWrites();
+    return model;
+}
+
+StackModel threeObjects()
+{
+    return modelOf({effect(1, ModelKind::geometry, "a"), effect(2, ModelKind::effector, "b"),
+                    effect(3, ModelKind::renderer, "c")});
+}
+
+TEST(StackModelTest, ALayerWithNothingButObjectsIsOnlyRead)
+{
+    StackModel model({{effect(1, ModelKind::geometry, "a"), effect(2, ModelKind::geometry, "b")}, {}});
+    model.Settle();
+    EXPECT_THAT(rows(model), ElementsAre("a", "b"));
+    EXPECT_THAT(model.UndoNames(), IsEmpty());
+    EXPECT_THAT(model.TakeWrites(), IsEmpty());
+}
+
+TEST(StackModelTest, AnOutsideEffectOnTopIsPushedBelowTheFamily)
+{
+    StackModel model({{effect(9, ModelKind::outside, "blur"), effect(1, ModelKind::geometry, "a"),
+                       effect(2, ModelKind::geometry, "b")},
+                      {}});
+    model.Settle();
+    EXPECT_THAT(names(model.Stack()), ElementsAre("a", "b", "blur"));
+    EXPECT_THAT(model.UndoNames(), ElementsAre("Reorder Effect(s)"));
+    EXPECT_THAT(model.TakeWrites(), ElementsAre("AEGP_ReorderEffect", "AEGP_ReorderEffect"));
+}
+
+TEST(StackModelTest, ObjectsOfOneGroupGatherWhereTheFirstStands)
+{
+    const StackModel model =
+        modelOf({effect(1, ModelKind::geometry, "a", 3), effect(2, ModelKind::geometry, "b"),
+                 effect(3, ModelKind::geometry, "c", 3)});
+    EXPECT_THAT(rows(model), ElementsAre("Group 3: a c", "b"));
+    EXPECT_THAT(names(model.Stack()), ElementsAre("a", "c", "b"));
+}
+
+TEST(StackModelTest, ARenameInThePanelIsOneStepAndMovesNothing)
+{
+    StackModel model = threeObjects();
+    model.RenameRow(2, "new");
+    EXPECT_THAT(names(model.Stack()), ElementsAre("a", "b", "c"))
+        << "the layer learns of it at the next idle";
+    model.Settle();
+    EXPECT_THAT(names(model.Stack()), ElementsAre("a", "new", "c"));
+    EXPECT_THAT(model.UndoNames(), ElementsAre("Rename Effect(s)"));
+    EXPECT_THAT(model.TakeWrites(), ElementsAre("AEGP_SetStreamName", "AEGP_ReorderEffect",
+                                                "AEGP_ReorderEffect", "AEGP_ReorderEffect"));
+}
+
+TEST(StackModelTest, AnEditInThePanelIsLostWhenTheLayerChangesToo)
+{
+    StackModel model = threeObjects();
+    model.RenameRow(2, "new");
+    model.Switch(1, Power::off);
+    model.Settle();
+    EXPECT_THAT(names(model.Stack()), ElementsAre("a", "b", "c"));
+    EXPECT_THAT(model.UndoNames(), ElementsAre("Switch Effect Off"));
+}
+
+TEST(StackModelTest, ADragIntoAGroupIsAGroupChangeAndANamelessReorder)
+{
+    StackModel model = threeObjects();
+    model.AddEmptyGroup();
+    EXPECT_THAT(rows(model), ElementsAre("Group 1:", "a", "b", "c"));
+    model.MoveRow(3, {0, 0});
+    model.Settle();
+    EXPECT_THAT(rows(model), ElementsAre("Group 1: c", "a", "b"));
+    EXPECT_THAT(names(model.Stack()), ElementsAre("c", "a", "b"));
+    EXPECT_EQ(model.Stack()[0].group, 1);
+    EXPECT_THAT(model.UndoNames(), ElementsAre("Change Group", ""));
+}
+
+TEST(StackModelTest, ARowPutBelowItsNeighbourTakesTheNextPlace)
+{
+    StackModel model = threeObjects();
+    model.MoveRow(1, {-1, 2});
+    model.Settle();
+    EXPECT_THAT(names(model.Stack()), ElementsAre("b", "a", "c"));
+    EXPECT_THAT(model.UndoNames(), ElementsAre(""));
+}
+
+TEST(StackModelTest, AnEmptyGroupVanishesWithTheNextRows)
+{
+    StackModel model = threeObjects();
+    model.AddEmptyGroup();
+    model.Settle();
+    EXPECT_THAT(rows(model), ElementsAre("Group 1:", "a", "b", "c")) << "nothing on the layer has changed";
+    model.Rename(1, "new");
+    model.Settle();
+    EXPECT_THAT(rows(model), ElementsAre("new", "b", "c"));
+}
+
+TEST(StackModelTest, TheNextGroupTakesTheNumberAboveTheHighestWhileThereIsOne)
+{
+    StackModel model =
+        modelOf({effect(1, ModelKind::geometry, "a", 1), effect(2, ModelKind::geometry, "b", 3)});
+    model.AddEmptyGroup();
+    EXPECT_THAT(rows(model), ElementsAre("Group 1: a", "Group 3: b", "Group 4:"));
+    StackModel full =
+        modelOf({effect(1, ModelKind::geometry, "a", 1), effect(2, ModelKind::geometry, "b", 10)});
+    full.AddEmptyGroup();
+    EXPECT_THAT(rows(full), ElementsAre("Group 1: a", "Group 10: b", "Group 2:"));
+}
+
+TEST(StackModelTest, ANewEffectGoesBehindTheLastOfItsKind)
+{
+    StackModel model = modelOf({effect(1, ModelKind::geometry, "a"), effect(2, ModelKind::renderer, "r"),
+                                effect(3, ModelKind::main, "main")});
+    model.AddFromMenu(effect(4, ModelKind::geometry, "new geometry"));
+    model.Settle();
+    model.AddFromMenu(effect(5, ModelKind::effector, "new effector"));
+    model.Settle();
+    model.AddFromMenu(effect(6, ModelKind::renderer, "new renderer"));
+    model.Settle();
+    EXPECT_THAT(names(model.Stack()),
+                ElementsAre("a", "new geometry", "new effector", "r", "new renderer", "main"));
+    EXPECT_THAT(model.UndoNames(), ElementsAre("Apply Effect", "Reorder Effect", "Apply Effect",
+                                               "Reorder Effect", "Apply Effect", "Reorder Effect"));
+}
+
+TEST(StackModelTest, ADeletedGroupTakesItsObjectsAsOneStep)
+{
+    StackModel model = modelOf({effect(1, ModelKind::geometry, "a", 2),
+                                effect(2, ModelKind::geometry, "b", 2), effect(3, ModelKind::geometry, "c")});
+    model.DeleteGroupRow(0);
+    model.Settle();
+    EXPECT_THAT(names(model.Stack()), ElementsAre("c"));
+    EXPECT_THAT(model.UndoNames(), ElementsAre("Delete Effect(s)"));
+    EXPECT_THAT(model.TakeWrites(), ElementsAre("AEGP_ReorderEffect", "AEGP_ReorderEffect",
+                                                "AEGP_DeleteLayerEffect", "AEGP_DeleteLayerEffect"));
+    model.Undo();
+    model.Settle();
+    EXPECT_THAT(rows(model), ElementsAre("Group 2: a b", "c"));
+    EXPECT_THAT(model.RedoNames(), ElementsAre("Delete Effect(s)"));
+}
+
+TEST(StackModelTest, AHalfFullGroupIsTurnedOff)
+{
+    StackModel model =
+        modelOf({effect(1, ModelKind::geometry, "a", 1), effect(2, ModelKind::geometry, "b", 1)});
+    model.Switch(1, Power::off);
+    model.Settle();
+    model.ClickGroupBox(0);
+    model.Settle();
+    EXPECT_EQ(model.Stack()[1].power, Power::off);
+    EXPECT_THAT(model.UndoNames(), ElementsAre("Switch Effect Off", "Switch Effect Off"));
+    model.ClickGroupBox(0);
+    model.Settle();
+    EXPECT_EQ(model.Stack()[0].power, Power::on);
+    EXPECT_EQ(model.Stack()[1].power, Power::on);
+}
+} // namespace
+} // namespace standin

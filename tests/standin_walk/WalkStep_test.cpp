@@ -1,0 +1,94 @@
+#include "standin/checks/Walk.h"
+#include "standin/checks/WalkStep.h"
+#include "standin/scenario/Parser.h"
+#include "standin/scenario/Phrase.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <sstream>
+
+namespace standin
+{
+namespace
+{
+/// All lines of a walk.
+std::vector<std::string> script(const std::vector<WalkStep>& steps)
+{
+    std::vector<std::string> lines = WalkBeginLines();
+    WalkState state = WalkBegin();
+    for (const WalkStep& step : steps)
+    {
+        for (const std::string& line : LinesOf(state, step))
+            lines.push_back(line);
+        CarryOut(state, step);
+    }
+    return lines;
+}
+
+TEST(WalkStepTest, ASeedGivesOneWalkAndAnotherSeedAnother)
+{
+    const auto walk = script(DrawWalk(WalkKind::mixed, 7, 40));
+    EXPECT_EQ(walk, script(DrawWalk(WalkKind::mixed, 7, 40)));
+    EXPECT_NE(walk, script(DrawWalk(WalkKind::mixed, 8, 40)));
+}
+
+TEST(WalkStepTest, WalksOfAllSeedsTogetherDoEverything)
+{
+    std::set<WalkStep::Deed> done;
+    for (unsigned seed = 1; seed <= 20; ++seed)
+        for (const WalkStep& step : DrawWalk(WalkKind::mixed, seed, 40))
+            done.insert(step.deed);
+    EXPECT_EQ(done.size(), static_cast<std::size_t>(WalkStep::Deed::addGroup) + 1);
+}
+
+TEST(WalkStepTest, EveryLineOfAWalkIsALineOfTheLanguage)
+{
+    int read = 0;
+    for (unsigned seed = 1; seed <= 20; ++seed)
+        for (const std::string& line : script(DrawWalk(WalkKind::mixed, seed, 40)))
+        {
+            std::istringstream text(line);
+            EXPECT_NO_THROW(read += static_cast<int>(BindPhrases(ParseScenario(text, "walk")).size()))
+                << line;
+        }
+    EXPECT_GT(read, 800);
+}
+
+TEST(WalkStepTest, AWalkInTheHostLeavesThePanelAlone)
+{
+    for (const WalkStep& step : DrawWalk(WalkKind::host, 3, 100))
+        EXPECT_LT(step.deed, WalkStep::Deed::cover);
+}
+
+TEST(WalkStepTest, StepsThatHaveLostTheirGroundAreLeftOut)
+{
+    std::vector<WalkStep> steps = DrawWalk(WalkKind::mixed, 5, 40);
+    EXPECT_EQ(script(PossibleSteps(steps)), script(steps));
+    WalkStep deletion;
+    deletion.deed = WalkStep::Deed::remove;
+    deletion.id = 2;
+    WalkStep rename;
+    rename.deed = WalkStep::Deed::rename;
+    rename.id = 2;
+    rename.text = "gone";
+    EXPECT_EQ(PossibleSteps({rename, deletion}).size(), 2U);
+    EXPECT_EQ(PossibleSteps({deletion, rename}).size(), 1U);
+}
+
+TEST(WalkStepTest, TheSecondOfANameIsCalledSo)
+{
+    WalkState state = WalkBegin();
+    WalkStep copy;
+    copy.deed = WalkStep::Deed::duplicate;
+    copy.id = 3;
+    copy.newId = 100;
+    CarryOut(state, copy);
+    WalkStep deletion;
+    deletion.deed = WalkStep::Deed::remove;
+    deletion.id = 100;
+    EXPECT_THAT(LinesOf(state, deletion), ::testing::ElementsAre("delete \"dots#2\""));
+}
+} // namespace
+} // namespace standin
