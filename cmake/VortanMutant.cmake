@@ -4,16 +4,17 @@
 set(vortan_mutant_scripts ${CMAKE_CURRENT_LIST_DIR}/mutant)
 set(vortan_mutant_folder ${CMAKE_BINARY_DIR}/mutants)
 
-# vortan_mutant(NAME CHECK id SOURCE file WAS text IS text SAYS text)
+# vortan_mutant(NAME CHECK id SOURCE file WAS text IS text SAYS text [EXPORTS function...])
 #   CHECK   the check that has to fail
 #   SOURCE  the product's file, from the root of the project
 #   WAS     stands exactly once in that file; anything else is an error of the build
 #   IS      takes its place
 #   SAYS    what the failed check has to say; a bundle that does not even load says something else
+#   EXPORTS what the bundle exports beside its entry points
 function(vortan_mutant name)
-  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "CHECK;SOURCE;WAS;IS;SAYS" "")
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "CHECK;SOURCE;WAS;IS;SAYS" "EXPORTS")
   vortan_mutant_source(${name} ${ARG_SOURCE} "${ARG_WAS}" "${ARG_IS}" source)
-  vortan_mutant_bundle(mutant-${name} ${name} ${source})
+  vortan_mutant_bundle(mutant-${name} ${name} ${source} ${ARG_EXPORTS})
   vortan_mutant_test(${name} ${ARG_CHECK} "${ARG_SAYS}")
   set_property(GLOBAL APPEND PROPERTY VORTAN_CHECKS_WITH_MUTANT ${ARG_CHECK})
 endfunction()
@@ -41,7 +42,7 @@ function(vortan_mutant_bundle target name source)
   target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR})
   target_compile_options(${target} PRIVATE -w)
   target_link_libraries(${target} PRIVATE host effects panel panel-platform tree juce)
-  vortan_export_lists(${CMAKE_CURRENT_BINARY_DIR}/${name} EffectorAEGP PanelEntryPointFunc)
+  vortan_export_lists(${CMAKE_CURRENT_BINARY_DIR}/${name} EffectorAEGP PanelEntryPointFunc ${ARGN})
   target_link_options(${target} PRIVATE
     -Wl,--undefined=EffectorAEGP -Wl,--undefined=PanelEntryPointFunc -Wl,--gc-sections
     -Wl,--version-script=${CMAKE_CURRENT_BINARY_DIR}/${name}/exports.map)
