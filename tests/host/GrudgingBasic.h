@@ -1,5 +1,5 @@
 #pragma once
-// A basic suite that hands a suite out and says beside it that it failed.
+// A basic suite that hands a suite out and says beside it, the first time, that it failed.
 
 #include "standin/core/Host.h"
 
@@ -34,12 +34,15 @@ private:
     static SPErr acquire(const char* wanted, std::int32_t version, const void** out)
     {
         const SPErr err = current->hostBasic->AcquireSuite(wanted, version, out);
-        return wanted == current->name ? GRUDGE : err;
+        if (wanted != current->name)
+            return err;
+        current->name.clear();
+        return GRUDGE;
     }
 
     inline static GrudgingBasic* current = nullptr;
     SPBasicSuite* hostBasic;
     SPBasicSuite basic;
-    std::string name;
+    std::string name; ///< Empty once it has been grudged.
 };
 } // namespace standin
