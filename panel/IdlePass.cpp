@@ -56,6 +56,8 @@ void IdlePass::runOpenRequest()
     if (requests.openPending == 0)
         return;
     (void)panel.suites.CommandSuite1()->AEGP_DoCommand(panel.command);
+    // Kept: the flag is flipped. A host that idles inside the command has had it cleared by the inner pass,
+    // and runs the command once more at the next one.
     requests.openPending ^= 1;
 }
 
