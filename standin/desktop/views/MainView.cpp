@@ -64,12 +64,15 @@ void MainView::timerCallback()
 /// Behind the idle, in which the panel fetches a lost focus back for itself.
 void MainView::tendWindow()
 {
-    const auto* peer = getPeer();
+    auto* peer = getPeer();
     if (peer == nullptr)
         return;
     const auto window = reinterpret_cast<unsigned long>(peer->getNativeHandle());
-    if (isShowing() && getCurrentlyModalComponent() == nullptr)
-        containers.FetchLostFocus(window);
+    const bool hasFocus =
+        isShowing() && getCurrentlyModalComponent() == nullptr && containers.FetchLostFocus(window);
+    // JUCE takes an event that says where the pointer is for the loss of the focus.
+    if (hasFocus && getCurrentlyFocusedComponent() == nullptr)
+        peer->handleFocusGain();
     containers.Wake(window);
     if (waiting && getCurrentlyModalComponent() == nullptr && getCurrentlyFocusedComponent() != nullptr)
         std::exchange(waiting, nullptr)();
