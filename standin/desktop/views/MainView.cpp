@@ -5,6 +5,7 @@ namespace standin
 namespace
 {
 constexpr int idlesPerSecond = 30;
+constexpr int passesUntilSure = 10; ///< That the desktop has the keyboard and JUCE does not know.
 constexpr int menuHeight = 26;
 constexpr int statusHeight = 24;
 constexpr int leftWidth = 240;
@@ -70,8 +71,10 @@ void MainView::tendWindow()
     const auto window = reinterpret_cast<unsigned long>(peer->getNativeHandle());
     const bool hasFocus =
         isShowing() && getCurrentlyModalComponent() == nullptr && containers.FetchLostFocus(window);
-    // JUCE takes an event that says where the pointer is for the loss of the focus.
-    if (hasFocus && getCurrentlyFocusedComponent() == nullptr)
+    passesDeaf = hasFocus && getCurrentlyFocusedComponent() == nullptr ? passesDeaf + 1 : 0;
+    // JUCE takes an event that says where the pointer is for the loss of the focus. One that says that the
+    // focus has come may be under way, though, and would take it from whoever has it by then.
+    if (passesDeaf == passesUntilSure)
         peer->handleFocusGain();
     containers.Wake(window);
     if (waiting && getCurrentlyModalComponent() == nullptr && getCurrentlyFocusedComponent() != nullptr)
