@@ -23,7 +23,7 @@ private:
     void addFromThePanel();
     void workInThePanel();
     void undoAllAndRedoAll();
-    void redoAll();
+    void redoAll(std::size_t all);
     std::size_t undoSteps();
     void workInTheEffectControls();
     void useSiblingsAndDock();
@@ -36,6 +36,7 @@ private:
     void requireAgreement();
     void print(const std::string& text);
     void printSides();
+    bool writeCalls();
     void picture(const std::string& name);
     Shown now();
 
