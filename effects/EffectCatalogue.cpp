@@ -4,7 +4,8 @@
 
 #include <cstring>
 
-// Kept: three rows show another name than their match name tells.
+// Kept: "Sheets" and "Cutter" here, and "Tiling" among the renderers, are other names than the match names
+// tell.
 const char* src_match_name_array[] = {
     "QVK VORTSRC Lamps",  "QVK VORTSRC Routes",  "QVK VORTSRC GEO", "QVK VORTSRC Solids",
     "QVK VORTSRC Copies", "QVK VORTSRC Scanner", nullptr,
@@ -48,7 +49,8 @@ enum class Walk
 };
 
 /// Calls `visit` with the key of each installed effect whose match name starts with `prefix`, until it
-/// says stop. Returns the first error of counting or stepping. A name that cannot be read matches nothing.
+/// says stop. Returns the first error of counting or stepping. A name that could not be read is matched as
+/// the host left it in the buffer, which is empty at first.
 template <class Visit>
 int walkInstalledEffects(const AEGP_SuiteHandler& suites, const char* prefix, Visit visit)
 {

@@ -50,6 +50,8 @@ void HideEffect(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, in
         .Then(
             [&]
             { return suites->DynamicStreamSuite2()->AEGP_GetDynamicStreamFlags(chain.paramStream, &flags); });
+    // Kept: the flag is cleared before it is set, also if nothing has to change: the host's windows close the
+    // effect on that.
     if (hide)
     {
         setHidden<AEGP_DynamicStreamSuite4>(chain, *suites, chain.groupStream, 0);
@@ -57,7 +59,8 @@ void HideEffect(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, in
     }
     else
     {
-        // The pulse on the first parameter opens the effect; its own hidden state comes back at the end.
+        // Kept: the pulse on the first parameter opens the effect; its own hidden state comes back at the
+        // end.
         const A_Boolean wasHidden = (flags & AEGP_DynStreamFlag_HIDDEN) != 0 ? 1 : 0;
         setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, chain.groupStream, 0);
         setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, chain.paramStream, 1);
@@ -160,13 +163,17 @@ void SelectEffectsFromItems(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer*
 
     const auto putOutOfSight = [&](int index)
     {
-        useHide ? HideEffect(pluginId, &suites, layer, index, true)
-                : TwirlEffect(pluginId, &suites, layer, index, false);
+        if (useHide)
+            HideEffect(pluginId, &suites, layer, index, true);
+        else
+            TwirlEffect(pluginId, &suites, layer, index, false);
     };
     const auto show = [&](int index)
     {
-        useHide ? HideEffect(pluginId, &suites, layer, index, false)
-                : TwirlEffect(pluginId, &suites, layer, index, true);
+        if (useHide)
+            HideEffect(pluginId, &suites, layer, index, false);
+        else
+            TwirlEffect(pluginId, &suites, layer, index, true);
     };
     std::for_each(classes.other.begin(), classes.other.end(), putOutOfSight);
     std::for_each(classes.selected.begin(), classes.selected.end(), show);

@@ -116,14 +116,15 @@ void moveEffect(const Target& target, const AEGP_SuiteHandler& suites, int from,
     (void)chain.Finish();
 }
 
-/// Each wanted identity goes to its position in the list; one that is not on the layer leaves its position
-/// filled all the same.
+/// Each wanted identity goes to its position in the list. Kept: one that is not on the layer counts as a
+/// position all the same.
 void reorderEffects(const Target& target, const std::vector<std::string>& wanted, Differences others)
 {
     if (target.layer == nullptr)
         return;
     AEGP_SuiteHandler suites(target.basicSuite);
     std::vector<std::string> stackUuids = ReadStackUuids(target.pluginId, &suites, target.layer);
+    // Kept: beside another change the step has no name.
     const char* undoName = others == Differences::none ? "Reorder Effect(s)" : "";
     (void)suites.UtilitySuite1()->AEGP_StartUndoGroup(undoName);
     for (int place = 0; place < static_cast<int>(wanted.size()); ++place)

@@ -56,6 +56,8 @@ std::vector<ObjectItem> CreateItemsFromLayer(int pluginId, SPBasicSuite* basicSu
     (void)GetEffectGroups(pluginId, &suites, layer, MESSAGE_TIME, &indices, &groups, 0);
     const std::vector<VN_UUID> identities = ReadIdentities(pluginId, &suites, layer, count);
 
+    // Kept: the names and the error carry over, so that after a failed read the rest of the list repeats
+    // them.
     HostFacts facts;
     for (std::size_t i = 0; i < indices.size(); ++i)
     {

@@ -72,7 +72,8 @@ SPErr publish(SPBasicSuite* basicSuite, const VnIdleSuite* suite)
     return err;
 }
 
-/// `utility` is null unless the utility suite was acquired.
+/// `utility` stays null until the utility suite is asked for, and then holds what the host wrote, be it
+/// beside an error.
 A_Err registerIdleHook(SPBasicSuite* basicSuite, AEGP_PluginID id, VnIdleRef* ref,
                        const AEGP_UtilitySuite3*& utility)
 {
@@ -99,6 +100,7 @@ int AddFuncToIdleStack(VnIdleRef* ref, IdleFunc func, void* refcon)
         }
     }
     const AEGP_UtilitySuite5* utility = nullptr;
+    // Kept: the pointer alone decides, whatever the acquire answered.
     (void)acquire(ref->basicSuite, utility);
     if (utility != nullptr)
         (void)utility->AEGP_ReportInfo(ref->pluginId, "Max Idle Stack Limit Reached.");

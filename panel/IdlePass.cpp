@@ -56,6 +56,8 @@ void IdlePass::runOpenRequest()
     if (requests.openPending == 0)
         return;
     (void)panel.suites.CommandSuite1()->AEGP_DoCommand(panel.command);
+    // Kept: the flag is flipped. A host that idles inside the command has had it cleared by the inner pass,
+    // and runs the command once more at the next one.
     requests.openPending ^= 1;
 }
 
@@ -130,6 +132,7 @@ void IdlePass::compareLayer()
 
 void IdlePass::rebuildTree()
 {
+    // Kept: the layer wins. What was edited in the tree in the same interval goes with its contents.
     RefreshTree(panel.tree, readLayer());
     ApplyLayerTreeState(panel.stateTable, layerId, panel.tree);
     CacheLayerTreeState(panel.stateTable, layerId, panel.tree);
@@ -148,6 +151,8 @@ void IdlePass::compareTree()
         reportMismatch(layerItems, treeItems);
         LayerEffectChanges(panel.pluginId, panel.basicSuite, layer, layerItems, treeItems);
     }
+    // Kept: also noted if the host refused the change, so that the edit stays in the tree until a side
+    // changes.
     panel.treeHash = treeNow;
 }
 

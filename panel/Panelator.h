@@ -61,8 +61,8 @@ public:
     _TreeStateTable_Internal* stateTable = nullptr; ///< Made with the panel; null until then.
     ValueTreesDemo* tree = nullptr;                 ///< Made with the panel; null until then.
 
-    /// Held here so that the host's pointer stays valid. Its `panelRef` is never freed: sibling effects
-    /// hold it as a handle.
+    /// Held here so that the host's pointer stays valid. Its `panelRef` lives on once the constructor has
+    /// returned, since sibling effects hold it as a handle; a constructor that throws frees it.
     VnPanelSuite publishedSuite{};
 
 private:

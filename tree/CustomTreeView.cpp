@@ -22,6 +22,16 @@ bool isDeleteKey(const juce::KeyPress& key)
     return key == juce::KeyPress::deleteKey || key == juce::KeyPress::backspaceKey;
 }
 
+/// What the panel writes about a command that it takes and does not carry out; null for any other key.
+const char* refusedCommand(const juce::KeyPress& key)
+{
+    if (isCommandKey(key, 'x'))
+        return "Cut Button";
+    if (isCommandKey(key, 'c'))
+        return "Copy Button";
+    return isCommandKey(key, 'v') ? "Paste Button" : nullptr;
+}
+
 // What JUCE leaves behind the start of the row that stands furthest to the right.
 constexpr int roomBehindIndent = 50;
 
@@ -89,12 +99,8 @@ bool CustomTreeView::keyPressed(const juce::KeyPress& key)
         deleteSelectedItems();
         return true;
     }
-    const std::pair<int, const char*> refused[] = {
-        {'x', "Cut Button"}, {'c', "Copy Button"}, {'v', "Paste Button"}};
-    for (const auto& [letter, line] : refused)
+    if (const char* line = refusedCommand(key))
     {
-        if (!isCommandKey(key, letter))
-            continue;
         PrintLine(line);
         return true; // Kept: swallowed without a message.
     }
@@ -104,11 +110,6 @@ bool CustomTreeView::keyPressed(const juce::KeyPress& key)
         selectAllItems(getRootItem());
         return true;
     }
-    return keyNotOurs(key);
-}
-
-bool CustomTreeView::keyNotOurs(const juce::KeyPress& key)
-{
     if (key == juce::KeyPress::returnKey)
     {
         PrintLine("Return Key Pressed");

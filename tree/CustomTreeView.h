@@ -50,7 +50,7 @@ public:
     const RetiredRows& getRetiredRows() const { return retiredRows; }
 
 private:
-    ClickFocus clickFocus;
+    ClickFocus clickFocus; // Ahead of the editor, which refers to it.
 
 public:
     std::unique_ptr<CustomTextEditor> renameEditor;
@@ -59,7 +59,6 @@ public:
 private:
     void componentMovedOrResized(juce::Component&, bool wasMoved, bool wasResized) override;
     void forgetHoveredBox();
-    bool keyNotOurs(const juce::KeyPress&);
     void deleteNode(juce::ValueTree node);
 
     RetiredRows retiredRows;

@@ -1,11 +1,30 @@
 #include "tree/RetiredRows.h"
 
+namespace
+{
+// Above every row and every place of the mouse.
+constexpr juce::Point<int> outOfReach(0, -100000);
+
+/// Null if no button is held over one of the components in `parent`.
+juce::Component* heldChildOf(const juce::Component& parent)
+{
+    for (const auto& source : juce::Desktop::getInstance().getMouseSources())
+        if (source.isDragging())
+            if (auto* held = source.getComponentUnderMouse())
+                if (held->getParentComponent() == &parent)
+                    return held;
+    return nullptr;
+}
+} // namespace
+
 RetiredRows::RetiredRows(juce::TreeView& owner) : view(owner) {}
 
 RetiredRows::~RetiredRows()
 {
     if (!rows.empty())
         juce::Desktop::getInstance().removeGlobalMouseListener(this);
+    if (draggedRow != nullptr)
+        draggedRow->removeComponentListener(this);
 }
 
 bool RetiredRows::isAnyButtonDown()
@@ -23,6 +42,26 @@ void RetiredRows::keep(std::unique_ptr<juce::TreeViewItem> root)
     if (rows.empty())
         juce::Desktop::getInstance().addGlobalMouseListener(this);
     rows.push_back(std::move(root));
+    moveDraggedRowAway();
+}
+
+// Without a drag the component stays: a press that began on it must not go on to another row.
+void RetiredRows::moveDraggedRowAway()
+{
+    const auto* container = juce::DragAndDropContainer::findParentDragContainerFor(&view);
+    if (container == nullptr || !container->isDragAndDropActive())
+        return;
+    draggedRow = heldChildOf(*view.getViewport()->getViewedComponent());
+    if (draggedRow == nullptr)
+        return;
+    draggedRow->addComponentListener(this);
+    draggedRow->setTopLeftPosition(outOfReach);
+}
+
+// Each time JUCE lays out, it puts the component back to where its row stood last.
+void RetiredRows::componentMovedOrResized(juce::Component& component, bool, bool)
+{
+    component.setTopLeftPosition(outOfReach);
 }
 
 // The release itself still has to reach the component of the row, so the rows go a little later.

@@ -1,14 +1,15 @@
 #pragma once
 // Rows that have left the tree while a mouse button was down. JUCE keeps the component of the row under a
 // held button, and goes on asking it for its row, until the button is up again. So the rows live on here
-// for that long, out of sight.
+// for that long. They are not drawn. In a drag their component is kept out of the way, since JUCE would
+// find it, and not the row that the user sees, wherever the dragged row stood when it left.
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
 #include <memory>
 #include <vector>
 
-class RetiredRows : private juce::MouseListener, private juce::AsyncUpdater
+class RetiredRows : private juce::MouseListener, private juce::ComponentListener, private juce::AsyncUpdater
 {
 public:
     explicit RetiredRows(juce::TreeView&);
@@ -23,8 +24,11 @@ public:
 
 private:
     void mouseUp(const juce::MouseEvent&) override;
+    void componentMovedOrResized(juce::Component&, bool wasMoved, bool wasResized) override;
     void handleAsyncUpdate() override;
+    void moveDraggedRowAway();
 
     juce::TreeView& view;
     std::vector<std::unique_ptr<juce::TreeViewItem>> rows;
+    juce::Component::SafePointer<juce::Component> draggedRow;
 };

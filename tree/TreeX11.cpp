@@ -46,10 +46,25 @@ juce::Component& juceTarget(ValueTreesDemo& tree)
     return modal != nullptr && target->isCurrentlyBlockedByAnotherModalComponent() ? *modal : *target;
 }
 
+/// The picture of a drag, which JUCE puts on the desktop beside the widget; null while nothing is dragged.
+/// After the drop it stays a little longer, and means nothing any more.
+juce::Component* pictureOfDrag(ValueTreesDemo& tree)
+{
+    auto& desktop = juce::Desktop::getInstance();
+    if (!tree.isDragAndDropActive() || !desktop.getMainMouseSource().isDragging())
+        return nullptr;
+    for (int i = desktop.getNumComponents(); --i >= 0;)
+        if (desktop.getComponent(i) != &tree)
+            return desktop.getComponent(i);
+    return nullptr;
+}
+
 /// The component that the next key belongs to. The panel's keys are the tree's whatever else of the panel
 /// has the focus, also after a click on a button.
 juce::Component& keyTarget(ValueTreesDemo& tree)
 {
+    if (auto* picture = pictureOfDrag(tree))
+        return *picture; // It takes Escape.
     juce::Component& target = juceTarget(tree);
     const bool isInPanel = &target == &tree || tree.isParentOf(&target);
     return isInPanel && !tree.treeView.isParentOf(&target) ? tree.treeView : target;
@@ -91,16 +106,6 @@ KeyUse offerKey(juce::Component& first, const juce::KeyPress& key)
         target = target->getParentComponent();
     }
     return KeyUse::unused;
-}
-
-/// JUCE ends a drag without a drop at Escape alone, which the picture of the drag takes. It stands on the
-/// desktop beside the widget.
-void cancelDrag(ValueTreesDemo& tree)
-{
-    auto& desktop = juce::Desktop::getInstance();
-    for (int i = desktop.getNumComponents(); tree.isDragAndDropActive() && --i >= 0;)
-        if (auto* component = desktop.getComponent(i); component != &tree)
-            (void)component->keyPressed(juce::KeyPress(juce::KeyPress::escapeKey));
 }
 
 /// Lets the attachment ride on the component, which lets it go when it is deleted.
@@ -214,7 +219,8 @@ void ReleaseTreeButtons(ValueTreesDemo* tree)
 {
     if (tree == nullptr)
         return;
-    cancelDrag(*tree);
+    if (auto* picture = pictureOfDrag(*tree))
+        (void)picture->keyPressed(juce::KeyPress(juce::KeyPress::escapeKey));
     juce::ModifierKeys::currentModifiers = juce::ModifierKeys::currentModifiers.withoutMouseButtons();
     if (auto* peer = tree->getPeer())
     {

@@ -50,6 +50,9 @@ juce::var ValueTreeItem::getDragSourceDescription()
 
 bool ValueTreeItem::isInterestedInDragSource(const juce::DragAndDropTarget::SourceDetails& details)
 {
+    // A row that has left its view under a drag takes nothing: its document is not on display any more.
+    if (getOwnerView() == nullptr)
+        return false;
     const juce::String dragged = details.description.toString();
     const bool isObject = dragged == TreeIds::Object.toString();
     if (rowTree.hasType(TreeIds::Group))
@@ -61,10 +64,13 @@ bool ValueTreeItem::isInterestedInDragSource(const juce::DragAndDropTarget::Sour
 
 void ValueTreeItem::itemDropped(const juce::DragAndDropTarget::SourceDetails&, int insertIndex)
 {
+    juce::TreeView* const view = getOwnerView();
+    if (view == nullptr)
+        return;
     juce::OwnedArray<juce::ValueTree> nodes;
-    getSelectedTreeViewItems(*getOwnerView(), nodes);
+    getSelectedTreeViewItems(*view, nodes);
     // The move may delete this row, so nothing of it is used from here on.
-    moveItems(*getOwnerView(), nodes, rowTree, insertIndex);
+    moveItems(*view, nodes, rowTree, insertIndex);
 }
 
 void ValueTreeItem::getSelectedTreeViewItems(juce::TreeView& view, juce::OwnedArray<juce::ValueTree>& out)

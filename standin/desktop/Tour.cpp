@@ -7,13 +7,6 @@ namespace standin
 {
 namespace
 {
-// Places in the panel's toolbar.
-constexpr int buttonX = 40;
-constexpr int addGeometryY = 15;
-constexpr int addEffectorY = 31;
-constexpr int addRendererY = 47;
-constexpr int addGroupY = 63;
-
 bool hasEffects(const Shown& shown, std::size_t count) { return shown.effects.size() == count; }
 
 const ShownEffect* find(const Shown& shown, const std::string& name)
@@ -54,7 +47,11 @@ void Tour::run()
     catch (const std::exception& error)
     {
         picture("ended-early");
+        printSides();
+        (void)writeCalls();
         print(std::string("\nThe tour ended early: ") + error.what() + "\n");
+        std::fprintf(stderr, "standin-desktop: the tour ended early at step %d (%s): %s\n", step,
+                     sentence.c_str(), error.what());
         juce::MessageManager::callAsync(
             []
             {
@@ -69,18 +66,24 @@ void Tour::run()
 void Tour::play()
 {
     hands = std::make_unique<TourHands>(bench, window);
+    menus = std::make_unique<TourMenus>(*hands);
+    panel = std::make_unique<TourPanel>(*hands, bench);
     showTheDesktop();
     addFromThePanel();
     workInThePanel();
     undoAllAndRedoAll();
     workInTheEffectControls();
     useSiblingsAndDock();
-    const std::string calls = hands->OnMain([this] { return bench.Calls().Text(); });
-    const juce::File file = folder.getChildFile("calls.txt");
-    if (!file.replaceWithText(theme::Text(calls)))
-        throw std::runtime_error(file.getFullPathName().toStdString() + ": cannot be written");
+    if (!writeCalls())
+        throw std::runtime_error("calls.txt cannot be written");
     print("\nThe tour is over. Its pictures and the calls of the bundle are in " +
           folder.getFullPathName().toStdString() + "\n");
+}
+
+bool Tour::writeCalls()
+{
+    const std::string calls = hands->OnMain([this] { return bench.Calls().Text(); });
+    return folder.getChildFile("calls.txt").replaceWithText(theme::Text(calls));
 }
 
 void Tour::print(const std::string& text) { bench.Printed().PrintBehind(text); }
@@ -90,32 +93,28 @@ Shown Tour::now()
     return hands->OnMain([this] { return ShowHost(bench.TheHost()); });
 }
 
-void Tour::tell(const std::string& sentence, const std::function<void()>& action,
+void Tour::tell(const std::string& what, const std::function<void()>& action,
                 const std::function<bool(const Shown&)>& expected)
 {
+    sentence = what;
     print("\n" + std::to_string(++step) + ". " + sentence + "\n");
     action();
     if (!hands->Until([&] { return expected(ShowHost(bench.TheHost())); }))
-    {
-        printSides();
-        (void)folder.getChildFile("calls.txt")
-            .replaceWithText(theme::Text(hands->OnMain([this] { return bench.Calls().Text(); })));
-        throw std::runtime_error("what the last step says did not come about");
-    }
+        throw std::runtime_error("what the step says did not come about");
     hands->LetIdle(4);
     printSides();
 }
 
-void Tour::require(const std::function<bool()>& seen)
+void Tour::require(const std::string& what, const std::function<bool()>& seen)
 {
-    constexpr int looks = 100;
-    for (int i = 0; i < looks; ++i)
-    {
-        if (seen())
-            return;
-        hands->LetIdle(2);
-    }
-    throw std::runtime_error("what the last step says is not to be seen");
+    if (!hands->UntilSeen(seen))
+        throw std::runtime_error(what + " is not to be seen");
+}
+
+/// The panel and the effect controls show the same.
+void Tour::requireAgreement()
+{
+    require("the stack of the layer in the panel", [this] { return panel->Agrees(); });
 }
 
 void Tour::printSides()
@@ -156,86 +155,89 @@ void Tour::showTheDesktop()
 void Tour::addFromThePanel()
 {
     tell(
-        "\"Add Vortan\" in the panel adds the main effect.",
-        [this] { hands->ClickPanel(buttonX, addGeometryY); },
+        "\"Add Vortan\" in the panel adds the main effect.", [this] { panel->ClickButton("Add Vortan"); },
         [](const Shown& shown) { return find(shown, "Vortan") != nullptr; });
-    const auto choose = [this](int y, int entry)
+    const auto choose = [this](const char* button, int entry)
     {
-        hands->ClickPanel(buttonX, y);
-        hands->LetIdle(6);
-        for (int i = 0; i < entry; ++i)
-            hands->Key("Down");
-        if (y == addRendererY)
+        panel->PointAtEntry(button, entry);
+        if (std::string(button) == "Add Renderer")
             picture("menu");
-        hands->Key("Return");
+        panel->ClickEntry();
     };
     tell(
-        "\"Add Geometry\" opens a menu; its first entry adds an object.", [&] { choose(addGeometryY, 1); },
+        "\"Add Geometry\" opens a menu; its first entry adds an object.", [&] { choose("Add Geometry", 0); },
         [](const Shown& shown) { return hasEffects(shown, 2); });
     tell(
-        "\"Add Effector\": the second entry.", [&] { choose(addEffectorY, 2); },
+        "\"Add Effector\": the second entry.", [&] { choose("Add Effector", 1); },
         [](const Shown& shown) { return hasEffects(shown, 3); });
     tell(
-        "\"Add Renderer\": the first entry.", [&] { choose(addRendererY, 1); },
+        "\"Add Renderer\": the first entry.", [&] { choose("Add Renderer", 0); },
         [](const Shown& shown) { return hasEffects(shown, 4); });
+    requireAgreement();
 }
 
 void Tour::workInThePanel()
 {
-    const std::vector<std::string> rows = PanelRows(now());
+    const std::string first = now().effects.at(0).name;
+    const std::string second = now().effects.at(1).name;
     tell(
-        "In the panel, a click selects \"" + rows.at(1) +
-            "\", Return opens its name, and it becomes \"glow\".",
-        [&]
-        {
-            hands->ClickRow(rows.at(1));
-            hands->LetIdle(4);
-            hands->Key("Return");
-            hands->LetIdle(2);
-            hands->Keys({"Control_L"}, "a");
-            hands->Type("glow");
-            hands->Key("Return");
-        },
+        "In the panel, a click selects \"" + second + "\", Return opens its name, and it becomes \"glow\".",
+        [&] { panel->Rename(second, "glow"); },
         [](const Shown& shown) { return find(shown, "glow") != nullptr; });
     tell(
         "\"Add Group\" makes a group, and \"glow\" is dragged into it.",
         [this]
         {
-            hands->ClickPanel(buttonX, addGroupY);
-            hands->LetIdle(4);
-            hands->NoteNewGroup("Group 1");
-            hands->DragRowInto("glow", "Group 1");
+            panel->ClickButton("Add Group");
+            panel->DragRowInto("glow", "Group 1");
         },
         [](const Shown& shown) { return find(shown, "glow") != nullptr && find(shown, "glow")->group == 1; });
+    // The two lie side by side. A group in two pieces would be put in order by the panel each time the
+    // history passes by, and that ends what can be redone.
     tell(
-        "\"" + rows.at(2) + "\" follows it.", [&] { hands->DragRowBelow(rows.at(2), "glow"); },
-        [&](const Shown& shown) { return find(shown, rows.at(2))->group == 1; });
+        "\"" + first + "\" follows it.", [&] { panel->DragRowBelow(first, "glow"); },
+        [&](const Shown& shown) { return find(shown, first)->group == 1; });
     tell(
-        "A click on its box switches \"glow\" off.", [this] { hands->ClickBox("glow"); },
+        "A click on its box switches \"glow\" off.", [this] { panel->ClickBox("glow"); },
         [](const Shown& shown) { return !find(shown, "glow")->isOn; });
+    requireAgreement();
     picture("grouped");
 }
 
 void Tour::undoAllAndRedoAll()
 {
+    const std::size_t all = undoSteps();
     while (now().canUndo)
     {
-        const std::size_t steps = hands->OnMain([this] { return bench.TheHost().UndoNames().size(); });
+        const std::size_t steps = undoSteps();
+        const auto isUndone = [&] { return undoSteps() == steps - 1; };
         tell(
             "Edit > Undo" +
                 (now().undoName.empty() ? std::string(" (a step without a name)") : " " + now().undoName) +
                 ". The panel follows.",
-            [this] { hands->ChooseFromMenu("Edit", 0); },
+            [&] { menus->Choose("Edit", 0, isUndone); },
             [&](const Shown&) { return bench.TheHost().UndoNames().size() == steps - 1; });
+        requireAgreement();
     }
     tell(
-        "Everything is undone. Ctrl+Shift+Z brings all of it back.",
-        [this]
-        {
-            while (now().canRedo)
-                hands->Keys({"Control_L", "Shift_L"}, "z");
-        },
+        "Everything is undone. Ctrl+Shift+Z brings all of it back.", [&] { redoAll(all); },
         [](const Shown& shown) { return !shown.canRedo && find(shown, "glow") != nullptr; });
+}
+
+std::size_t Tour::undoSteps()
+{
+    return hands->OnMain([this] { return bench.TheHost().UndoNames().size(); });
+}
+
+void Tour::redoAll(std::size_t all)
+{
+    for (std::size_t steps = 0; steps < all; ++steps)
+    {
+        require("the keyboard in the desktop", [this] { return hands->DesktopListens(); });
+        hands->Keys({"Control_L", "Shift_L"}, "z");
+        require("the step that was taken back", [&] { return undoSteps() == steps + 1; });
+        requireAgreement();
+    }
 }
 
 void Tour::workInTheEffectControls()
@@ -252,8 +254,15 @@ void Tour::workInTheEffectControls()
         "In the effect controls, a double click opens a name; it becomes \"lamp\", and the panel shows it.",
         [&]
         {
-            hands->DoubleClick("effects", 90, rowOf(0));
-            hands->LetIdle(2);
+            // Two clicks that come too slowly are none.
+            const int y = rowOf(0);
+            require("the field for a name",
+                    [this, y]
+                    {
+                        hands->DoubleClick("effects", 90, y);
+                        return hands->Within(TourHands::longEnough,
+                                             [this] { return hands->Listens("name"); });
+                    });
             hands->Type("lamp");
             hands->Key("Return");
         },
@@ -276,35 +285,37 @@ void Tour::useSiblingsAndDock()
         "A sibling effect notifies the panel: Siblings > Notify the Panel.",
         [this]
         {
-            hands->ChooseFromMenu("Siblings", 3);
-            hands->LetIdle(5);
+            // The question comes as soon as the menu has given the keyboard back.
+            menus->Choose("Siblings", 3, [this] { return hands->Listens("answer"); });
             hands->Type("rendered 120 frames");
             hands->Key("Return");
-            require([this] { return hands->SeesNotification(); });
+            require("the notification", [this] { return panel->ShowsNotification("rendered 120 frames"); });
         },
         [](const Shown&) { return true; });
     picture("notified");
     tell(
         "The Window menu has the panel's entry, with its mark, through the bundle's update hook.",
-        [this] { hands->OpenMenu("Window"); },
+        [this] { menus->Open("Window"); },
         [this](const Shown&)
         {
             const auto& items = bench.TheHost().MenuItems();
             return items.size() == 1 && items.front().enabled && items.front().ticked;
         });
     picture("window-menu");
-    hands->Key("Escape");
+    menus->Leave();
+    const auto isAt = [this](PanelPlace place)
+    { return hands->OnMain([&] { return bench.TheDock().Place() == place; }); };
     tell(
-        "The panel goes into a window of its own.", [this] { hands->ChooseFromMenu("Window", 2); },
+        "The panel goes into a window of its own.",
+        [&] { menus->Choose("Window", 2, [&] { return isAt(PanelPlace::floating); }); },
         [this](const Shown&) { return bench.TheDock().Place() == PanelPlace::floating; });
     hands->LetIdle(10);
     picture("undocked");
     tell(
         "It goes back into the dock, and the other tab is put in front of it.",
-        [this]
+        [&]
         {
-            hands->ChooseFromMenu("Window", 3);
-            hands->LetIdle(4);
+            menus->Choose("Window", 3, [&] { return isAt(PanelPlace::docked); });
             hands->Click("dock", 260, 12);
         },
         [this](const Shown&)
@@ -314,8 +325,9 @@ void Tour::useSiblingsAndDock()
         [this]
         {
             hands->Click("filter", 60, 10);
+            require("the caret in the filter", [this] { return hands->Listens("filter"); });
             hands->Type("set");
-            require([this] { return hands->TextIn("filter") == "set"; });
+            require("the filter's text", [this] { return hands->TextIn("filter") == "set"; });
         },
         [](const Shown&) { return true; });
     picture("filtered");

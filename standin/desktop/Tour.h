@@ -3,7 +3,8 @@
 // words. Each step waits for what it expects to see on both sides; one that does not come ends the tour, and
 // the program's exit code says so. It leaves pictures and all calls of the bundle in a folder.
 
-#include "standin/desktop/TourHands.h"
+#include "standin/desktop/TourMenus.h"
+#include "standin/desktop/TourPanel.h"
 
 #include <memory>
 
@@ -22,6 +23,8 @@ private:
     void addFromThePanel();
     void workInThePanel();
     void undoAllAndRedoAll();
+    void redoAll(std::size_t all);
+    std::size_t undoSteps();
     void workInTheEffectControls();
     void useSiblingsAndDock();
 
@@ -29,9 +32,11 @@ private:
     void tell(const std::string& sentence, const std::function<void()>& action,
               const std::function<bool(const Shown&)>& expected);
     /// Looks, on the tour's own thread, until it is seen; throws if it is not.
-    void require(const std::function<bool()>& seen);
+    void require(const std::string& what, const std::function<bool()>& seen);
+    void requireAgreement();
     void print(const std::string& text);
     void printSides();
+    bool writeCalls();
     void picture(const std::string& name);
     Shown now();
 
@@ -39,6 +44,9 @@ private:
     DesktopWindow& window;
     juce::File folder;
     std::unique_ptr<TourHands> hands;
+    std::unique_ptr<TourMenus> menus;
+    std::unique_ptr<TourPanel> panel;
+    std::string sentence; ///< Of the step that is told now.
     int step = 0;
     int pictures = 0;
 };

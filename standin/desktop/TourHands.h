@@ -1,11 +1,13 @@
 #pragma once
-// The hands and eyes of the guided tour: real mouse and key events on the desktop's windows and on the panel,
-// and pictures of the screen. Everything here is called on the tour's own thread; what it asks the windows is
-// asked on the main thread.
+// The hands and eyes of the guided tour: real mouse and key events on the desktop's windows, and pictures of
+// the screen. Everything here is called on the tour's own thread; what it asks the windows is asked on the
+// main thread. Nothing here waits for a guessed time: it waits for what is to be seen, or lets the program do
+// so many of its own passes.
 
 #include "standin/desktop/views/DesktopWindow.h"
 #include "standin/x11/XTestInput.h"
 
+#include <chrono>
 #include <functional>
 #include <future>
 
@@ -26,8 +28,16 @@ public:
         juce::MessageManager::callAsync([task] { (*task)(); });
         return answer.get();
     }
-    /// Waits until the condition holds on the main thread; false if it does not within a generous limit.
+
+    // Each of these looks again and again; false if it is not so within a generous limit.
+    /// On the main thread.
     bool Until(const std::function<bool()>& condition);
+    /// On the tour's own thread, for what is read from the screen.
+    bool UntilSeen(const std::function<bool()>& condition);
+    /// On the tour's own thread, until the host has idled so often: a limit that does not depend on how fast
+    /// the machine is.
+    bool Within(int passes, const std::function<bool()>& condition);
+
     /// Waits until the host has idled so often.
     void LetIdle(int passes);
 
@@ -35,45 +45,38 @@ public:
     void Click(const char* componentId, int x, int y);
     void DoubleClick(const char* componentId, int x, int y);
     void Drag(const char* componentId, juce::Point<int> from, juce::Point<int> to);
-    /// Opens the menu and clicks the line with this index, separators counted.
-    void ChooseFromMenu(const char* menu, int line);
-    void OpenMenu(const char* menu);
+    /// On the screen, in its pixels.
+    juce::Point<int> PlaceIn(const char* componentId, juce::Point<int> at);
+    ScreenArea AreaOf(const char* componentId);
+    /// Whether what is typed goes into the text field with this id.
+    bool Listens(const char* editorId);
+    std::string TextIn(const char* editorId);
+    /// Whether the keyboard is with the desktop itself, outside the panel.
+    bool DesktopListens();
+    /// Whether it is with the panel, which is a window in that of the desktop.
+    bool PanelListens();
 
-    // In the panel, which is docked and in front.
-    void ClickPanel(int x, int y);
-    void ClickRow(const std::string& name);
-    void ClickBox(const std::string& name);
-    /// Into a row that takes others in, a group without any.
-    void DragRowInto(const std::string& name, const std::string& target);
-    /// Behind a row, to the same depth.
-    void DragRowBelow(const std::string& name, const std::string& target);
-    /// The panel has just made this group, which is above all rows until an object is in it.
-    void NoteNewGroup(const std::string& name) { newGroup = name; }
-
+    /// Far enough behind the last one that they make no double click.
+    void PressAt(juce::Point<int> at);
+    void ClickAt(juce::Point<int> at);
     void Key(const std::string& name);
     void Keys(const std::vector<std::string>& modifiers, const std::string& name);
     void Type(const std::string& text);
 
-    /// Whether the panel shows a notification, which is the one thing in it that is blue.
-    bool SeesNotification();
-    std::string TextIn(const char* editorId);
     /// Writes the whole screen as PNG.
     void TakePicture(const juce::File& file);
 
+    /// The bare hands.
+    XTestInput input;
+
+    static constexpr int longEnough = 60; ///< Passes in which whatever was going to happen has happened.
+
 private:
-    void clickAt(juce::Point<int> at);
-    void dragBetween(juce::Point<int> from, juce::Point<int> to);
-    juce::Point<int> pointOfMenuLine(int line);
-    juce::Point<int> pointIn(const char* componentId, juce::Point<int> at);
-    juce::Point<int> rowPoint(const std::string& name, int x);
+    unsigned long desktopWindow();
 
     Workbench& bench;
     DesktopWindow& window;
-    XTestInput input;
-    std::string newGroup;
+    juce::Point<int> lastPlace;
+    std::chrono::steady_clock::time_point lastClick;
 };
-
-/// The rows of the panel below "Layer", from the top, as a layer's effects and their groups make them: a
-/// group stands where its first object is.
-std::vector<std::string> PanelRows(const Shown& shown);
 } // namespace standin

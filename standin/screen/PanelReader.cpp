@@ -13,7 +13,8 @@ constexpr std::uint32_t white = 0xffffff;
 constexpr std::uint32_t highlight = 0x999999;
 constexpr std::uint32_t buttonFace = 0x1a1a1a;
 constexpr std::uint32_t lightBlue = 0xadd8e6;
-constexpr std::uint32_t editorEdges[] = {0xd3d3d3, 0x8e989b}; // With the keyboard, and without.
+constexpr std::uint32_t listeningEdge = 0xd3d3d3; // Of the field for a new name, with the keyboard.
+constexpr std::uint32_t deafEdge = 0x8e989b;
 constexpr int treeLeft = 8;
 constexpr int treeTop = 88;
 constexpr int treeBelow = 12;
@@ -139,6 +140,21 @@ bool isNear(std::uint32_t a, std::uint32_t b)
             return false;
     return true;
 }
+
+bool hasEditorEdge(const ScreenPicture& panel, std::uint32_t edge)
+{
+    for (int y = 0; y < panel.height; ++y)
+    {
+        int run = 0;
+        for (int x = 0; x < panel.width; ++x)
+        {
+            run = panel.at(x, y) == edge ? run + 1 : 0;
+            if (run == editorWidth)
+                return true;
+        }
+    }
+    return false;
+}
 } // namespace
 
 void PanelReader::readRow(PanelRow& row, const ScreenPicture& panel,
@@ -241,18 +257,12 @@ std::vector<std::string> PanelReader::MenuEntries(const ScreenPicture& menu,
 
 bool PanelReader::IsEditorOpen(const ScreenPicture& panel)
 {
-    for (const std::uint32_t edge : editorEdges)
-        for (int y = 0; y < panel.height; ++y)
-        {
-            int run = 0;
-            for (int x = 0; x < panel.width; ++x)
-            {
-                run = panel.at(x, y) == edge ? run + 1 : 0;
-                if (run == editorWidth)
-                    return true;
-            }
-        }
-    return false;
+    return hasEditorEdge(panel, listeningEdge) || hasEditorEdge(panel, deafEdge);
+}
+
+bool PanelReader::IsEditorListening(const ScreenPicture& panel)
+{
+    return hasEditorEdge(panel, listeningEdge);
 }
 
 int PanelReader::MenuEntryMiddle(std::size_t index)

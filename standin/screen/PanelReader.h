@@ -69,6 +69,8 @@ public:
                                          const std::vector<std::string>& candidates);
     /// Whether the field for a new name lies over a row.
     static bool IsEditorOpen(const ScreenPicture& panel);
+    /// Whether it does and has the keyboard.
+    static bool IsEditorListening(const ScreenPicture& panel);
 
     /// The middle of the nth of so many entries of a menu of this height, from its upper edge.
     static int MenuEntryMiddle(std::size_t index);

@@ -86,18 +86,72 @@ void XTestInput::setFocus(unsigned long window)
     connection->settle();
 }
 
-ScreenPicture XTestInput::screen()
+bool XTestInput::focusIsBelow(unsigned long window)
+{
+    for (Window one = focusedWindow(); one != None && one != PointerRoot;)
+    {
+        Window root = None;
+        Window parent = None;
+        Window* children = nullptr;
+        unsigned count = 0;
+        if (XQueryTree(connection->display, one, &root, &parent, &children, &count) == 0)
+            return false;
+        if (children != nullptr)
+            (void)XFree(children);
+        if (parent == window)
+            return true;
+        one = parent;
+    }
+    return false;
+}
+
+bool XTestInput::someWindowHasFocus()
+{
+    const Window focused = focusedWindow();
+    return focused != None && focused != PointerRoot && focused != DefaultRootWindow(connection->display);
+}
+
+std::vector<ScreenArea> XTestInput::popUps()
 {
     Display* display = connection->display;
-    const int screen = DefaultScreen(display);
+    Window root = None;
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned count = 0;
+    std::vector<ScreenArea> found;
+    (void)XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count);
+    for (unsigned i = 0; i < count; ++i)
+    {
+        XWindowAttributes attributes{};
+        if (XGetWindowAttributes(display, children[i], &attributes) == 0)
+            continue;
+        if (attributes.map_state == IsViewable && attributes.override_redirect != 0)
+            found.push_back({attributes.x, attributes.y, attributes.width, attributes.height});
+    }
+    if (children != nullptr)
+        (void)XFree(children);
+    return found;
+}
+
+ScreenPicture XTestInput::screen()
+{
+    const int screen = DefaultScreen(connection->display);
+    return picture(
+        {0, 0, DisplayWidth(connection->display, screen), DisplayHeight(connection->display, screen)});
+}
+
+ScreenPicture XTestInput::picture(const ScreenArea& area)
+{
+    Display* display = connection->display;
     ScreenPicture picture;
-    picture.width = DisplayWidth(display, screen);
-    picture.height = DisplayHeight(display, screen);
+    picture.width = area.width;
+    picture.height = area.height;
     XImage* image =
-        XGetImage(display, RootWindow(display, screen), 0, 0, static_cast<unsigned>(picture.width),
-                  static_cast<unsigned>(picture.height), AllPlanes, ZPixmap);
+        XGetImage(display, DefaultRootWindow(display), area.x, area.y, static_cast<unsigned>(area.width),
+                  static_cast<unsigned>(area.height), AllPlanes, ZPixmap);
     if (image == nullptr)
         throw std::runtime_error("no picture of the screen");
+    picture.pixels.reserve(static_cast<std::size_t>(area.width) * static_cast<std::size_t>(area.height));
     for (int y = 0; y < picture.height; ++y)
         for (int x = 0; x < picture.width; ++x)
             picture.pixels.push_back(static_cast<std::uint32_t>(XGetPixel(image, x, y) & 0xffffff));

@@ -18,6 +18,15 @@ struct ScreenPicture
     std::uint32_t at(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
 };
 
+/// A part of the screen, in its pixels.
+struct ScreenArea
+{
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
+
 class XTestInput
 {
 public:
@@ -45,7 +54,16 @@ public:
     unsigned long focusedWindow();
     void setFocus(unsigned long window);
 
+    /// Whether a window below this one has the keyboard focus.
+    bool focusIsBelow(unsigned long window);
+    /// Whether any window has it. A menu that closes leaves it on the root where no window manager runs.
+    bool someWindowHasFocus();
+
+    /// Where menus and the like are, the newest last: windows on the root that no window manager tends.
+    std::vector<ScreenArea> popUps();
+
     ScreenPicture screen();
+    ScreenPicture picture(const ScreenArea& area);
 
 private:
     struct Connection;

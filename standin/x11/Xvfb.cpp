@@ -21,8 +21,9 @@ constexpr int startLimitMs = 30000;
     for (int fd = 0; fd < 3; ++fd)
         (void)dup2(null, fd);
     const std::string readyFd = std::to_string(readyPipe);
+    // "-r": a key that a slow machine holds down for long is no key that is pressed again and again.
     (void)execlp("Xvfb", "Xvfb", "-displayfd", readyFd.c_str(), "-screen", "0", screen.c_str(), "-nolisten",
-                 "tcp", "-noreset", static_cast<char*>(nullptr));
+                 "tcp", "-noreset", "-r", static_cast<char*>(nullptr));
     _exit(127);
 }
 

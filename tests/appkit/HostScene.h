@@ -40,6 +40,8 @@ struct HostScene
     /// A left click at a place of the window: moves the pointer there, and hands the event to the
     /// monitors. Returns what they hand back.
     NSEvent* Click(NSPoint inWindow);
+    /// The same, while the event tells of another place than the pointer is at.
+    NSEvent* ClickThatTells(NSPoint toldInWindow, NSPoint pointerInWindow);
     NSEvent* ClickInside();
     NSEvent* ClickOutside();
 

@@ -78,12 +78,14 @@ void HostScene::ResignKeyWindow()
         throw std::runtime_error("the window stays the key window");
 }
 
-NSEvent* HostScene::Click(NSPoint inWindow)
+NSEvent* HostScene::Click(NSPoint inWindow) { return ClickThatTells(inWindow, inWindow); }
+
+NSEvent* HostScene::ClickThatTells(NSPoint toldInWindow, NSPoint pointerInWindow)
 {
-    const NSPoint onScreen = [window convertBaseToScreen:inWindow];
+    const NSPoint onScreen = [window convertBaseToScreen:pointerInWindow];
     MovePointer(static_cast<int>(onScreen.x), screenHeight - static_cast<int>(onScreen.y));
     lastEvent = [NSEvent mouseEventWithType:NSLeftMouseDown
-                                   location:inWindow
+                                   location:toldInWindow
                               modifierFlags:0
                                   timestamp:0
                                windowNumber:[window windowNumber]

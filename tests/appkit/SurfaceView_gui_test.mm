@@ -280,6 +280,28 @@ TEST_F(SurfaceViewFocus, FollowsTheViewsEdges)
     EXPECT_FALSE(TakesDelete());
 }
 
+TEST_F(SurfaceViewFocus, GoesByWhereThePointerIsAndNotByWhatTheEventTells)
+{
+    const NSPoint inside = NSMakePoint(150, 100);
+    const NSPoint outside = NSMakePoint(300, 250);
+
+    (void)scene.ClickThatTells(outside, inside);
+    EXPECT_TRUE(TakesDelete());
+    (void)scene.ClickThatTells(inside, outside);
+    EXPECT_FALSE(TakesDelete());
+}
+
+TEST_F(SurfaceViewFocus, FollowsAViewThatDoesNotLieInItsSuperviewsCorner)
+{
+    [scene.surface setFrame:NSMakeRect(120, 90, 60, 40)];
+
+    (void)scene.Click(NSMakePoint(180, 140));
+    EXPECT_TRUE(TakesDelete());
+    // As far from the view's own corner as the view is from its superview's.
+    (void)scene.Click(NSMakePoint(300, 230));
+    EXPECT_FALSE(TakesDelete());
+}
+
 TEST_F(SurfaceViewFocus, GoesWithAnyClickWhileTheViewIsHidden)
 {
     (void)scene.ClickInside();

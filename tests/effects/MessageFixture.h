@@ -57,7 +57,7 @@ inline std::shared_ptr<std::vector<Received>> KeepRecordsOf(ProductHost& product
 /// A message as a sender makes it.
 inline VnEffectMessage MessageOf(VN_MSG_COMMAND command)
 {
-    VnEffectMessage message{};
+    VnEffectMessage message = VnEffectMessage();
     message.magic = VN_MSG_MAGIC;
     message.command = command;
     return message;

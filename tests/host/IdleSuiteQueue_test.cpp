@@ -4,6 +4,7 @@
 #include "host/IdleSuite.h"
 #include "standin/core/Host.h"
 #include "standin/sensors/FindingIds.h"
+#include "tests/host/GrudgingBasic.h"
 
 #include <functional>
 #include <gmock/gmock.h>
@@ -199,6 +200,32 @@ TEST_F(IdleQueue, AFullQueueWithAHostThatLeavesThePointerAloneDropsTheEntryInSil
     host.Faults().Withhold("AEGP Utility Suite", 11);
     EXPECT_EQ(Queue(job), 0);
     EXPECT_THAT(AlertTexts(), IsEmpty());
+}
+
+TEST_F(IdleQueue, AFullQueueReportsThroughAUtilitySuiteThatIsHandedOutWithAnError)
+{
+    Job job = MakeJob("A");
+    QueueTimes(32, job);
+    GrudgingBasic grudging(host, "AEGP Utility Suite");
+    ref.basicSuite = grudging.Basic();
+    EXPECT_EQ(Queue(job), 0);
+    EXPECT_THAT(host.CallTexts(),
+                ElementsAre(R"(Basic AcquireSuite("AEGP Utility Suite", 11))",
+                            R"(Utility 11 AEGP_ReportInfo(id 7, "Max Idle Stack Limit Reached."))",
+                            R"(Basic ReleaseSuite("AEGP Utility Suite", 11))"));
+    EXPECT_THAT(AlertTexts(), ElementsAre("Max Idle Stack Limit Reached."));
+}
+
+TEST_F(IdleQueue, AFullQueueCallsAPoisonedUtilitySuite)
+{
+    host.Expect(finding::poisonedTable, "", "the result of the acquire is not looked at");
+    host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released whether or not it was obtained");
+    Job job = MakeJob("A");
+    QueueTimes(32, job);
+    host.Faults().Withhold("AEGP Utility Suite", 11, Withheld::asPoisonedPointer);
+    EXPECT_EQ(Queue(job), 0);
+    EXPECT_THAT(AlertTexts(), IsEmpty());
+    EXPECT_EQ(host.CallTexts().back(), R"(Basic ReleaseSuite("AEGP Utility Suite", 11) = 1397908844)");
 }
 
 TEST_F(IdleQueue, AnEntryOfTwoNullsIsNotStored)

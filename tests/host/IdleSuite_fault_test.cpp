@@ -5,6 +5,7 @@
 #include "host/IdleSuite.h"
 #include "standin/core/Host.h"
 #include "standin/sensors/FindingIds.h"
+#include "tests/host/GrudgingBasic.h"
 #include "tests/support/Sanitized.h"
 
 #include <csignal>
@@ -50,12 +51,26 @@ protected:
     /// Loads the entry point in a process of its own that says where it dies.
     void LoadAndDie()
     {
+        LoadAndDieWith([this] { return host.Load(&EffectorAEGP); });
+    }
+
+    template <class Loading>
+    void LoadAndDieWith(Loading load)
+    {
         struct sigaction action = {};
         action.sa_sigaction = &tellWhereItDies;
         action.sa_flags = SA_SIGINFO;
         sigaction(SIGSEGV, &action, nullptr);
-        (void)host.Load(&EffectorAEGP);
+        (void)load();
         std::exit(0); // It lived, which fails the test.
+    }
+
+    /// Loads the entry point with a basic suite that hands the suite out and says that it failed.
+    LoadedPlugin LoadGrudged(const std::string& suite)
+    {
+        const GrudgingBasic grudging(host, suite);
+        return host.Load(+[](SPBasicSuite*, A_long, A_long, AEGP_PluginID id, AEGP_GlobalRefcon* out)
+                         { return EffectorAEGP(GrudgingBasic::Current().Basic(), 0, 0, id, out); });
     }
 
     std::vector<std::string> AlertTexts() const
@@ -178,6 +193,55 @@ TEST_F(IdleSuiteEntryDeathTest, AUtilitySuiteWithoutATableAndAHookThatCannotBeRe
     host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asNullTable);
     host.Faults().FailFunction("AEGP_RegisterIdleHook");
     EXPECT_DEATH(LoadAndDie(), deathAfter("Register 6 AEGP_RegisterIdleHook"));
+}
+
+TEST_F(IdleSuiteEntryDeathTest, ASuiteForPublishingThatIsHandedOutWithAnErrorIsNotUsed)
+{
+    EXPECT_DEATH(LoadAndDieWith([this] { return LoadGrudged("SP Suites Suite"); }),
+                 deathAfter("Basic AcquireSuite.*SP Suites Suite"));
+}
+
+TEST_F(IdleSuiteEntryDeathTest, ARegisterSuiteThatIsHandedOutWithAnErrorIsNotUsed)
+{
+    EXPECT_DEATH(LoadAndDieWith([this] { return LoadGrudged("AEGP Register Suite"); }),
+                 deathAfter("Basic AcquireSuite.*AEGP Register Suite"));
+}
+
+TEST_F(IdleSuiteEntryDeathTest, APoisonedSuiteForPublishingOrRegisteringIsNotUsed)
+{
+    host.Faults().Withhold("SP Suites Suite", 2, Withheld::asPoisonedPointer);
+    EXPECT_DEATH(LoadAndDie(), deathAfter("Basic AcquireSuite.*SP Suites Suite"));
+    host.Faults().GiveBack("SP Suites Suite", 2);
+    host.Faults().Withhold("AEGP Register Suite", 6, Withheld::asPoisonedPointer);
+    EXPECT_DEATH(LoadAndDie(), deathAfter("Basic AcquireSuite.*AEGP Register Suite"));
+}
+
+TEST_F(IdleSuiteEntryFault, AUtilitySuiteThatIsHandedOutWithAnErrorServesForTheReportOfThatError)
+{
+    const LoadedPlugin loaded = LoadGrudged("AEGP Utility Suite");
+    EXPECT_EQ(loaded.result.error, GrudgingBasic::GRUDGE);
+    EXPECT_THAT(AlertTexts(), ElementsAre("Vort AEGP : Could not register Plugin Suite."));
+    EXPECT_THAT(
+        host.CallTexts(),
+        ElementsAre(
+            R"(Basic AcquireSuite("SP Suites Suite", 2))",
+            R"(Suites 2 AddSuite(null, null, "Vortan Idle Suite v1", 1, 1, table))",
+            R"(Basic ReleaseSuite("SP Suites Suite", 2))", R"(Basic AcquireSuite("SP Suites Suite", 2))",
+            R"(Basic ReleaseSuite("SP Suites Suite", 2))", R"(Basic AcquireSuite("AEGP Register Suite", 6))",
+            R"(Basic AcquireSuite("AEGP Utility Suite", 7))",
+            R"(Utility 7 AEGP_ReportInfo(id 8, "Vort AEGP : Could not register Plugin Suite."))",
+            R"(Basic ReleaseSuite("AEGP Register Suite", 6))",
+            R"(Basic ReleaseSuite("AEGP Utility Suite", 7))"));
+    host.CheckSuiteBalance();
+}
+
+TEST_F(IdleSuiteEntryFault, APoisonedUtilitySuiteIsCalledForTheReport)
+{
+    host.Expect(finding::poisonedTable, "", "the report is made through the pointer as it stands");
+    host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released also when it was never acquired");
+    host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asPoisonedPointer);
+    EXPECT_EQ(host.Load(&EffectorAEGP).result.error, errSuiteNotFound);
+    EXPECT_THAT(AlertTexts(), IsEmpty());
 }
 
 TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutATableIsNotMissedWhileAllGoesWell)

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <type_traits>
 
 using namespace standin;
@@ -37,6 +38,7 @@ struct DoWithout
 
 static_assert(!std::is_copy_constructible_v<PanelHelper>, "a copy would release a second time");
 static_assert(!std::is_copy_assignable_v<PanelHelper>, "a copy would release a second time");
+static_assert(std::is_nothrow_destructible_v<PanelHelper>, "no exception leaves the destructor");
 static_assert(sizeof(PanelHelper) == 2 * sizeof(void*), "the suite and the basic suite");
 
 TEST(SuiteHelper, HoldsThePanelSuiteForItsWholeLife)
@@ -108,6 +110,24 @@ TEST(SuiteHelper, UnderAPolicyThatReturnsIsEmptyAndReleasesNothing)
         EXPECT_EQ(app.operator->(), nullptr);
     }
     EXPECT_THAT(basic.calls, ElementsAre("acquire PF AE App Suite 6"));
+}
+
+TEST(SuiteHelperDeathTest, TerminatesWhenAReleaseThrowsInItsDestructor)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto destroyWithThrowingRelease = []
+    {
+        HandMadeBasic basic;
+        basic.thrownByRelease = 13;
+        try
+        {
+            const PanelHelper panels(basic.Suite());
+        }
+        catch (...)
+        {
+        }
+    };
+    EXPECT_EXIT(destroyWithThrowingRelease(), ::testing::KilledBySignal(SIGABRT), "");
 }
 
 TEST(SuiteHelper, FindsBothSuitesAtTheHostAndLeavesNoneBehind)

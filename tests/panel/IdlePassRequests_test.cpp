@@ -140,6 +140,72 @@ TEST_F(PassRequests, AnOpenIsConsumedAlsoIfTheCommandFails)
     EXPECT_EQ(host.FindPanel(PANEL_NAME)->state, PanelState::frontmost);
 }
 
+/// Another plug-in, which lets the host idle inside the first command that it hears of.
+class IdlesInsideACommand
+{
+public:
+    explicit IdlesInsideACommand(PanelBench& owner) : bench(owner)
+    {
+        current = this;
+        (void)bench.host.Load(&entry);
+    }
+
+private:
+    static A_Err entry(SPBasicSuite* basic, A_long, A_long, AEGP_PluginID id, AEGP_GlobalRefcon* out)
+    {
+        *out = current;
+        const void* table = nullptr;
+        EXPECT_EQ(basic->AcquireSuite("AEGP Register Suite", 6, &table), 0);
+        const auto* registering = static_cast<const AEGP_RegisterSuite5*>(table);
+        EXPECT_EQ(registering->AEGP_RegisterCommandHook(id, AEGP_HP_BeforeAE, 1001, &commandHook, nullptr),
+                  A_Err_NONE);
+        return basic->ReleaseSuite("AEGP Register Suite", 6);
+    }
+
+    static A_Err commandHook(AEGP_GlobalRefcon global, AEGP_CommandRefcon, AEGP_Command, AEGP_HookPriority,
+                             A_Boolean, A_Boolean*)
+    {
+        auto& self = *static_cast<IdlesInsideACommand*>(global);
+        if (std::exchange(self.hasIdled, true))
+            return A_Err_NONE;
+        A_long maxSleep = 0;
+        return Panelator::S_IdleHook(self.bench.plugin, &self.bench.Inbox(), &maxSleep);
+    }
+
+    static inline IdlesInsideACommand* current = nullptr;
+    PanelBench& bench;
+    bool hasIdled = false;
+};
+
+TEST_F(PassRequests, AnOpenWhoseCommandLetsTheHostIdleRunsTheCommandOnceMoreAtTheNextPass)
+{
+    const IdlesInsideACommand neighbour(bench);
+    bench.Hide();
+    (void)bench.Pass();
+    bench.Inbox().openPending = 1;
+    const PassRecord pass = bench.Pass();
+    const auto command = [](const std::string& shown)
+    {
+        return Calls{"Tree DispatchPlatformEvents()",
+                     "Command 1 AEGP_DoCommand(1001)",
+                     R"(Panel 1 AEGP_IsShown("Vortan Object Panel") -> )" + shown,
+                     "Layer 5 AEGP_GetActiveLayer() -> layer 1",
+                     "Layer 5 AEGP_GetLayerID(layer 1) -> 1",
+                     "Tree CacheLayerTreeState(1)",
+                     R"(Panel 1 AEGP_ToggleVisibility("Vortan Object Panel"))"};
+    };
+    const Calls lookAtAHiddenPanel = {R"(Panel 1 AEGP_IsShown("Vortan Object Panel") -> 0, 0)",
+                                      "Command 1 AEGP_CheckMarkMenuCommand(1001, 0)", "Tree ClearTree(tree)"};
+    EXPECT_EQ(pass.calls,
+              Sequence({command("0, 0"), command("1, 1"), lookAtAHiddenPanel, lookAtAHiddenPanel}));
+    EXPECT_EQ(pass.printed, "Make Panel Visible\nMake Panel Visible\n");
+    EXPECT_EQ(host.FindPanel(PANEL_NAME)->state, PanelState::absent);
+    EXPECT_EQ(bench.Inbox().openPending, 1) << "cleared by the inner pass, and flipped by the outer one";
+    EXPECT_EQ(bench.Pass().printed.rfind("Make Panel Visible\n", 0), 0u);
+    EXPECT_EQ(host.FindPanel(PANEL_NAME)->state, PanelState::frontmost);
+    EXPECT_EQ(bench.Inbox().openPending, 0);
+}
+
 TEST_F(PassRequests, WithoutAnOpenTheCommandIsNotRun)
 {
     const Calls calls = bench.Pass().calls;

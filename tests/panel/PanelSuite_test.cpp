@@ -4,6 +4,9 @@
 #include "standin/family/Sibling.h"
 #include "tests/panel/PanelTest.h"
 
+#include <algorithm>
+#include <functional>
+
 namespace standin
 {
 namespace
@@ -33,6 +36,18 @@ TEST(PanelSuiteTable, IsFourWords)
     EXPECT_EQ(offsetof(VnPanelSuite, PanelNotify), 24u);
 }
 
+TEST(PanelSuiteInbox, HoldsItsFieldsInTheOrderAndWidthThatSiblingsAreBuiltWith)
+{
+    EXPECT_EQ(offsetof(VnPanelRef, pluginId), 0u);
+    EXPECT_EQ(sizeof(VnPanelRef::pluginId), 4u);
+    EXPECT_EQ(offsetof(VnPanelRef, basicSuite), 8u);
+    EXPECT_EQ(offsetof(VnPanelRef, refreshPending), 16u);
+    EXPECT_EQ(offsetof(VnPanelRef, openPending), 17u);
+    EXPECT_EQ(offsetof(VnPanelRef, notifyPending), 18u);
+    EXPECT_EQ(offsetof(VnPanelRef, notifyText), 24u);
+    EXPECT_EQ(sizeof(VnPanelRef), 24 + sizeof(std::string));
+}
+
 class PanelSuiteTest : public PanelTest
 {
 protected:
@@ -45,6 +60,19 @@ protected:
 
     int Pending() const { return bench.Inbox().openPending; }
 };
+
+TEST_F(PanelSuiteTest, TheControllerDeclaresItsMembersFromTheHostsSuiteToThePublishedTable)
+{
+    Panelator& panel = *bench.plugin;
+    const std::vector<const void*> members = {
+        &panel,          &panel.basicSuite, &panel.pluginId,  &panel.suites,
+        &panel.command,  &panel.panelSuite, &panel.matchName, &panel.layerHash,
+        &panel.treeHash, &panel.stateTable, &panel.tree,      &panel.publishedSuite,
+        &panel + 1};
+    EXPECT_EQ(members.at(0), members.at(1));
+    EXPECT_TRUE(std::is_sorted(members.begin(), members.end(), std::less<const void*>()));
+    EXPECT_EQ(members.back(), &panel.publishedSuite + 1) << "nothing lies behind the table";
+}
 
 // ---- OpenPanel
 

@@ -1,6 +1,7 @@
 // The create panel hook: a panel for the host's container, once or more in a run.
 
 #include "tests/panel/PanelTest.h"
+#include "tests/support/FakePlatform.h"
 
 #include "panel/platform/PanelatorUI_Plat.h"
 
@@ -55,6 +56,18 @@ TEST_F(CreatePanel, AcquiresItsTwoSuitesFirstAndHoldsThem)
     EXPECT_EQ(host.SuiteCount("AEGP Workspace Panel Suite", 1), panelSuites + 1);
     EXPECT_EQ(host.SuiteCount("AEGP Effect Suite", 1), 0);
     EXPECT_EQ(host.SuiteCount("AEGP Utility Suite", 7), 0);
+}
+
+TEST_F(CreatePanel, HandsThePlatformWhatTheHostGave)
+{
+    (void)Show();
+    const Panel* panel = host.FindPanel(PANEL_NAME);
+    EXPECT_EQ(LastPanelMade().basicSuite, host.BasicSuite());
+    EXPECT_EQ(LastPanelMade().panelH, static_cast<void*>(panel->handle));
+    EXPECT_EQ(LastPanelMade().view, panel->container);
+    EXPECT_EQ(LastPanelMade().functions, static_cast<const void*>(&panel->functions));
+    EXPECT_EQ(LastPanelMade().stateTable, &bench.plugin->stateTable);
+    EXPECT_EQ(LastPanelMade().tree, &bench.plugin->tree);
 }
 
 TEST_F(CreatePanel, LeavesTheHostsFunctionTableAlone)

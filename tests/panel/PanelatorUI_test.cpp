@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <type_traits>
 
 namespace standin
@@ -14,6 +15,8 @@ using Calls = std::vector<std::string>;
 
 static_assert(!std::is_polymorphic_v<PanelatorUI>,
               "the host holds the object, nobody derives behaviour from it");
+
+static_assert(std::is_nothrow_destructible_v<PanelatorUI>, "no exception leaves the destructor");
 
 class PanelatorUIBase : public testing::Test
 {
@@ -74,5 +77,19 @@ TEST_F(PanelatorUIBase, WithoutThePanelSuiteThrows13AndReleasesTheAppSuite)
                      "ReleaseSuite PF AE App Suite 6"}));
 }
 
+using PanelatorUIBaseDeathTest = PanelatorUIBase;
+
+TEST_F(PanelatorUIBaseDeathTest, TerminatesWhenAReleaseThrowsInItsDestructor)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    // One suite alone: two exceptions would terminate in any case.
+    fakes.basicSuite.ReleaseSuite = [](const char* name, std::int32_t) -> SPErr
+    {
+        if (std::string(name) == "AEGP Workspace Panel Suite")
+            throw 13;
+        return 0;
+    };
+    EXPECT_EXIT((void)MakeAndCatch(), testing::KilledBySignal(SIGABRT), "");
+}
 } // namespace
 } // namespace standin

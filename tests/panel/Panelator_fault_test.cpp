@@ -2,6 +2,7 @@
 
 #include "standin/faults/Sweep.h"
 #include "tests/panel/PanelTest.h"
+#include "tests/support/OutputCapture.h"
 
 #include <memory>
 
@@ -57,6 +58,27 @@ TEST_F(PanelatorFault, WithoutACommandAllIsSetUpButThePanelSuiteIsNotPublished)
     EXPECT_EQ(bench->loading.result.error, errNone);
     ASSERT_NE(bench->plugin, nullptr);
     EXPECT_EQ(bench->Inbox().pluginId, 8) << "the table is filled all the same";
+}
+
+TEST(PanelatorWithoutCommand, SaysSoAtOnce)
+{
+    ProductHost on;
+    on.host.Expect(finding::unknownCommand, "AEGP_InsertMenuCommand", "goes on with the command 0");
+    on.host.Faults().FailFunction("AEGP_GetUniqueCommand");
+    std::string flushed;
+    OutputCapture::Start();
+    TreeLog().sink = [&](const std::string&) { flushed = OutputCapture::Flushed(); };
+    const LoadedPlugin loaded = on.host.Load(&PanelEntryPointFunc);
+    TreeLog() = {};
+    (void)OutputCapture::Stop();
+    EXPECT_EQ(flushed, "Command Not Found\n") << "seen by the user interface's start already";
+    auto* plugin = static_cast<Panelator*>(loaded.globalRefcon);
+    on.host.RunInHook(
+        [plugin]
+        {
+            delete plugin->publishedSuite.panelRef;
+            delete plugin;
+        });
 }
 
 struct MissingAtStart

@@ -129,8 +129,10 @@ TEST_F(ReadingThePanel, TheFieldForANameIsSeenWithTheKeyboardAndWithout)
 {
     painting.Outline(48, 108, 200, 20, 0xd3d3d3);
     EXPECT_TRUE(PanelReader::IsEditorOpen(painting.Picture()));
+    EXPECT_TRUE(PanelReader::IsEditorListening(painting.Picture()));
     painting.Outline(48, 108, 200, 20, 0x8e989b);
     EXPECT_TRUE(PanelReader::IsEditorOpen(painting.Picture()));
+    EXPECT_FALSE(PanelReader::IsEditorListening(painting.Picture()));
     painting.Outline(48, 108, 200, 20, 0xffffff);
     EXPECT_FALSE(PanelReader::IsEditorOpen(painting.Picture()));
 }

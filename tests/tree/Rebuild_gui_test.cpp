@@ -29,6 +29,9 @@ protected:
         EXPECT_EQ(shape(), "Layer(Group 1(b a* c) x)");
     }
 
+    /// What a drag shows of its target: the place where the row would go, and a frame around its new parent.
+    int marks() { return view().getNumChildComponents() - 2; }
+
     const std::vector<ObjectItem> items = {object(1, "a"), object(2, "b", 1), object(3, "c", 1),
                                            external("x")};
     const std::vector<ObjectItem> others = {object(7, "p"), object(8, "q"), object(9, "s", 2)};
@@ -121,6 +124,29 @@ TEST_F(Rebuild, InTheMiddleOfADragOverAndOver)
     expectUsable();
 }
 
+TEST_F(Rebuild, InTheMiddleOfADragThatDropsWhereTheDraggedRowStood)
+{
+    for (const char* dragged : {"a", "b"})
+    {
+        show(items);
+        const int oldTop = row(dragged).getItemPosition(true).getY();
+        startDrag(textOf(dragged), at("c", {60, 2}));
+        ASSERT_TRUE(panel->isDragAndDropActive());
+        RefreshTree(panel, others);
+        select({"s"});
+        pump();
+        // The row that stands there now takes the drop, and is marked before.
+        const char* standsThere = dragged == std::string("a") ? "p" : "Group 2";
+        ASSERT_EQ(row(standsThere).getItemPosition(true).getY(), oldTop);
+        moveTo(at(standsThere, {60, 2}));
+        EXPECT_EQ(marks(), 2);
+        EXPECT_EQ(outputOf([this] { endDrag(); }), "Items: 1\nMoving Item: s\n");
+        EXPECT_EQ(shape(), dragged == std::string("a") ? "Layer(s* p q Group 2)" : "Layer(p q s* Group 2)");
+        expectRowsGone();
+    }
+    expectUsable();
+}
+
 TEST_F(Rebuild, InTheMiddleOfADragWithTheStateRestored)
 {
     auto* table = CreateTreeStateTable();
@@ -153,11 +179,9 @@ TEST_F(Rebuild, ClearUnderAHeldButton)
 TEST_F(Rebuild, ClearInTheMiddleOfADrag)
 {
     startDrag(textOf("a"), at("c", {60, 2}));
-    // The mark of the place where the row would go, and the frame around its new parent.
-    const int marks = view().getNumChildComponents() - 2;
-    EXPECT_EQ(marks, 2);
+    EXPECT_EQ(marks(), 2);
     ClearTree(panel);
-    EXPECT_EQ(view().getNumChildComponents(), 2);
+    EXPECT_EQ(marks(), 0);
     pump();
     moveTo(panel->localPointToGlobal(Point(80, 150)));
     EXPECT_EQ(outputOf([this] { endDrag(); }), "");

@@ -163,6 +163,19 @@ TEST_F(Rows, TakeTheDropsOfTheTable)
     EXPECT_THAT(answers("x"), ElementsAre(false, false, false, false, false, false, false));
 }
 
+TEST_F(Rows, TakeNoDropOnceTheyHaveLeftTheirView)
+{
+    build({object(1, "a"), object(2, "b", 1)});
+    select({"a"});
+    const std::unique_ptr<juce::TreeViewItem> left(view().getRootItem());
+    const juce::DragAndDropTarget::SourceDetails details("Object", &view(), {});
+    ASSERT_TRUE(left->isInterestedInDragSource(details));
+    view().setRootItem(nullptr);
+    EXPECT_FALSE(left->isInterestedInDragSource(details));
+    EXPECT_FALSE(left->getSubItem(1)->isInterestedInDragSource(details));
+    EXPECT_EQ(outputOf([&] { left->itemDropped(details, 0); }), "");
+}
+
 TEST_F(Rows, TakeAnObjectIntoAGroup)
 {
     build({object(1, "a", 1), object(2, "b")});

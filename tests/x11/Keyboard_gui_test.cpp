@@ -198,22 +198,68 @@ TEST_F(Keyboard, IsTheHostsWhileThePanelIsHidden)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, StaysAfterADragInTheTree)
+namespace
 {
-    ClickInto(Row(3));
-    Press(Row(3));
-    for (int step = 1; step <= 8; ++step)
+class KeyboardInADrag : public Keyboard
+{
+protected:
+    KeyboardInADrag()
     {
-        Point({Row(3).x, Row(3).y - 5 * step});
+        ClickInto(Row(3));
+        Press(Row(3));
+        for (int step = 1; step <= 8; ++step)
+        {
+            Point({Row(3).x, Row(3).y - 5 * step});
+            Idle();
+        }
         Idle();
     }
-    EXPECT_FALSE(PanelHasFocus()) << "the picture of the drag has it meanwhile";
+};
+} // namespace
+
+TEST_F(KeyboardInADrag, StaysWithThePanel)
+{
+    EXPECT_TRUE(PanelHasFocus());
+    Type("F5");
+    IdleFor(30);
+    EXPECT_THAT(window.TakeKeys(), ElementsAre("+F5", "-F5"));
     user.release();
-    EXPECT_TRUE(IdleUntil([this] { return Stack() != "a b c"; }));
-    EXPECT_TRUE(IdleUntil([this] { return PanelHasFocus(); }));
+    EXPECT_TRUE(IdleUntil([this] { return Stack() == "c a b"; })) << Stack();
     IdleFor(300);
     EXPECT_TRUE(PanelHasFocus());
+    Type("Delete");
+    EXPECT_TRUE(IdleUntil([this] { return Stack().size() == 3; })) << Stack();
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
+}
+
+TEST_F(KeyboardInADrag, KeepsTheTreesKeysFromTheHostWithoutAUseForThem)
+{
+    Type("Delete");
+    IdleFor(30);
+    user.release();
+    EXPECT_TRUE(IdleUntil([this] { return Stack() == "c a b"; })) << Stack();
+    EXPECT_THAT(window.TakeKeys(), IsEmpty());
+}
+
+TEST_F(KeyboardInADrag, IsTheTreesRightAfterTheDrop)
+{
+    user.release();
+    Type("Delete");
+    EXPECT_TRUE(IdleUntil([this] { return Stack() == "a b"; })) << Stack();
+    EXPECT_THAT(window.TakeKeys(), IsEmpty());
+}
+
+TEST_F(KeyboardInADrag, EndsTheDragByEscapeWhichTheHostDoesNotGet)
+{
+    Type("Escape");
+    IdleFor(30);
+    user.release();
+    IdleFor(300);
+    EXPECT_EQ(Stack(), "a b c");
+    EXPECT_THAT(window.TakeKeys(), IsEmpty());
+    EXPECT_TRUE(PanelHasFocus());
+    Type("Delete");
+    EXPECT_TRUE(IdleUntil([this] { return Stack() == "a b"; })) << Stack();
 }
 
 TEST_F(Keyboard, FollowsClicksInTheOrderTheyWereMadeInOneIdleInterval)

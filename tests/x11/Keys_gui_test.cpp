@@ -3,6 +3,7 @@
 #include "tests/x11/support/PanelInHost.h"
 
 #include <map>
+#include <tuple>
 
 using namespace standin;
 using testing::ElementsAre;
@@ -36,7 +37,14 @@ protected:
     void expectAtHost(const std::vector<std::string>& modifiers, const std::string& key,
                       const std::vector<std::string>& atHost)
     {
-        (void)write(modifiers, key);
+        expectAtHostAfter("Key Pressed\n", modifiers, key, atHost);
+    }
+
+    /// The same for a key about which the panel writes these lines.
+    void expectAtHostAfter(const std::string& written, const std::vector<std::string>& modifiers,
+                           const std::string& key, const std::vector<std::string>& atHost)
+    {
+        EXPECT_EQ(write(modifiers, key), written) << key;
         EXPECT_EQ(window.TakeKeys(), atHost);
         EXPECT_EQ(Stack(), "a b c");
         EXPECT_TRUE(PanelHasFocus());
@@ -76,11 +84,41 @@ TEST_F(Keys, ReturnAndKeypadEnterAreTheTrees)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(Keys, ReturnWithNothingSelectedIsTheHosts)
+TEST_F(Keys, ReturnWithNothingSelectedIsTheTreesAllTheSame)
 {
     ClickInto(PanelBackground());
     EXPECT_EQ(write({}, "Return"), "Return Key Pressed\nKey Pressed\nReturn Key Pressed\nEdit Button\n");
-    EXPECT_THAT(window.TakeKeys(), ElementsAre("+Return", "-Return"));
+    EXPECT_THAT(window.TakeKeys(), IsEmpty());
+}
+
+TEST_F(Keys, GroupsThatTheTreeHasNoUseForAreNotTheHosts)
+{
+    const std::tuple<std::string, std::string, std::string> groups[] = {
+        {"Control_L", "Delete", "Delete Key Pressed\n"},   {"Shift_L", "Delete", "Delete Key Pressed\n"},
+        {"Alt_L", "BackSpace", "Delete Key Pressed\n"},    {"Shift_L", "Return", "Return Key Pressed\n"},
+        {"Control_L", "Return", "Return Key Pressed\n"},   {"Alt_L", "KP_Enter", "Return Key Pressed\n"},
+        {"Control_L", "KP_Delete", "Delete Key Pressed\n"}};
+    for (const auto& [modifier, key, line] : groups)
+    {
+        ClickInto(PanelBackground());
+        EXPECT_THAT(write({modifier}, key), HasSubstr(line)) << modifier << " " << key;
+        EXPECT_THAT(window.TakeKeys(), testing::Each(HasSubstr(modifier))) << modifier << " " << key;
+    }
+    EXPECT_EQ(Stack(), "a b c");
+}
+
+TEST_F(Keys, CommandGroupsWithAltAreNotTheHosts)
+{
+    const std::map<std::string, std::string> lines = {{"x", "Command Key Pressed\nCmd X Pressed\n"},
+                                                      {"c", "Command Key Pressed\nCmd C Pressed\n"},
+                                                      {"v", "Command Key Pressed\nCmd v Pressed\n"},
+                                                      {"a", "Command Key Pressed\nCmd a Pressed\n"}};
+    for (const auto& [key, line] : lines)
+    {
+        EXPECT_THAT(write({"Control_L", "Alt_L"}, key), HasSubstr(line));
+        EXPECT_THAT(window.TakeKeys(),
+                    ElementsAre("+Control_L", "+ctrl+Alt_L", "-ctrl+alt+Alt_L", "-ctrl+Control_L"));
+    }
 }
 
 TEST_F(Keys, CutCopyPasteAndSelectAllAreTheTrees)
@@ -132,31 +170,31 @@ TEST_F(Keys, KeysWithoutAnEffectInTheTreeAreTheHosts)
     expectAtHost({}, "Escape", {"+Escape", "-Escape"});
     expectAtHost({}, "Tab", {"+Tab", "-Tab"});
     expectAtHost({}, "Insert", {"+Insert", "-Insert"});
-    expectAtHost({}, "KP_5", {"+KP_Begin", "-KP_Begin"});
-    expectAtHost({}, "Shift_R", {"+Shift_R", "-shift+Shift_R"});
-    expectAtHost({}, "Control_L", {"+Control_L", "-ctrl+Control_L"});
+    expectAtHostAfter("", {}, "KP_5", {"+KP_Begin", "-KP_Begin"});
+    expectAtHostAfter("", {}, "Shift_R", {"+Shift_R", "-shift+Shift_R"});
+    expectAtHostAfter("", {}, "Control_L", {"+Control_L", "-ctrl+Control_L"});
 }
 
 TEST_F(Keys, KeysWithOtherModifiersAreTheHosts)
 {
-    expectAtHost({"Control_L", "Shift_L"}, "c",
-                 {"+Control_L", "+ctrl+Shift_L", "+ctrl+shift+C", "-ctrl+shift+C", "-ctrl+shift+Shift_L",
-                  "-ctrl+Control_L"});
+    expectAtHostAfter("Command Key Pressed\nKey Pressed\n", {"Control_L", "Shift_L"}, "c",
+                      {"+Control_L", "+ctrl+Shift_L", "+ctrl+shift+C", "-ctrl+shift+C", "-ctrl+shift+Shift_L",
+                       "-ctrl+Control_L"});
     expectAtHost({"Alt_L"}, "q", {"+Alt_L", "+alt+q", "-alt+q", "-alt+Alt_L"});
-    expectAtHost({"Super_L"}, "a", {"+Super_L", "+super+a", "-super+a", "-super+Super_L"});
-    expectAtHost({"Super_L"}, "Delete", {"+Super_L", "+super+Delete", "-super+Delete", "-super+Super_L"});
-    expectAtHost({"Control_L", "Super_L"}, "c",
-                 {"+Control_L", "+ctrl+Super_L", "+ctrl+super+c", "-ctrl+super+c", "-ctrl+super+Super_L",
-                  "-ctrl+Control_L"});
-    expectAtHost({"Control_L"}, "z", {"+Control_L", "+ctrl+z", "-ctrl+z", "-ctrl+Control_L"});
-    expectAtHost({"Control_L"}, "Delete", {"+Control_L", "+ctrl+Delete", "-ctrl+Delete", "-ctrl+Control_L"});
-    expectAtHost({"Shift_L"}, "Return", {"+Shift_L", "+shift+Return", "-shift+Return", "-shift+Shift_L"});
+    expectAtHostAfter("", {"Super_L"}, "a", {"+Super_L", "+super+a", "-super+a", "-super+Super_L"});
+    expectAtHostAfter("", {"Super_L"}, "Delete",
+                      {"+Super_L", "+super+Delete", "-super+Delete", "-super+Super_L"});
+    expectAtHostAfter("", {"Control_L", "Super_L"}, "c",
+                      {"+Control_L", "+ctrl+Super_L", "+ctrl+super+c", "-ctrl+super+c", "-ctrl+super+Super_L",
+                       "-ctrl+Control_L"});
+    expectAtHostAfter("Command Key Pressed\nKey Pressed\n", {"Control_L"}, "z",
+                      {"+Control_L", "+ctrl+z", "-ctrl+z", "-ctrl+Control_L"});
 }
 
 TEST_F(Keys, KeysThatMoveTheSelectionAreTheHostsToo)
 {
     for (const std::string key : {"Up", "Down", "Left", "Right", "Home", "End", "Prior", "Next"})
-        expectAtHost({}, key, {"+" + key, "-" + key});
+        expectAtHostAfter("Key Pressed\nState Changed\n", {}, key, {"+" + key, "-" + key});
 }
 
 TEST_F(Keys, ArrowsMoveTheSelectionInTheTree)

@@ -92,6 +92,18 @@ TEST_F(Menus, LeaveTheKeysThatTheyDoNotUseToTheHost)
     expectNothingChosen();
 }
 
+TEST_F(Menus, KeepTheTreesKeysFromTheHostWithoutAUseForThem)
+{
+    OpenMenu();
+    Type("Delete");
+    TypeWith({"Control_L"}, "x");
+    IdleFor(50);
+    EXPECT_THAT(window.TakeKeys(), ElementsAre("+Control_L", "-ctrl+Control_L"));
+    EXPECT_TRUE(IsMenuOpen());
+    Type("Escape");
+    expectNothingChosen();
+}
+
 TEST_F(Menus, AreClosedByAClickOnTheHostsWindow)
 {
     OpenMenu();

@@ -32,12 +32,12 @@ Window HostWindow::findKeyboardOwner()
     return mayHaveIt ? lastFocused : currentTop;
 }
 
-void HostWindow::TakeKeyboardBack()
+void HostWindow::TakeKeyboardBack(Time time)
 {
     const Window owner = findKeyboardOwner();
     if (!IsOnScreen(display, owner))
         return;
-    (void)XSetInputFocus(display, owner, RevertToParent, CurrentTime);
+    (void)XSetInputFocus(display, owner, RevertToParent, time);
     lastNoted = None;
 }
 

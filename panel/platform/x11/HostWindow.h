@@ -13,8 +13,9 @@ public:
     /// Remembers a window of the host that has the keyboard, so that it gets it back. Others are ignored.
     void NoteFocus(Window focused);
 
-    /// Gives the keyboard to the window of the host that had it last, else to the host's top window.
-    void TakeKeyboardBack();
+    /// Gives the keyboard to the window of the host that had it last, else to the host's top window. The
+    /// server ignores it if the focus has changed after `time`, which may be CurrentTime.
+    void TakeKeyboardBack(Time time);
 
     /// Sends a key event that came to the panel on to the host, with its key, modifiers, lock state and time
     /// as they are.

@@ -3,7 +3,7 @@
 #include <X11/Xutil.h>
 #include <X11/keysym.h>
 #include <cstdio>
-#include <utility>
+#include <initializer_list>
 
 namespace
 {
@@ -15,17 +15,39 @@ KeySym symbolOf(XKeyEvent& press)
     return symbol;
 }
 
-/// The line for a key that goes with Ctrl, null for a key that is not the tree's.
+struct TreeKey
+{
+    KeySym symbol;
+    const char* line;
+};
+
+const char* lineFor(KeySym symbol, std::initializer_list<TreeKey> keys)
+{
+    for (const TreeKey& key : keys)
+        if (symbol == key.symbol)
+            return key.line;
+    return nullptr;
+}
+
+/// The line for a key that is the tree's with any modifiers; null for another.
+const char* lineForPlainKey(XKeyEvent& press)
+{
+    return lineFor(symbolOf(press), {{XK_Delete, "Delete Key Pressed"},
+                                     {XK_KP_Delete, "Delete Key Pressed"},
+                                     {XK_BackSpace, "Delete Key Pressed"},
+                                     {XK_Return, "Return Key Pressed"},
+                                     {XK_KP_Enter, "Return Key Pressed"}});
+}
+
+/// The line for a key that is the tree's with Ctrl; null for another.
 const char* lineForCommandKey(XKeyEvent& press)
 {
-    const std::pair<KeySym, const char*> commandKeys[] = {
-        {XK_x, "Cmd X Pressed"}, {XK_c, "Cmd C Pressed"}, {XK_v, "Cmd v Pressed"}, {XK_a, "Cmd a Pressed"}};
     // Kept: with Shift the key is the host's.
-    const KeySym symbol = (press.state & ShiftMask) != 0 ? NoSymbol : XLookupKeysym(&press, 0);
-    for (const auto& [commandKey, line] : commandKeys)
-        if (symbol == commandKey)
-            return line;
-    return nullptr;
+    if ((press.state & ControlMask) == 0 || (press.state & ShiftMask) != 0)
+        return nullptr;
+    return lineFor(
+        XLookupKeysym(&press, 0),
+        {{XK_x, "Cmd X Pressed"}, {XK_c, "Cmd C Pressed"}, {XK_v, "Cmd v Pressed"}, {XK_a, "Cmd a Pressed"}});
 }
 } // namespace
 
@@ -35,14 +57,16 @@ void WriteLine(const char* line)
     (void)std::fflush(stdout);
 }
 
+bool IsKeyOfTree(XKeyEvent press)
+{
+    return lineForPlainKey(press) != nullptr || lineForCommandKey(press) != nullptr;
+}
+
 void WriteKeyLines(XKeyEvent press)
 {
-    const KeySym symbol = symbolOf(press);
-    if (symbol == XK_Delete || symbol == XK_KP_Delete || symbol == XK_BackSpace)
-        return WriteLine("Delete Key Pressed");
-    if (symbol == XK_Return || symbol == XK_KP_Enter)
-        return WriteLine("Return Key Pressed");
-    if ((press.state & ControlMask) == 0)
+    if (const char* line = lineForPlainKey(press))
+        return WriteLine(line);
+    if ((press.state & ControlMask) == 0 || IsModifierKey(symbolOf(press)))
         return;
     WriteLine("Command Key Pressed");
     if (const char* line = lineForCommandKey(press))

@@ -1,9 +1,14 @@
 #pragma once
-// The lines that the panel writes about keys while it holds the keyboard; the same on every platform.
+// The keys that are the tree's while the panel holds the keyboard, and the lines that it writes about them;
+// the same on every platform. Ctrl stands for Command.
 
 #include <X11/Xlib.h>
 
-/// Writes the lines of the key press to standard output; none for most keys. Ctrl stands for Command.
+/// Whether the press is Delete, Return, Cut, Copy, Paste or Select All. The host gets none of them, also if
+/// the tree has nothing to do with it.
+bool IsKeyOfTree(XKeyEvent press);
+
+/// Writes the lines of the key press to standard output; none for most keys.
 void WriteKeyLines(XKeyEvent press);
 
 /// Writes one line to standard output.

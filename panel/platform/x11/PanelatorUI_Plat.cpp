@@ -28,8 +28,8 @@ PanelatorUI_Plat::PanelatorUI_Plat(SPBasicSuite* basicSuite, AEGP_PanelH hostPan
     : PanelatorUI(basicSuite, hostPanel, hostView, functions)
 {
     const auto container = reinterpret_cast<Window>(view);
-    ValueTreesDemo* const widget = CreatePanelContents(basicSuite, stateTable, tree);
     const Size size = sizeOf(container);
+    ValueTreesDemo* const widget = CreatePanelContents(basicSuite, stateTable, tree);
     addToDesktop(widget, nullptr, size.width, size.height, view);
     if (container != None)
         X11Embedding::Attach(widget, container);

@@ -5,23 +5,18 @@
 
 namespace
 {
-/// Whoever handled errors before the outermost of the scopes that are open now, which nest when a hook runs
-/// inside another. Xlib has one handler for the whole program, so this stands here once.
-struct FormerHandler
+/// The host's handler that a scope has found last. Scopes nest when a hook runs inside another, and the host
+/// may have set a handler of its own in between. Xlib has one handler for the whole program, so this stands
+/// here once.
+XErrorHandler& handlerOfHost()
 {
-    XErrorHandler handler = nullptr;
-    int scopes = 0;
-};
-
-FormerHandler& formerHandlerOfHost()
-{
-    static FormerHandler former;
-    return former;
+    static XErrorHandler handler = nullptr;
+    return handler;
 }
 
 int handleError(Display* display, XErrorEvent* error)
 {
-    const XErrorHandler host = formerHandlerOfHost().handler;
+    const XErrorHandler host = handlerOfHost();
     return display == GetTreeDisplay() || host == nullptr ? 0 : host(display, error);
 }
 } // namespace
@@ -29,15 +24,14 @@ int handleError(Display* display, XErrorEvent* error)
 PlatformErrorScope::PlatformErrorScope() : formerHandler(nullptr)
 {
     const XErrorHandler former = XSetErrorHandler(&handleError);
-    if (formerHandlerOfHost().scopes++ == 0)
-        formerHandlerOfHost().handler = former;
+    if (former != &handleError)
+        handlerOfHost() = former;
     formerHandler = reinterpret_cast<void*>(former);
 }
 
 /// The host may have set another handler inside the call, for good: that one stays.
 PlatformErrorScope::~PlatformErrorScope()
 {
-    --formerHandlerOfHost().scopes;
     const XErrorHandler present = XSetErrorHandler(reinterpret_cast<XErrorHandler>(formerHandler));
     if (present != &handleError)
         (void)XSetErrorHandler(present);

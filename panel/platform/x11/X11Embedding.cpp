@@ -109,7 +109,7 @@ void X11Embedding::leaveKeyboard()
     int revert = RevertToNone;
     XGetInputFocus(display, &focused, &revert);
     if (focused == container || wasLeftBehind(focused, revert))
-        host.TakeKeyboardBack();
+        host.TakeKeyboardBack(CurrentTime);
 }
 
 void X11Embedding::Update()
@@ -244,7 +244,7 @@ void X11Embedding::handlePress(const XEvent& event)
     wasPressed = true;
     doubtfulPress.reset(); // It was this one, or the user has come back since.
     if (event.xbutton.button <= Button3 && event.xbutton.window == panelWindow && !holdsKeyboard)
-        takeKeyboard();
+        takeKeyboard(event.xbutton.time);
     if (event.xbutton.window == panelWindow && event.xbutton.button == Button1)
         WriteLine("Click happened in View");
     DeliverTreeEvent(event);
@@ -260,7 +260,7 @@ void X11Embedding::handleRawPress(const XButtonEvent& press)
     if (isPointerOverTree(display))
         doubtfulPress = press.time;
     else
-        handlePressOutside();
+        handlePressOutside(press.time);
 }
 
 void X11Embedding::settle(Time doubtful)
@@ -268,7 +268,7 @@ void X11Embedding::settle(Time doubtful)
     if (doubtfulPress != doubtful)
         return;
     doubtfulPress.reset();
-    handlePressOutside();
+    handlePressOutside(doubtful);
 }
 
 /// Whether what follows a raw press is the same press in a window of JUCE. Several presses can have one time,
@@ -280,12 +280,16 @@ bool X11Embedding::isTreePressNext(const XButtonEvent& press) const
     return next != events.end() && next->xbutton.window != None && next->xbutton.time == press.time;
 }
 
-void X11Embedding::handlePressOutside()
+/// The host may have taken the keyboard itself by now, and then it keeps it where it is. A window manager may
+/// still be about to give it to a window of its choice, as of the press: that must not come too late.
+void X11Embedding::handlePressOutside(Time time)
 {
-    // The host may have taken the keyboard itself by now, and then it keeps it where it is.
-    examineFocus();
-    if (holdsKeyboard)
-        host.TakeKeyboardBack();
+    for (const Time asOf : {time, Time{CurrentTime}})
+    {
+        examineFocus();
+        if (holdsKeyboard)
+            host.TakeKeyboardBack(asOf);
+    }
     holdKeyboard(Holding::no);
     DismissTreeMenus();
 }
@@ -311,15 +315,17 @@ KeyUse X11Embedding::offerKey(const XEvent& event)
         return KeyUse::unused;
     if (event.type == KeyPress)
         WriteKeyLines(event.xkey);
-    return HandleTreeKey(tree, event);
+    const bool isOfTree = event.type == KeyPress && IsKeyOfTree(event.xkey);
+    const KeyUse use = HandleTreeKey(tree, event);
+    return isOfTree ? KeyUse::used : use;
 }
 
 /// JUCE would take the focus at the press and hear of it afterwards, which makes it forget where the press
 /// has put it. So it is told before. The next key must find a window that wants it.
-void X11Embedding::takeKeyboard()
+void X11Embedding::takeKeyboard(Time time)
 {
     selectKeys(Holding::yes);
-    (void)XSetInputFocus(display, panelWindow, RevertToParent, CurrentTime);
+    (void)XSetInputFocus(display, panelWindow, RevertToParent, time);
     XEvent event = {};
     event.xfocus.type = FocusIn;
     event.xfocus.display = display;
@@ -342,8 +348,9 @@ bool X11Embedding::wasLeftBehind(Window focused, int revert) const
     return focused == DefaultRootWindow(display) && revert == RevertToNone;
 }
 
-/// The panel holds the keyboard while the focus is on its window or on a menu of its own. A menu or the
-/// picture of a drag that goes away leaves the focus on the root window: it is fetched from there.
+/// The panel holds the keyboard while the focus is on its window. JUCE puts it on a menu or on the picture of
+/// a drag as well, which are windows of their own: when one of those goes away, a window manager finds nobody
+/// in charge and chooses the host. So it is taken back from them at once.
 void X11Embedding::examineFocus()
 {
     if (tree == nullptr)
@@ -351,15 +358,16 @@ void X11Embedding::examineFocus()
     Window focused = None;
     int revert = RevertToParent;
     XGetInputFocus(display, &focused, &revert);
-    if (IsTreeWindow(focused))
-        return holdKeyboard(Holding::yes);
-    if (holdsKeyboard && wasLeftBehind(focused, revert) && IsOnScreen(display, panelWindow))
+    const bool isOnPopup = focused != panelWindow && IsTreeWindow(focused);
+    const bool isLost = holdsKeyboard && wasLeftBehind(focused, revert);
+    if ((isOnPopup || isLost) && IsOnScreen(display, panelWindow))
     {
         (void)XSetInputFocus(display, panelWindow, RevertToParent, CurrentTime);
-        return;
+        focused = panelWindow;
     }
-    holdKeyboard(Holding::no);
-    host.NoteFocus(focused);
+    holdKeyboard(focused == panelWindow && panelWindow != None ? Holding::yes : Holding::no);
+    if (!holdsKeyboard)
+        host.NoteFocus(focused);
 }
 
 void X11Embedding::holdKeyboard(Holding holding)

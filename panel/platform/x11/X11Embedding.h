@@ -52,7 +52,7 @@ private:
     // Presses.
     void handlePress(const XEvent& event);
     void handleRawPress(const XButtonEvent& press);
-    void handlePressOutside();
+    void handlePressOutside(Time time);
     void settle(Time doubtful);
     bool isReleaseOverdue() const;
     bool isTreePressNext(const XButtonEvent& press) const;
@@ -60,7 +60,7 @@ private:
     // The keyboard.
     void handleKey(const XEvent& event);
     KeyUse offerKey(const XEvent& event);
-    void takeKeyboard();
+    void takeKeyboard(Time time);
     void handleFocusChange(const XEvent& event);
     void examineFocus();
     bool wasLeftBehind(Window focused, int revert) const;

@@ -156,6 +156,7 @@ std::string Workbench::Quit()
         host.Expect("unbalanced-suite", "",
                     "the panel and its controller hold their suites until the host ends");
     host.Quit();
+    Bundle::KeepMemoryOf(host);
     Collect("The end");
     return host.FindingsReport();
 }

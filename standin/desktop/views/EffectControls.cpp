@@ -30,6 +30,7 @@ EffectControls::EffectControls(Workbench& owner) : bench(owner)
     port.setScrollBarsShown(true, false);
     port.setViewedComponent(&stack, false);
     addAndMakeVisible(port);
+    stack.editor.setComponentID("name");
     stack.editor.setFont(theme::Body());
     stack.editor.onReturnKey = [this] { stack.EndRename(RenameEnd::taken); };
     stack.editor.onEscapeKey = [this] { stack.EndRename(RenameEnd::dropped); };

@@ -5,6 +5,7 @@ namespace standin
 namespace
 {
 constexpr int idlesPerSecond = 30;
+constexpr int passesUntilSure = 10; ///< That the desktop has the keyboard and JUCE does not know.
 constexpr int menuHeight = 26;
 constexpr int statusHeight = 24;
 constexpr int leftWidth = 240;
@@ -64,12 +65,17 @@ void MainView::timerCallback()
 /// Behind the idle, in which the panel fetches a lost focus back for itself.
 void MainView::tendWindow()
 {
-    const auto* peer = getPeer();
+    auto* peer = getPeer();
     if (peer == nullptr)
         return;
     const auto window = reinterpret_cast<unsigned long>(peer->getNativeHandle());
-    if (isShowing() && getCurrentlyModalComponent() == nullptr)
-        containers.FetchLostFocus(window);
+    const bool hasFocus =
+        isShowing() && getCurrentlyModalComponent() == nullptr && containers.FetchLostFocus(window);
+    passesDeaf = hasFocus && getCurrentlyFocusedComponent() == nullptr ? passesDeaf + 1 : 0;
+    // JUCE takes an event that says where the pointer is for the loss of the focus. One that says that the
+    // focus has come may be under way, though, and would take it from whoever has it by then.
+    if (passesDeaf == passesUntilSure)
+        peer->handleFocusGain();
     containers.Wake(window);
     if (waiting && getCurrentlyModalComponent() == nullptr && getCurrentlyFocusedComponent() != nullptr)
         std::exchange(waiting, nullptr)();

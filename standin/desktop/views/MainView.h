@@ -65,6 +65,7 @@ private:
     juce::File projectFile;
     juce::String status;
     std::function<void()> waiting;
+    int passesDeaf = 0; ///< With the keyboard on the window, and no component that it goes to.
     bool panelHadFocus = false;
 };
 } // namespace standin

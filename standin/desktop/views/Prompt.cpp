@@ -4,6 +4,7 @@ namespace standin
 {
 Prompt::Prompt()
 {
+    editor.setComponentID("answer");
     editor.setFont(theme::Body());
     editor.onReturnKey = [this] { finish(); };
     editor.onEscapeKey = [this] { close(); };

@@ -103,15 +103,16 @@ bool X11Containers::HasFocus() const
     return focused != None && focused != PointerRoot;
 }
 
-void X11Containers::FetchLostFocus(unsigned long window) const
+bool X11Containers::FetchLostFocus(unsigned long window) const
 {
     Window focused = None;
     int revert = 0;
     (void)XGetInputFocus(connection->display, &focused, &revert);
     if (focused != None && focused != PointerRoot && focused != DefaultRootWindow(connection->display))
-        return;
+        return focused == window;
     (void)XSetInputFocus(connection->display, window, RevertToParent, CurrentTime);
     (void)XSync(connection->display, False);
+    return false;
 }
 
 void X11Containers::Wake(unsigned long window) const

@@ -36,8 +36,8 @@ public:
     /// Whether the keyboard focus is in one of them.
     bool HasFocus() const;
     /// Gives the focus to a window of the desktop if nobody has it: a menu that closes leaves it on the
-    /// screen's root where no window manager hands it on.
-    void FetchLostFocus(unsigned long window) const;
+    /// screen's root where no window manager hands it on. Whether the window has had it all along.
+    bool FetchLostFocus(unsigned long window) const;
     /// Sends the window a message that means nothing. JUCE looks for its events when something new arrives
     /// from the server, and leaves lying what came in along with the answer to a question of its own; an open
     /// menu asks one twenty times a second. Without this a key or a click may wait for the next move of the

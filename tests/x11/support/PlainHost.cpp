@@ -48,6 +48,7 @@ struct PlainHost::Windows
     Display* display = XOpenDisplay(nullptr);
     Window top = None;
     Window container = None;
+    Window other = None;
     HostClicks clicks = HostClicks::areIgnored;
     ContainerStart start = ContainerStart::mapped;
     std::vector<std::string> keys;
@@ -316,6 +317,22 @@ void PlainHost::Destroy()
 void PlainHost::DestroyPanelWindow()
 {
     (void)XDestroyWindow(windows->display, PanelWindow());
+    (void)XSync(windows->display, False);
+}
+
+unsigned long PlainHost::MakeWindowOfAnotherProgram(int x, int y, int itsWidth, int itsHeight)
+{
+    windows->other = XCreateSimpleWindow(windows->display, DefaultRootWindow(windows->display), x, y,
+                                         static_cast<unsigned>(itsWidth), static_cast<unsigned>(itsHeight), 0,
+                                         0, 0x0000ff);
+    (void)XMapWindow(windows->display, windows->other);
+    (void)XSync(windows->display, False);
+    return windows->other;
+}
+
+void PlainHost::DestroyWindowOfAnotherProgram()
+{
+    (void)XDestroyWindow(windows->display, windows->other);
     (void)XSync(windows->display, False);
 }
 

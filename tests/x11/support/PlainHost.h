@@ -116,6 +116,10 @@ public:
     /// The container dies and what lies in it dies with it.
     void Destroy();
     void DestroyPanelWindow();
+
+    /// A window on the root that has nothing to do with the host; one at a time.
+    unsigned long MakeWindowOfAnotherProgram(int x, int y, int itsWidth, int itsHeight);
+    void DestroyWindowOfAnotherProgram();
     void MoveContainerToNewTop();
 
     /// What a user's resource file would say. Programs read it when they connect.

@@ -1,0 +1,133 @@
+#include "tests/x11/support/TinyWindowManager.h"
+
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <chrono>
+#include <csignal>
+#include <poll.h>
+#include <stdexcept>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace standin
+{
+namespace
+{
+/// How long the manager thinks before it hands a click on: longer than a host's idle interval.
+constexpr auto thinkingTime = std::chrono::milliseconds(40);
+constexpr int lookForLostFocusMs = 10;
+
+int ignoreError(Display*, XErrorEvent*) { return 0; }
+
+class Manager
+{
+public:
+    Manager() : display(XOpenDisplay(nullptr)), root(DefaultRootWindow(display))
+    {
+        (void)XSetErrorHandler(&ignoreError);
+        (void)XSelectInput(display, root, SubstructureRedirectMask);
+        Window ignored = None;
+        Window* windows = nullptr;
+        unsigned count = 0;
+        (void)XQueryTree(display, root, &ignored, &ignored, &windows, &count);
+        for (unsigned i = 0; i < count; ++i)
+            manage(windows[i]);
+        (void)XFree(windows);
+        (void)XSync(display, False);
+    }
+
+    [[noreturn]] void Run()
+    {
+        for (;;)
+        {
+            while (XPending(display) != 0)
+                handleNext();
+            rescueFocus();
+            (void)XFlush(display);
+            pollfd readable{ConnectionNumber(display), POLLIN, 0};
+            (void)poll(&readable, 1, lookForLostFocusMs);
+        }
+    }
+
+private:
+    void manage(Window window)
+    {
+        XWindowAttributes attributes;
+        if (XGetWindowAttributes(display, window, &attributes) == 0 || attributes.override_redirect != False)
+            return;
+        const Atom state = XInternAtom(display, "WM_STATE", False);
+        const long normal[] = {1, None};
+        (void)XChangeProperty(display, window, state, state, 32, PropModeReplace,
+                              reinterpret_cast<const unsigned char*>(normal), 2);
+        (void)XGrabButton(display, AnyButton, AnyModifier, window, True, ButtonPressMask, GrabModeSync,
+                          GrabModeAsync, None, None);
+    }
+
+    void handleNext()
+    {
+        XEvent event;
+        (void)XNextEvent(display, &event);
+        if (event.type == MapRequest)
+        {
+            manage(event.xmaprequest.window);
+            (void)XMapWindow(display, event.xmaprequest.window);
+        }
+        if (event.type == ButtonPress)
+            handleClick(event.xbutton);
+    }
+
+    void handleClick(const XButtonEvent& click)
+    {
+        lastFocused = click.window;
+        (void)XSetInputFocus(display, click.window, RevertToPointerRoot, click.time);
+        std::this_thread::sleep_for(thinkingTime);
+        (void)XAllowEvents(display, ReplayPointer, click.time);
+    }
+
+    void rescueFocus()
+    {
+        Window focused = None;
+        int revert = 0;
+        (void)XGetInputFocus(display, &focused, &revert);
+        if (lastFocused != None && (focused == None || focused == PointerRoot || focused == root))
+            (void)XSetInputFocus(display, lastFocused, RevertToPointerRoot, CurrentTime);
+    }
+
+    Display* display;
+    Window root;
+    Window lastFocused = None;
+};
+
+[[noreturn]] void runManager(int readyPipe)
+{
+    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
+    Manager manager;
+    (void)!write(readyPipe, "!", 1);
+    manager.Run();
+}
+} // namespace
+
+TinyWindowManager::TinyWindowManager()
+{
+    int fds[2];
+    if (pipe(fds) != 0)
+        throw std::runtime_error("no pipe for the window manager");
+    process = fork();
+    if (process == 0)
+        runManager(fds[1]);
+    (void)close(fds[1]);
+    char ready = 0;
+    const bool isReady = read(fds[0], &ready, 1) == 1;
+    (void)close(fds[0]);
+    if (!isReady)
+        throw std::runtime_error("the window manager did not start");
+}
+
+TinyWindowManager::~TinyWindowManager()
+{
+    (void)kill(process, SIGKILL);
+    (void)waitpid(process, nullptr, 0);
+}
+} // namespace standin
