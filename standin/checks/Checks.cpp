@@ -61,6 +61,8 @@ const std::vector<Check>& AllChecks()
              &ExportedSymbols},
             {"panel-opens", "The panel opens in the host's view and shows the active layer's effects.",
              &PanelOpens},
+            {"container-goes-first", "The panel ends well also if its container is gone before it.",
+             &ContainerGoesFirst},
             {"panel-reopens", "Closed and opened by its menu entry, the panel shows the layer again.",
              &PanelReopens},
             {"menu-entry", "The menu entry is always enabled, and ticked just while the panel is in front.",

@@ -29,6 +29,7 @@ void ProcessEnd(Trial& trial);
 #if STANDIN_HAS_SCREEN
 // With ELF files and X11 at hand.
 void ExportedSymbols(Trial& trial);
+void ContainerGoesFirst(Trial& trial);
 void PanelOpens(Trial& trial);
 void PanelReopens(Trial& trial);
 void MenuEntry(Trial& trial);

@@ -54,6 +54,7 @@ void PanelScene::OpenPanel()
 void PanelScene::Do(const std::string& line)
 {
     trial.At(line);
+    host().Findings().SetOrigin(line);
     const Step step = stepFrom(line);
     for (const std::string& text : step.arguments.texts)
         AddCandidate(text);

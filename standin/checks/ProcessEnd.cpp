@@ -2,6 +2,9 @@
 
 #include "standin/checks/CheckAlone.h"
 #include "standin/checks/Checks.h"
+#if STANDIN_HAS_SCREEN
+#include "standin/checks/PanelScene.h"
+#endif
 #include "standin/checks/Scene.h"
 #include "standin/checks/Trial.h"
 
@@ -25,14 +28,41 @@ void DeathHook(Trial& trial)
     }
 }
 
+#if STANDIN_HAS_SCREEN
 void ProcessEnd(Trial& trial)
 {
-    Scene scene(trial.BundleFile());
-    scene.bundle.LoadAll(scene.host);
-    for (int i = 0; i < 3; ++i)
-        trial.RequireEqual(scene.host.RunIdle().error, errNone, "the result of the idle hooks");
-    scene.Quit();
-    trial.RequireNoFindings(scene.host);
+    {
+        PanelScene scene(trial);
+        scene.AddFourObjects();
+        scene.OpenPanel();
+        scene.Do("a sibling notifies \"Saved\"");
+        scene.Do("click row \"lamp\"");
+        scene.End();
+    }
     trial.At(endOfProcess);
 }
+
+void ContainerGoesFirst(Trial& trial)
+{
+    HostOptions options;
+    options.deathOrder = DeathOrder::containersFirst;
+    PanelScene scene(trial, options);
+    scene.AddFourObjects();
+    scene.OpenPanel();
+    scene.Do("click row \"lamp\"");
+    scene.End();
+}
+#else
+void ProcessEnd(Trial& trial)
+{
+    {
+        Scene scene(trial.BundleFile());
+        scene.bundle.LoadAll(scene.host);
+        trial.RequireEqual(scene.host.RunIdle().error, errNone, "the result of the idle hooks");
+        scene.Quit();
+        trial.RequireNoFindings(scene.host);
+    }
+    trial.At(endOfProcess);
+}
+#endif
 } // namespace standin::checks

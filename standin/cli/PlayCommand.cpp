@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <memory>
 
@@ -74,6 +75,12 @@ int playAll(const Wishes& wishes)
         std::cerr << wishes.options.bundleFile << ": there is no such file; name the bundle with --bundle\n";
         return exit_code::noFile;
     }
+    // The scenarios' processes write behind each other.
+    if (const std::string& trace = wishes.options.traceFile; !trace.empty() && !std::ofstream(trace))
+    {
+        std::cerr << trace << ": the trace cannot be written\n";
+        return exit_code::noFile;
+    }
     int first = exit_code::well;
     int failed = 0;
     for (std::size_t i = 0; i < scenarios.size(); ++i)
@@ -100,6 +107,8 @@ void AddPlayCommand(CLI::App& app, int& exitCode)
     play->add_option("--pictures", wishes->options.pictures,
                      "The folder for screenshots and for the screen at a failure")
         ->capture_default_str();
+    play->add_option("--trace", wishes->options.traceFile,
+                     "A file for all host calls, below the lines that began them");
     play->add_option("--limit", wishes->limit, "Seconds that a scenario may take")
         ->check(CLI::PositiveNumber)
         ->capture_default_str();

@@ -34,7 +34,14 @@ void requireExpectations(const std::vector<Step>& steps)
 class Play
 {
 public:
-    explicit Play(Stage& theStage) : stage(theStage) {}
+    Play(Stage& theStage, const std::string& traceFile) : stage(theStage)
+    {
+        if (!traceFile.empty())
+            trace.open(traceFile, std::ios::app);
+    }
+    ~Play() { writeTrace(); }
+    Play(const Play&) = delete;
+    Play& operator=(const Play&) = delete;
 
     void Run(const Step& step)
     {
@@ -53,10 +60,24 @@ public:
     }
 
 private:
+    /// The calls since the last time, below the line that began them.
+    void writeTrace()
+    {
+        if (!trace.is_open())
+            return;
+        trace << traced << "\n";
+        for (const std::string& call : stage.session.Calls())
+            trace << "    " << call << "\n";
+    }
+
     void act(const Step& step)
     {
         if (stage.held == IdleHeld::no)
+        {
+            writeTrace();
             stage.session.Forget();
+            traced = step.statement.Place() + step.statement.text;
+        }
         step.phrase->act(stage, step.arguments);
         if (stage.held == IdleHeld::no)
             stage.session.Settle();
@@ -76,6 +97,8 @@ private:
     }
 
     Stage& stage;
+    std::ofstream trace;
+    std::string traced = "before the first action"; ///< The line whose calls come next.
 };
 
 std::string trimmed(const std::string& text)
@@ -134,7 +157,7 @@ Outcome PlayScenario(const std::vector<Step>& steps, const PlayOptions& options)
     stage.pictures = options.pictures;
     if (!loadsByItself(steps))
         stage.session.bundle.LoadAll(stage.host());
-    Play play(stage);
+    Play play(stage, options.traceFile);
     for (const Step& step : steps)
     {
         options.onStep(step.statement);

@@ -10,6 +10,7 @@ struct PlayOptions
 {
     std::string bundleFile;
     DisplayChoice display = DisplayChoice::environmentOrOwn;
+    std::string traceFile;      ///< Gets each line with its host calls, at the end. Empty for none.
     std::string pictures = "."; ///< The folder for pictures. Empty for no picture of a failure.
     /// Told of each line before it is carried out.
     std::function<void(const Statement&)> onStep = [](const Statement&) {};

@@ -167,6 +167,14 @@ vortan_mutant(thread-is-never-joined
 static std::thread watcher([] { std::this_thread::sleep_for(std::chrono::hours(1)); });]]
   SAYS [[the process has crashed]])
 
+vortan_mutant(death-hook-heeds-no-errors
+  CHECK container-goes-first
+  SOURCE panel/Panelator.cpp
+  WAS [[    const PlatformErrorScope errors;
+    Panelator* panelator = panelatorOf(globalRefcon);]]
+  IS [[    Panelator* panelator = panelatorOf(globalRefcon);]]
+  SAYS [[X told the host of]])
+
 vortan_mutant(panel-refcon-is-lost
   CHECK panel-opens
   SOURCE panel/Panelator.cpp

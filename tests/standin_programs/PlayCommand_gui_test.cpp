@@ -78,6 +78,24 @@ TEST_F(PlayCommand, AnActionThatCannotBeDoneIsToldWithItsLine)
                                   "the rows are \"Layer\" \"- lamp\"\n"));
 }
 
+TEST_F(PlayCommand, LeavesATraceOfAllHostCallsBelowTheirLines)
+{
+    const std::string trace = testing::TempDir() + "/trace.txt";
+    const std::string file =
+        write("traced.scenario", std::string(goodScenario) + "turn off \"lamp\"\nexpect \"lamp\" is off\n");
+    EXPECT_EQ(play({"--own-display", "--trace", trace, file}).exitCode, exit_code::well);
+    std::ifstream stream(trace);
+    const std::string text((std::istreambuf_iterator<char>(stream)), {});
+    EXPECT_THAT(text,
+                StartsWith("before the first action\n    Basic AcquireSuite(\"SP Suites Suite\", 2)\n"));
+    EXPECT_THAT(text, HasSubstr(file + ":4: open the panel\n    "));
+    const std::string behind = text.substr(text.find(file + ":6: turn off \"lamp\"\n"));
+    EXPECT_THAT(behind, HasSubstr("\n    Effect 1 AEGP_GetEffectFlags(effect e1) -> 0\n"));
+    const ProgramRun none = play({"--own-display", "--trace", "/nowhere/trace.txt", file});
+    EXPECT_EQ(none.exitCode, exit_code::noFile);
+    EXPECT_EQ(none.errors, "/nowhere/trace.txt: the trace cannot be written\n");
+}
+
 TEST_F(PlayCommand, AFindingThatNobodyExpectedFailsTheScenario)
 {
     const std::string file = write(
@@ -157,7 +175,7 @@ TEST_F(PlayCommand, HelpTellsOfEveryOption)
     const ProgramRun run = RunProgram({VORTAN_STANDIN, "play", "--help"});
     EXPECT_EQ(run.exitCode, exit_code::well);
     for (const char* option :
-         {"FILE", "--bundle", "--pictures", "--limit", "--own-display", "--verbose", "--check"})
+         {"FILE", "--bundle", "--pictures", "--limit", "--own-display", "--trace", "--verbose", "--check"})
         EXPECT_THAT(run.output, HasSubstr(option));
     EXPECT_THAT(RunProgram({VORTAN_STANDIN, "--help"}).output, HasSubstr("play"));
     EXPECT_THAT(RunProgram({VORTAN_STANDIN, "words"}).output, HasSubstr("click row TEXT"));
