@@ -80,6 +80,12 @@ unsigned long XTestInput::focusedWindow()
     return window;
 }
 
+void XTestInput::repeatHeldKeys()
+{
+    XAutoRepeatOn(connection->display);
+    connection->settle();
+}
+
 void XTestInput::setFocus(unsigned long window)
 {
     (void)XSetInputFocus(connection->display, window, RevertToParent, CurrentTime);

@@ -51,6 +51,10 @@ public:
     void type(const std::string& text);
 
     /// The window that has the keyboard focus: a window id, 1 for the one under the pointer, 0 for none.
+    /// From now on the server presses a key that is held down again and again, which its own screens begin
+    /// without.
+    void repeatHeldKeys();
+
     unsigned long focusedWindow();
     void setFocus(unsigned long window);
 

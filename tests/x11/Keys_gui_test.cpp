@@ -259,6 +259,7 @@ TEST_F(Keys, AKeyThatWentDownInTheHostComesUpInTheHost)
 TEST_F(Keys, AKeyThatIsHeldDownRepeatsWhereItIsUsed)
 {
     ClickInto(Row(1));
+    user.repeatHeldKeys();
     user.keyDown("F5");
     EXPECT_TRUE(IdleUntil([this] { return window.CountOf("+F5") >= 3; }));
     user.keyUp("F5");
