@@ -4,6 +4,7 @@
 #include "tree/Tree.h"
 #include "tree/ValueTreesDemo.h"
 
+#include <map>
 #include <memory>
 #include <unordered_map>
 
@@ -20,46 +21,62 @@ constexpr const char* closedTag = "CLOSED";
 constexpr const char* idAttribute = "id";
 constexpr const char* scrollAttribute = "scrollPos";
 
-/// The first element that speaks of a row of this name and is not taken yet.
-juce::XmlElement* takeElementFor(const juce::String& name, std::vector<juce::XmlElement*>& elements)
+std::unique_ptr<juce::XmlElement> opennessOf(const juce::TreeViewItem&);
+
+/// Puts the openness of each row below `row` ahead of what `parent` holds, in the order of the rows.
+void prependRows(juce::XmlElement& parent, const juce::TreeViewItem& row)
 {
-    for (auto*& element : elements)
-        if (element != nullptr && element->getStringAttribute(idAttribute) == name)
-            return std::exchange(element, nullptr);
-    return nullptr;
+    for (int i = row.getNumSubItems(); --i >= 0;)
+        parent.prependChildElement(opennessOf(*row.getSubItem(i)).release());
 }
 
-/// Adds the present openness of each row below `row` that the document does not mention. JUCE leaves
-/// closed rows out, and takes every row that is left out for closed; spelled out, a closed row and a row
-/// that the document has never seen are two things.
-void mentionEveryRow(juce::XmlElement& parent, const juce::TreeViewItem& row)
+std::unique_ptr<juce::XmlElement> opennessOf(const juce::TreeViewItem& row)
 {
-    std::vector<juce::XmlElement*> elements;
+    auto element = std::make_unique<juce::XmlElement>(row.isOpen() ? openTag : closedTag);
+    element->setAttribute(idAttribute, row.getUniqueName());
+    prependRows(*element, row);
+    return element;
+}
+
+/// JUCE's document of how the tree looks, with each row in its place. JUCE leaves closed rows out, and
+/// takes every row that is left out for closed; spelled out, a closed row and a row that the document has
+/// never seen are two things.
+std::unique_ptr<juce::XmlElement> currentState(ValueTreesDemo& tree)
+{
+    // Of the tree this changes at most what JUCE would with its next message; the document is to say where
+    // the view stands then.
+    tree.treeView.layOutIfStale();
+    auto state = tree.treeView.getOpennessState(true);
+    if (state == nullptr)
+        return nullptr;
+    state->deleteAllChildElementsWithTagName(openTag);
+    state->deleteAllChildElementsWithTagName(closedTag);
+    prependRows(*state, *tree.treeView.getRootItem());
+    return state;
+}
+
+/// Adds the present openness of each row below `row` that the document has never seen, so that a restore
+/// leaves those rows as they are. Of equal names, the first row takes the first element, as in a restore.
+void mentionUnseenRows(juce::XmlElement& parent, const juce::TreeViewItem& row)
+{
+    std::multimap<juce::String, juce::XmlElement*> elements;
     for (auto* element : parent.getChildIterator())
         if (element->hasTagName(openTag) || element->hasTagName(closedTag))
-            elements.push_back(element);
+            elements.emplace(element->getStringAttribute(idAttribute), element);
     for (int i = 0; i < row.getNumSubItems(); ++i)
     {
         const auto& subRow = *row.getSubItem(i);
         const juce::String name = subRow.getUniqueName();
-        auto* element = takeElementFor(name, elements);
-        if (element == nullptr)
+        const auto seen = elements.lower_bound(name);
+        if (seen == elements.end() || seen->first != name)
+            parent.addChildElement(opennessOf(subRow).release());
+        else
         {
-            element = parent.createNewChildElement(subRow.isOpen() ? openTag : closedTag);
-            element->setAttribute(idAttribute, name);
+            if (seen->second->hasTagName(openTag))
+                mentionUnseenRows(*seen->second, subRow);
+            elements.erase(seen);
         }
-        if (element->hasTagName(openTag))
-            mentionEveryRow(*element, subRow);
     }
-}
-
-std::unique_ptr<juce::XmlElement> currentState(ValueTreesDemo& tree)
-{
-    tree.treeView.layOutIfStale();
-    auto state = tree.treeView.getOpennessState(true);
-    if (state != nullptr)
-        mentionEveryRow(*state, *tree.treeView.getRootItem());
-    return state;
 }
 } // namespace
 
@@ -84,7 +101,7 @@ void ApplyLayerTreeState(_TreeStateTable_Internal* table, int layerId, ValueTree
         return;
     CustomTreeView& view = tree->treeView;
     if (const auto* root = view.getRootItem())
-        mentionEveryRow(*state, *root);
+        mentionUnseenRows(*state, *root);
     view.restoreOpennessState(*state, true);
     // JUCE would scroll with the next message, and the state that is cached right after this would not
     // be the state that the user sees.

@@ -6,7 +6,7 @@
 namespace
 {
 // JUCE finds no place in its state document for a row without a name. This noncharacter stands in for the
-// empty name; no text uses it.
+// empty name. An object that really has this name shares its place there, as objects of one name do.
 constexpr juce::juce_wchar emptyNameMark = 0xfdd0;
 
 juce::String nodeName(const juce::ValueTree& node) { return node.getProperty(TreeIds::name, "").toString(); }

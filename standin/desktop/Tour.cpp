@@ -288,6 +288,7 @@ void Tour::useSiblingsAndDock()
             // The question comes as soon as the menu has given the keyboard back.
             menus->Choose("Siblings", 3, [this] { return hands->Listens("answer"); });
             hands->Type("rendered 120 frames");
+            require("the text", [this] { return hands->TextIn("answer") == "rendered 120 frames"; });
             hands->Key("Return");
             require("the notification", [this] { return panel->ShowsNotification("rendered 120 frames"); });
         },

@@ -169,6 +169,8 @@ void TourHands::Keys(const std::vector<std::string>& modifiers, const std::strin
     for (const std::string& modifier : modifiers)
         input.keyDown(modifier);
     input.key(name);
+    // They are held until the key has been seen: JUCE asks now and then which ones are down by now.
+    LetIdle(2);
     for (const std::string& modifier : modifiers)
         input.keyUp(modifier);
 }

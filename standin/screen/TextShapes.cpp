@@ -98,6 +98,15 @@ struct TextShapes::Font
     FT_Library library = nullptr;
     FT_Face face = nullptr;
 
+    Font() = default;
+    Font(const Font&) = delete;
+    Font& operator=(const Font&) = delete;
+    ~Font()
+    {
+        (void)FT_Done_Face(face);
+        (void)FT_Done_FreeType(library);
+    }
+
     void setHeight(double height) const
     {
         const double perEm = height * face->units_per_EM / (face->ascender - face->descender);
@@ -147,11 +156,7 @@ TextShapes::TextShapes(const std::string& fontFile) : font(new Font)
         throw std::runtime_error(fontFile + " is no font: the panel cannot be read without it");
 }
 
-TextShapes::~TextShapes()
-{
-    (void)FT_Done_Face(font->face);
-    (void)FT_Done_FreeType(font->library);
-}
+TextShapes::~TextShapes() = default;
 
 double TextShapes::WidthOf(const std::string& text, double height)
 {

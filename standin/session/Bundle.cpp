@@ -3,6 +3,9 @@
 #include <dlfcn.h>
 #include <filesystem>
 #include <stdexcept>
+#include <vector>
+
+#include "standin/core/HostParts.h"
 
 namespace standin
 {
@@ -57,5 +60,17 @@ void Bundle::LoadAll(Host& host, EntryOrder order) const
     requireWell(LoadPanel(host), "PanelEntryPointFunc");
     if (order == EntryOrder::panelFirst)
         requireWell(LoadIdleSuite(host), "EffectorAEGP");
+}
+/// The list itself lives as long as the process, as what is in it does.
+void Bundle::KeepMemoryOf(Host& host)
+{
+    static std::vector<const void*>& kept = *new std::vector<const void*>;
+    HostParts& parts = host.Parts();
+    for (const auto& [plugin, refcon] : parts.hooks.globalRefcons)
+        kept.push_back(refcon);
+    for (const Panel& panel : parts.panels.All())
+        kept.push_back(panel.panelRefcon);
+    for (const auto& [name, suite] : parts.published)
+        kept.push_back(suite);
 }
 } // namespace standin

@@ -85,6 +85,7 @@ void Session::End()
         host.Expect("unbalanced-suite", "",
                     "the panel and its controller hold their suites until the host ends");
     host.Quit();
+    Bundle::KeepMemoryOf(host);
     dock.HandleEvents();
     collect();
 }

@@ -119,6 +119,8 @@ std::vector<ScreenArea> XTestInput::popUps()
     Window* children = nullptr;
     unsigned count = 0;
     std::vector<ScreenArea> found;
+    // None goes away while it is looked at.
+    (void)XGrabServer(display);
     (void)XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count);
     for (unsigned i = 0; i < count; ++i)
     {
@@ -128,6 +130,8 @@ std::vector<ScreenArea> XTestInput::popUps()
         if (attributes.map_state == IsViewable && attributes.override_redirect != 0)
             found.push_back({attributes.x, attributes.y, attributes.width, attributes.height});
     }
+    (void)XUngrabServer(display);
+    connection->settle();
     if (children != nullptr)
         (void)XFree(children);
     return found;

@@ -133,7 +133,7 @@ TEST(CatalogueWhileTheHostFails, EveryCallOfFindingKeysInTurn)
         EXPECT_EQ(fault.call, clean ? "" : row.call);
         EXPECT_EQ(catalogue.outcome, outcomeOfFinding(fault, row.outcome));
         EXPECT_EQ(catalogue.keys, valueOf(row, fault.length));
-        EXPECT_EQ(TakeFindingIds(catalogue.host), expectedFindings(catalogue.outcome, fault));
+        EXPECT_EQ(TakeDistinctFindingIds(catalogue.host), expectedFindings(catalogue.outcome, fault));
     };
     EXPECT_EQ(SweepFaults(
                   make, [](SmallCatalogue& catalogue) { catalogue.RunFind(); }, check),
@@ -154,7 +154,7 @@ TEST(CatalogueWhileTheHostFails, EveryCallOfTheKeyOfAMatchNameInTurn)
         EXPECT_EQ(catalogue.outcome, acquireFails              ? "threw 516"
                                      : (losesIt || losesNames) ? "returned 0"
                                                                : "returned 13");
-        EXPECT_EQ(TakeFindingIds(catalogue.host), expectedFindings(catalogue.outcome, fault));
+        EXPECT_EQ(TakeDistinctFindingIds(catalogue.host), expectedFindings(catalogue.outcome, fault));
     };
     EXPECT_EQ(SweepFaults(
                   make, [](SmallCatalogue& catalogue) { catalogue.RunKeyOf(); }, check),
@@ -191,7 +191,7 @@ TEST(CatalogueWhileTheHostFails, EveryCallOfTheMenuTextsInTurn)
         EXPECT_EQ(fault.call, clean ? "" : row.call);
         EXPECT_EQ(catalogue.outcome, row.outcome);
         EXPECT_EQ(catalogue.texts, valueOf(row, fault.length));
-        EXPECT_EQ(TakeFindingIds(catalogue.host), expectedFindings(catalogue.outcome, fault));
+        EXPECT_EQ(TakeDistinctFindingIds(catalogue.host), expectedFindings(catalogue.outcome, fault));
     };
     EXPECT_EQ(SweepFaults(
                   make, [](SmallCatalogue& catalogue) { catalogue.RunPopup(); }, check),
@@ -212,7 +212,7 @@ TEST(CatalogueWithoutTheSuite, Leaves516)
         EXPECT_EQ(catalogue.outcome, "threw 516");
         catalogue.RunPopup();
         EXPECT_EQ(catalogue.outcome, "threw 516");
-        EXPECT_EQ(TakeFindingIds(catalogue.host), FindingIds{"exception-left-hook"});
+        EXPECT_EQ(TakeDistinctFindingIds(catalogue.host), FindingIds{"exception-left-hook"});
     }
 }
 

@@ -231,6 +231,83 @@ TEST(GetEffectGroups, AppendsBehindWhatTheListHolds)
     EXPECT_THAT(groups, ElementsAre(5, 0));
 }
 
+namespace
+{
+/// The calls that convert a time, of which there is one for each message.
+std::vector<std::string> conversions(ProductHost& product)
+{
+    std::vector<std::string> found;
+    for (const std::string& call : product.host.CallTexts(SuiteTraffic::leftOut))
+    {
+        if (call.find("AEGP_ConvertLayerToCompTime") != std::string::npos)
+            found.push_back(call);
+    }
+    return found;
+}
+
+constexpr const char* conversionOfHalfASecond =
+    "Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 50/100) -> time 50/100";
+} // namespace
+
+TEST(GetEffectGroups, AsksAtTheTimeGiven)
+{
+    MessageHost product;
+    std::vector<int> indices = {2, 0};
+    std::vector<int> groups;
+    AEGP_LayerH layer = product.Layer();
+    (void)Send(product,
+               [&](AEGP_SuiteHandler* suites) {
+                   return GetEffectGroups(product.Id(), suites, layer, {50, 100}, &indices, &groups, 0);
+               });
+    EXPECT_THAT(conversions(product), ElementsAre(conversionOfHalfASecond, conversionOfHalfASecond));
+}
+
+TEST(GetEffectUUIDs, AsksAtTheTimeGiven)
+{
+    MessageHost product;
+    std::vector<int> indices = {2, 0};
+    std::vector<std::string> uuids;
+    AEGP_LayerH layer = product.Layer();
+    (void)Send(product,
+               [&](AEGP_SuiteHandler* suites) {
+                   return GetEffectUUIDs(product.Id(), suites, layer, {50, 100}, &indices, &uuids);
+               });
+    EXPECT_THAT(conversions(product), ElementsAre(conversionOfHalfASecond, conversionOfHalfASecond));
+}
+
+TEST(SetEffectGroupByUUID, AsksAndTellsAtTheTimeGiven)
+{
+    MessageHost product;
+    const std::string uuid = product.Uuid("B");
+    AEGP_LayerH layer = product.Layer();
+    (void)Send(product,
+               [&](AEGP_SuiteHandler* suites) {
+                   return SetEffectGroupByUUID(product.Id(), suites, layer, {50, 100}, uuid, 6);
+               });
+    EXPECT_THAT(conversions(product), ElementsAre(conversionOfHalfASecond, conversionOfHalfASecond,
+                                                  conversionOfHalfASecond, conversionOfHalfASecond));
+    EXPECT_EQ(product.host.Effect("B").family.group, 6);
+}
+
+TEST(GetEffectUUIDs, AppendsBehindWhatTheListHolds)
+{
+    MessageHost product;
+    std::vector<int> indices = {1};
+    std::vector<std::string> uuids = {"held"};
+    AEGP_LayerH layer = product.Layer();
+    const auto ask = [&]
+    {
+        return Send(product, [&](AEGP_SuiteHandler* suites)
+                    { return GetEffectUUIDs(product.Id(), suites, layer, MESSAGE_TIME, &indices, &uuids); });
+    };
+    EXPECT_EQ(ask().error, 0);
+    EXPECT_THAT(uuids, ElementsAre("held", zeroUuid));
+    indices.clear();
+    EXPECT_EQ(ask().error, 0);
+    EXPECT_THAT(uuids, ElementsAre("held", zeroUuid));
+    EXPECT_THAT(product.host.CallTexts(), IsEmpty());
+}
+
 TEST(GetEffectUUIDs, GivesOneTextForEachIndexInTheOrderAsked)
 {
     MessageHost product;

@@ -12,7 +12,7 @@ namespace
 {
 using Places = std::vector<int>;
 
-class PlacementAfterError : public StackTest
+class PlacementAfterError : public LabelledStackTest
 {
 protected:
     int Place(const std::string& label, Idle_Cmd cmd = Idle_Cmd_Apply)
@@ -243,7 +243,7 @@ void checkAdding(Adding& product, const SweptFault& fault)
     {
         EXPECT_EQ(product.outcome, fine);
         EXPECT_EQ(product.Stack(), inPlace);
-        EXPECT_EQ(TakeFindingIds(product.host), FindingIds());
+        EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
         return;
     }
     ASSERT_LE(fault.ordinal, std::size(addingRows));
@@ -255,7 +255,7 @@ void checkAdding(Adding& product, const SweptFault& fault)
     EXPECT_EQ(product.host.OpenUndoGroups(), 0);
     EXPECT_EQ(product.host.LiveReferences(), 0);
     EXPECT_TRUE(product.host.Alerts().empty());
-    EXPECT_EQ(TakeFindingIds(product.host),
+    EXPECT_EQ(TakeDistinctFindingIds(product.host),
               product.outcome == missing ? FindingIds{"exception-left-hook"} : FindingIds());
 }
 } // namespace
@@ -278,7 +278,7 @@ std::string outcomeOfAddingWithout(const std::string& suite, A_long version, Wit
     product.Run();
     EXPECT_EQ(product.Stack(), unchanged);
     EXPECT_EQ(product.host.LiveReferences(), 0);
-    EXPECT_EQ(TakeFindingIds(product.host), FindingIds{"exception-left-hook"});
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds{"exception-left-hook"});
     return product.outcome;
 }
 } // namespace
@@ -301,7 +301,7 @@ TEST(AddingWithoutASuite, NeedsNoOtherVersionAndNoUtilities)
     product.Run();
     EXPECT_EQ(product.outcome, fine);
     EXPECT_EQ(product.Stack(), inPlace);
-    EXPECT_EQ(TakeFindingIds(product.host), FindingIds());
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
 }
 
 TEST(AddingWithoutASuite, WithoutALayerIsThe516OfTheUtilities)
@@ -311,7 +311,7 @@ TEST(AddingWithoutASuite, WithoutALayerIsThe516OfTheUtilities)
     const HookResult hook = product.host.RunInHook(
         [&] { (void)ApplyEffectToLayerIdleFn(product.Id(), product.Basic(), product.KeyOf("R"), nullptr); });
     EXPECT_EQ(hook.thrownNumber, 516);
-    EXPECT_EQ(TakeFindingIds(product.host), FindingIds{"exception-left-hook"});
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds{"exception-left-hook"});
 }
 
 TEST(AddingWithoutASuite, NullBasicSuiteIsThe516EvenIfNothingIsToBeAdded)

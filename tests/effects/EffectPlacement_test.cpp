@@ -11,7 +11,7 @@ namespace standin
 {
 namespace
 {
-class EffectPlacement : public StackTest
+class EffectPlacement : public LabelledStackTest
 {
 protected:
     int IndexOf(const std::string& label, Idle_Cmd cmd = Idle_Cmd_Apply)

@@ -90,7 +90,7 @@ TEST(RemovalWhileTheHostFails, ReorderAtTheSecondOfThreeStopsEverythingAndLeaves
                             "Effect 3 AEGP_DeleteLayerEffect(effect null) = 3",
                             "Effect 3 AEGP_DeleteLayerEffect(effect null) = 3"));
     EXPECT_EQ(product.openGroups, 1);
-    EXPECT_EQ(TakeFindingIds(product.host), leftOpenAndNull);
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), leftOpenAndNull);
     product.ExpectUndoBringsBackEverything();
 }
 
@@ -105,7 +105,7 @@ TEST(RemovalWhileTheHostFails, UndoGroupThatCannotBeOpenedMovesNothingAndDeletes
                                               "Effect 3 AEGP_DeleteLayerEffect(effect null) = 3"));
     EXPECT_EQ(product.host.State(), product.before);
     EXPECT_EQ(product.openGroups, 0);
-    EXPECT_EQ(TakeFindingIds(product.host), FindingIds{"null-reference"});
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds{"null-reference"});
 }
 
 TEST(RemovalWhileTheHostFails, FetchInTheFirstSweepStopsEverything)
@@ -120,7 +120,7 @@ TEST(RemovalWhileTheHostFails, FetchInTheFirstSweepStopsEverything)
                                               "Effect 3 AEGP_DeleteLayerEffect(effect null) = 3",
                                               "Effect 3 AEGP_DeleteLayerEffect(effect null) = 3"));
     EXPECT_EQ(product.openGroups, 1);
-    EXPECT_EQ(TakeFindingIds(product.host), leftOpenAndNull);
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), leftOpenAndNull);
 }
 
 TEST(RemovalWhileTheHostFails, FetchInTheSecondSweepDeletesThroughNullFromThereOn)
@@ -139,7 +139,7 @@ TEST(RemovalWhileTheHostFails, FetchInTheSecondSweepDeletesThroughNullFromThereO
                             "Effect 3 AEGP_DeleteLayerEffect(effect null) = 3",
                             "Effect 3 AEGP_DeleteLayerEffect(effect null) = 3"));
     EXPECT_EQ(product.openGroups, 1);
-    EXPECT_EQ(TakeFindingIds(product.host), leftOpenAndNull);
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), leftOpenAndNull);
     product.ExpectUndoBringsBackEverything();
 }
 
@@ -151,7 +151,7 @@ TEST(RemovalWhileTheHostFails, DeletionIsNoErrorAndTheNextOneTakesTheSameEffect)
     EXPECT_EQ(product.outcome, fine);
     EXPECT_EQ(product.Stack(), "C A");
     EXPECT_THAT(product.host.UndoNames(), ElementsAre("Delete Effect(s)"));
-    EXPECT_EQ(TakeFindingIds(product.host), FindingIds());
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
     product.ExpectUndoBringsBackEverything();
 }
 
@@ -162,7 +162,7 @@ TEST(RemovalWhileTheHostFails, DisposalsAreNoErrors)
     product.Run();
     EXPECT_EQ(product.outcome, fine);
     EXPECT_EQ(product.Stack(), "A");
-    EXPECT_EQ(TakeFindingIds(product.host), FindingIds());
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
 }
 
 TEST(RemovalWhileTheHostFails, EndOfTheUndoGroupIsTheErrorOfAFinishedDeletion)
@@ -173,7 +173,7 @@ TEST(RemovalWhileTheHostFails, EndOfTheUndoGroupIsTheErrorOfAFinishedDeletion)
     EXPECT_EQ(product.outcome, "returned 4");
     EXPECT_EQ(product.Stack(), "A C");
     EXPECT_EQ(product.openGroups, 1);
-    EXPECT_EQ(TakeFindingIds(product.host), FindingIds()) << "the host's own doing";
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds()) << "the host's own doing";
     product.ExpectUndoBringsBackEverything();
 }
 
@@ -186,7 +186,7 @@ TEST(RemovalWhileTheHostFails, CountThatFailsIsALayerWithoutEffects)
     EXPECT_THAT(product.host.CallTexts(SuiteTraffic::leftOut),
                 ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) = 4"));
     EXPECT_EQ(product.host.State(), product.before);
-    EXPECT_EQ(TakeFindingIds(product.host), FindingIds());
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
 }
 
 TEST(RemovalWhileTheHostFails, NullLayerIsWhatTheHostMakesOfIt)
@@ -199,7 +199,7 @@ TEST(RemovalWhileTheHostFails, NullLayerIsWhatTheHostMakesOfIt)
     EXPECT_EQ(returned, 0);
     EXPECT_THAT(product.host.CallTexts(SuiteTraffic::leftOut),
                 ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer null) = 3"));
-    EXPECT_EQ(TakeFindingIds(product.host), FindingIds{"null-reference"});
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds{"null-reference"});
 }
 
 // Suites that the host has not got.
@@ -219,7 +219,7 @@ TEST(RemovalWithoutASuite, Leaves516AndTheLayerAsItWas)
             EXPECT_EQ(product.outcome, missing);
             EXPECT_EQ(product.host.State(), product.before);
             EXPECT_THAT(product.Sweeps(), IsEmpty());
-            EXPECT_EQ(TakeFindingIds(product.host), FindingIds{"exception-left-hook"});
+            EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds{"exception-left-hook"});
         }
     }
 }
@@ -231,7 +231,7 @@ TEST(RemovalWithoutASuite, ThatWouldDisposeOfTheReferenceInHandLeavesItUndispose
     product.Run();
     EXPECT_EQ(product.outcome, missing);
     EXPECT_EQ(product.host.State(), product.before);
-    EXPECT_EQ(TakeFindingIds(product.host), (FindingIds{"exception-left-hook", "leaked-reference"}));
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), (FindingIds{"exception-left-hook", "leaked-reference"}));
 }
 
 TEST(RemovalWithoutASuite, NeedsOnlyTheVersionsThatItUses)
@@ -244,7 +244,7 @@ TEST(RemovalWithoutASuite, NeedsOnlyTheVersionsThatItUses)
     product.Run();
     EXPECT_EQ(product.outcome, fine);
     EXPECT_EQ(product.Stack(), "A");
-    EXPECT_EQ(TakeFindingIds(product.host), FindingIds());
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
 }
 
 TEST(RemovalWithoutASuite, NullBasicSuiteIsThe516OnceThereIsSomethingToDelete)

@@ -15,7 +15,7 @@ namespace
 {
 using Texts = std::vector<std::string>;
 
-class EffectRemoval : public StackTest
+class EffectRemoval : public LabelledStackTest
 {
 protected:
     int RemoveUuids(const Texts& uuids)

@@ -12,7 +12,7 @@ namespace standin
 using FindingIds = std::set<std::string>;
 
 /// The ids of everything the host has found, suites that are still held included.
-inline FindingIds TakeFindingIds(Host& host)
+inline FindingIds TakeDistinctFindingIds(Host& host)
 {
     host.CheckSuiteBalance();
     FindingIds ids;

@@ -82,7 +82,7 @@ struct LabelledStack : ProductHost
 
 /// A test on one layer. At its end nothing has been printed, no suite is held, and the host has found nothing
 /// but what the test expected.
-class StackTest : public ::testing::Test
+class LabelledStackTest : public ::testing::Test
 {
 protected:
     void TearDown() override { expectAllIsWell(); }

@@ -84,6 +84,30 @@ TEST(ItemsHash, FoldsUuidNameGroupAndActiveInThisOrder)
     EXPECT_EQ(CalcItemsHash(seed, {item(uuidA, "Sheets", 3, 1), item(uuidB, "Dots", -1, 0)}), expected);
 }
 
+TEST(ItemsHash, WidensGroupAndActiveWithTheirSign)
+{
+    const auto expected = [](std::uint64_t group, std::uint64_t active)
+    {
+        const std::uint64_t texts = expectedStep(expectedStep(1, city(uuidA)), city("n"));
+        return expectedStep(expectedStep(texts, group), active);
+    };
+    EXPECT_EQ(CalcItemsHash(1, {item(uuidA, "n", 0, -1)}), expected(0, 0xffffffffffffffffULL));
+    EXPECT_EQ(CalcItemsHash(1, {item(uuidA, "n", -2, 0)}), expected(0xfffffffffffffffeULL, 0));
+}
+
+TEST(ItemsHash, CoversTheBytesBehindAZeroByte)
+{
+    ObjectItem long1 = item(uuidA, "n", 0, 1);
+    ObjectItem long2 = long1;
+    long1.name = std::string("n\0one", 5);
+    long2.name = std::string("n\0two", 5);
+    EXPECT_NE(CalcItemsHash(1, {long1}), CalcItemsHash(1, {long2}));
+    EXPECT_NE(CalcItemsHash(1, {long1}), CalcItemsHash(1, {item(uuidA, "n", 0, 1)}));
+    ObjectItem longUuid = item(uuidA, "n", 0, 1);
+    longUuid.uuid += std::string("\0x", 2);
+    EXPECT_NE(CalcItemsHash(1, {longUuid}), CalcItemsHash(1, {item(uuidA, "n", 0, 1)}));
+}
+
 TEST(ItemsHash, ShiftsLogicallyAndWraps)
 {
     // A seed with its top bit set tells a logical shift from an arithmetic one.

@@ -24,10 +24,12 @@ struct OddHost
 {
     A_long installed = 0;
     A_Err errorOfInstalled = A_Err_NONE;
+    A_Err errorOfName = A_Err_NONE;
     A_long effects = 0;
     A_Err errorOfFetch1 = A_Err_NONE;  ///< Version 1's fetch of an effect.
     std::vector<A_Err> errorsOfFetch3; ///< Version 3's fetches, one after the other; none behind them.
     A_Err errorOfApply = A_Err_NONE;
+    bool appliesWithReference = true;
     AEGP_LayerIDVal layerId = 0;
     A_Err errorOfLayerId = A_Err_NONE;
     std::vector<std::string> calls;
@@ -86,7 +88,8 @@ AEGP_EffectSuite1 makeEffectSuite1()
     table.AEGP_DisposeEffect = [](AEGP_EffectRefH effect) { return note("dispose1 " + nameOf(effect)); };
     table.AEGP_ApplyEffect = [](AEGP_PluginID, AEGP_LayerH, AEGP_InstalledEffectKey, AEGP_EffectRefH* effect)
     {
-        *effect = &effectCell;
+        if (odd->appliesWithReference)
+            *effect = &effectCell;
         return note("apply", odd->errorOfApply);
     };
     table.AEGP_GetNumInstalledEffects = [](A_long* count)
@@ -94,10 +97,15 @@ AEGP_EffectSuite1 makeEffectSuite1()
         *count = odd->installed;
         return note("installed", odd->errorOfInstalled);
     };
+    table.AEGP_GetNextInstalledEffect = [](AEGP_InstalledEffectKey key, AEGP_InstalledEffectKey* next)
+    {
+        *next = key + 1;
+        return note("next " + std::to_string(key));
+    };
     table.AEGP_GetEffectMatchName = [](AEGP_InstalledEffectKey key, A_char* name)
     {
         std::strcpy(name, "QVK VORTREN Dots");
-        return note("name " + std::to_string(key));
+        return note("name " + std::to_string(key), odd->errorOfName);
     };
     return table;
 }
@@ -198,6 +206,17 @@ TEST_F(OddHostTest, CountThatComesWithAnErrorIsWalkedWithoutAStep)
     EXPECT_THAT(odd->calls, ElementsAre("installed = 4", "name 0", "name 0"));
 }
 
+TEST_F(OddHostTest, NameThatComesWithAnErrorIsGoodEnoughForAWalk)
+{
+    odd->installed = 2;
+    odd->errorOfName = 4;
+    std::vector<int> keys;
+    EXPECT_EQ(FindEffectKeys(AEGP_SuiteHandler(&basic), keys, "QVK VORTREN"), 0);
+    EXPECT_THAT(keys, ElementsAre(1, 2));
+    EXPECT_THAT(odd->calls, ElementsAre("installed", "next 0", "name 1 = 4", "next 1", "name 2 = 4"));
+    EXPECT_EQ(GetEffectKeyFromMatchName(&basic, "QVK VORTREN"), 1);
+}
+
 TEST_F(OddHostTest, EffectsBelowZeroAreAnEmptyStackForANewObject)
 {
     odd->effects = -2;
@@ -218,6 +237,13 @@ TEST_F(OddHostTest, NewEffectThatComesWithAnErrorIsNotMovedAndItsReferenceIsDisp
     odd->errorOfApply = 4;
     EXPECT_EQ(ApplyEffectToLayerAtIndex(7, &basic, 5, layer, 0), 4);
     EXPECT_THAT(odd->calls, ElementsAre("apply = 4", "dispose1 effect"));
+}
+
+TEST_F(OddHostTest, NewEffectThatComesWithoutAReferenceIsMovedThroughNull)
+{
+    odd->appliesWithReference = false;
+    EXPECT_EQ(ApplyEffectToLayerAtIndex(7, &basic, 5, layer, 0), 0);
+    EXPECT_THAT(odd->calls, ElementsAre("apply", "reorder null to 0"));
 }
 
 TEST_F(OddHostTest, LayerWithTheIdZeroGetsNoEffect)

@@ -121,7 +121,7 @@ constexpr Cell cells[] = {
     {"R1 G R2 M", "E", 0, "new R1 G R2 M"},
 };
 
-class Placement : public StackTest, public ::testing::WithParamInterface<Cell>
+class Placement : public LabelledStackTest, public ::testing::WithParamInterface<Cell>
 {
 };
 

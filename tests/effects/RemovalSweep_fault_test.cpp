@@ -167,7 +167,7 @@ void checkRemoving(RemovingBAndC& product, const SweptFault& fault)
     EXPECT_EQ(product.outcome, ending.outcome);
     EXPECT_EQ(product.Stack(), ending.stack);
     EXPECT_EQ(product.openGroups, ending.openGroups);
-    EXPECT_EQ(TakeFindingIds(product.host), ending.findings);
+    EXPECT_EQ(TakeDistinctFindingIds(product.host), ending.findings);
     while (product.host.Undo())
     {
     }

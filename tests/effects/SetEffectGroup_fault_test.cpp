@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 
 using namespace standin;
 using ::testing::ElementsAre;
@@ -157,6 +158,49 @@ TEST(SetEffectGroup, DoesNotMindAnEffectThatFailsWhenItIsTold)
     scenario.ExpectCleanEnd();
 }
 
+namespace
+{
+/// What SetEffectGroupByUUID returns for B.
+int errorOfTelling(Telling& scenario, SPBasicSuite* basic)
+{
+    const std::string uuid = scenario.Uuid("B");
+    const HookResult result = SendOver(
+        scenario, basic,
+        [&](AEGP_SuiteHandler* suites)
+        { return SetEffectGroupByUUID(scenario.Id(), suites, scenario.Layer(), MESSAGE_TIME, uuid, 6); });
+    EXPECT_EQ(result.thrown, "");
+    return result.error;
+}
+} // namespace
+
+TEST(SetEffectGroup, ReportsNoErrorOfAnEffectThatAnswersAndThenFails)
+{
+    Telling scenario;
+    scenario.host.Effect("B").behaviour = AnswersAndFailsWith(4);
+    EXPECT_EQ(errorOfTelling(scenario, scenario.Basic()), 0);
+    EXPECT_EQ(scenario.host.Effect("B").family.group, 6);
+    scenario.ExpectCleanEnd();
+}
+
+TEST(SetEffectGroup, ReportsNoErrorOfTheLastDisposal)
+{
+    Telling scenario;
+    scenario.host.Faults().FailFunction("AEGP_DisposeEffect", 4, FaultLength::once, 4);
+    EXPECT_EQ(errorOfTelling(scenario, scenario.Basic()), 0);
+    EXPECT_EQ(scenario.host.CallTexts(SuiteTraffic::leftOut).back(),
+              "Effect 3 AEGP_DisposeEffect(effect B) = 4");
+    EXPECT_EQ(scenario.host.Effect("B").family.group, 6);
+}
+
+TEST(SetEffectGroup, ReportsNoErrorOfTheCount)
+{
+    Telling scenario;
+    scenario.host.Faults().FailFunction("AEGP_GetLayerNumEffects", 1, FaultLength::once, 4);
+    EXPECT_EQ(errorOfTelling(scenario, scenario.Basic()), 0);
+    EXPECT_THAT(scenario.host.CallTexts(SuiteTraffic::leftOut),
+                ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) = 4"));
+}
+
 // A host that lies.
 
 namespace
@@ -200,6 +244,26 @@ HookResult pingOver(MessageHost& product, SPBasicSuite* basic)
     return result;
 }
 } // namespace
+
+TEST(SetEffectGroup, TakesACountThatComesWithAnError)
+{
+    Telling scenario;
+    static bool lies;
+    lies = true;
+    PatchedBasic<AEGP_EffectSuite1> basic(scenario.host,
+                                          [](AEGP_EffectSuite1& suite)
+                                          {
+                                              suite.AEGP_GetLayerNumEffects =
+                                                  [](AEGP_LayerH layer, A_long* count)
+                                              {
+                                                  const A_Err err = countAndError(layer, count);
+                                                  return std::exchange(lies, false) ? err : A_Err{0};
+                                              };
+                                          });
+    EXPECT_EQ(errorOfTelling(scenario, basic.Basic()), 0);
+    EXPECT_EQ(scenario.host.Effect("B").family.group, 6);
+    scenario.ExpectCleanEnd();
+}
 
 TEST(SetEffectGroup, OnALayerWithANegativeCountTellsNobody)
 {

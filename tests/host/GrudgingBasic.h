@@ -1,6 +1,7 @@
 #pragma once
 // A basic suite that hands a suite out and says beside it, the first time, that it failed.
 
+#include "host/HostSuites.h"
 #include "standin/core/Host.h"
 
 #include <string>

@@ -66,6 +66,9 @@ TEST_F(CentralLoop, ARenameTravelsFromTheRowToTheLayerAndBackInThreePasses)
     EXPECT_EQ(Shape(), "Layer(lamp way* dots)");
     EXPECT_TRUE(product.host.Effect("A").groupHidden);
     EXPECT_FALSE(product.host.Effect("B").groupHidden);
+    const auto treeNow =
+        CalcItemsHash(static_cast<std::uint64_t>(product.layerId), GetItemsFromTree(panelator->tree));
+    EXPECT_EQ(panelator->treeHash, treeNow);
 
     // The pass that finds nothing to do.
     product.host.ClearTrace();

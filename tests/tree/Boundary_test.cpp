@@ -12,6 +12,14 @@ namespace
 class Boundary : public TreeTest
 {
 };
+
+/// A row that is none of the tree's own.
+class ForeignRow : public juce::TreeViewItem
+{
+public:
+    bool mightContainSubItems() override { return false; }
+    juce::String getUniqueName() const override { return "foreign"; }
+};
 } // namespace
 
 TEST_F(Boundary, ToleratesNoWidgetWhereItSaysSo)
@@ -49,6 +57,16 @@ TEST_F(Boundary, RefreshesFullyOpenAndUnselected)
     EXPECT_EQ(shape(), "Layer(Group 1(a) b x r)");
     EXPECT_FALSE(view().areItemsOpenByDefault());
     EXPECT_EQ(static_cast<int>(root()->getNode()["select"]), 0);
+}
+
+TEST_F(Boundary, RefreshesFullyOpenAndClosedByDefaultWhateverTheDefaultWas)
+{
+    view().setDefaultOpenness(true);
+    RefreshTree(panel, {object(1, "a", 1), object(2, "b")});
+    EXPECT_FALSE(view().areItemsOpenByDefault());
+    EXPECT_EQ(shape(), "Layer(Group 1(a) b)");
+    for (const char* name : {"Layer", "Group 1", "a", "b"})
+        EXPECT_TRUE(row(name).isOpen()) << name;
 }
 
 TEST_F(Boundary, RefreshReplacesTheWholeContents)
@@ -137,6 +155,20 @@ TEST_F(Boundary, ReadsTheSelectionRowByRow)
     EXPECT_THAT(GetSelectedTreeItems(panel), IsEmpty());
     select({"Group 1", "b", "x"});
     EXPECT_THAT(namesOf(GetSelectedTreeItems(panel)), ElementsAre("a", "b", "b"));
+}
+
+TEST_F(Boundary, FindsNothingInARowThatIsNotItsOwn)
+{
+    RefreshTree(panel, {object(1, "a")});
+    ClearTree(panel);
+    view().setRootItem(new ForeignRow);
+    view().getRootItem()->setSelected(true, true);
+    EXPECT_THAT(GetItemsFromTree(panel), IsEmpty());
+    EXPECT_THAT(GetSelectedTreeItems(panel), IsEmpty());
+    view().renameItem();
+    EXPECT_FALSE(view().renameEditor->isVisible());
+    view().deleteSelectedItems();
+    EXPECT_THAT(GetEffectsToBeRemoved(panel), IsEmpty());
 }
 
 TEST_F(Boundary, SetsTheBackgroundFromFourChannels)

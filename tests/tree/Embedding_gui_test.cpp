@@ -40,6 +40,12 @@ TEST_F(Embedding, PutsTheWidgetIntoTheHostsWindow)
     EXPECT_TRUE(panel->isVisible());
 }
 
+TEST_F(Embedding, AsksForAWindowWithoutAnyStyle)
+{
+    // JUCE adds by itself that a component may be seen through.
+    EXPECT_EQ(panel->getPeer()->getStyleFlags() & ~juce::ComponentPeer::windowIsSemiTransparent, 0);
+}
+
 TEST_F(Embedding, ShowsTheWidgetOnTheScreen)
 {
     SetBGColor(panel, 1.0f, 0.0f, 0.0f, 1.0f);

@@ -24,9 +24,11 @@ protected:
     static bool isMenuOpen() { return juce::Component::getNumCurrentlyModalComponents() > 0; }
     static bool isMenuClosed() { return !isMenuOpen(); }
 
-    void openMenu()
+    void openMenu() { openMenuOf(panel->geometryButton); }
+
+    void openMenuOf(SimpleButton& button)
     {
-        (void)outputOf([this] { click(centreOf(panel->geometryButton)); });
+        (void)outputOf([this, &button] { click(centreOf(button)); });
         ASSERT_TRUE(pumpUntil(isMenuOpen));
         // The menu takes no choice in its first quarter of a second, and would close within this time if
         // it believed that nobody looks at it.
@@ -77,6 +79,36 @@ TEST_F(Menu, OffersTheEntriesInTheirOrder)
         EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
         EXPECT_THAT(keys(), ElementsAre(10 + n));
     }
+}
+
+TEST_F(Menu, OffersNamesOfAnyKind)
+{
+    AddObject(panel, VN_OBJECT_RENDERER, 31, "");
+    AddObject(panel, VN_OBJECT_RENDERER, 32, "\xff\xc0\xaf\xed\xa0\x80");
+    AddObject(panel, VN_OBJECT_RENDERER, 33, std::string(200000, 'w').c_str());
+    for (int n = 1; n <= 3; ++n)
+    {
+        openMenuOf(panel->rendererButton);
+        click(menuRow(n));
+        EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
+        EXPECT_THAT(keys(), ElementsAre(30 + n));
+    }
+}
+
+TEST_F(Menu, ChoiceOfTheKeyZeroAddsNothing)
+{
+    AddObject(panel, VN_OBJECT_RENDERER, 21, "Dots");
+    AddObject(panel, VN_OBJECT_RENDERER, 0, "No such effect");
+    AddObject(panel, VN_OBJECT_RENDERER, 22, "Rays");
+    openMenuOf(panel->rendererButton);
+    click(menuRow(2));
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+    pumpFor(200);
+    EXPECT_THAT(keys(), IsEmpty());
+    openMenuOf(panel->rendererButton);
+    click(menuRow(3));
+    EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
+    EXPECT_THAT(keys(), ElementsAre(22));
 }
 
 TEST_F(Menu, LeavesTheHostAliveWhileItIsOpen)

@@ -22,6 +22,24 @@ protected:
         return items;
     }
 
+    /// On the screen: "--" for an empty box, "#-" for a half, "##" for a full one.
+    std::string boxOnScreen(const std::string& name)
+    {
+        const auto picture = input.screen();
+        std::string text;
+        for (const int x : {4, 7})
+        {
+            const Point pixel = at(name, {x, 10});
+            text += picture.at(pixel.x, pixel.y) == 0xcccccc ? "#" : "-";
+        }
+        return text;
+    }
+
+    bool waitForBox(const std::string& name, const std::string& look)
+    {
+        return pumpUntil([&] { return boxOnScreen(name) == look; });
+    }
+
     void wheel(Point place, unsigned button, int clicks)
     {
         moveTo(place);
@@ -121,6 +139,27 @@ TEST_F(Mouse, ClickOnTheBoxOfAnOutsideEffectShowsAndMeansNothing)
     EXPECT_EQ(CalcItemsHash(0, GetItemsFromTree(panel)), before);
     click(boxOf("x"));
     EXPECT_EQ(static_cast<int>(node("x")["active"]), 0);
+}
+
+TEST_F(Mouse, ClickOnTheBoxOfAnOutsideEffectIsSeenOnTheScreen)
+{
+    show({external("x"), object(1, "a")});
+    click(boxOf("x"));
+    EXPECT_TRUE(waitForBox("x", "##"));
+    // The selection stays as it is now, so that nothing but the box is painted anew.
+    click(boxOf("x"));
+    EXPECT_TRUE(waitForBox("x", "--"));
+}
+
+TEST_F(Mouse, BoxOfAGroupFollowsItsObjectsOnTheScreen)
+{
+    show({object(1, "a", 1), object(2, "b", 1)});
+    EXPECT_TRUE(waitForBox("Group 1", "##"));
+    node("a").setProperty("active", 0, nullptr);
+    EXPECT_TRUE(waitForBox("Group 1", "#-"));
+    EXPECT_TRUE(waitForBox("a", "--"));
+    node("b").setProperty("active", 0, nullptr);
+    EXPECT_TRUE(waitForBox("Group 1", "--"));
 }
 
 TEST_F(Mouse, ClickOnTheLayerRowHitsNoBox)

@@ -1,5 +1,6 @@
 #include "tests/tree/support/Pump.h"
 #include "tests/tree/support/TreeTest.h"
+#include "tree/NameText.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +9,8 @@ using testing::ElementsAre;
 
 namespace
 {
+constexpr const char* emptyNameMark = "\xef\xb7\x90";
+
 // Names as a host may hand them over, whatever they are.
 const std::vector<std::string> oddNames = {
     "",
@@ -28,7 +31,7 @@ const std::vector<std::string> oddNames = {
     std::string(200000, '\xff'),
     "gr\xc3\xbc\xc3\x9f",
     "\xe6\x97\xa5\xe6\x9c\xac \xf0\x9f\x98\x80",
-    "\xef\xb7\x90",
+    emptyNameMark,
     "%s%n%d",
 };
 
@@ -69,14 +72,20 @@ TEST_F(Names, PaintWhateverTheyAre)
 
 TEST_F(Names, SurviveCachingAndRestoringTheState)
 {
-    build(oddNames);
-    row("Layer").getSubItem(0)->setSelected(true, false);
     auto* table = CreateTreeStateTable();
-    CacheLayerTreeState(table, 1, panel);
-    RefreshTree(panel, items);
-    ApplyLayerTreeState(table, 1, panel);
-    CacheLayerTreeState(table, 1, panel);
-    EXPECT_FALSE(DidLayerStateChange(table, 1, panel));
+    for (const auto& name : oddNames)
+    {
+        if (name == emptyNameMark)
+            continue; // It shares its place, as shown below.
+        build(oddNames);
+        select({TextFromBytes(name).toStdString()});
+        CacheLayerTreeState(table, 1, panel);
+        RefreshTree(panel, items);
+        ApplyLayerTreeState(table, 1, panel);
+        EXPECT_THAT(selectedNames(), ElementsAre(TextFromBytes(name).toStdString()));
+        CacheLayerTreeState(table, 1, panel);
+        EXPECT_FALSE(DidLayerStateChange(table, 1, panel));
+    }
     DeleteTreeStateTable(table);
 }
 
@@ -146,6 +155,19 @@ TEST_F(Names, ThatAreEmptyHaveAPlaceInTheState)
     CacheLayerTreeState(table, 1, panel);
     root()->getSubItem(0)->setSelected(false, false);
     EXPECT_TRUE(DidLayerStateChange(table, 1, panel));
+    RefreshTree(panel, items);
+    ApplyLayerTreeState(table, 1, panel);
+    EXPECT_THAT(selectedNames(), ElementsAre(""));
+    DeleteTreeStateTable(table);
+}
+
+TEST_F(Names, ThatAreTheMarkOfAnEmptyNameShareItsPlaceInTheState)
+{
+    build({"", "", "", emptyNameMark});
+    root()->getSubItem(root()->getNumSubItems() - 1)->setSelected(true, true);
+    ASSERT_THAT(selectedNames(), ElementsAre(emptyNameMark));
+    auto* table = CreateTreeStateTable();
+    CacheLayerTreeState(table, 1, panel);
     RefreshTree(panel, items);
     ApplyLayerTreeState(table, 1, panel);
     EXPECT_THAT(selectedNames(), ElementsAre(""));

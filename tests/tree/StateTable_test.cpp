@@ -179,6 +179,24 @@ TEST_F(StateTable, NoticesRenamesReordersAndNewGroups)
     EXPECT_FALSE(didChange(1));
 }
 
+TEST_F(StateTable, NoticesWhichOfTwoEqualNamesIsClosed)
+{
+    RefreshTree(panel, {object(1, "same"), object(2, "same")});
+    cache(1);
+    root()->getSubItem(0)->setOpen(false);
+    EXPECT_TRUE(didChange(1));
+}
+
+TEST_F(StateTable, NoticesTheOrderOfClosedRows)
+{
+    RefreshTree(panel, {object(1, "a", 1), object(2, "b")});
+    row("Group 1").setOpen(false);
+    cache(1);
+    RefreshTree(panel, {object(2, "b"), object(1, "a", 1)});
+    row("Group 1").setOpen(false);
+    EXPECT_TRUE(didChange(1));
+}
+
 TEST_F(StateTable, NoticesTheOrderOfTheSelectedRowsInTheTree)
 {
     RefreshTree(panel, {object(1, "a"), object(2, "b")});
@@ -265,6 +283,17 @@ TEST_F(StateTable, LeavesRowsThatItHasNeverSeenAsTheyAre)
     RefreshTree(panel, {object(1, "a", 1), object(2, "b", 2), object(3, "c", 3), object(4, "d")});
     apply(1);
     EXPECT_EQ(shape(), "Layer(Group 1(a) Group 2+ Group 3(c) d)");
+}
+
+TEST_F(StateTable, GivesWhatItKnowsToTheFirstOfEqualNames)
+{
+    RefreshTree(panel, {object(1, "same"), object(2, "b")});
+    row("same").setOpen(false);
+    cache(1);
+    RefreshTree(panel, {object(1, "same"), object(2, "b"), object(3, "same")});
+    apply(1);
+    EXPECT_FALSE(root()->getSubItem(0)->isOpen());
+    EXPECT_TRUE(root()->getSubItem(2)->isOpen());
 }
 
 TEST_F(StateTable, RestoresWhatIsLeftOfTheRowsThatItKnew)

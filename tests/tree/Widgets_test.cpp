@@ -85,6 +85,27 @@ TEST_F(Label, FitsItselfAroundTheTextAndKeepsItsCentre)
     EXPECT_NEAR(label.getBounds().getCentreY(), 50, 1);
 }
 
+TEST_F(Label, RoundsEachHalfOfItsGrowthTowardsZero)
+{
+    // From no size at all it grows by its whole size; an odd one has halves to round.
+    int oddWidths = 0;
+    int oddHeights = 0;
+    for (const char* text : {"i", "ii", "iii", "l", "ll", "m", "mm", "mi", "i\ni", "m\nm\nm"})
+    {
+        NotifyLabel grown(timeMs);
+        parent.addChildComponent(grown);
+        grown.setTopLeftPosition(150, 50);
+        ASSERT_EQ(grown.getBounds(), juce::Rectangle<int>(150, 50, 0, 0));
+        grown.setText(text, juce::sendNotification);
+        EXPECT_EQ(grown.getX(), 150 - grown.getWidth() / 2) << text;
+        EXPECT_EQ(grown.getY(), 50 - grown.getHeight() / 2) << text;
+        oddWidths += grown.getWidth() % 2;
+        oddHeights += grown.getHeight() % 2;
+    }
+    EXPECT_GT(oddWidths, 0);
+    EXPECT_GT(oddHeights, 0);
+}
+
 TEST_F(Label, WrapsALongMessageWithinItsParent)
 {
     show("Hello");

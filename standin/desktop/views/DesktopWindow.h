@@ -14,6 +14,8 @@ public:
     void closeButtonPressed() override { juce::JUCEApplicationBase::quit(); }
     /// Keys that reach the window while nothing in it has the focus: the panel hands on what it does not use.
     bool keyPressed(const juce::KeyPress& key) override { return view.keyPressed(key); }
+    /// JUCE hands the keyboard to the window itself when the last who had it is gone.
+    void focusGained(FocusChangeType) override { view.grabKeyboardFocus(); }
 
 private:
     MainView view;

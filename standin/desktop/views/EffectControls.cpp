@@ -32,8 +32,16 @@ EffectControls::EffectControls(Workbench& owner) : bench(owner)
     addAndMakeVisible(port);
     stack.editor.setComponentID("name");
     stack.editor.setFont(theme::Body());
-    stack.editor.onReturnKey = [this] { stack.EndRename(RenameEnd::taken); };
-    stack.editor.onEscapeKey = [this] { stack.EndRename(RenameEnd::dropped); };
+    stack.editor.onReturnKey = [this]
+    {
+        stack.EndRename(RenameEnd::taken);
+        grabKeyboardFocus();
+    };
+    stack.editor.onEscapeKey = [this]
+    {
+        stack.EndRename(RenameEnd::dropped);
+        grabKeyboardFocus();
+    };
     stack.editor.onFocusLost = [this] { stack.EndRename(RenameEnd::taken); };
 }
 
@@ -256,6 +264,5 @@ void EffectControls::Stack::EndRename(RenameEnd end)
     if (end == RenameEnd::taken)
         controls.bench.User().Rename(one, editor.getText().toStdString());
     editor.setVisible(false);
-    controls.grabKeyboardFocus();
 }
 } // namespace standin

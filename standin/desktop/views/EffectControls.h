@@ -4,6 +4,7 @@
 
 #include "standin/desktop/model/Shown.h"
 #include "standin/desktop/model/Workbench.h"
+#include "standin/desktop/views/Field.h"
 #include "standin/desktop/views/Theme.h"
 
 namespace standin
@@ -48,7 +49,7 @@ private:
         void mouseUp(const juce::MouseEvent&) override;
         void mouseDoubleClick(const juce::MouseEvent&) override;
 
-        juce::TextEditor editor;
+        Field editor;
         int dragged = 0;
         int renamed = 0;
         bool isMoving = false;

@@ -74,7 +74,7 @@ LogsView::LogsView(Workbench& owner) : bench(owner)
     filter.onEscapeKey = [this]
     {
         filter.setText({});
-        getTopLevelComponent()->grabKeyboardFocus();
+        filter.Leave();
     };
     filter.setJustification(juce::Justification::centredLeft);
     addAndMakeVisible(filter);

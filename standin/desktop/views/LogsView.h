@@ -4,6 +4,7 @@
 // line until the user scrolls up; of the calls the newest group stands first.
 
 #include "standin/desktop/model/Workbench.h"
+#include "standin/desktop/views/Field.h"
 #include "standin/desktop/views/Theme.h"
 
 namespace standin
@@ -56,7 +57,7 @@ private:
     Lines callLines{0};
     juce::ListBox messages{"messages", &messageLines};
     juce::ListBox calls{"calls", &callLines};
-    juce::TextEditor filter;
+    Field filter;
     juce::TextButton suites{"Suites"};
     std::size_t shownMessages = static_cast<std::size_t>(-1);
     std::size_t shownCalls = static_cast<std::size_t>(-1);

@@ -81,6 +81,14 @@ void MainView::tendWindow()
         std::exchange(waiting, nullptr)();
 }
 
+void MainView::focusGained(FocusChangeType cause)
+{
+    if (cause == focusChangedDirectly && field != nullptr && field->isShowing())
+        field->grabKeyboardFocus();
+    else
+        field = nullptr;
+}
+
 void MainView::followFocus()
 {
     const bool panelHasFocus = containers.HasFocus();

@@ -5,6 +5,7 @@
 #include "standin/desktop/model/Workbench.h"
 #include "standin/desktop/views/DockView.h"
 #include "standin/desktop/views/EffectControls.h"
+#include "standin/desktop/views/Field.h"
 #include "standin/desktop/views/LogsView.h"
 #include "standin/desktop/views/Menus.h"
 #include "standin/desktop/views/ProjectView.h"
@@ -12,7 +13,7 @@
 
 namespace standin
 {
-class MainView : public juce::Component, private juce::Timer
+class MainView : public juce::Component, public Field::Owner, private juce::Timer
 {
 public:
     MainView(Workbench& owner, X11Containers& containers);
@@ -24,6 +25,8 @@ public:
     void Refresh();
 
     bool keyPressed(const juce::KeyPress&) override;
+    void focusGained(FocusChangeType) override;
+    void NoteField(Field* one) override { field = one; }
     void paint(juce::Graphics&) override;
     void resized() override;
 
@@ -65,6 +68,7 @@ private:
     juce::File projectFile;
     juce::String status;
     std::function<void()> waiting;
+    juce::Component::SafePointer<Field> field; ///< What the user types into, or did last.
     int passesDeaf = 0; ///< With the keyboard on the window, and no component that it goes to.
     bool panelHadFocus = false;
 };

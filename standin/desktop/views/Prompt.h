@@ -1,6 +1,7 @@
 #pragma once
 // Asks for one line of text over the middle of the window, where no native view covers it.
 
+#include "standin/desktop/views/Field.h"
 #include "standin/desktop/views/Theme.h"
 
 namespace standin
@@ -24,7 +25,7 @@ private:
 
     juce::String question;
     std::function<void(const juce::String&)> answer;
-    juce::TextEditor editor;
+    Field editor;
     juce::TextButton take;
     juce::TextButton cancel{"Cancel"};
 };
