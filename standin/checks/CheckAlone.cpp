@@ -30,9 +30,7 @@ void runInside(const std::string& id, Trial& trial)
     const Check* const check = FindCheck(id);
     if (check == nullptr)
         throw std::logic_error("there is no check " + id);
-    check->run(trial);
-    if (trial.Looked() == 0)
-        throw std::logic_error("the check has looked at nothing");
+    RunCheck(*check, trial);
 }
 
 /// What the check found becomes its word.
@@ -70,6 +68,13 @@ Word judge(const std::string& id, Trial& trial, std::string& found)
     return id == onlyLoad ? Word::noBundle : Word::failed;
 }
 } // namespace
+
+void RunCheck(const Check& check, Trial& trial)
+{
+    check.run(trial);
+    if (trial.Looked() == 0)
+        throw std::logic_error("the check has looked at nothing");
+}
 
 void RunCheckAlone(const std::string& bundleFile, const std::string& id, std::uint64_t seed)
 {

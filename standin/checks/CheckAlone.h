@@ -17,6 +17,9 @@ constexpr const char* endOfProcess = "the end of the process";
 /// The pipe for the report.
 constexpr int reportDescriptor = 3;
 
+/// Throws what the check throws, and std::logic_error if it returns without having looked at anything.
+void RunCheck(const Check& check, Trial& trial);
+
 /// Runs the check, writes its report, and ends the process.
 [[noreturn]] void RunCheckAlone(const std::string& bundleFile, const std::string& id, std::uint64_t seed);
 } // namespace standin

@@ -33,7 +33,9 @@ click row "route"
 press Delete
 expect the host got no key
 expect stack "lamp" "dots"
+expect rows "Layer" "- lamp" "- dots"
 click row "dots"
+expect selected "dots"
 press BackSpace
 expect the host got no key
 expect stack "lamp"

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <malloc.h>
 
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
+
 namespace standin::checks
 {
 namespace
@@ -55,6 +57,9 @@ std::size_t notesOf(const std::vector<std::string>& calls)
 
 std::size_t bytesInUse()
 {
+    // A sanitizer's own memory is not what the C library knows of.
+    if (__sanitizer_get_current_allocated_bytes != nullptr)
+        return __sanitizer_get_current_allocated_bytes();
     const struct mallinfo2 info = mallinfo2();
     return info.uordblks + info.hblkhd;
 }

@@ -45,6 +45,7 @@ void Scene::Quit()
         host.Expect(finding::unbalancedSuite, "",
                     "the panel and its controller hold their suites until the host ends");
     host.Quit();
+    Bundle::KeepMemoryOf(host);
 }
 
 const void* WordOf(const void* table, int index) { return static_cast<const void* const*>(table)[index]; }

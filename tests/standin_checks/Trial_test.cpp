@@ -1,6 +1,6 @@
 // What a check says and counts.
 
-#include "standin/checks/Check.h"
+#include "standin/checks/CheckAlone.h"
 #include "standin/checks/Trial.h"
 #include "standin/core/Host.h"
 
@@ -95,6 +95,13 @@ TEST_F(TrialTest, TellsOnceThatTheSeedIsUsed)
     EXPECT_EQ(trial.Seed(), 7u);
     EXPECT_TRUE(trial.IsSeedUsed());
     EXPECT_EQ(seedsAsked, 1);
+}
+
+TEST_F(TrialTest, ACheckThatLooksAtNothingIsNoCheck)
+{
+    EXPECT_THROW(RunCheck({"blind", "It holds.", [](Trial&) {}}, trial), std::logic_error);
+    RunCheck({"looking", "It holds.", [](Trial& given) { given.Require(true, ""); }}, trial);
+    EXPECT_EQ(trial.Looked(), 1);
 }
 
 TEST(CheckTable, HoldsEachIdOnceWithOneWholeSentence)
