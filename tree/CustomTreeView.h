@@ -47,6 +47,7 @@ public:
     /// then.
     void layOutIfStale();
 
+    /// For tests, which wait until rows that have left the tree are gone.
     const RetiredRows& getRetiredRows() const { return retiredRows; }
 
 private:

@@ -11,7 +11,8 @@
 /// valid UTF-8 become one private character each.
 juce::String TextFromBytes(const std::string& bytes);
 
-/// The bytes that `TextFromBytes` was given; the plain UTF-8 of any other text.
+/// The bytes that `TextFromBytes` was given; the UTF-8 of any other text. Only the 256 private characters
+/// that escapes are made of never come back as their UTF-8, also if a user types them: each is one byte.
 std::string BytesFromText(const juce::String& text);
 
 /// The text for the eye: private characters show as U+FFFD, and no more than the first few thousand

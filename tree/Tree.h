@@ -28,7 +28,8 @@ void ClearTree(ValueTreesDemo*);
 /// leaves no row and offers "Add Vortan" alone. Null does nothing.
 void RefreshTree(ValueTreesDemo*, const std::vector<ObjectItem>& items);
 
-/// Shows `text` in the notification label for ten seconds.
+/// Shows `text` in the notification label for ten seconds. The text that is on display already goes when it
+/// would have gone anyway.
 void NotifyMsg(ValueTreesDemo*, const std::string& text);
 
 /// Puts the widget into the host's container. `embeddedView` is the platform's view that carries the

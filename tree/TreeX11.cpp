@@ -236,6 +236,11 @@ void SetTreeAttachment(ValueTreesDemo* tree, std::shared_ptr<TreeAttachment> att
 {
     if (tree == nullptr)
         return;
+    if (attachment == nullptr)
+    {
+        (void)tree->getProperties().remove(attachmentName());
+        return;
+    }
     const juce::ReferenceCountedObjectPtr<AttachmentHolder> holder(
         new AttachmentHolder(std::move(attachment)));
     tree->getProperties().set(attachmentName(), juce::var(holder.get()));

@@ -66,17 +66,18 @@ void ReleaseTreeButtons(ValueTreesDemo*);
 
 // ---- What lives with a widget
 
-/// Something of the platform that is let go when its widget is deleted.
+/// Something of the platform that is let go when its widget is deleted or gets another attachment.
 class TreeAttachment
 {
 public:
     virtual ~TreeAttachment() = default;
 
-    /// The widget has gone, and its window with it. Whoever still holds the attachment keeps it alive.
+    /// The widget has no more to do with the attachment: it has gone, and its window with it, or it has been
+    /// given another one. Whoever still holds the attachment keeps it alive.
     virtual void OnTreeGone() = 0;
 };
 
-/// Replaces the widget's attachment.
+/// Replaces the widget's attachment; null leaves the widget without one.
 void SetTreeAttachment(ValueTreesDemo*, std::shared_ptr<TreeAttachment>);
 
 /// Null if there is none.

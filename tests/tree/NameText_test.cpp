@@ -92,3 +92,12 @@ TEST(NameText, EditsLineEndsAsBlanks)
     EXPECT_EQ(EditableText(TextFromBytes("a\r\nb\nc")).toStdString(), "a  b c");
     EXPECT_EQ(EditableText(TextFromBytes(std::string(100000, 'a'))).length(), 32000);
 }
+
+TEST(NameText, TypedCharactersAreUtf8UnlessEscapesAreMadeOfThem)
+{
+    const auto typed = [](const char* utf8) { return juce::String(juce::CharPointer_UTF8(utf8)); };
+    EXPECT_EQ(BytesFromText(typed("\xf4\x8f\xb7\xbf")), "\xf4\x8f\xb7\xbf"); // U+10FDFF
+    EXPECT_EQ(BytesFromText(typed("\xf4\x8f\xb9\xa1")), "a");                // U+10FE61
+    EXPECT_EQ(BytesFromText(typed("\xf4\x8f\xbb\xbf")), "\xff");             // U+10FEFF
+    EXPECT_EQ(BytesFromText(typed("\xf4\x8f\xbc\x80")), "\xf4\x8f\xbc\x80"); // U+10FF00
+}
