@@ -13,11 +13,12 @@ const char* const desktopHelp =
     "  --bundle FILE  the bundle to load; VortanObjectPanel.so beside the program if none is named\n"
     "  --scale N      draws everything N times as large, from 0.5 to 4\n"
     "  --tour FOLDER  plays the guided tour on a screen of its own and leaves pictures and the calls there\n"
+    "  --record FILE  writes what you do, in the panel as well, as a scenario that `standin play` plays\n"
     "  --help         prints this\n"
     "\n"
     "Exit codes: 0 all is well, 1 the tour or the host's end found what should not be, 2 wrong usage,\n"
     "3 a file is not there, 4 a project cannot be understood, 5 the bundle is none or does not start,\n"
-    "8 there is no display.\n";
+    "8 there is no display, 9 the recording cannot be written.\n";
 
 namespace
 {
@@ -49,6 +50,8 @@ DesktopArguments ReadArguments(const std::vector<std::string>& arguments)
             read.bundle = value();
         else if (argument == "--tour")
             read.tour = value();
+        else if (argument == "--record")
+            read.record = value();
         else if (argument == "--scale")
             read.scale = scaleOf(value());
         else if (argument.rfind("-", 0) == 0)

@@ -10,10 +10,11 @@ namespace standin
 {
 struct DesktopArguments
 {
-    std::string bundle;              ///< Empty for the bundle beside the program.
-    std::string project;             ///< Empty for a new project with one composition and one layer.
-    std::optional<std::string> tour; ///< The folder that the guided tour leaves its pictures in.
-    double scale = 1;                ///< How much larger than usual everything is drawn.
+    std::string bundle;                ///< Empty for the bundle beside the program.
+    std::string project;               ///< Empty for a new project with one composition and one layer.
+    std::optional<std::string> tour;   ///< The folder that the guided tour leaves its pictures in.
+    std::optional<std::string> record; ///< The scenario that is written.
+    double scale = 1;                  ///< How much larger than usual everything is drawn.
     bool isForHelp = false;
 };
 

@@ -15,7 +15,14 @@ constexpr int noFile = 3;
 constexpr int badProject = 4;
 constexpr int badBundle = 5;
 constexpr int noDisplay = 8;
+constexpr int noRecording = 9;
 const juce::Rectangle<int> usualBounds{60, 40, 1320, 820};
+
+class RecordingError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
 
 bool isThere(const std::string& path)
 {
@@ -58,6 +65,10 @@ void DesktopApplication::initialise(const juce::String&)
     {
         open();
     }
+    catch (const RecordingError& error)
+    {
+        fail(noRecording, error.what());
+    }
     catch (const ProjectFileError& error)
     {
         fail(isThere(arguments.project) ? badProject : noFile, error.what());
@@ -88,15 +99,61 @@ void DesktopApplication::open()
         window->View().SetProjectFile(
             juce::File::getCurrentWorkingDirectory().getChildFile(juce::String(arguments.project)));
     window->View().Refresh();
+    if (arguments.record)
+        record(*arguments.record);
     bench->TheDock().ShowPanel();
+    if (recording != nullptr)
+        bench->RecordWith(recording.get());
     bench->Collect("Create panel");
     if (arguments.tour)
         tour = std::make_unique<Tour>(*bench, *window, *arguments.tour);
 }
 
+void DesktopApplication::record(const std::string& file)
+{
+    try
+    {
+        recording = std::make_unique<ScenarioRecording>(bench->TheHost(), file);
+        panelRecording = std::make_unique<PanelRecording>(
+            bench->TheHost(), *recording,
+            [this]
+            {
+                PanelRecording::View view;
+                if (const auto area = containers->AreaOnScreen())
+                    view.area = ScreenArea{area->x, area->y, area->width, area->height};
+                view.hasKeyboard = containers->HasFocus();
+                return view;
+            });
+    }
+    catch (const std::runtime_error& error)
+    {
+        throw RecordingError(error.what());
+    }
+    recording->Begin();
+    recording->beforeLine = [this]
+    {
+        panelRecording->Follow();
+        panelRecording->Finish();
+    };
+    window->View().beforeIdle = [this] { panelRecording->Follow(); };
+}
+
+void DesktopApplication::endRecording()
+{
+    if (recording == nullptr)
+        return;
+    window->View().beforeIdle = nullptr;
+    panelRecording->Follow();
+    panelRecording->Finish();
+    recording->beforeLine = nullptr;
+    recording->End();
+    bench->RecordWith(nullptr);
+}
+
 void DesktopApplication::shutdown()
 {
     tour.reset();
+    endRecording();
     std::string report;
     if (bench != nullptr)
         report = bench->Quit();

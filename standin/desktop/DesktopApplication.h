@@ -2,6 +2,7 @@
 // The program as JUCE runs it: bundle, project, window, and the end of it all.
 
 #include "standin/desktop/Arguments.h"
+#include "standin/desktop/record/PanelRecording.h"
 #include "standin/desktop/views/DesktopWindow.h"
 
 namespace standin
@@ -30,6 +31,8 @@ public:
 
 private:
     void open();
+    void record(const std::string& file);
+    void endRecording();
     std::string bundleFile() const;
     void fail(int exitCode, const std::string& sentence);
 
@@ -38,6 +41,8 @@ private:
     std::unique_ptr<X11Containers> containers;
     std::unique_ptr<Workbench> bench;
     std::unique_ptr<DesktopWindow> window;
+    std::unique_ptr<ScenarioRecording> recording;
+    std::unique_ptr<PanelRecording> panelRecording;
     std::unique_ptr<Tour> tour;
 };
 } // namespace standin

@@ -263,7 +263,7 @@ void Tour::workInTheEffectControls()
                         return hands->Within(TourHands::longEnough,
                                              [this] { return hands->Listens("name"); });
                     });
-            hands->Type("lamp");
+            require("the name", [this] { return hands->TypeInto("name", "lamp"); });
             hands->Key("Return");
         },
         [](const Shown& shown) { return shown.effects.front().name == "lamp"; });
@@ -287,8 +287,7 @@ void Tour::useSiblingsAndDock()
         {
             // The question comes as soon as the menu has given the keyboard back.
             menus->Choose("Siblings", 3, [this] { return hands->Listens("answer"); });
-            hands->Type("rendered 120 frames");
-            require("the text", [this] { return hands->TextIn("answer") == "rendered 120 frames"; });
+            require("the text", [this] { return hands->TypeInto("answer", "rendered 120 frames"); });
             hands->Key("Return");
             require("the notification", [this] { return panel->ShowsNotification("rendered 120 frames"); });
         },
@@ -326,9 +325,7 @@ void Tour::useSiblingsAndDock()
         [this]
         {
             hands->Click("filter", 60, 10);
-            require("the caret in the filter", [this] { return hands->Listens("filter"); });
-            hands->Type("set");
-            require("the filter's text", [this] { return hands->TextIn("filter") == "set"; });
+            require("the filter's text", [this] { return hands->TypeInto("filter", "set"); });
         },
         [](const Shown&) { return true; });
     picture("filtered");

@@ -149,6 +149,25 @@ std::string TourHands::TextIn(const char* editorId)
         });
 }
 
+bool TourHands::TypeInto(const char* editorId, const std::string& text)
+{
+    constexpr int tries = 8;
+    for (int i = 0; i < tries; ++i)
+    {
+        if (!Within(longEnough, [&] { return Listens(editorId); }))
+        {
+            const ScreenArea area = AreaOf(editorId);
+            ClickAt({area.x + area.width / 2, area.y + area.height / 2});
+            continue;
+        }
+        Keys({"Control_L"}, "a");
+        Type(text);
+        if (Within(longEnough, [&] { return TextIn(editorId) == text; }))
+            return true;
+    }
+    return false;
+}
+
 unsigned long TourHands::desktopWindow()
 {
     return OnMain([this] { return reinterpret_cast<unsigned long>(window.getPeer()->getNativeHandle()); });

@@ -20,6 +20,15 @@ std::string readAll(std::FILE* file)
     return text;
 }
 
+/// A debug build of JUCE greets on standard error.
+std::string withoutGreeting(std::string text)
+{
+    const std::string greeting = "JUCE v7.0.5\n";
+    for (std::size_t at = text.find(greeting); at != std::string::npos; at = text.find(greeting))
+        text.erase(at, greeting.size());
+    return text;
+}
+
 [[noreturn]] void become(std::vector<std::string> command, std::vector<std::string> environment, int output,
                          int errors)
 {
@@ -48,7 +57,7 @@ ProgramRun RunProgram(const std::vector<std::string>& command, const std::vector
     ProgramRun run;
     run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     run.output = readAll(output);
-    run.errors = readAll(errors);
+    run.errors = withoutGreeting(readAll(errors));
     return run;
 }
 } // namespace standin

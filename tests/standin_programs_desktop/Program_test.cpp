@@ -29,6 +29,15 @@ struct Ending
     std::string errors;
 };
 
+/// A debug build of JUCE greets on standard error.
+std::string withoutGreeting(std::string text)
+{
+    const std::string greeting = "JUCE v7.0.5\n";
+    if (text.rfind(greeting, 0) == 0)
+        text.erase(0, greeting.size());
+    return text;
+}
+
 class ProgramTest : public testing::Test
 {
 protected:
@@ -42,7 +51,8 @@ protected:
         const std::string command = std::string(STANDIN_DESKTOP) + " " + arguments + " >" +
                                     scratch.Path("out") + " 2>" + scratch.Path("err");
         const int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, scratch.Read("out"), scratch.Read("err")};
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, scratch.Read("out"),
+                withoutGreeting(scratch.Read("err"))};
     }
 
     Scratch scratch;
@@ -53,7 +63,7 @@ TEST_F(ProgramTest, HelpNamesEveryOption)
 {
     const Ending ending = Run("--help");
     EXPECT_EQ(ending.exitCode, 0);
-    for (const char* option : {"--bundle", "--scale", "--tour", "--help", "Exit codes"})
+    for (const char* option : {"--bundle", "--scale", "--tour", "--record", "--help", "Exit codes"})
         EXPECT_THAT(ending.output, HasSubstr(option));
     EXPECT_THAT(ending.errors, IsEmpty());
 }
@@ -92,5 +102,13 @@ TEST_F(ProgramTest, AFileThatIsMissingOrWrongIsNamedAndHasItsOwnExitCode)
     EXPECT_EQ(badProject.exitCode, 4);
     EXPECT_EQ(Run(scratch.Path("none.json"), Screen::own).exitCode, 3);
     EXPECT_THAT(badProject.errors, HasSubstr("bad.json: the field \"format\" is missing"));
+}
+
+TEST_F(ProgramTest, ARecordingThatCannotBeWrittenIsToldAtTheStart)
+{
+    const std::string file = scratch.Path("no/such/folder.scenario");
+    const Ending ending = Run("--record " + file, Screen::own);
+    EXPECT_EQ(ending.exitCode, 9);
+    EXPECT_EQ(ending.errors, "standin-desktop: " + file + ": cannot be written\n");
 }
 } // namespace standin

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "standin/core/HostParts.h"
+#include "standin/desktop/model/EffectNames.h"
 
 namespace standin
 {
@@ -24,6 +25,25 @@ int activeLayerOf(const HostParts& parts)
 }
 } // namespace
 
+void Designer::say(const std::string& pattern, const std::vector<std::string>& blanks) const
+{
+    if (record != nullptr)
+        record->Line(pattern, blanks);
+}
+
+std::string Designer::nameOf(int effectId) const { return ScenarioNameOf(host, effectId); }
+
+void Designer::saySelection() const
+{
+    std::vector<std::string> names;
+    for (const int id : host.Parts().selection.layers)
+        if (const Layer* layer = host.State().FindLayer(id))
+            names.push_back(layer->name);
+    if (names.empty())
+        return say("select no layer");
+    say(names.size() == 1 ? "select layer TEXT" : "select layers TEXTS", names);
+}
+
 std::string Designer::unusedName(const char* kind, const std::vector<std::string>& taken) const
 {
     for (int number = 1;; ++number)
@@ -41,7 +61,9 @@ int Designer::NewComposition()
     for (const Item& item : parts.project.items)
         taken.push_back(item.name);
     const ProjectState before = parts.project;
-    const int comp = host.AddComposition(unusedName("Comp", taken));
+    const std::string name = unusedName("Comp", taken);
+    say("composition TEXT", {name});
+    const int comp = host.AddComposition(name);
     parts.undo.Change("New Composition", before, parts.project);
     ClickItem(comp);
     return comp;
@@ -58,7 +80,9 @@ int Designer::NewLayer()
         if (layer.compId == comp)
             taken.push_back(layer.name);
     const ProjectState before = parts.project;
-    const int layer = host.AddLayer(comp, unusedName("Layer", taken));
+    const std::string name = unusedName("Layer", taken);
+    say("layer TEXT", {name});
+    const int layer = host.AddLayer(comp, name);
     parts.undo.Change("New Layer", before, parts.project);
     ClickLayer(layer, Click::alone);
     return layer;
@@ -71,12 +95,15 @@ void Designer::ClickItem(int itemId)
         return;
     if (item->kind == ItemKind::composition)
     {
+        say("open composition TEXT", {item->name});
         host.User().OpenComposition(itemId);
         host.User().Activate(ActivePanel::timeline);
+        say("activate WORD", {"timeline"});
         return;
     }
     host.User().SelectItems({itemId});
     host.User().Activate(ActivePanel::project);
+    say("activate WORD", {"project"});
 }
 
 void Designer::ClickLayer(int layerId, Click click)
@@ -93,12 +120,16 @@ void Designer::ClickLayer(int layerId, Click click)
         layers = {layerId};
     host.User().SelectLayers(std::move(layers));
     host.User().Activate(ActivePanel::timeline);
+    saySelection();
+    say("activate WORD", {"timeline"});
 }
 
 void Designer::SelectNoLayer()
 {
     host.User().SelectLayers({});
     host.User().Activate(ActivePanel::timeline);
+    saySelection();
+    say("activate WORD", {"timeline"});
 }
 
 const EffectInstance* Designer::find(int effectId) const { return host.State().FindEffect(effectId); }
@@ -111,6 +142,7 @@ void Designer::focusControls()
         return;
     host.User().ShowEffectControls(layer);
     host.User().Activate(ActivePanel::effectControls);
+    say("activate WORD", {"effect-controls"});
 }
 
 void Designer::ClickEffect(int effectId)
@@ -132,6 +164,7 @@ int Designer::Apply(const std::string& matchName)
     const int layer = activeLayerOf(host.Parts());
     if (layer == 0)
         return 0;
+    say("apply TEXT", {matchName});
     const int effect = host.User().Apply(layer, matchName);
     host.Parts().selection.effect = effect;
     return effect;
@@ -139,14 +172,21 @@ int Designer::Apply(const std::string& matchName)
 
 void Designer::ToggleSwitch(int effectId)
 {
-    if (const EffectInstance* effect = find(effectId))
-        host.User().SetActive(effect->label, (effect->flags & effectActive) != 0 ? Switch::off : Switch::on);
+    const EffectInstance* effect = find(effectId);
+    if (effect == nullptr)
+        return;
+    const bool isOn = (effect->flags & effectActive) != 0;
+    say(isOn ? "turn off TEXT" : "turn on TEXT", {nameOf(effectId)});
+    host.User().SetActive(effect->label, isOn ? Switch::off : Switch::on);
 }
 
 void Designer::ToggleHidden(int effectId)
 {
-    if (const EffectInstance* effect = find(effectId))
-        host.User().SetHidden(effect->label, effect->groupHidden ? Switch::off : Switch::on);
+    const EffectInstance* effect = find(effectId);
+    if (effect == nullptr)
+        return;
+    say(effect->groupHidden ? "show TEXT" : "hide TEXT", {nameOf(effectId)});
+    host.User().SetHidden(effect->label, effect->groupHidden ? Switch::off : Switch::on);
 }
 
 void Designer::ToggleTwirl(int effectId)
@@ -158,8 +198,10 @@ void Designer::ToggleTwirl(int effectId)
 void Designer::Rename(int effectId, const std::string& name)
 {
     const EffectInstance* effect = find(effectId);
-    if (effect != nullptr && host.NameOf(effect->label) != name)
-        host.User().Rename(effect->label, name);
+    if (effect == nullptr || host.NameOf(effect->label) == name)
+        return;
+    say("rename TEXT to TEXT", {nameOf(effectId), name});
+    host.User().Rename(effect->label, name);
 }
 
 void Designer::MoveToGap(int effectId, int gap)
@@ -173,20 +215,28 @@ void Designer::MoveToGap(int effectId, int gap)
     const int from = static_cast<int>(found - effects.begin());
     const int count = static_cast<int>(effects.size());
     const int to = std::clamp(gap > from ? gap - 1 : gap, 0, count - 1);
-    if (to != from)
-        host.User().Reorder(found->label, to);
+    if (to == from)
+        return;
+    say("move TEXT to place NUMBER", {nameOf(effectId), std::to_string(to + 1)});
+    host.User().Reorder(found->label, to);
 }
 
 void Designer::Duplicate(int effectId)
 {
-    if (const EffectInstance* effect = find(effectId))
-        host.Parts().selection.effect = host.User().Duplicate(effect->label);
+    const EffectInstance* effect = find(effectId);
+    if (effect == nullptr)
+        return;
+    say("duplicate TEXT", {nameOf(effectId)});
+    host.Parts().selection.effect = host.User().Duplicate(effect->label);
 }
 
 void Designer::Delete(int effectId)
 {
-    if (const EffectInstance* effect = find(effectId))
-        host.User().Delete(effect->label);
+    const EffectInstance* effect = find(effectId);
+    if (effect == nullptr)
+        return;
+    say("delete TEXT", {nameOf(effectId)});
+    host.User().Delete(effect->label);
 }
 
 int Designer::SelectedEffect() const
@@ -201,9 +251,21 @@ int Designer::SelectedEffect() const
     return 0;
 }
 
-void Designer::Undo() { (void)host.RunCommand(commandUndo); }
+void Designer::Undo()
+{
+    if (host.UndoNames().empty())
+        return;
+    say("undo");
+    (void)host.RunCommand(commandUndo);
+}
 
-void Designer::Redo() { (void)host.RunCommand(commandRedo); }
+void Designer::Redo()
+{
+    if (host.RedoNames().empty())
+        return;
+    say("redo");
+    (void)host.RunCommand(commandRedo);
+}
 
 EffectCategories CategoriesOf(const Host& host)
 {

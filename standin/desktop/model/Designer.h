@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "standin/core/Host.h"
+#include "standin/desktop/model/ActionRecord.h"
 
 namespace standin
 {
@@ -21,6 +22,9 @@ class Designer
 {
 public:
     explicit Designer(Host& owner) : host(owner) {}
+
+    /// From now on this hears of everything; null for nobody.
+    void RecordWith(ActionRecord* one) { record = one; }
 
     // Compositions and layers.
     /// "Comp 1", "Comp 2" and so on; it comes to the front. Gives its id.
@@ -61,8 +65,12 @@ private:
     const EffectInstance* find(int effectId) const;
     std::string unusedName(const char* kind, const std::vector<std::string>& taken) const;
     void focusControls();
+    void say(const std::string& pattern, const std::vector<std::string>& blanks = {}) const;
+    std::string nameOf(int effectId) const;
+    void saySelection() const;
 
     Host& host;
+    ActionRecord* record = nullptr;
 };
 
 /// The installed effects by category, both in alphabetical order, as the Effect menu lists them.

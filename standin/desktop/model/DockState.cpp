@@ -12,8 +12,13 @@ const Panel* DockState::panel() const
 
 void DockState::setState(PanelState state)
 {
-    if (panel() != nullptr && panel()->state != state)
-        (void)host.SetPanelState(panel()->matchName, state);
+    if (panel() == nullptr || panel()->state == state)
+        return;
+    if (record != nullptr)
+        record->Line(state == PanelState::frontmost ? "open the panel"
+                     : state == PanelState::behind  ? "cover the panel"
+                                                    : "close the panel");
+    (void)host.SetPanelState(panel()->matchName, state);
 }
 
 std::string DockState::PanelName() const { return panel() != nullptr ? panel()->matchName : ""; }
@@ -25,7 +30,10 @@ PanelPlace DockState::Place() const
     return isFloating ? PanelPlace::floating : PanelPlace::docked;
 }
 
-bool DockState::PanelIsInFront() const { return panel() != nullptr && panel()->state == PanelState::frontmost; }
+bool DockState::PanelIsInFront() const
+{
+    return panel() != nullptr && panel()->state == PanelState::frontmost;
+}
 
 void DockState::ShowPanel() { setState(PanelState::frontmost); }
 

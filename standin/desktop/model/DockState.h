@@ -5,6 +5,7 @@
 #include <string>
 
 #include "standin/core/Host.h"
+#include "standin/desktop/model/ActionRecord.h"
 
 namespace standin
 {
@@ -19,6 +20,9 @@ class DockState
 {
 public:
     explicit DockState(Host& owner) : host(owner) {}
+
+    /// From now on this hears of everything; null for nobody.
+    void RecordWith(ActionRecord* one) { record = one; }
 
     /// The name on the tab; empty while no plug-in has registered a panel.
     std::string PanelName() const;
@@ -40,6 +44,7 @@ private:
     void setState(PanelState state);
 
     Host& host;
+    ActionRecord* record = nullptr;
     bool isFloating = false; ///< Where the panel comes up when it is shown.
 };
 } // namespace standin

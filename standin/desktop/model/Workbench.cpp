@@ -11,6 +11,19 @@ Workbench::Workbench(ContainerProvider& containers)
     host.SetContainerProvider(&containers);
 }
 
+void Workbench::RecordWith(ActionRecord* one)
+{
+    record = one;
+    designer.RecordWith(one);
+    dock.RecordWith(one);
+}
+
+void Workbench::say(const std::string& pattern, const std::vector<std::string>& blanks) const
+{
+    if (record != nullptr)
+        record->Line(pattern, blanks);
+}
+
 void Workbench::LoadBundle(const std::string& file)
 {
     bundle = std::make_unique<Bundle>(file);
@@ -56,6 +69,8 @@ bool Workbench::Open(const std::string& path)
     try
     {
         OpenProject(host, path);
+        if (record != nullptr)
+            record->Comment("The project " + path + " is opened. A scenario cannot: record anew with it.");
         messages.Add(MessageKind::note, "Opened " + path);
         return true;
     }
@@ -81,6 +96,12 @@ bool Workbench::Save(const std::string& path)
     }
 }
 
+void Workbench::PanelGotFocus()
+{
+    host.User().Activate(ActivePanel::ours);
+    say("activate WORD", {"panel"});
+}
+
 std::vector<MenuItem> Workbench::WindowMenu()
 {
     (void)host.UpdateMenus();
@@ -94,6 +115,7 @@ std::vector<MenuItem> Workbench::WindowMenu()
 
 void Workbench::ChooseFromWindowMenu(const std::string& name)
 {
+    say("choose TEXT in the WORD menu", {name, "Window"});
     if (!host.ChooseMenuItem(name))
         messages.Add(MessageKind::failure, "No plug-in took the menu entry \"" + name + "\"");
     Collect("Menu entry \"" + name + "\"");
@@ -118,22 +140,26 @@ void Workbench::asSibling(const char* what, Call call)
 
 void Workbench::SiblingOpensPanel(Force force)
 {
+    say(force == Force::always ? "a sibling opens the panel by force" : "a sibling opens the panel");
     asSibling("A sibling opens the panel", [force](Sibling& sibling) { (void)sibling.OpenPanel(force); });
 }
 
 void Workbench::SiblingRefreshes()
 {
+    say("a sibling refreshes the panel");
     asSibling("A sibling refreshes the panel", [](Sibling& sibling) { (void)sibling.RefreshPanel(); });
 }
 
 void Workbench::SiblingNotifies(const std::string& text)
 {
+    say("a sibling notifies TEXT", {text});
     asSibling("A sibling notifies the panel",
               [&](Sibling& sibling) { (void)sibling.NotifyPanel(text.c_str()); });
 }
 
 void Workbench::SiblingQueues(int count)
 {
+    say("a sibling queues NUMBER functions", {std::to_string(count)});
     asSibling("A sibling queues functions",
               [this, count](Sibling& sibling)
               {

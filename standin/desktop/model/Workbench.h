@@ -29,6 +29,9 @@ public:
     /// Throws std::runtime_error, in words for a user.
     void LoadBundle(const std::string& file);
 
+    /// From now on this hears of what the user does, outside the panel; null for nobody.
+    void RecordWith(ActionRecord* one);
+
     Host& TheHost() { return host; }
     Designer& User() { return designer; }
     DockState& TheDock() { return dock; }
@@ -54,6 +57,9 @@ public:
     bool Open(const std::string& path);
     bool Save(const std::string& path);
 
+    /// The keyboard has gone into the panel.
+    void PanelGotFocus();
+
     // The Window menu: its entries by way of the update hooks.
     std::vector<MenuItem> WindowMenu();
     void ChooseFromWindowMenu(const std::string& name);
@@ -73,6 +79,7 @@ private:
     template <class Call>
     void asSibling(const char* what, Call call);
     void takeFindings();
+    void say(const std::string& pattern, const std::vector<std::string>& blanks = {}) const;
     static int noteQueued(int pluginId, void* basicSuite, void* refcon);
 
     // The lines come first and go last: the host's end prints as well.
@@ -82,6 +89,7 @@ private:
     std::unique_ptr<Bundle> bundle;
     Designer designer{host};
     DockState dock{host};
+    ActionRecord* record = nullptr;
     CallLog calls;
     IdleMeter meter;
     std::size_t idles = 0;

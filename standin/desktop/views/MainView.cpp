@@ -56,6 +56,8 @@ void MainView::SetProjectFile(const juce::File& file) { projectFile = file; }
 /// The real host does not idle while the user holds a mouse button down in it.
 void MainView::timerCallback()
 {
+    if (beforeIdle)
+        beforeIdle();
     followFocus();
     bench.Idle(now(), effects.IsDragging() ? IdleMode::starved : IdleMode::normal);
     tendWindow();
@@ -93,7 +95,7 @@ void MainView::followFocus()
 {
     const bool panelHasFocus = containers.HasFocus();
     if (panelHasFocus && !panelHadFocus)
-        bench.TheHost().User().Activate(ActivePanel::ours);
+        bench.PanelGotFocus();
     panelHadFocus = panelHasFocus;
 }
 

@@ -21,6 +21,8 @@ public:
 
     /// The project that "Save Project" writes to.
     void SetProjectFile(const juce::File& file);
+    /// Runs before each idle.
+    std::function<void()> beforeIdle;
     /// Shows what has changed. The timer calls it after each idle.
     void Refresh();
 

@@ -93,6 +93,23 @@ bool X11Containers::isContainer(unsigned long window) const
     return std::find(containers.begin(), containers.end(), window) != containers.end();
 }
 
+std::optional<NativeArea> X11Containers::AreaOnScreen() const
+{
+    for (const Window window : containers)
+    {
+        XWindowAttributes attributes{};
+        if (XGetWindowAttributes(connection->display, window, &attributes) == 0 ||
+            attributes.map_state != IsViewable)
+            continue;
+        NativeArea area{0, 0, attributes.width, attributes.height};
+        Window ignored = None;
+        (void)XTranslateCoordinates(connection->display, window, attributes.root, 0, 0, &area.x, &area.y,
+                                    &ignored);
+        return area;
+    }
+    return {};
+}
+
 bool X11Containers::HasFocus() const
 {
     Window focused = None;

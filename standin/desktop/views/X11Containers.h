@@ -2,6 +2,7 @@
 // The native views of panels: plain X11 windows, children of a window of the desktop, on a connection of
 // their own. The plug-in puts its panel into one and knows nothing of what is around it.
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,8 @@ public:
 
     /// Where containers are, and will be: in this X11 window. One that is there already is moved.
     void Place(unsigned long parentWindow, NativeArea area);
+    /// Where the first that can be seen is on the screen.
+    std::optional<NativeArea> AreaOnScreen() const;
     /// Whether the keyboard focus is in one of them.
     bool HasFocus() const;
     /// Gives the focus to a window of the desktop if nobody has it: a menu that closes leaves it on the
