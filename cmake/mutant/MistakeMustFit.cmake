@@ -14,6 +14,8 @@ function(make was is result)
     COMMAND ${CMAKE_COMMAND} -D ORIGINAL=${WORK}/original.cpp -D WORK=${WORK} -D COPY=${WORK}/copy.cpp
       -P ${SCRIPTS}/MakeMistake.cmake
     RESULT_VARIABLE code OUTPUT_QUIET ERROR_VARIABLE errors)
+  # CMake breaks the lines of its messages, and where depends on the folders' names.
+  string(REGEX REPLACE "[ \n]+" " " errors "${errors}")
   set(${result} ${code} PARENT_SCOPE)
   set(errors "${errors}" PARENT_SCOPE)
 endfunction()
