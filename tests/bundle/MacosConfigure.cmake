@@ -47,7 +47,8 @@ function(commands_of target folder variable)
   set(${variable} "${commands}" PARENT_SCOPE)
 endfunction()
 
-configure_for_macos(${WORK}/whole -DBUILD_TESTING=OFF)
+configure_for_macos(${WORK}/whole -DBUILD_TESTING=OFF
+  -DCMAKE_DISABLE_FIND_PACKAGE_CLI11=ON -DCMAKE_DISABLE_FIND_PACKAGE_nlohmann_json=ON)
 commands_of(VortanObjectPanel-signed ${WORK}/whole commands)
 demand("${commands}" "-arch x86_64 -arch arm64 [^\n]*-mmacosx-version-min=10.15")
 demand("${commands}" "-fno-objc-arc [^\n]*/panel/platform/mac/SurfaceView.mm")
@@ -77,6 +78,7 @@ configure_for_macos(${WORK}/tests -DBUILD_TESTING=ON -DGTest_DIR=${GTEST} -Dabsl
 commands_of(all ${WORK}/tests commands)
 demand("${commands}" "-o bundle-test ")
 demand("${commands}" "-o items-test ")
+demand("${commands}" "-o bin/standin ")
 if(commands MATCHES "libX11|libXtst|GNUstep")
   message(FATAL_ERROR "The tests need what macOS does not have: ${CMAKE_MATCH_0}")
 endif()
