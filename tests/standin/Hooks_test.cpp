@@ -1,8 +1,6 @@
-// Entry points, hooks, menus, panels and the end of a run.
+// Entry points, hooks, menus and the end of a run.
 
-#include "tests/standin/FindingsOf.h"
-#include "tests/standin/HostTest.h"
-#include "tests/standin/TestPlugin.h"
+#include "tests/standin/PluginTest.h"
 
 namespace standin
 {
@@ -11,44 +9,8 @@ namespace
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-const auto* panelName = reinterpret_cast<const unsigned char*>("Test Panel");
-
-class Hooks : public HostTest
+class Hooks : public PluginTest
 {
-protected:
-    Hooks() : plugin(host)
-    {
-        loaded = host.Load(&TestPlugin::Entry);
-        plugin.events.clear();
-    }
-
-    template <class Body>
-    void inHook(Body body)
-    {
-        host.RunInHook(
-            [&]
-            {
-                Client client(host);
-                body(client);
-            });
-    }
-
-    std::string isShown()
-    {
-        A_Boolean shown = 9;
-        A_Boolean frontmost = 9;
-        inHook([&](Client& client)
-               { EXPECT_EQ(client.Call(panelSuite, 1, 4, panelName, &shown, &frontmost), 0); });
-        return std::to_string(shown) + " " + std::to_string(frontmost);
-    }
-
-    void toggle()
-    {
-        inHook([](Client& client) { EXPECT_EQ(client.Call(panelSuite, 1, 3, panelName), errNone); });
-    }
-
-    TestPlugin plugin;
-    LoadedPlugin loaded;
 };
 
 TEST_F(Hooks, AnEntryPointGetsAnIdOfItsOwn)
@@ -240,86 +202,6 @@ TEST_F(Hooks, UndoAndRedoAreCommandsOfTheHost)
     EXPECT_FALSE(host.RunCommand(16));
     EXPECT_TRUE(host.RunCommand(2035));
     EXPECT_EQ(host.NameOf("A"), "Shade");
-}
-
-TEST_F(Hooks, ToggleCreatesBringsForwardAndCloses)
-{
-    EXPECT_EQ(isShown(), "0 0");
-    toggle();
-    EXPECT_EQ(isShown(), "1 1");
-    EXPECT_THAT(plugin.events, ElementsAre("create"));
-    EXPECT_EQ(host.FindPanel("Test Panel")->panelRefcon, &plugin);
-
-    (void)host.SetPanelState("Test Panel", PanelState::behind);
-    EXPECT_EQ(isShown(), "1 0");
-    toggle();
-    EXPECT_EQ(isShown(), "1 1");
-
-    toggle();
-    EXPECT_EQ(isShown(), "0 0");
-    EXPECT_THAT(plugin.events, ElementsAre("create"));
-}
-
-TEST_F(Hooks, AClosedPanelKeepsItsViewOrGetsANewOne)
-{
-    toggle();
-    const void* first = host.FindPanel("Test Panel")->container;
-    toggle();
-    EXPECT_EQ(host.FindPanel("Test Panel")->container, first);
-    toggle();
-    EXPECT_EQ(host.FindPanel("Test Panel")->created, 1);
-
-    host.Options().closedPanel = ClosedPanel::destroysView;
-    toggle();
-    EXPECT_EQ(host.FindPanel("Test Panel")->container, nullptr);
-    toggle();
-    EXPECT_NE(host.FindPanel("Test Panel")->container, first);
-    EXPECT_THAT(plugin.events, ElementsAre("create", "create"));
-}
-
-TEST_F(Hooks, APanelCanBeRestoredBehindAnotherTab)
-{
-    (void)host.SetPanelState("Test Panel", PanelState::behind);
-    EXPECT_THAT(plugin.events, ElementsAre("create"));
-    EXPECT_EQ(isShown(), "1 0");
-    host.Options().tabBehind = TabBehind::isNotShown;
-    EXPECT_EQ(isShown(), "0 0");
-}
-
-TEST_F(Hooks, APanelThatNobodyRegisteredIsReported)
-{
-    const auto* nobody = reinterpret_cast<const unsigned char*>("Nobody");
-    inHook([&](Client& client) { EXPECT_NE(client.Call(panelSuite, 1, 3, nobody), errNone); });
-    EXPECT_THAT(FindingsOf(host), ElementsAre("unknown-panel in Panel 1 AEGP_ToggleVisibility(\"Nobody\")"));
-}
-
-class RecordingProvider : public ContainerProvider
-{
-public:
-    void* MakeContainer(const std::string& name) override
-    {
-        events.push_back("make " + name);
-        return this;
-    }
-    void DestroyContainer(void*) override { events.push_back("destroy"); }
-    void ShowContainer(void*, Visibility visibility) override
-    {
-        events.push_back(visibility == Visibility::visible ? "show" : "hide");
-    }
-    std::vector<std::string> events;
-};
-
-TEST_F(Hooks, ContainersComeFromTheProvider)
-{
-    RecordingProvider provider;
-    host.SetContainerProvider(&provider);
-    toggle();
-    (void)host.SetPanelState("Test Panel", PanelState::behind);
-    toggle();
-    toggle();
-    host.Quit();
-    EXPECT_THAT(provider.events, ElementsAre("make Test Panel", "show", "hide", "show", "hide", "destroy"));
-    host.SetContainerProvider(nullptr);
 }
 
 TEST_F(Hooks, DeathComesOnceBeforeTheContainersAndNothingAfterIt)

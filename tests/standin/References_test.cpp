@@ -1,8 +1,6 @@
 // Every way of misusing a reference, each told apart from the others and reported with its call.
 
-#include "tests/standin/Client.h"
-#include "tests/standin/FindingsOf.h"
-#include "tests/standin/HostTest.h"
+#include "tests/standin/ReferenceTest.h"
 
 namespace standin
 {
@@ -10,33 +8,9 @@ namespace
 {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::SizeIs;
 
-class References : public LayerTest
+class References : public ReferenceTest
 {
-protected:
-    References()
-    {
-        host.AddEffect(layer, "QVK VORTSRC Lamps", "A");
-        host.AddEffect(layer, "QVK VORTEFF Jitter", "B");
-        host.AddEffect(layer, "QVK VORTREN Dots", "C");
-        handle = host.LayerHandle(layer);
-    }
-
-    /// Runs `use` in a hook and gives the findings, those of the hook's end included.
-    template <class Use>
-    std::vector<std::string> findingsOf(Use use)
-    {
-        host.RunInHook(
-            [&]
-            {
-                Client client(host);
-                use(client);
-            });
-        return FindingsOf(host);
-    }
-
-    void* handle = nullptr;
 };
 
 TEST_F(References, AReferenceThatIsUsedAndDisposedOfIsFine)
@@ -297,66 +271,6 @@ TEST_F(References, TheReferenceOfADeletedEffectCanBeRefusedAtItsDisposal)
                 IsEmpty());
 }
 
-TEST_F(References, IndicesOutsideTheStackAreRefusedAndChangeNothing)
-{
-    EXPECT_THAT(findingsOf(
-                    [&](Client& client)
-                    {
-                        EXPECT_EQ(client.EffectAt(handle, 3), nullptr);
-                        EXPECT_EQ(client.EffectAt(handle, -1), nullptr);
-                        void* effect = client.EffectAt(handle, 0);
-                        EXPECT_EQ(client.Reorder(effect, 3), errParameter);
-                        EXPECT_EQ(client.Reorder(effect, -1), errParameter);
-                        EXPECT_EQ(client.Reorder(effect, 2), errNone);
-                        (void)client.DisposeEffect(effect);
-                    }),
-                ElementsAre("index-out-of-range in Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 3)",
-                            "index-out-of-range in Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, -1)",
-                            "index-out-of-range in Effect 1 AEGP_ReorderEffect(effect A, 3)",
-                            "index-out-of-range in Effect 1 AEGP_ReorderEffect(effect A, -1)"));
-    EXPECT_EQ(host.StackText(layer), "B C A");
-}
-
-TEST_F(References, TheInputLayerAndWhatLiesBehindTheLastParameterAreRefused)
-{
-    EXPECT_THAT(findingsOf(
-                    [&](Client& client)
-                    {
-                        void* effect = client.EffectAt(handle, 0);
-                        EXPECT_EQ(client.StreamOf(effect, 0), nullptr);
-                        EXPECT_EQ(client.StreamOf(effect, 3), nullptr);
-                        void* last = client.StreamOf(effect, 2);
-                        EXPECT_NE(last, nullptr);
-                        (void)client.DisposeStream(last);
-                        (void)client.DisposeEffect(effect);
-                    }),
-                ElementsAre("parameter-index in Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 0)",
-                            "parameter-index in Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 3)"));
-}
-
-TEST_F(References, AnUnknownPluginIdIsRefused)
-{
-    EXPECT_THAT(findingsOf(
-                    [&](Client& client)
-                    {
-                        void* effect = nullptr;
-                        EXPECT_EQ(client.Call(effectSuite, 1, 1, A_long{0}, handle, A_long{0}, &effect),
-                                  errParameter);
-                        EXPECT_EQ(client.Call(effectSuite, 1, 1, A_long{8}, handle, A_long{0}, &effect),
-                                  errParameter);
-                    }),
-                ElementsAre("wrong-plugin-id in Effect 1 AEGP_GetLayerEffectByIndex(id 0, layer 1, 0)",
-                            "wrong-plugin-id in Effect 1 AEGP_GetLayerEffectByIndex(id 8, layer 1, 0)"));
-}
-
-TEST_F(References, ANullPlaceForAnAnswerIsRefused)
-{
-    A_long* nowhere = nullptr;
-    EXPECT_THAT(findingsOf([&](Client& client)
-                           { EXPECT_EQ(client.Call(effectSuite, 1, 0, handle, nowhere), errParameter); }),
-                ElementsAre("null-pointer in Effect 1 AEGP_GetLayerNumEffects(layer 1)"));
-}
-
 TEST_F(References, ALayerThatIsGoneIsStale)
 {
     host.State().layers.clear();
@@ -397,23 +311,6 @@ TEST_F(References, AReferenceOfLongAgoIsStillKnownForWhatItWas)
                             "disposed-reference in DynamicStream 2 AEGP_GetDynamicStreamFlags(stream B.2)",
                             "wrong-kind in Effect 1 AEGP_GetEffectFlags(stream B.2)",
                             "foreign-reference in Effect 1 AEGP_GetEffectFlags(effect foreign)"));
-}
-
-TEST_F(References, AKeyThatIsNotInstalledIsRefused)
-{
-    char name[128] = "untouched";
-    EXPECT_THAT(findingsOf(
-                    [&](Client& client)
-                    {
-                        EXPECT_EQ(client.Apply(handle, 1), nullptr);
-                        A_long next = 0;
-                        EXPECT_EQ(client.Call(effectSuite, 1, 12, A_long{1}, &next), errParameter);
-                        EXPECT_EQ(client.Call(effectSuite, 1, 14, A_long{1}, static_cast<char*>(name)),
-                                  errParameter);
-                    }),
-                SizeIs(3));
-    EXPECT_STREQ(name, "untouched");
-    EXPECT_EQ(host.StackText(layer), "A B C");
 }
 } // namespace
 } // namespace standin
