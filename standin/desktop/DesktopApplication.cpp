@@ -90,6 +90,8 @@ void DesktopApplication::open()
     }
     else
         OpenProject(bench->TheHost(), arguments.project);
+    if (arguments.record)
+        beginRecording(*arguments.record); // Ahead of the window: a file that cannot be written ends it here.
     look = std::make_unique<theme::Look>();
     juce::LookAndFeel::setDefaultLookAndFeel(look.get());
     juce::Desktop::getInstance().setGlobalScaleFactor(static_cast<float>(arguments.scale));
@@ -99,8 +101,8 @@ void DesktopApplication::open()
         window->View().SetProjectFile(
             juce::File::getCurrentWorkingDirectory().getChildFile(juce::String(arguments.project)));
     window->View().Refresh();
-    if (arguments.record)
-        record(*arguments.record);
+    if (recording != nullptr)
+        window->View().beforeIdle = [this] { panelRecording->Follow(); };
     bench->TheDock().ShowPanel();
     if (recording != nullptr)
         bench->RecordWith(recording.get());
@@ -109,7 +111,7 @@ void DesktopApplication::open()
         tour = std::make_unique<Tour>(*bench, *window, *arguments.tour);
 }
 
-void DesktopApplication::record(const std::string& file)
+void DesktopApplication::beginRecording(const std::string& file)
 {
     try
     {
@@ -135,12 +137,11 @@ void DesktopApplication::record(const std::string& file)
         panelRecording->Follow();
         panelRecording->Finish();
     };
-    window->View().beforeIdle = [this] { panelRecording->Follow(); };
 }
 
 void DesktopApplication::endRecording()
 {
-    if (recording == nullptr)
+    if (recording == nullptr || window == nullptr)
         return;
     window->View().beforeIdle = nullptr;
     panelRecording->Follow();

@@ -31,7 +31,7 @@ public:
 
 private:
     void open();
-    void record(const std::string& file);
+    void beginRecording(const std::string& file);
     void endRecording();
     std::string bundleFile() const;
     void fail(int exitCode, const std::string& sentence);

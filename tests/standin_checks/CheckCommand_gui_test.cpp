@@ -22,9 +22,11 @@ namespace
 {
 std::string bad(const std::string& name) { return std::string(VORTAN_BAD_BUNDLES) + "/" + name + ".so"; }
 
-ProgramRun check(std::vector<std::string> arguments, const std::vector<std::string>& environment = {})
+ProgramRun check(std::vector<std::string> arguments, std::vector<std::string> environment = {})
 {
     arguments.insert(arguments.begin(), {VORTAN_STANDIN, "check"});
+    // A sanitizer would take a crash of the bundle for its own, and end the process in another way.
+    environment.insert(environment.end(), {"ASAN_OPTIONS=handle_segv=0", "UBSAN_OPTIONS=handle_segv=0"});
     return RunProgram(arguments, environment);
 }
 
