@@ -117,7 +117,6 @@ private:
             run.results.push_back(scene.host().RunIdle());
         run.calls = scene.host().Trace().Records();
         run.findings = scene.host().TakeFindings();
-        run.liveReferences = scene.host().LiveReferences();
         return run;
     }
 

@@ -201,6 +201,8 @@ std::vector<std::string> Host::RedoNames() const { return parts->undo.RedoNames(
 
 int Host::OpenUndoGroups() const { return parts->undo.OpenGroups(); }
 
+int Host::UndoGroupsLeftOpen() const { return parts->undoGroupsLeftOpen; }
+
 // Sensors.
 
 CallTrace& Host::Trace() { return parts->trace; }
@@ -236,4 +238,6 @@ void Host::CheckSuiteBalance()
 }
 
 int Host::LiveReferences() const { return parts->references.CountLive(); }
+
+int Host::LeakedReferences() const { return parts->leakedReferences; }
 } // namespace standin

@@ -79,6 +79,9 @@ struct HostParts
     /// Levels of undo groups whose end was made to fail by a fault: that they stay open is not the
     /// caller's doing.
     int excusedUndoLevels = 0;
+    // What hooks have left behind, all of them together.
+    int undoGroupsLeftOpen = 0;
+    int leakedReferences = 0;
 
     /// Adds a finding for the innermost running call.
     void Report(const char* id, const std::string& sentence);

@@ -41,7 +41,7 @@ struct ChainHost : ProductHost
     void ExpectCleanEnd()
     {
         host.CheckSuiteBalance();
-        EXPECT_EQ(host.LiveReferences(), 0);
+        EXPECT_EQ(host.LeakedReferences(), 0);
         EXPECT_EQ(host.FindingsReport(), "");
     }
 
