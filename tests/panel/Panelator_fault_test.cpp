@@ -112,9 +112,10 @@ TEST_P(PanelatorWithoutSuite, IsLeftByTheNumberAndUnwindsWhatItHad)
         bench->loading.calls.at(suite.calls).rfind("Basic AcquireSuite(\"" + std::string(suite.name), 0), 0u);
     for (std::size_t later = suite.calls + 1; later < bench->loading.calls.size(); ++later)
         EXPECT_EQ(bench->loading.calls.at(later).rfind("Basic ReleaseSuite", 0), 0u);
-    for (const char* held : {"AEGP Command Suite", "AEGP Workspace Panel Suite", "SP Suites Suite"})
-        EXPECT_EQ(bench->host.SuiteCount(held, 1), 0) << held;
+    EXPECT_EQ(bench->host.SuiteCount("AEGP Workspace Panel Suite", 1), 0);
+    EXPECT_EQ(bench->host.SuiteCount("AEGP Command Suite", 1), 0);
     EXPECT_EQ(bench->host.SuiteCount("AEGP Register Suite", 6), 0);
+    EXPECT_EQ(bench->host.SuiteCount("SP Suites Suite", 2), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -166,13 +167,32 @@ struct Loading
     std::vector<std::string> treeCalls;
 };
 
-void load(Loading& loading)
+using Entry = A_Err (*)(SPBasicSuite*, A_long major, A_long minor, AEGP_PluginID, AEGP_GlobalRefcon*);
+
+void loadBy(Loading& loading, Entry entry)
 {
     TreeLog() = {};
     testing::internal::CaptureStdout();
-    loading.loaded = loading.host.Load(&PanelEntryPointFunc);
+    loading.loaded = loading.host.Load(entry);
     (void)testing::internal::GetCapturedStdout();
     loading.treeCalls = TreeLog().calls;
+}
+
+void load(Loading& loading) { loadBy(loading, &PanelEntryPointFunc); }
+
+/// Deletes what the plug-in keeps for the life of the host.
+void unload(Loading& loading)
+{
+    if (auto* plugin = static_cast<Panelator*>(loading.loaded.globalRefcon))
+    {
+        loading.host.RunInHook(
+            [&]
+            {
+                delete plugin->publishedSuite.panelRef;
+                delete plugin;
+            });
+    }
+    TreeLog() = {};
 }
 
 void checkLoading(Loading& loading, const SweptFault& fault)
@@ -198,23 +218,41 @@ void checkLoading(Loading& loading, const SweptFault& fault)
         EXPECT_TRUE(fault.ordinal != 0 && (isThrow || isNoCommand)) << found.Text();
     }
     loading.host.Faults().Disarm();
-    if (auto* plugin = static_cast<Panelator*>(loading.loaded.globalRefcon))
-    {
-        loading.host.RunInHook(
-            [&]
-            {
-                delete plugin->publishedSuite.panelRef;
-                delete plugin;
-            });
-    }
+    unload(loading);
     loading.host.CheckSuiteBalance();
     EXPECT_EQ(loading.host.FindingsReport(), "");
-    TreeLog() = {};
 }
 
 TEST(PanelatorFaults, TheEntryPointOutlivesTheFailureOfEachOfItsCalls)
 {
     EXPECT_EQ(SweepFaults([] { return std::make_unique<Loading>(); }, &load, &checkLoading), 13u);
+}
+
+// ---- Hosts of any version
+
+template <A_long major, A_long minor>
+A_Err entryInVersion(SPBasicSuite* basicSuite, A_long, A_long, AEGP_PluginID id, AEGP_GlobalRefcon* out)
+{
+    return PanelEntryPointFunc(basicSuite, major, minor, id, out);
+}
+
+TEST(PanelatorInAnyHost, StartsTheSameWhateverVersionTheHostNames)
+{
+    std::vector<std::string> usual;
+    for (const Entry entry : {Entry{&PanelEntryPointFunc}, Entry{&entryInVersion<0, 0>},
+                              Entry{&entryInVersion<-1, -1>}, Entry{&entryInVersion<17, 29>},
+                              Entry{&entryInVersion<114, 1>}, Entry{&entryInVersion<0x7FFFFFFF, 0x7FFFFFFF>}})
+    {
+        Loading loading;
+        loadBy(loading, entry);
+        EXPECT_EQ(loading.loaded.result.error, errNone);
+        EXPECT_NE(loading.loaded.globalRefcon, nullptr);
+        EXPECT_THAT(loading.treeCalls, ElementsAre("JuceGlobalInit()"));
+        if (usual.empty())
+            usual = loading.host.CallTexts();
+        EXPECT_EQ(loading.host.CallTexts(), usual);
+        unload(loading);
+    }
 }
 } // namespace
 } // namespace standin
