@@ -258,6 +258,25 @@ TEST(EffectChain, LeavesStreamsBehindOnlyIfTheirSuiteIsMissingAndGivesBackTheEff
     EXPECT_EQ(product.host.FindingsReport(), "");
 }
 
+TEST(EffectChain, LetsAnotherExceptionPassIfTheSuiteOfTheStreamsIsMissing)
+{
+    ChainHost product;
+    product.host.Faults().Withhold("AEGP Stream Suite", 7);
+    product.host.Expect("exception-left-hook", "", "the step's own integer");
+    product.host.Expect("leaked-reference", "AEGP_GetNewEffectStreamByIndex", "its suite is missing");
+    product.host.Expect("dispose-order", "AEGP_DisposeEffect", "the stream cannot be disposed of before");
+    const HookResult result = product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0)
+                .TakeParamStream()
+                .Then([]() -> A_Err { throw 4711; });
+        });
+    EXPECT_EQ(result.thrownNumber, 4711);
+    product.host.CheckSuiteBalance();
+    EXPECT_EQ(product.host.FindingsReport(), "");
+}
+
 TEST(EffectChain, GivesBackInOrderIfTheSuiteOfTheStreamsIsRefusedOnce)
 {
     ChainHost product;

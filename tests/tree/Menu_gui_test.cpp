@@ -117,6 +117,18 @@ TEST_F(Menu, OffersEntriesThatAreActiveAndNotTicked)
     EXPECT_TRUE(pumpUntil(isMenuClosed));
 }
 
+TEST_F(Menu, CutsItsTextsAt4000Characters)
+{
+    const MenuPainting painting;
+    AddObject(panel, VN_OBJECT_RENDERER, 31, std::string(5000, 'w').c_str());
+    AddObject(panel, VN_OBJECT_RENDERER, 32, "Rays");
+    openMenuOf(panel->rendererButton);
+    EXPECT_THAT(painting.painted,
+                ElementsAre(Pair("Rays", "active"), Pair(std::string(4000, 'w'), "active")));
+    key("Escape");
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+}
+
 TEST_F(Menu, OffersNamesOfAnyKind)
 {
     AddObject(panel, VN_OBJECT_RENDERER, 31, "");
