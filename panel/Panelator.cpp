@@ -97,9 +97,12 @@ A_Err Panelator::S_UpdateMenuHook(AEGP_GlobalRefcon globalRefcon, AEGP_UpdateMen
 
 A_Err Panelator::S_IdleHook(AEGP_GlobalRefcon globalRefcon, AEGP_IdleRefcon refcon, A_long*)
 {
+    Panelator* panelator = panelatorOf(globalRefcon);
+    if (panelator->excludesPasses)
+        return A_Err_NONE;
     const PlatformErrorScope errors;
-    DispatchPlatformEvents(panelatorOf(globalRefcon)->tree);
-    panelatorOf(globalRefcon)->IdleHook(static_cast<VnPanelRef*>(refcon));
+    DispatchPlatformEvents(panelator->tree);
+    panelator->IdleHook(static_cast<VnPanelRef*>(refcon));
     return A_Err_NONE;
 }
 

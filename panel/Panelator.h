@@ -29,7 +29,8 @@ public:
                                A_Boolean* handled);
     static A_Err S_UpdateMenuHook(AEGP_GlobalRefcon globalRefcon, AEGP_UpdateMenuRefcon refcon,
                                   AEGP_WindowType windowType);
-    /// Leaves `maxSleep` alone.
+    /// Delivers what waits for the panel, then IdleHook. Inside a pass it does neither: an event that is
+    /// delivered there could change the tree between two of the pass's steps. Leaves `maxSleep` alone.
     static A_Err S_IdleHook(AEGP_GlobalRefcon globalRefcon, AEGP_IdleRefcon refcon, A_long* maxSleep);
     /// Deletes the tree and the state table and ends the user interface library. The object itself stays.
     static A_Err S_DeathHook(AEGP_GlobalRefcon globalRefcon, AEGP_DeathRefcon refcon);
@@ -47,7 +48,9 @@ public:
     void UpdateMenuHook(AEGP_WindowType windowType);
 
     /// One pass of the main loop: carries out what siblings and the tree asked for, compares the active
-    /// layer with the tree and carries a difference across. The layer wins when both changed.
+    /// layer with the tree and carries a difference across. The layer wins when both changed. Does nothing
+    /// inside a pass that has dealt with its open request: what a pass holds of the stack, its indices above
+    /// all, would no longer fit what an inner one leaves.
     void IdleHook(VnPanelRef* panelRef);
 
     SPBasicSuite* basicSuite;
@@ -64,6 +67,8 @@ public:
     /// Held here so that the host's pointer stays valid. Its `panelRef` lives on once the constructor has
     /// returned, since sibling effects hold it as a handle; a constructor that throws frees it.
     VnPanelSuite publishedSuite{};
+
+    bool excludesPasses = false; ///< A pass runs that lets no other run inside it.
 
 private:
     A_Err insertMenuEntry();
