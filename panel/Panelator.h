@@ -8,8 +8,6 @@
 #include "panel/PanelSuite.h"
 #include "tree/Tree.h"
 
-#include <memory>
-
 class Panelator
 {
 public:
@@ -56,7 +54,8 @@ public:
     SPBasicSuite* basicSuite;
     AEGP_PluginID pluginId;
     AEGP_SuiteHandler suites;
-    AEGP_Command command = 0; ///< The command of the Window menu entry.
+    AEGP_Command command = 0;    ///< The command of the Window menu entry.
+    bool excludesPasses = false; ///< A pass runs that lets no other run inside it.
     SuiteHelper<AEGP_PanelSuite1, AssertAndThrowOnMissingSuite<AEGP_PanelSuite1>> panelSuite;
     const char* matchName;
     std::uint64_t layerHash = 0;                    ///< The layer side as last mirrored into the tree.
@@ -64,15 +63,13 @@ public:
     _TreeStateTable_Internal* stateTable = nullptr; ///< Made with the panel; null until then.
     ValueTreesDemo* tree = nullptr;                 ///< Made with the panel; null until then.
 
-    /// Held here so that the host's pointer stays valid. Its `panelRef` lives on once the constructor has
-    /// returned, since sibling effects hold it as a handle; a constructor that throws frees it.
+    /// Held here so that the host's pointer stays valid. Its `panelRef` is never freed, whatever becomes of
+    /// the object: the hooks and sibling effects hold it until the host ends.
     VnPanelSuite publishedSuite{};
-
-    bool excludesPasses = false; ///< A pass runs that lets no other run inside it.
 
 private:
     A_Err insertMenuEntry();
-    std::unique_ptr<VnPanelRef> fillPublishedSuite();
+    void fillPublishedSuite();
     void registerHooks();
     void publishSuite(A_Err commandError);
     bool isShownAndFrontmost() const;
