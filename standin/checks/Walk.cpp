@@ -168,9 +168,16 @@ private:
     Clock::time_point end;
 };
 
-IdleInCalls opposite(IdleInCalls idles)
+/// The calls inside which a pass would do the most harm inside another, all calls, and none.
+std::string drawIdles(std::mt19937& random)
 {
-    return idles == IdleInCalls::never ? IdleInCalls::always : IdleInCalls::never;
+    constexpr const char* functions[] = {"AEGP_EffectCallGeneric", "AEGP_ReorderEffect",
+                                         "AEGP_StartUndoGroup",    "AEGP_SetStreamName",
+                                         "AEGP_DeleteLayerEffect", "AEGP_ApplyEffect"};
+    const std::size_t drawn = random() % (std::size(functions) + 2);
+    if (drawn < std::size(functions))
+        return std::string("each call of ") + functions[drawn];
+    return drawn == std::size(functions) ? "each call" : "no call";
 }
 
 std::string asScenario(const Steps& steps)
@@ -201,8 +208,8 @@ std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count)
     for (int i = 0; i < count; ++i)
     {
         steps.push_back(DrawStep(random, state, kind, firstNewId + i));
-        const bool turns = i > 0 && randomIdles() % stepsBetweenTurns == 0;
-        steps.back().idles = turns ? opposite(state.idles) : state.idles;
+        if (i > 0 && randomIdles() % stepsBetweenTurns == 0)
+            steps.back().idlesInside = drawIdles(randomIdles);
         CarryOut(state, steps.back());
     }
     return steps;

@@ -201,15 +201,13 @@ std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step)
     Lines lines = hostLines(state.model, step);
     if (lines.empty())
         lines = panelLines(state.model, step);
-    if (step.idles != state.idles)
-        lines.insert(lines.begin(),
-                     step.idles == IdleInCalls::always ? "idle inside each call" : "idle inside no call");
+    if (!step.idlesInside.empty())
+        lines.insert(lines.begin(), {"idle inside no call", "idle inside " + step.idlesInside});
     return lines;
 }
 
 void CarryOut(WalkState& state, const WalkStep& step)
 {
-    state.idles = step.idles;
     if (step.deed >= Deed::renameRow)
         doInPanel(state.model, step);
     else

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <set>
 #include <sstream>
 
@@ -44,26 +43,24 @@ TEST(WalkStepTest, WalksOfAllSeedsTogetherDoEverything)
     EXPECT_EQ(done.size(), static_cast<std::size_t>(WalkStep::Deed::addGroup) + 1);
 }
 
-TEST(WalkStepTest, TheHostIdlesInsideCallsForSomeStepsOfAWalk)
+TEST(WalkStepTest, TheHostIdlesInsideAllKindsOfCalls)
 {
+    std::set<std::string> kinds;
     for (unsigned seed = 1; seed <= 20; ++seed)
-    {
-        std::size_t turns = 0;
-        std::size_t inside = 0;
-        IdleInCalls before = IdleInCalls::never;
         for (const WalkStep& step : DrawWalk(WalkKind::mixed, seed, 40))
-        {
-            turns += step.idles != before ? 1 : 0;
-            inside += step.idles == IdleInCalls::always ? 1 : 0;
-            before = step.idles;
-        }
-        EXPECT_GT(inside, 4u);
-        EXPECT_LT(inside, 36u);
-        const auto lines = script(DrawWalk(WalkKind::mixed, seed, 40));
-        EXPECT_EQ(static_cast<std::size_t>(std::count(lines.begin(), lines.end(), "idle inside each call") +
-                                           std::count(lines.begin(), lines.end(), "idle inside no call")),
-                  turns);
-    }
+            kinds.insert(step.idlesInside);
+    EXPECT_EQ(kinds.size(), 9u) << "six functions, each call, no call, and the same as before";
+}
+
+TEST(WalkStepTest, WhereTheHostIdlesStandsBeforeTheStep)
+{
+    WalkStep step;
+    step.deed = WalkStep::Deed::remove;
+    step.id = 2;
+    step.idlesInside = "each call of AEGP_ReorderEffect";
+    EXPECT_THAT(LinesOf(WalkBegin(), step),
+                testing::ElementsAre("idle inside no call", "idle inside each call of AEGP_ReorderEffect",
+                                     "delete \"route\""));
 }
 
 TEST(WalkStepTest, EveryLineOfAWalkIsALineOfTheLanguage)
