@@ -5,8 +5,11 @@
 #include "standin/scenario/Parser.h"
 #include "standin/scenario/Phrase.h"
 #include "standin/scenario/Stage.h"
+#include "standin/core/StackChanges.h"
+#include "standin/session/EffectModule.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <map>
 
@@ -38,6 +41,31 @@ void addNamed(Stage& stage, const std::string& kind, const std::string& name)
 EffectInstance& effect(Stage& stage, const std::string& name)
 {
     return stage.host().Effect(stage.EffectLabel(name));
+}
+
+/// An effect whose answers are the stand-in's. What the effect of a module answers is its own business.
+EffectInstance& simulated(Stage& stage, const std::string& name)
+{
+    EffectInstance& found = effect(stage, name);
+    if (!found.family.kept.empty())
+        throw StageError(Quoted(name) + " comes from a module and answers for itself");
+    return found;
+}
+
+void putIntoGroup(Stage& stage, const std::string& name, int group)
+{
+    const EffectInstance& found = effect(stage, name);
+    stage.host().Parts().BehaviourOf(found).OnGroupChosen(
+        {stage.host(), found.id}, static_cast<std::int16_t>(group), Undoable::no);
+}
+
+void installModule(Stage& stage, const std::string& file)
+{
+    // An absolute path stays as it is.
+    const auto path = std::filesystem::path(stage.folder) / file;
+    InstallEffectModule(stage.host(), path.string());
+    for (const InstalledEffect& installed : stage.host().InstalledEffects())
+        stage.AddCandidate(installed.defaultName);
 }
 
 using Option = std::function<void(HostOptions&)>;
@@ -120,7 +148,7 @@ PhraseBook ProjectPhrases()
           "TEXT is in group NUMBER",
           "The effect has been in this group all along.",
           [](Stage& s, const Arguments& a)
-          { effect(s, a.texts[0]).family.group = static_cast<std::int16_t>(a.numbers[0]); },
+          { putIntoGroup(s, a.texts[0], a.numbers[0]); },
           {}},
          {setting,
           "TEXT is off",
@@ -130,7 +158,7 @@ PhraseBook ProjectPhrases()
          {setting,
           "TEXT is rigid",
           "The effect takes part in no group: it answers -1 whatever it is told.",
-          [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).family.rigidity = Rigidity::rigid; },
+          [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).family.rigidity = Rigidity::rigid; },
           {}},
          {setting,
           "TEXT has the identity of TEXT",
@@ -138,24 +166,24 @@ PhraseBook ProjectPhrases()
           [](Stage& s, const Arguments& a)
           {
               const Identity identity = effect(s, a.texts[1]).family.uuid;
-              effect(s, a.texts[0]).behaviour = RepeatsIdentity(identity);
+              simulated(s, a.texts[0]).behaviour = RepeatsIdentity(identity);
           },
           {}},
          {setting,
           "TEXT answers after NUMBER messages",
           "The effect leaves its first messages unanswered.",
-          [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); },
+          [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); },
           {}},
          {setting,
           "TEXT answers nothing",
           "The effect gives an error to each message.",
-          [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).behaviour = FailsWith(errGeneric); },
+          [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).behaviour = FailsWith(errGeneric); },
           {}},
          {setting,
           "TEXT always answers group NUMBER",
           "Whatever it is told.",
           [](Stage& s, const Arguments& a)
-          { effect(s, a.texts[0]).behaviour = AnswersGroup(static_cast<std::int16_t>(a.numbers[0])); },
+          { simulated(s, a.texts[0]).behaviour = AnswersGroup(static_cast<std::int16_t>(a.numbers[0])); },
           {}},
          {setting,
           "install TEXT as TEXT",
@@ -169,6 +197,12 @@ PhraseBook ProjectPhrases()
               (void)s.host().Install(more);
               s.AddCandidate(a.texts[1]);
           },
+          {}},
+         {setting,
+          "install the effect in TEXT",
+          "The effect in this module is installed, in place of the one of its match name. The file is looked for "
+          "from the scenario's folder.",
+          [](Stage& s, const Arguments& a) { installModule(s, a.texts[0]); },
           {}},
          {setting,
           "TEXT is not installed",
