@@ -6,28 +6,29 @@
 
 // The record is read and written byte by byte: it may stand at any address.
 
-static uint32_t wordAt(const void *record, size_t offset)
+static uint32_t wordAt(const void* record, size_t offset)
 {
     uint32_t word;
-    memcpy(&word, (const uint8_t *)record + offset, sizeof word);
+    memcpy(&word, (const uint8_t*)record + offset, sizeof word);
     return word;
 }
 
-static uint8_t *payloadOf(void *record) { return (uint8_t *)record + offsetof(VortanMessage, payload); }
+static uint8_t* payloadOf(void* record) { return (uint8_t*)record + offsetof(VortanMessage, payload); }
 
 // ---- Messages
 
-uint32_t VortanCommandOf(const void *record, size_t size)
+uint32_t VortanCommandOf(const void* record, size_t size)
 {
     uint32_t command;
     if (record == NULL || size != VORTAN_MESSAGE_SIZE || wordAt(record, 0) != VORTAN_MESSAGE_MAGIC)
         return 0;
     command = wordAt(record, offsetof(VortanMessage, command));
-    return command == VORTAN_GET_GROUP || command == VORTAN_SET_GROUP || command == VORTAN_GET_IDENTITY ? command
-                                                                                                      : 0;
+    return command == VORTAN_GET_GROUP || command == VORTAN_SET_GROUP || command == VORTAN_GET_IDENTITY
+               ? command
+               : 0;
 }
 
-int VortanAnswerGroup(void *record, size_t size, int16_t group)
+int VortanAnswerGroup(void* record, size_t size, int16_t group)
 {
     if (VortanCommandOf(record, size) != VORTAN_GET_GROUP)
         return 0;
@@ -35,7 +36,7 @@ int VortanAnswerGroup(void *record, size_t size, int16_t group)
     return 1;
 }
 
-int VortanAnswerIdentity(void *record, size_t size, const VortanIdentity *identity)
+int VortanAnswerIdentity(void* record, size_t size, const VortanIdentity* identity)
 {
     if (VortanCommandOf(record, size) != VORTAN_GET_IDENTITY)
         return 0;
@@ -43,11 +44,11 @@ int VortanAnswerIdentity(void *record, size_t size, const VortanIdentity *identi
     return 1;
 }
 
-int VortanTakeGroup(const void *record, size_t size, int16_t *group)
+int VortanTakeGroup(const void* record, size_t size, int16_t* group)
 {
     if (VortanCommandOf(record, size) != VORTAN_SET_GROUP)
         return 0;
-    memcpy(group, (const uint8_t *)record + offsetof(VortanMessage, payload), sizeof *group);
+    memcpy(group, (const uint8_t*)record + offsetof(VortanMessage, payload), sizeof *group);
     return 1;
 }
 
@@ -58,7 +59,7 @@ static int16_t groupAfter(int16_t before, int16_t told)
     return told >= VORTAN_GROUP_FIRST && told <= VORTAN_GROUP_LAST ? told : (int16_t)VORTAN_GROUP_TOP;
 }
 
-uint32_t VortanAnswer(VortanKept *kept, void *record, size_t size)
+uint32_t VortanAnswer(VortanKept* kept, void* record, size_t size)
 {
     int16_t told;
     if (VortanAnswerGroup(record, size, kept->group))
@@ -83,10 +84,10 @@ static uint64_t spread(uint64_t value)
 }
 
 /// How many came. What did not come stays as it was.
-static size_t readRandomBytes(uint8_t *bytes, size_t count)
+static size_t readRandomBytes(uint8_t* bytes, size_t count)
 {
     size_t came;
-    FILE *source = fopen("/dev/urandom", "rb");
+    FILE* source = fopen("/dev/urandom", "rb");
     if (source == NULL)
         return 0;
     came = fread(bytes, 1, count, source);
@@ -100,7 +101,7 @@ VortanIdentity VortanMakeIdentity(void)
     uint64_t halves[2] = {0, 0};
     const uint64_t moment = spread((uint64_t)time(NULL)) ^ spread((uint64_t)clock());
     size_t i;
-    (void)readRandomBytes((uint8_t *)halves, sizeof halves);
+    (void)readRandomBytes((uint8_t*)halves, sizeof halves);
     for (i = 0; i < 2; ++i)
         halves[i] ^= spread(moment + i);
     memcpy(identity.bytes, halves, sizeof identity.bytes);
@@ -110,7 +111,7 @@ VortanIdentity VortanMakeIdentity(void)
     return identity;
 }
 
-int VortanIsZeroIdentity(const VortanIdentity *identity)
+int VortanIsZeroIdentity(const VortanIdentity* identity)
 {
     size_t i;
     for (i = 0; i < sizeof identity->bytes; ++i)
@@ -119,7 +120,7 @@ int VortanIsZeroIdentity(const VortanIdentity *identity)
     return 1;
 }
 
-void VortanFormatIdentity(const VortanIdentity *identity, char text[VORTAN_IDENTITY_TEXT_SIZE])
+void VortanFormatIdentity(const VortanIdentity* identity, char text[VORTAN_IDENTITY_TEXT_SIZE])
 {
     static const char digits[] = "0123456789abcdef";
     size_t i;
@@ -144,7 +145,7 @@ VortanKept VortanKeepNew(void)
     return kept;
 }
 
-VortanKept VortanKeepCopy(const VortanKept *original)
+VortanKept VortanKeepCopy(const VortanKept* original)
 {
     VortanKept kept = *original;
     kept.identity = VortanMakeIdentity();

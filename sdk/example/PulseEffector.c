@@ -1,5 +1,5 @@
-// An effect of the family, as small as it can be: it keeps its identity and its group, answers the panel, and uses both
-// suites. Its names are those of the family's Pulse Effector.
+// An effect of the family, as small as it can be: it keeps its identity and its group, answers the panel, and
+// uses both suites. Its names are those of the family's Pulse Effector.
 
 #include "VortanFamilyAnswers.h"
 #include "VortanTryEffect.h"
@@ -17,9 +17,9 @@ VORTAN_ASSERT(sizeof(Pulse) <= VORTAN_TRY_KEPT_SIZE, pulse_fits_into_what_is_kep
 
 // ---- The suites
 
-static void notify(const VortanBasicSuite *basicSuite, const char *text)
+static void notify(const VortanBasicSuite* basicSuite, const char* text)
 {
-    const VortanPanelSuite *panel = VortanAcquirePanelSuite(basicSuite);
+    const VortanPanelSuite* panel = VortanAcquirePanelSuite(basicSuite);
     if (panel == NULL)
         return;
     (void)panel->PanelNotify(panel->panelRef, text);
@@ -27,9 +27,9 @@ static void notify(const VortanBasicSuite *basicSuite, const char *text)
 }
 
 // Runs at the host's next idle. The instance may be gone by then, so nothing of it comes here.
-static int welcome(int pluginId, VortanBasicSuite *basicSuite, void *refcon)
+static int welcome(int pluginId, VortanBasicSuite* basicSuite, void* refcon)
 {
-    const VortanPanelSuite *panel = VortanAcquirePanelSuite(basicSuite);
+    const VortanPanelSuite* panel = VortanAcquirePanelSuite(basicSuite);
     (void)pluginId;
     (void)refcon;
     if (panel == NULL)
@@ -40,10 +40,10 @@ static int welcome(int pluginId, VortanBasicSuite *basicSuite, void *refcon)
     return 0;
 }
 
-static void openPanelAndWelcome(const VortanBasicSuite *basicSuite)
+static void openPanelAndWelcome(const VortanBasicSuite* basicSuite)
 {
-    const VortanPanelSuite *panel = VortanAcquirePanelSuite(basicSuite);
-    const VortanIdleSuite *idle = VortanAcquireIdleSuite(basicSuite);
+    const VortanPanelSuite* panel = VortanAcquirePanelSuite(basicSuite);
+    const VortanIdleSuite* idle = VortanAcquireIdleSuite(basicSuite);
     if (panel != NULL)
     {
         (void)panel->OpenPanel(panel->panelRef, 0);
@@ -58,15 +58,15 @@ static void openPanelAndWelcome(const VortanBasicSuite *basicSuite)
 
 // ---- What the effect does; the real host's entry point calls the same functions
 
-static void applied(Pulse *pulse, const VortanBasicSuite *basicSuite)
+static void applied(Pulse* pulse, const VortanBasicSuite* basicSuite)
 {
     pulse->family = VortanKeepNew();
     openPanelAndWelcome(basicSuite);
 }
 
-static void copied(Pulse *pulse) { pulse->family = VortanKeepCopy(&pulse->family); }
+static void copied(Pulse* pulse) { pulse->family = VortanKeepCopy(&pulse->family); }
 
-static void message(Pulse *pulse, const VortanBasicSuite *basicSuite, void *record, size_t size)
+static void message(Pulse* pulse, const VortanBasicSuite* basicSuite, void* record, size_t size)
 {
     const int16_t before = pulse->family.group;
     char text[64];
@@ -81,7 +81,8 @@ static void message(Pulse *pulse, const VortanBasicSuite *basicSuite, void *reco
 
 // ---- The stand-in's entry point
 
-int32_t VortanTryEffect(int32_t call, const VortanBasicSuite *basicSuite, void *kept, void *record, size_t recordSize)
+int32_t VortanTryEffect(int32_t call, const VortanBasicSuite* basicSuite, void* kept, void* record,
+                        size_t recordSize)
 {
     static const VortanTryDescription description = {"QVK VORTEFF Pulse Effector", "Vortan Pulse Effector"};
     Pulse pulse;

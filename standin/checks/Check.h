@@ -1,8 +1,8 @@
 #pragma once
-// A check judges a built file as a black box: it loads it into a stand-in host of its own and looks at one thing.
-// The table in Checks.cpp is the one list of those that judge a bundle, and that in EffectChecks.cpp of those that
-// judge an effect. Each has a file of its own, or shares one with checks of the same family, and is run in a process
-// of its own.
+// A check judges a built file as a black box: it loads it into a stand-in host of its own and looks at one
+// thing. The table in Checks.cpp is the one list of those that judge a bundle, and that in EffectChecks.cpp
+// of those that judge an effect. Each has a file of its own, or shares one with checks of the same family,
+// and is run in a process of its own.
 
 #include <string>
 #include <vector>

@@ -1,6 +1,7 @@
 #pragma once
-// What a check gets: the file that is judged, the seed, and the ways to say what it found. Everything that a check
-// looks at goes through one of the Require functions, which count: a check that has looked at nothing fails.
+// What a check gets: the file that is judged, the seed, and the ways to say what it found. Everything that a
+// check looks at goes through one of the Require functions, which count: a check that has looked at nothing
+// fails.
 
 #include <cstdint>
 #include <functional>

@@ -77,8 +77,7 @@ void DesktopApplication::initialise(const juce::String&)
     catch (const std::runtime_error& error)
     {
         const auto& effects = arguments.effects;
-        const bool areThere =
-            isThere(bundleFile()) && std::all_of(effects.begin(), effects.end(), &isThere);
+        const bool areThere = isThere(bundleFile()) && std::all_of(effects.begin(), effects.end(), &isThere);
         fail(areThere ? badBundle : noFile, error.what());
     }
 }

@@ -91,11 +91,11 @@ void EffectScene::call(std::int32_t what, KeptBytes& kept, std::vector<std::uint
     else if (result.error != errNone)
         badReturns.push_back(nameOf(what) + " ended with error " + std::to_string(result.error));
     if (!guardedKept.Damage().empty())
-        damages.push_back(nameOf(what) + " has written to the kept bytes' surroundings: " +
-                          guardedKept.Damage());
+        damages.push_back(nameOf(what) +
+                          " has written to the kept bytes' surroundings: " + guardedKept.Damage());
     if (!guardedRecord.Damage().empty())
-        damages.push_back(nameOf(what) + " has written to the record's surroundings: " +
-                          guardedRecord.Damage());
+        damages.push_back(nameOf(what) +
+                          " has written to the record's surroundings: " + guardedRecord.Damage());
     kept = guardedKept.Content();
     if (record != nullptr)
         *record = guardedRecord.Content();
@@ -172,8 +172,8 @@ void EffectScene::Exercise()
 std::vector<std::pair<std::string, std::vector<std::uint8_t>>> ForeignRecordsOf()
 {
     std::vector<std::pair<std::string, std::vector<std::uint8_t>>> records;
-    for (const std::uint32_t command :
-         {std::uint32_t{VORTAN_GET_GROUP}, std::uint32_t{VORTAN_SET_GROUP}, std::uint32_t{VORTAN_GET_IDENTITY}})
+    for (const std::uint32_t command : {std::uint32_t{VORTAN_GET_GROUP}, std::uint32_t{VORTAN_SET_GROUP},
+                                        std::uint32_t{VORTAN_GET_IDENTITY}})
     {
         const std::string named = "command " + std::to_string(command);
         auto foreign = RecordOf(command, 7);

@@ -47,7 +47,8 @@ void IdentityIsAnswered(Trial& trial)
     EffectScene scene(trial.File());
     KeptBytes kept = scene.Apply();
     const Identity first = scene.AskIdentity(kept);
-    trial.Require(first != Identity{}, "a new effect answers the zero identity, as one from outside the family");
+    trial.Require(first != Identity{},
+                  "a new effect answers the zero identity, as one from outside the family");
     for (int i = 0; i < 3; ++i)
     {
         scene.Idle();
@@ -63,9 +64,9 @@ void IdentityIsItsOwn(Trial& trial)
     bytes.insert(bytes.end(), here.begin(), here.end());
     std::set<Identity> seen;
     for (const Identity& identity : apart(bytes))
-        trial.Require(seen.insert(identity).second,
-                      "two of " + std::to_string(2 * newEffects) +
-                          " effects, applied in two runs of the host, answer " + TextOf(identity));
+        trial.Require(seen.insert(identity).second, "two of " + std::to_string(2 * newEffects) +
+                                                        " effects, applied in two runs of the host, answer " +
+                                                        TextOf(identity));
 }
 
 void IdentityAfterDuplicate(Trial& trial)
@@ -75,7 +76,8 @@ void IdentityAfterDuplicate(Trial& trial)
     const Identity before = scene.AskIdentity(original);
     KeptBytes copy = scene.Copy(original);
     KeptBytes second = scene.Copy(copy);
-    requireIdentity(trial, scene.AskIdentity(original), before, "the original's identity after the duplicate");
+    requireIdentity(trial, scene.AskIdentity(original), before,
+                    "the original's identity after the duplicate");
     const Identity ofCopy = scene.AskIdentity(copy);
     const Identity ofSecond = scene.AskIdentity(second);
     trial.Require(ofCopy != Identity{} && ofSecond != Identity{}, "a duplicate answers the zero identity");

@@ -58,8 +58,8 @@ std::vector<std::uint8_t> InOtherRun(const std::function<std::vector<std::uint8_
     std::vector<std::uint8_t> bytes = readAll(ends[0]);
     (void)close(ends[0]);
     int status = 0;
-    const bool isThrough = child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) &&
-                           WEXITSTATUS(status) == 0;
+    const bool isThrough =
+        child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
     if (!isThrough)
         throw std::runtime_error("the effect did not get through the other run");
     return bytes;

@@ -7,7 +7,8 @@
 
 namespace standin
 {
-/// Does the work in a process of its own and gives what it gave. Called before this process has loaded the module, so
-/// that neither of the two knows anything of the other. Throws std::runtime_error if the process does not get through.
+/// Does the work in a process of its own and gives what it gave. Called before this process has loaded the
+/// module, so that neither of the two knows anything of the other. Throws std::runtime_error if the process
+/// does not get through.
 std::vector<std::uint8_t> InOtherRun(const std::function<std::vector<std::uint8_t>()>& work);
 } // namespace standin

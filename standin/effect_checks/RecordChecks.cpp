@@ -23,8 +23,8 @@ void MatchName(Trial& trial)
 {
     const EffectModule module(trial.File());
     const auto& known = FamilyEffects();
-    trial.Require(std::any_of(known.begin(), known.end(), [&](const FamilyEffect& each)
-                              { return each.matchName == module.MatchName(); }),
+    trial.Require(std::any_of(known.begin(), known.end(),
+                              [&](const FamilyEffect& each) { return each.matchName == module.MatchName(); }),
                   "the panel knows no effect with the match name \"" + module.MatchName() +
                       "\": a menu offers it as \"Not Found\", or none does");
 }

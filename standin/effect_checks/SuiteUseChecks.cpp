@@ -27,7 +27,8 @@ void NoOtherThread(Trial& trial)
     constexpr int aThirdOfASecond = 60;
     scene.Idle(aThirdOfASecond);
     trial.RequireLines(scene.witness.CallsFromOtherThreads(), {}, "calls of the suites from other threads");
-    trial.RequireLines(findingsWith(scene.host, finding::wrongThread), {}, "calls of the host from other threads");
+    trial.RequireLines(findingsWith(scene.host, finding::wrongThread), {},
+                       "calls of the host from other threads");
 }
 
 void QueuedFunctions(Trial& trial)
@@ -70,7 +71,8 @@ void WithoutThePanel(Trial& trial)
         trial.Require(scene.AskIdentity(kept) != Identity{}, "the effect answers the zero identity");
         scene.Exercise();
         trial.RequireLines(scene.BadReturns(), {}, "calls that did not return well");
-        trial.RequireLines(findingsWith(scene.host, finding::poisonedTable), {}, "calls through a wild pointer");
+        trial.RequireLines(findingsWith(scene.host, finding::poisonedTable), {},
+                           "calls through a wild pointer");
         for (const char* const suite : suites)
             scene.host.Faults().GiveBack(suite);
     }

@@ -82,8 +82,8 @@ std::vector<std::string> SuiteWitness::RunQueued()
     std::vector<std::string> escaped;
     for (const Queued& each : due)
     {
-        const HookResult result = host.RunInHook(
-            [&] { (void)each.function(host.PluginId(), basicSuite, each.refcon); });
+        const HookResult result =
+            host.RunInHook([&] { (void)each.function(host.PluginId(), basicSuite, each.refcon); });
         if (!result.thrown.empty())
             escaped.push_back(result.thrown);
     }

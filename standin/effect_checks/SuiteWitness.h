@@ -19,8 +19,8 @@ public:
     SuiteWitness(const SuiteWitness&) = delete;
     SuiteWitness& operator=(const SuiteWitness&) = delete;
 
-    /// Runs what was queued up to now, in the order of queueing, as an idle of the host does. What the functions let
-    /// escape is in the result, a line each.
+    /// Runs what was queued up to now, in the order of queueing, as an idle of the host does. What the
+    /// functions let escape is in the result, a line each.
     std::vector<std::string> RunQueued();
 
     // What was called since the beginning, in words.

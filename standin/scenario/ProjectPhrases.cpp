@@ -1,11 +1,11 @@
 // The scene before the play: the project, and how the host and its effects are.
 
 #include "standin/core/HostParts.h"
+#include "standin/core/StackChanges.h"
 #include "standin/family/Liars.h"
 #include "standin/scenario/Parser.h"
 #include "standin/scenario/Phrase.h"
 #include "standin/scenario/Stage.h"
-#include "standin/core/StackChanges.h"
 #include "standin/session/EffectModule.h"
 
 #include <algorithm>
@@ -25,11 +25,17 @@ void addLayer(Stage& stage, const std::string& name)
     stage.host().User().SelectLayers({stage.layer});
 }
 
+/// The effect has been there all along: what it asked the panel for when it was applied is long done.
 std::string addEffect(Stage& stage, const std::string& kind)
 {
     if (stage.layer == 0)
         throw StageError("an effect needs a layer before it");
+    FaultPlan& faults = stage.host().Faults();
+    for (const char* const suite : {VORTAN_IDLE_SUITE_NAME, VORTAN_PANEL_SUITE_NAME})
+        faults.Withhold(suite);
     const int id = stage.host().AddEffect(stage.layer, stage.Installed(kind).matchName);
+    for (const char* const suite : {VORTAN_IDLE_SUITE_NAME, VORTAN_PANEL_SUITE_NAME})
+        faults.GiveBack(suite);
     return stage.host().State().FindEffect(id)->label;
 }
 
@@ -55,8 +61,8 @@ EffectInstance& simulated(Stage& stage, const std::string& name)
 void putIntoGroup(Stage& stage, const std::string& name, int group)
 {
     const EffectInstance& found = effect(stage, name);
-    stage.host().Parts().BehaviourOf(found).OnGroupChosen(
-        {stage.host(), found.id}, static_cast<std::int16_t>(group), Undoable::no);
+    stage.host().Parts().BehaviourOf(found).OnGroupChosen({stage.host(), found.id},
+                                                          static_cast<std::int16_t>(group), Undoable::no);
 }
 
 void installModule(Stage& stage, const std::string& file)
@@ -147,8 +153,7 @@ PhraseBook ProjectPhrases()
          {setting,
           "TEXT is in group NUMBER",
           "The effect has been in this group all along.",
-          [](Stage& s, const Arguments& a)
-          { putIntoGroup(s, a.texts[0], a.numbers[0]); },
+          [](Stage& s, const Arguments& a) { putIntoGroup(s, a.texts[0], a.numbers[0]); },
           {}},
          {setting,
           "TEXT is off",
@@ -172,7 +177,8 @@ PhraseBook ProjectPhrases()
          {setting,
           "TEXT answers after NUMBER messages",
           "The effect leaves its first messages unanswered.",
-          [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); },
+          [](Stage& s, const Arguments& a)
+          { simulated(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); },
           {}},
          {setting,
           "TEXT answers nothing",
@@ -200,7 +206,8 @@ PhraseBook ProjectPhrases()
           {}},
          {setting,
           "install the effect in TEXT",
-          "The effect in this module is installed, in place of the one of its match name. The file is looked for "
+          "The effect in this module is installed, in place of the one of its match name. The file is looked "
+          "for "
           "from the scenario's folder.",
           [](Stage& s, const Arguments& a) { installModule(s, a.texts[0]); },
           {}},

@@ -19,12 +19,13 @@ template <std::size_t size>
 std::string nameIn(const char (&name)[size], const std::string& file)
 {
     if (name[0] == '\0' || std::memchr(name, '\0', size) == nullptr)
-        throw std::runtime_error(file + " is no effect: it does not tell its match name and its default name");
+        throw std::runtime_error(file +
+                                 " is no effect: it does not tell its match name and its default name");
     return name;
 }
 
-/// An instance's bytes lie in the project, and so do identity and group as the module answers them, for the stand-in's
-/// windows and expectations.
+/// An instance's bytes lie in the project, and so do identity and group as the module answers them, for the
+/// stand-in's windows and expectations.
 class ModuleBehaviour : public Behaviour
 {
 public:
@@ -63,7 +64,8 @@ public:
     }
 
 private:
-    /// A project that was made with the simulated effect has no bytes for the module: it is set up as a new one.
+    /// A project that was made with the simulated effect has no bytes for the module: it is set up as a new
+    /// one.
     KeptBytes keptOf(const EffectCall& call) const
     {
         if (call.Instance().family.kept.size() != VORTAN_TRY_KEPT_SIZE)

@@ -16,8 +16,8 @@ using KeptBytes = std::vector<std::uint8_t>;
 class EffectModule
 {
 public:
-    /// Throws std::runtime_error, in words for a user, if the file is not there, is no effect, or does not tell its
-    /// names.
+    /// Throws std::runtime_error, in words for a user, if the file is not there, is no effect, or does not
+    /// tell its names.
     explicit EffectModule(const std::string& file);
 
     const std::string& File() const { return file; }
@@ -35,8 +35,8 @@ private:
     std::string defaultName;
 };
 
-/// Puts the effect of the module among the installed ones, in place of the one with its match name if there is such.
-/// Throws what EffectModule throws.
+/// Puts the effect of the module among the installed ones, in place of the one with its match name if there
+/// is such. Throws what EffectModule throws.
 void InstallEffectModule(Host& host, const std::string& file);
 
 /// The module that an installed effect comes from; empty for a simulated one.

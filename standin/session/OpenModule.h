@@ -5,6 +5,7 @@
 
 namespace standin
 {
-/// What dlopen gives. Throws std::runtime_error, in words for a user, if the file is not there or is no `kind`.
+/// What dlopen gives. Throws std::runtime_error, in words for a user, if the file is not there or is no
+/// `kind`.
 void* OpenModule(const std::string& file, const std::string& kind);
 } // namespace standin

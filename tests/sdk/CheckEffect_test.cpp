@@ -1,4 +1,5 @@
-// The program `standin check-effect` as authors meet it. What each check finds is tested with the bad effects.
+// The program `standin check-effect` as authors meet it. What each check finds is tested with the bad
+// effects.
 
 #include "standin/cli/ExitCodes.h"
 #include "tests/standin_programs/ProgramRun.h"
@@ -35,13 +36,14 @@ TEST(CheckEffect, AFailureTellsHowToRunItAlone)
 {
     const ProgramRun run = checkEffect({bad("eightGroups"), "--only", "groups", "match-name"});
     EXPECT_EQ(run.exitCode, exit_code::failed);
-    EXPECT_EQ(run.output, "passed  match-name                The match name is one of those that the panel looks "
-                          "for.\n"
-                          "FAILED  groups                    Told a group from 1 to 10, or 0, the effect answers "
-                          "just that; a rigid one always answers -1.\n"
-                          "          found: told group 8, the effect answers 7\n"
-                          "          again: standin check-effect " +
-                              bad("eightGroups") + " --only groups\n1 passed, 1 failed\n");
+    EXPECT_EQ(run.output,
+              "passed  match-name                The match name is one of those that the panel looks "
+              "for.\n"
+              "FAILED  groups                    Told a group from 1 to 10, or 0, the effect answers "
+              "just that; a rigid one always answers -1.\n"
+              "          found: told group 8, the effect answers 7\n"
+              "          again: standin check-effect " +
+                  bad("eightGroups") + " --only groups\n1 passed, 1 failed\n");
 }
 
 TEST(CheckEffect, TellsItAsJsonToo)

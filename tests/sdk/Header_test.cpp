@@ -35,8 +35,8 @@ struct SameAbi<KitResult (*)(Kit...), ProductResult (*)(Product...)>
     {
     };
     template <class Unused>
-    struct Each<true, Unused>
-        : std::bool_constant<SameAbi<KitResult, ProductResult>::value && (SameAbi<Kit, Product>::value && ...)>
+    struct Each<true, Unused> : std::bool_constant<SameAbi<KitResult, ProductResult>::value &&
+                                                   (SameAbi<Kit, Product>::value && ...)>
     {
     };
     static constexpr bool value = Each<areAsMany>::value;
@@ -115,9 +115,9 @@ TEST(KitAndProduct, ListTheSameMenuNames)
         const char** displayNames;
     };
     std::size_t row = 0;
-    for (const Tables& tables : {Tables{src_match_name_array, src_display_array},
-                                 Tables{eff_match_name_array, eff_display_array},
-                                 Tables{ren_match_name_array, ren_display_array}})
+    for (const Tables& tables :
+         {Tables{src_match_name_array, src_display_array}, Tables{eff_match_name_array, eff_display_array},
+          Tables{ren_match_name_array, ren_display_array}})
         for (std::size_t i = 0; tables.matchNames[i] != nullptr; ++i, ++row)
         {
             ASSERT_LT(row, std::size(VORTAN_MENU_NAMES));
