@@ -190,7 +190,8 @@ TEST(EffectModuleFiles, ThatAreNoneAreToldByTheirNames)
     scratch.Write("text.so", "no code");
     EXPECT_EQ(complaintAbout("/nowhere.so"), "/nowhere.so: there is no such file");
     EXPECT_THAT(complaintAbout(scratch.Path("text.so")), HasSubstr("text.so is no effect: "));
-    EXPECT_THAT(complaintAbout(VORTAN_BAD_EFFECTS "/no-effect.so"), EndsWith(" is no effect: it does not export VortanTryEffect"));
+    EXPECT_THAT(complaintAbout(VORTAN_BAD_EFFECTS "/no-effect.so"),
+                EndsWith(" is no effect: it does not export VortanTryEffect"));
     EXPECT_EQ(complaintAbout(VORTAN_EXAMPLE), "no complaint");
 }
 } // namespace
