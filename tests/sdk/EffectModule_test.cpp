@@ -88,7 +88,7 @@ TEST_F(EffectModules, AGroupTheyAreToldIsAStepOfItsOwn)
     tell(uuid, 4);
     EXPECT_EQ(read()[0].group, 4);
     EXPECT_EQ(instance(effectId).family.group, 4);
-    EXPECT_THAT(stage.host.UndoNames(), ElementsAre("Apply Effect", "Change Group"));
+    ASSERT_THAT(stage.host.UndoNames(), ElementsAre("Apply Effect", "Change Group"));
     (void)stage.host.Undo();
     EXPECT_EQ(read()[0].group, 0);
     (void)stage.host.Redo();
@@ -156,7 +156,15 @@ TEST_F(EffectModules, BytesThatAreNoneAreAnErrorOfTheProject)
     std::string text = scratch.Read("saved.json");
     text.replace(text.find("\"kept\": \"") + 9, 2, "xy");
     scratch.Write("bad.json", text);
-    EXPECT_THROW(OpenProject(stage.host, scratch.Path("bad.json")), ProjectFileError);
+    try
+    {
+        OpenProject(stage.host, scratch.Path("bad.json"));
+        FAIL() << "the project was taken";
+    }
+    catch (const ProjectFileError& error)
+    {
+        EXPECT_THAT(error.what(), HasSubstr("effects[0].kept: bytes in hexadecimal digits belong here"));
+    }
 }
 
 TEST_F(EffectModules, AnInstanceWithoutBytesIsSetUpAsANewOne)
@@ -182,6 +190,15 @@ TEST_F(EffectModules, AnErrorOfTheModuleReadsAsAnOutsideEffect)
             error = PingEffectIndex(stage.Id(), &suites, stage.Layer(), MESSAGE_TIME, &message, 0, 0);
         });
     EXPECT_EQ(error, 1);
+}
+
+TEST(EffectModuleBytes, AreAPartOfWhatAProjectHolds)
+{
+    FamilyData one;
+    FamilyData other = one;
+    EXPECT_EQ(one, other);
+    other.kept = {1};
+    EXPECT_FALSE(one == other);
 }
 
 TEST(EffectModuleFiles, ThatAreNoneAreToldByTheirNames)
