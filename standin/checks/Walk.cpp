@@ -168,6 +168,11 @@ private:
     Clock::time_point end;
 };
 
+IdleInCalls opposite(IdleInCalls idles)
+{
+    return idles == IdleInCalls::never ? IdleInCalls::always : IdleInCalls::never;
+}
+
 std::string asScenario(const Steps& steps)
 {
     std::string text;
@@ -188,11 +193,16 @@ std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count)
 {
     constexpr int firstNewId = 100;
     std::mt19937 random(seed);
+    // Drawn apart, so that the steps of a seed are the same with and without it.
+    std::mt19937 randomIdles(seed);
+    constexpr unsigned stepsBetweenTurns = 3;
     WalkState state = WalkBegin();
     Steps steps;
     for (int i = 0; i < count; ++i)
     {
         steps.push_back(DrawStep(random, state, kind, firstNewId + i));
+        const bool turns = i > 0 && randomIdles() % stepsBetweenTurns == 0;
+        steps.back().idles = turns ? opposite(state.idles) : state.idles;
         CarryOut(state, steps.back());
     }
     return steps;

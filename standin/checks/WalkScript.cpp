@@ -198,12 +198,18 @@ void doInPanel(StackModel& model, const WalkStep& step)
 
 std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step)
 {
-    const Lines lines = hostLines(state.model, step);
-    return lines.empty() ? panelLines(state.model, step) : lines;
+    Lines lines = hostLines(state.model, step);
+    if (lines.empty())
+        lines = panelLines(state.model, step);
+    if (step.idles != state.idles)
+        lines.insert(lines.begin(),
+                     step.idles == IdleInCalls::always ? "idle inside each call" : "idle inside no call");
+    return lines;
 }
 
 void CarryOut(WalkState& state, const WalkStep& step)
 {
+    state.idles = step.idles;
     if (step.deed >= Deed::renameRow)
         doInPanel(state.model, step);
     else

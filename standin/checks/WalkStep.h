@@ -3,6 +3,7 @@
 // carried out in the model, and written as lines of a scenario, which is how it is carried out on the screen.
 
 #include "standin/checks/StackModel.h"
+#include "standin/core/HostOptions.h"
 
 #include <random>
 
@@ -57,6 +58,8 @@ struct WalkStep
     int otherId = 0;  ///< Of the effect beside which it is put.
     int number = 0;   ///< A place from 0, a group, or a layer from 0.
     std::string text; ///< A name, what is applied, or a group's title.
+    /// What the host does from this step on. It changes nothing of what comes of the steps.
+    IdleInCalls idles = IdleInCalls::never;
 };
 
 /// The model, and what keeps the panel from learning of changes.
@@ -65,6 +68,7 @@ struct WalkState
     StackModel model;
     bool isCovered = false; ///< The panel's tab is behind another.
     bool isHeld = false;    ///< The host does not idle.
+    IdleInCalls idles = IdleInCalls::never;
 };
 
 /// Where each walk begins: two layers, the first of them active, and the panel just opened.

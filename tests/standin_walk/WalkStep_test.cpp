@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <sstream>
 
@@ -41,6 +42,28 @@ TEST(WalkStepTest, WalksOfAllSeedsTogetherDoEverything)
         for (const WalkStep& step : DrawWalk(WalkKind::mixed, seed, 40))
             done.insert(step.deed);
     EXPECT_EQ(done.size(), static_cast<std::size_t>(WalkStep::Deed::addGroup) + 1);
+}
+
+TEST(WalkStepTest, TheHostIdlesInsideCallsForSomeStepsOfAWalk)
+{
+    for (unsigned seed = 1; seed <= 20; ++seed)
+    {
+        std::size_t turns = 0;
+        std::size_t inside = 0;
+        IdleInCalls before = IdleInCalls::never;
+        for (const WalkStep& step : DrawWalk(WalkKind::mixed, seed, 40))
+        {
+            turns += step.idles != before ? 1 : 0;
+            inside += step.idles == IdleInCalls::always ? 1 : 0;
+            before = step.idles;
+        }
+        EXPECT_GT(inside, 4u);
+        EXPECT_LT(inside, 36u);
+        const auto lines = script(DrawWalk(WalkKind::mixed, seed, 40));
+        EXPECT_EQ(static_cast<std::size_t>(std::count(lines.begin(), lines.end(), "idle inside each call") +
+                                           std::count(lines.begin(), lines.end(), "idle inside no call")),
+                  turns);
+    }
 }
 
 TEST(WalkStepTest, EveryLineOfAWalkIsALineOfTheLanguage)
