@@ -4,8 +4,6 @@
 
 #include "standin/checks/Check.h"
 
-#include <algorithm>
-
 namespace standin
 {
 const std::vector<Check>& AllChecks()
@@ -169,13 +167,5 @@ const std::vector<Check>& AllChecks()
 #endif
     };
     return table;
-}
-
-const Check* FindCheck(const std::string& id)
-{
-    const auto& all = AllChecks();
-    const auto found =
-        std::find_if(all.begin(), all.end(), [&](const Check& check) { return check.id == id; });
-    return found == all.end() ? nullptr : &*found;
 }
 } // namespace standin

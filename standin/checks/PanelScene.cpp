@@ -21,7 +21,7 @@ Step stepFrom(const std::string& line)
 } // namespace
 
 PanelScene::PanelScene(Trial& theTrial, const HostOptions& options)
-    : Stage(theTrial.BundleFile(), DisplayChoice::own), trial(theTrial)
+    : Stage(theTrial.File(), DisplayChoice::own), trial(theTrial)
 {
     host().Options() = options;
     session.bundle.LoadAll(host());

@@ -159,6 +159,7 @@ Outcome PlayScenario(const std::vector<Step>& steps, const PlayOptions& options)
     Outcome outcome;
     Stage stage(options.bundleFile, options.display);
     stage.pictures = options.pictures;
+    stage.folder = std::filesystem::path(steps.front().statement.file).parent_path().string();
     if (!loadsByItself(steps))
         stage.session.bundle.LoadAll(stage.host());
     Play play(stage, options.traceFile);

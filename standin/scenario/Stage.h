@@ -34,6 +34,7 @@ public:
     int layer = 0;
     int queuedRuns = 0; ///< How often functions of the idle queue have run.
     std::string pictures = ".";
+    std::string folder; ///< Where the scenario's file lies; empty for the working directory.
 
     Host& host() { return session.host; }
 
