@@ -80,7 +80,8 @@ HeldPress::Press HeldPress::pressOn(const ValueTreeItem& row, const juce::MouseE
     const int clicks = event.getNumberOfClicks();
     // As JUCE has it, the third click in a row does not count.
     const bool isDoubleClick = clicks >= 2 && clicks != 3 && lastPressed.has_value() && *lastPressed == item;
-    const auto place = event.getEventRelativeTo(&rows).getPosition() - row.getItemPosition(false).getPosition();
+    const auto place =
+        event.getEventRelativeTo(&rows).getPosition() - row.getItemPosition(false).getPosition();
     Press made{item, event.mods, place, Selecting::alone, {}, row.isSelected(), isDoubleClick, false};
     if (event.mods.isShiftDown() && view.getNumSelectedItems() > 0)
     {
@@ -109,8 +110,8 @@ std::vector<ShownItem> HeldPress::rangeTo(const ValueTreeItem& row) const
 
 void HeldPress::mouseDrag(const juce::MouseEvent& event)
 {
-    const bool isFar = event.source.hasMovedSignificantlySincePressed() &&
-                       event.getDistanceFromDragStart() >= dragDistance;
+    const bool isFar =
+        event.source.hasMovedSignificantlySincePressed() && event.getDistanceFromDragStart() >= dragDistance;
     if (!isFar || !press.has_value() || !press->isOnItem() || press->hasDragged ||
         press->modifiers.isPopupMenu())
         return;

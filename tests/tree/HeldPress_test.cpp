@@ -25,7 +25,8 @@ protected:
         pump();
     }
 
-    void press(juce::Point<int> inView, juce::ModifierKeys::Flags button = juce::ModifierKeys::leftButtonModifier)
+    void press(juce::Point<int> inView,
+               juce::ModifierKeys::Flags button = juce::ModifierKeys::leftButtonModifier)
     {
         window->wait(10);
         window->press(window->getLocalPoint(&view(), inView), button);
@@ -41,7 +42,8 @@ protected:
 
     void holdKey(Key key)
     {
-        static const int flags[] = {0, juce::ModifierKeys::commandModifier, juce::ModifierKeys::shiftModifier};
+        static const int flags[] = {0, juce::ModifierKeys::commandModifier,
+                                    juce::ModifierKeys::shiftModifier};
         window->hold(juce::ModifierKeys(flags[static_cast<int>(key)]));
     }
 

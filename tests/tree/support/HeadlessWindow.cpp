@@ -95,8 +95,7 @@ void HeadlessWindow::send()
 {
     juce::ModifierKeys::currentModifiers = keysHeld.withFlags(buttonsHeld.getRawFlags());
     getPeer()->handleMouseEvent(juce::MouseInputSource::InputSourceType::mouse, mouse.toFloat(),
-                                juce::ModifierKeys::currentModifiers,
-                                juce::MouseInputSource::defaultPressure,
+                                juce::ModifierKeys::currentModifiers, juce::MouseInputSource::defaultPressure,
                                 juce::MouseInputSource::defaultOrientation, now);
 }
 } // namespace standin

@@ -59,18 +59,17 @@ struct PressCase
 
 inline std::string NameOf(const PressCase& play)
 {
-    static const std::map<Meanwhile, std::string> names = {
-        {Meanwhile::nothing, "Nothing"},
-        {Meanwhile::muchTime, "MuchTime"},
-        {Meanwhile::rebuild, "Rebuild"},
-        {Meanwhile::rebuildTwice, "RebuildTwice"},
-        {Meanwhile::rebuildAsBefore, "RebuildAsBefore"},
-        {Meanwhile::reorder, "Reorder"},
-        {Meanwhile::changeOfGroup, "ChangeOfGroup"},
-        {Meanwhile::loss, "LossOfTheRow"},
-        {Meanwhile::clear, "Clear"},
-        {Meanwhile::clearAndRebuild, "ClearAndRebuild"},
-        {Meanwhile::end, "EndOfTheWidget"}};
+    static const std::map<Meanwhile, std::string> names = {{Meanwhile::nothing, "Nothing"},
+                                                           {Meanwhile::muchTime, "MuchTime"},
+                                                           {Meanwhile::rebuild, "Rebuild"},
+                                                           {Meanwhile::rebuildTwice, "RebuildTwice"},
+                                                           {Meanwhile::rebuildAsBefore, "RebuildAsBefore"},
+                                                           {Meanwhile::reorder, "Reorder"},
+                                                           {Meanwhile::changeOfGroup, "ChangeOfGroup"},
+                                                           {Meanwhile::loss, "LossOfTheRow"},
+                                                           {Meanwhile::clear, "Clear"},
+                                                           {Meanwhile::clearAndRebuild, "ClearAndRebuild"},
+                                                           {Meanwhile::end, "EndOfTheWidget"}};
     return (play.clicks == Clicks::one ? "AClickWith" : "ADoubleClickWith") + names.at(play.meanwhile);
 }
 
@@ -78,10 +77,9 @@ inline std::vector<PressCase> EveryPressCase()
 {
     std::vector<PressCase> all;
     for (const Clicks clicks : {Clicks::one, Clicks::two})
-        for (const Meanwhile meanwhile :
-             {Meanwhile::muchTime, Meanwhile::rebuild, Meanwhile::rebuildTwice, Meanwhile::reorder,
-              Meanwhile::changeOfGroup, Meanwhile::loss, Meanwhile::clear, Meanwhile::clearAndRebuild,
-              Meanwhile::end})
+        for (const Meanwhile meanwhile : {Meanwhile::muchTime, Meanwhile::rebuild, Meanwhile::rebuildTwice,
+                                          Meanwhile::reorder, Meanwhile::changeOfGroup, Meanwhile::loss,
+                                          Meanwhile::clear, Meanwhile::clearAndRebuild, Meanwhile::end})
             all.push_back({clicks, meanwhile});
     all.push_back({Clicks::one, Meanwhile::rebuildAsBefore});
     return all;
@@ -143,7 +141,8 @@ inline std::ostream& operator<<(std::ostream& out, const PressOutcome& outcome)
     return out;
 }
 
-template <class Hands> class PressTable : public Hands
+template <class Hands>
+class PressTable : public Hands
 {
 protected:
     PressTable() : table(CreateTreeStateTable()) {}
