@@ -35,7 +35,7 @@ struct Phrase
     Kind kind;
     const char* pattern;
     const char* help;
-    Act act;     ///< Of a setting or an action.
+    Act act;    ///< Of a setting or an action.
     Look check; ///< Of an expectation.
 };
 

@@ -15,6 +15,8 @@ using Clock = std::chrono::steady_clock;
 constexpr auto betweenIdles = std::chrono::milliseconds(4);
 constexpr auto settleLimit = std::chrono::seconds(30);
 constexpr int quietPasses = 8;
+/// On a busy machine little happens in a second: nobody gives up before so many passes.
+constexpr int leastPasses = 50;
 constexpr int panelHeight = 460;
 
 std::unique_ptr<Xvfb> serverFor(DisplayChoice choice)
@@ -132,9 +134,9 @@ void Session::Settle()
 bool Session::IdleUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit)
 {
     const auto end = Clock::now() + limit;
-    while (!condition())
+    for (int passes = 0; !condition(); ++passes)
     {
-        if (Clock::now() > end)
+        if (Clock::now() > end && passes >= leastPasses)
             return false;
         Idle();
         std::this_thread::sleep_for(betweenIdles);
@@ -201,9 +203,11 @@ void Session::avoidDoubleClick() const
 
 void Session::DoubleClick(Place inPanel)
 {
-    Click(inPanel);
-    user.press();
-    user.release();
+    const Place at = OnScreen(inPanel);
+    avoidDoubleClick();
+    user.move(at.x, at.y);
+    user.doubleClick();
+    lastClick = Clock::now();
 }
 
 void Session::Move(Place from, Place to)
