@@ -1,7 +1,11 @@
-# Compares the checks that STANDIN lists with those of the file COVERED, one id a line.
+# Compares the checks that STANDIN lists for its COMMAND, `check` if none is given, with those of the file COVERED, one
+# id a line.
 cmake_minimum_required(VERSION 3.25)
+if(NOT DEFINED COMMAND)
+  set(COMMAND check)
+endif()
 
-execute_process(COMMAND ${STANDIN} check --list OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${STANDIN} ${COMMAND} --list OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCHALL "(^|\n)[a-z0-9-]+" listed "${output}")
 list(TRANSFORM listed STRIP)
 file(STRINGS ${COVERED} covered)

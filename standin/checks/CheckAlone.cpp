@@ -1,7 +1,6 @@
 #include "standin/checks/CheckAlone.h"
 
 #include "standin/checks/CheckReport.h"
-#include "standin/session/Bundle.h"
 #if STANDIN_HAS_SCREEN
 #include "standin/session/Session.h"
 #endif
@@ -19,26 +18,26 @@ namespace standin
 {
 namespace
 {
-void runInside(const std::string& id, Trial& trial)
+void runInside(const CheckBook& book, const std::string& id, Trial& trial)
 {
     if (id == onlyLoad)
     {
-        const Bundle bundle(trial.BundleFile());
+        book.load(trial.File());
         trial.Require(true, "");
         return;
     }
-    const Check* const check = FindCheck(id);
+    const Check* const check = book.Find(id);
     if (check == nullptr)
         throw std::logic_error("there is no check " + id);
     RunCheck(*check, trial);
 }
 
 /// What the check found becomes its word.
-Word judge(const std::string& id, Trial& trial, std::string& found)
+Word judge(const CheckBook& book, const std::string& id, Trial& trial, std::string& found)
 {
     try
     {
-        runInside(id, trial);
+        runInside(book, id, trial);
         return Word::passed;
     }
     catch (const CheckFailure& failure)
@@ -76,7 +75,7 @@ void RunCheck(const Check& check, Trial& trial)
         throw std::logic_error("the check has looked at nothing");
 }
 
-void RunCheckAlone(const std::string& bundleFile, const std::string& id, std::uint64_t seed)
+void RunCheckAlone(const CheckBook& book, const std::string& file, const std::string& id, std::uint64_t seed)
 {
     // The X server of a check must not hold the pipe open, nor may a check outlive who judges.
     (void)fcntl(reportDescriptor, F_SETFD, FD_CLOEXEC);
@@ -85,9 +84,9 @@ void RunCheckAlone(const std::string& bundleFile, const std::string& id, std::ui
 #endif
     const ReportWriter writer(reportDescriptor);
     Trial trial(
-        bundleFile, seed, [&](const std::string& place) { writer.Place(place); }, [&] { writer.SeedUsed(); });
+        file, seed, [&](const std::string& place) { writer.Place(place); }, [&] { writer.SeedUsed(); });
     std::string found;
-    const Word word = judge(id, trial, found);
+    const Word word = judge(book, id, trial, found);
     writer.End(trial, word, found);
     // A check that looks at the end of the process has said so by its place.
     if (trial.Place() == endOfProcess)

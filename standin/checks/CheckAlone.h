@@ -8,9 +8,7 @@
 
 namespace standin
 {
-/// What `standin` calls itself with to run one check in this process.
-constexpr const char* aloneCommand = "check-alone";
-/// In place of a check's id: only load the bundle and look for its entry points.
+/// In place of a check's id: only load the file and look for what it has to export.
 constexpr const char* onlyLoad = "load";
 /// The place of a check that looks at the process's own end: it is ended by exit and not at once.
 constexpr const char* endOfProcess = "the end of the process";
@@ -21,5 +19,6 @@ constexpr int reportDescriptor = 3;
 void RunCheck(const Check& check, Trial& trial);
 
 /// Runs the check, writes its report, and ends the process.
-[[noreturn]] void RunCheckAlone(const std::string& bundleFile, const std::string& id, std::uint64_t seed);
+[[noreturn]] void RunCheckAlone(const CheckBook& book, const std::string& file, const std::string& id,
+                                std::uint64_t seed);
 } // namespace standin

@@ -23,6 +23,6 @@ using OnOutcome = std::function<void(const Check&, const CheckOutcome&)>;
 std::size_t RunChecks(const std::vector<Check>& checks, const CheckRunOptions& options,
                       const OnOutcome& onOutcome);
 
-/// Whether the bundle loads and has its entry points, without calling them.
+/// Whether the file loads and exports what it has to, without calling it.
 CheckOutcome TryToLoad(const CheckRunOptions& options);
 } // namespace standin

@@ -4,8 +4,6 @@
 
 #include "standin/checks/Check.h"
 
-#include <algorithm>
-
 namespace standin
 {
 const std::vector<Check>& AllChecks()
@@ -94,6 +92,9 @@ const std::vector<Check>& AllChecks()
             {"withheld-suites",
              "A pass that misses a suite is left by the number of that, and the next pass makes up for it.",
              &WithheldSuites},
+            {"pass-inside-pass",
+             "Whichever call the host idles inside, no pass runs inside a pass, and a change ends as ever.",
+             &PassInsidePass, Pace::slow},
             {"kept-findings",
              "What a strict host reports of the bundle appears where it is meant, and nowhere else.",
              &KeptFindings},
@@ -166,13 +167,5 @@ const std::vector<Check>& AllChecks()
 #endif
     };
     return table;
-}
-
-const Check* FindCheck(const std::string& id)
-{
-    const auto& all = AllChecks();
-    const auto found =
-        std::find_if(all.begin(), all.end(), [&](const Check& check) { return check.id == id; });
-    return found == all.end() ? nullptr : &*found;
 }
 } // namespace standin

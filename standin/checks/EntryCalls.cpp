@@ -18,7 +18,7 @@ void requireWell(Trial& trial, const LoadedPlugin& plugin)
 
 void IdleSuiteEntryCalls(Trial& trial)
 {
-    Scene scene(trial.BundleFile());
+    Scene scene(trial.File());
     requireWell(trial, scene.bundle.LoadIdleSuite(scene.host));
     trial.RequireLines(
         scene.TakeCalls(),
@@ -37,7 +37,7 @@ void IdleSuiteEntryCalls(Trial& trial)
 
 void PanelEntryCalls(Trial& trial)
 {
-    Scene scene(trial.BundleFile());
+    Scene scene(trial.File());
     requireWell(trial, scene.bundle.LoadPanel(scene.host));
     trial.RequireLines(
         scene.TakeCalls(),

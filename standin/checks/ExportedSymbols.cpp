@@ -9,7 +9,7 @@ namespace standin::checks
 {
 void ExportedSymbols(Trial& trial)
 {
-    trial.RequireLines(ExportedNames(trial.BundleFile()), {"EffectorAEGP", "PanelEntryPointFunc"},
+    trial.RequireLines(ExportedNames(trial.File()), {"EffectorAEGP", "PanelEntryPointFunc"},
                        "the exported names");
 }
 } // namespace standin::checks

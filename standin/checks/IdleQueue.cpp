@@ -35,7 +35,7 @@ int runJob(int pluginId, void* basicSuite, void* refcon)
 /// A host with the idle suite published.
 struct QueueScene : Scene
 {
-    explicit QueueScene(Trial& theTrial) : Scene(theTrial.BundleFile()), trial(theTrial)
+    explicit QueueScene(Trial& theTrial) : Scene(theTrial.File()), trial(theTrial)
     {
         plugin = bundle.LoadIdleSuite(host);
         trial.Require(Published(idleSuite) != nullptr, "\"Vortan Idle Suite v1\" is not published");

@@ -17,7 +17,7 @@ void secondAcquire(Trial& trial)
     trial.At("the start of the idle suite, on a host that reports what is acquired and not used");
     HostOptions options;
     options.unusedAcquire = UnusedAcquire::isFinding;
-    Scene scene(trial.BundleFile(), options);
+    Scene scene(trial.File(), options);
     scene.host.Expect(finding::unusedSuite, "ReleaseSuite",
                       "the suites' registry is acquired once more than it is used");
     trial.RequireEqual(scene.bundle.LoadIdleSuite(scene.host).result.error, errNone,
@@ -29,7 +29,7 @@ void releaseWithoutAcquire(Trial& trial)
 {
     trial.At("a full idle queue, while the suite for alerts is missing");
     constexpr int room = 32;
-    Scene scene(trial.BundleFile());
+    Scene scene(trial.File());
     (void)scene.bundle.LoadIdleSuite(scene.host);
     int mark = 0;
     for (int i = 0; i < room; ++i)

@@ -26,7 +26,7 @@ const std::vector<std::string>& closedPass()
 /// A host with the panel suite published. The panel's command does nothing, so that it stays closed.
 struct SuiteScene : Scene
 {
-    explicit SuiteScene(Trial& theTrial) : Scene(theTrial.BundleFile()), trial(theTrial)
+    explicit SuiteScene(Trial& theTrial) : Scene(theTrial.File()), trial(theTrial)
     {
         plugin = bundle.LoadPanel(host);
         host.Faults().FailFunction("AEGP_DoCommand", 1, FaultLength::functionForGood);
@@ -127,7 +127,7 @@ void PanelSuiteRequests(Trial& trial)
 
 void ClosedPanelIdle(Trial& trial)
 {
-    Scene scene(trial.BundleFile());
+    Scene scene(trial.File());
     scene.bundle.LoadAll(scene.host);
     for (int i = 0; i < 5; ++i)
         (void)scene.host.AddEffect(scene.layer, "QVK VORTSRC Lamps");

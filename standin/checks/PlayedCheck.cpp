@@ -25,7 +25,7 @@ void PlayCheck(Trial& trial, const std::string& name, const std::string& lines)
     std::istringstream text(lines);
     const std::vector<Step> steps = BindPhrases(ParseScenario(text, name));
     PlayOptions options;
-    options.bundleFile = trial.BundleFile();
+    options.bundleFile = trial.File();
     options.display = DisplayChoice::own;
     options.pictures.clear();
     options.onStep = [&](const Statement& statement) { trial.At(statement.text); };

@@ -18,7 +18,7 @@ void DeathHook(Trial& trial)
                                                : "suites fail in the death hook");
         HostOptions options;
         options.suitesAtDeath = suites;
-        Scene scene(trial.BundleFile(), options);
+        Scene scene(trial.File(), options);
         scene.bundle.LoadAll(scene.host);
         (void)scene.host.RunIdle();
         (void)scene.TakeCalls();
@@ -56,7 +56,7 @@ void ContainerGoesFirst(Trial& trial)
 void ProcessEnd(Trial& trial)
 {
     {
-        Scene scene(trial.BundleFile());
+        Scene scene(trial.File());
         scene.bundle.LoadAll(scene.host);
         trial.RequireEqual(scene.host.RunIdle().error, errNone, "the result of the idle hooks");
         scene.Quit();

@@ -39,8 +39,8 @@ int makeOutputFile()
         (void)close(report);
     }
     const std::string seed = std::to_string(job.seed);
-    (void)execl(job.program.c_str(), job.program.c_str(), aloneCommand, job.bundleFile.c_str(), id.c_str(),
-                seed.c_str(), static_cast<char*>(nullptr));
+    (void)execl(job.program.c_str(), job.program.c_str(), job.book->aloneCommand, job.file.c_str(),
+                id.c_str(), seed.c_str(), static_cast<char*>(nullptr));
     _exit(127);
 }
 

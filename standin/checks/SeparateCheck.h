@@ -36,7 +36,8 @@ struct CheckOutcome
 struct CheckJob
 {
     std::string program; ///< This program's own file.
-    std::string bundleFile;
+    std::string file;    ///< What is judged.
+    const CheckBook* book = &BundleChecks();
     std::uint64_t seed = 1;
 };
 

@@ -30,7 +30,7 @@ void forget(Scene& scene) { scene.host.Parts().hooks = {}; }
 void startWithout(Trial& trial, const char* suite, A_long version, int number, Withheld how)
 {
     trial.At(std::string("PanelEntryPointFunc, and \"") + suite + "\" is refused " + textOf(how));
-    Scene scene(trial.BundleFile());
+    Scene scene(trial.File());
     scene.host.Expect(finding::exceptionLeftHook, "", "a missing suite is an integer that reaches the host");
     scene.host.Faults().Withhold(suite, version, how);
     const LoadedPlugin plugin = scene.bundle.LoadPanel(scene.host);
@@ -49,7 +49,7 @@ void EntriesInEitherOrder(Trial& trial)
     for (const EntryOrder order : {EntryOrder::idleSuiteFirst, EntryOrder::panelFirst})
     {
         trial.At(order == EntryOrder::idleSuiteFirst ? "EffectorAEGP first" : "PanelEntryPointFunc first");
-        Scene scene(trial.BundleFile());
+        Scene scene(trial.File());
         scene.bundle.LoadAll(scene.host, order);
         const void* const idle = scene.Published(Scene::idleSuite);
         const void* const panel = scene.Published(Scene::panelSuite);
@@ -83,7 +83,7 @@ void StartRefused(Trial& trial)
 {
     {
         trial.At("AEGP_RegisterIdleHook fails");
-        Scene scene(trial.BundleFile());
+        Scene scene(trial.File());
         constexpr A_Err refused = 77;
         scene.host.Faults().FailFunction("AEGP_RegisterIdleHook", 1, FaultLength::once, refused);
         const LoadedPlugin plugin = scene.bundle.LoadIdleSuite(scene.host);
@@ -96,7 +96,7 @@ void StartRefused(Trial& trial)
     }
     {
         trial.At("AEGP_GetUniqueCommand fails");
-        Scene scene(trial.BundleFile());
+        Scene scene(trial.File());
         scene.host.Expect(finding::unknownCommand, "AEGP_InsertMenuCommand",
                           "the menu entry is put in with whatever the command number holds");
         scene.host.Faults().FailFunction("AEGP_GetUniqueCommand");
@@ -110,7 +110,7 @@ void StartRefused(Trial& trial)
 
 void CommandHook(Trial& trial)
 {
-    Scene scene(trial.BundleFile());
+    Scene scene(trial.File());
     const LoadedPlugin plugin = scene.bundle.LoadPanel(scene.host);
     trial.RequireEqual<std::size_t>(scene.host.Parts().hooks.command.size(), 1,
                                     "the number of command hooks");

@@ -7,8 +7,8 @@
 
 namespace standin
 {
-Trial::Trial(std::string bundle, std::uint64_t theSeed, Note notePlace, std::function<void()> noteSeed)
-    : bundleFile(std::move(bundle)), seed(theSeed), onPlace(std::move(notePlace)), onSeed(std::move(noteSeed))
+Trial::Trial(std::string theFile, std::uint64_t theSeed, Note notePlace, std::function<void()> noteSeed)
+    : file(std::move(theFile)), seed(theSeed), onPlace(std::move(notePlace)), onSeed(std::move(noteSeed))
 {
 }
 

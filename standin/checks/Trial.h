@@ -1,6 +1,7 @@
 #pragma once
-// What a check gets: the bundle's file, the seed, and the ways to say what it found. Everything that a check
-// looks at goes through one of the Require functions, which count: a check that has looked at nothing fails.
+// What a check gets: the file that is judged, the seed, and the ways to say what it found. Everything that a
+// check looks at goes through one of the Require functions, which count: a check that has looked at nothing
+// fails.
 
 #include <cstdint>
 #include <functional>
@@ -13,7 +14,7 @@ namespace standin
 {
 class Host;
 
-/// The bundle is not as it should be, in words for a user.
+/// What is judged is not as it should be, in words for a user.
 class CheckFailure : public std::runtime_error
 {
 public:
@@ -26,10 +27,10 @@ public:
     using Note = std::function<void(const std::string&)>;
 
     /// `onPlace` is told at once where the check stands, and `onSeed` that the seed is used, so that both are
-    /// known when the bundle takes the process with it.
-    Trial(std::string bundleFile, std::uint64_t seed, Note onPlace, std::function<void()> onSeed);
+    /// known when what is judged takes the process with it.
+    Trial(std::string file, std::uint64_t seed, Note onPlace, std::function<void()> onSeed);
 
-    const std::string& BundleFile() const { return bundleFile; }
+    const std::string& File() const { return file; }
     /// The seed of everything random. Asking for it makes it part of the report.
     std::uint64_t Seed();
     bool IsSeedUsed() const { return seedUsed; }
@@ -69,7 +70,7 @@ private:
         return text.str();
     }
 
-    std::string bundleFile;
+    std::string file;
     std::uint64_t seed;
     bool seedUsed = false;
     Note onPlace;

@@ -13,7 +13,7 @@ void walk(Trial& trial, WalkKind kind, int steps)
 {
     trial.At("the walk of this seed");
     const WalkOutcome outcome =
-        TakeWalk({trial.BundleFile(), kind, static_cast<unsigned>(trial.Seed()), steps, limit});
+        TakeWalk({trial.File(), kind, static_cast<unsigned>(trial.Seed()), steps, limit});
     if (!outcome.failure.empty())
         trial.Fail(outcome.failure);
     trial.RequireEqual(outcome.stepsDone, steps, "the number of steps that were compared");

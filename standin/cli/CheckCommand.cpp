@@ -1,4 +1,4 @@
-// standin check BUNDLE: judges any build of the bundle.
+// standin check BUNDLE: judges any build of the bundle. standin check-effect MODULE: judges an effect.
 
 #include "standin/checks/CheckAlone.h"
 #include "standin/checks/CheckRun.h"
@@ -6,6 +6,7 @@
 #include "standin/cli/Commands.h"
 #include "standin/cli/ExitCodes.h"
 #include "standin/cli/OwnFiles.h"
+#include "standin/effect_checks/EffectChecks.h"
 
 #include <CLI/CLI.hpp>
 
@@ -18,7 +19,8 @@ namespace
 {
 struct Wishes
 {
-    std::string bundleFile;
+    const CheckBook* book = nullptr;
+    std::string file;
     std::vector<std::string> only;
     std::uint64_t seed = 1;
     int limit = 0;
@@ -30,7 +32,7 @@ struct Wishes
 CheckRunOptions optionsFor(const Wishes& wishes)
 {
     CheckRunOptions options;
-    options.job = {OwnProgram(), wishes.bundleFile, wishes.seed};
+    options.job = {OwnProgram(), wishes.file, wishes.book, wishes.seed};
     options.atATime = wishes.jobs;
     if (wishes.limit > 0)
         options.limit = std::chrono::seconds(wishes.limit);
@@ -41,12 +43,12 @@ CheckRunOptions optionsFor(const Wishes& wishes)
 bool choose(const Wishes& wishes, std::vector<Check>& chosen)
 {
     for (const std::string& id : wishes.only)
-        if (FindCheck(id) == nullptr)
+        if (wishes.book->Find(id) == nullptr)
         {
             std::cerr << id << ": there is no such check; --list names them all\n";
             return false;
         }
-    for (const Check& check : AllChecks())
+    for (const Check& check : *wishes.book->checks)
         if (wishes.only.empty() ||
             std::find(wishes.only.begin(), wishes.only.end(), check.id) != wishes.only.end())
             chosen.push_back(check);
@@ -72,9 +74,9 @@ int codeOf(const CheckOutcome& outcome)
 /// Whether there is anything to judge. What is not is said on standard error.
 int tryFile(const Wishes& wishes)
 {
-    if (!std::filesystem::is_regular_file(wishes.bundleFile))
+    if (!std::filesystem::is_regular_file(wishes.file))
     {
-        std::cerr << wishes.bundleFile << ": there is no such file\n";
+        std::cerr << wishes.file << ": there is no such file\n";
         return exit_code::noFile;
     }
     const CheckOutcome outcome = TryToLoad(optionsFor(wishes));
@@ -82,14 +84,14 @@ int tryFile(const Wishes& wishes)
     if (code == exit_code::noBundle)
         std::cerr << outcome.found << "\n";
     else if (code != exit_code::well)
-        std::cerr << wishes.bundleFile << " cannot be loaded: " << outcome.found << "\n";
+        std::cerr << wishes.file << " cannot be loaded: " << outcome.found << "\n";
     return code;
 }
 
 /// The run's own exit code: the first failure decides.
 int judge(const std::vector<Check>& chosen, const Wishes& wishes, CheckPrinter& printer)
 {
-    CheckSummary summary{wishes.bundleFile, wishes.seed, chosen.size(), 0, 0};
+    CheckSummary summary{chosen.size(), 0, 0};
     int code = exit_code::well;
     const std::size_t told = RunChecks(chosen, optionsFor(wishes),
                                        [&](const Check& check, const CheckOutcome& outcome)
@@ -114,32 +116,30 @@ int check(const Wishes& wishes)
 {
     if (wishes.list)
     {
-        std::cout << (wishes.json ? CheckListAsJson() : CheckList());
+        std::cout << (wishes.json ? CheckListAsJson(*wishes.book) : CheckList(*wishes.book));
         return exit_code::well;
     }
     std::vector<Check> chosen;
-    if (wishes.bundleFile.empty() || !choose(wishes, chosen))
+    if (wishes.file.empty() || !choose(wishes, chosen))
     {
-        if (wishes.bundleFile.empty())
-            std::cerr << "name the bundle that is to be judged\n";
+        if (wishes.file.empty())
+            std::cerr << "name the " << wishes.book->kind << " that is to be judged\n";
         return exit_code::usage;
     }
     if (const int code = tryFile(wishes); code != exit_code::well)
         return code;
-    const auto printer = wishes.json ? MakeJsonPrinter() : MakeLinePrinter(wishes.bundleFile, wishes.seed);
+    const CheckJob job = optionsFor(wishes).job;
+    const auto printer = wishes.json ? MakeJsonPrinter(job) : MakeLinePrinter(job);
     return judge(chosen, wishes, *printer);
 }
-} // namespace
-
-void AddCheckCommand(CLI::App& app, int& exitCode)
+CLI::App& addCommand(CLI::App& app, int& exitCode, const CheckBook& book, const std::string& file,
+                     const std::string& help, const std::shared_ptr<Wishes>& wishes)
 {
-    auto wishes = std::make_shared<Wishes>();
-    CLI::App* command =
-        app.add_subcommand("check", "Judge a build of the bundle, each check in a process of its own");
-    command->add_option("BUNDLE", wishes->bundleFile, "The bundle that is judged");
+    wishes->book = &book;
+    CLI::App* command = app.add_subcommand(book.command, help);
+    command->add_option(file, wishes->file, std::string("The ") + book.kind + " that is judged");
     command->add_flag("--list", wishes->list, "Print the checks' ids and sentences, and judge nothing");
     command->add_option("--only", wishes->only, "Run these checks alone");
-    command->add_option("--seed", wishes->seed, "The seed of the random walks")->capture_default_str();
     command
         ->add_option("--limit", wishes->limit, "Seconds that each check may take, in place of its own limit")
         ->check(CLI::PositiveNumber);
@@ -148,21 +148,46 @@ void AddCheckCommand(CLI::App& app, int& exitCode)
         ->capture_default_str();
     command->add_flag("--json", wishes->json, "Print one JSON document in place of lines");
     command->callback([wishes, &exitCode] { exitCode = check(*wishes); });
+    return *command;
 }
 
-void AddCheckAloneCommand(CLI::App& app)
+/// No user sees it.
+void addAloneCommand(CLI::App& app, const CheckBook& book)
 {
     struct Wish
     {
-        std::string bundleFile;
+        std::string file;
         std::string id;
         std::uint64_t seed = 1;
     };
     auto wish = std::make_shared<Wish>();
-    CLI::App* command = app.add_subcommand(aloneCommand, "")->group("");
-    command->add_option("BUNDLE", wish->bundleFile)->required();
+    CLI::App* command = app.add_subcommand(book.aloneCommand, "")->group("");
+    command->add_option("FILE", wish->file)->required();
     command->add_option("ID", wish->id)->required();
     command->add_option("SEED", wish->seed)->required();
-    command->callback([wish] { RunCheckAlone(wish->bundleFile, wish->id, wish->seed); });
+    command->callback([wish, &book] { RunCheckAlone(book, wish->file, wish->id, wish->seed); });
+}
+} // namespace
+
+void AddCheckCommand(CLI::App& app, int& exitCode)
+{
+    auto wishes = std::make_shared<Wishes>();
+    addCommand(app, exitCode, BundleChecks(), "BUNDLE",
+               "Judge a build of the bundle, each check in a process of its own", wishes)
+        .add_option("--seed", wishes->seed, "The seed of the random walks")
+        ->capture_default_str();
+}
+
+void AddCheckEffectCommand(CLI::App& app, int& exitCode)
+{
+    (void)addCommand(app, exitCode, EffectChecks(), "MODULE",
+                     "Judge an effect of the family, each check in a process of its own",
+                     std::make_shared<Wishes>());
+}
+
+void AddCheckAloneCommands(CLI::App& app)
+{
+    addAloneCommand(app, BundleChecks());
+    addAloneCommand(app, EffectChecks());
 }
 } // namespace standin

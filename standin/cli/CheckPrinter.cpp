@@ -23,38 +23,32 @@ std::string indented(const std::string& text)
     return result;
 }
 
-std::string againText(const std::string& bundleFile, const Check& check, const CheckOutcome& outcome,
-                      std::uint64_t seed)
+std::string againText(const CheckJob& job, const Check& check, const CheckOutcome& outcome)
 {
-    const std::string seedText = outcome.report.isSeedUsed ? " --seed " + std::to_string(seed) : "";
-    return "standin check " + bundleFile + " --only " + check.id + seedText;
+    const std::string seedText = outcome.report.isSeedUsed ? " --seed " + std::to_string(job.seed) : "";
+    return std::string("standin ") + job.book->command + " " + job.file + " --only " + check.id + seedText;
 }
 
-std::size_t longestId()
+std::string padded(const std::string& id, const CheckBook& book)
 {
-    std::size_t longest = 0;
-    for (const Check& check : AllChecks())
+    std::size_t longest = id.size();
+    for (const Check& check : *book.checks)
         longest = std::max(longest, std::strlen(check.id));
-    return longest;
-}
-
-std::string padded(const std::string& id)
-{
-    return id + std::string(std::max(longestId(), id.size()) - id.size() + 2, ' ');
+    return id + std::string(longest - id.size() + 2, ' ');
 }
 
 class LinePrinter : public CheckPrinter
 {
 public:
-    LinePrinter(std::string file, std::uint64_t theSeed) : bundleFile(std::move(file)), seed(theSeed) {}
+    explicit LinePrinter(CheckJob theJob) : job(std::move(theJob)) {}
 
     void Tell(const Check& check, const CheckOutcome& outcome) override
     {
-        std::cout << (outcome.IsPassed() ? "passed  " : "FAILED  ") << padded(check.id) << check.sentence
-                  << "\n";
+        std::cout << (outcome.IsPassed() ? "passed  " : "FAILED  ") << padded(check.id, *job.book)
+                  << check.sentence << "\n";
         if (!outcome.IsPassed())
             std::cout << indented("found: " + outcome.found) << "\n"
-                      << indented("again: " + againText(bundleFile, check, outcome, seed)) << "\n";
+                      << indented("again: " + againText(job, check, outcome)) << "\n";
         std::cout << std::flush;
     }
 
@@ -64,8 +58,7 @@ public:
     }
 
 private:
-    std::string bundleFile;
-    std::uint64_t seed;
+    CheckJob job;
 };
 
 const char* endingText(Ending ending)
@@ -87,6 +80,8 @@ const char* endingText(Ending ending)
 class JsonPrinter : public CheckPrinter
 {
 public:
+    explicit JsonPrinter(CheckJob theJob) : job(std::move(theJob)) {}
+
     void Tell(const Check& check, const CheckOutcome& outcome) override
     {
         Json one{{"id", check.id},
@@ -104,8 +99,8 @@ public:
 
     void End(const CheckSummary& summary) override
     {
-        const Json document{{"bundle", summary.bundleFile},
-                            {"seed", summary.seed},
+        const Json document{{job.book->kind, job.file},
+                            {"seed", job.seed},
                             {"listed", summary.listed},
                             {"run", summary.run},
                             {"passed", summary.run - summary.failed},
@@ -115,29 +110,33 @@ public:
     }
 
 private:
+    CheckJob job;
     Json checks = Json::array();
 };
 } // namespace
 
-std::unique_ptr<CheckPrinter> MakeLinePrinter(const std::string& bundleFile, std::uint64_t seed)
+std::unique_ptr<CheckPrinter> MakeLinePrinter(const CheckJob& job)
 {
-    return std::make_unique<LinePrinter>(bundleFile, seed);
+    return std::make_unique<LinePrinter>(job);
 }
 
-std::unique_ptr<CheckPrinter> MakeJsonPrinter() { return std::make_unique<JsonPrinter>(); }
+std::unique_ptr<CheckPrinter> MakeJsonPrinter(const CheckJob& job)
+{
+    return std::make_unique<JsonPrinter>(job);
+}
 
-std::string CheckList()
+std::string CheckList(const CheckBook& book)
 {
     std::string list;
-    for (const Check& check : AllChecks())
-        list += padded(check.id) + check.sentence + "\n";
+    for (const Check& check : *book.checks)
+        list += padded(check.id, book) + check.sentence + "\n";
     return list;
 }
 
-std::string CheckListAsJson()
+std::string CheckListAsJson(const CheckBook& book)
 {
     Json list = Json::array();
-    for (const Check& check : AllChecks())
+    for (const Check& check : *book.checks)
         list.push_back({{"id", check.id}, {"sentence", check.sentence}});
     return asText(list) + "\n";
 }

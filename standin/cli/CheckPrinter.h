@@ -3,7 +3,6 @@
 
 #include "standin/checks/CheckRun.h"
 
-#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -11,8 +10,6 @@ namespace standin
 {
 struct CheckSummary
 {
-    std::string bundleFile;
-    std::uint64_t seed = 1;
     std::size_t listed = 0;
     std::size_t run = 0;
     std::size_t failed = 0;
@@ -27,9 +24,9 @@ public:
     virtual void End(const CheckSummary& summary) = 0;
 };
 
-std::unique_ptr<CheckPrinter> MakeLinePrinter(const std::string& bundleFile, std::uint64_t seed);
-std::unique_ptr<CheckPrinter> MakeJsonPrinter();
+std::unique_ptr<CheckPrinter> MakeLinePrinter(const CheckJob& job);
+std::unique_ptr<CheckPrinter> MakeJsonPrinter(const CheckJob& job);
 /// Ids and sentences of the table.
-std::string CheckList();
-std::string CheckListAsJson();
+std::string CheckList(const CheckBook& book);
+std::string CheckListAsJson(const CheckBook& book);
 } // namespace standin

@@ -14,6 +14,7 @@ void AddPlayCommand(CLI::App& app, int& exitCode);
 void AddWordsCommand(CLI::App& app, int& exitCode);
 #endif
 void AddCheckCommand(CLI::App& app, int& exitCode);
-/// What the program calls itself with; no user sees it.
-void AddCheckAloneCommand(CLI::App& app);
+void AddCheckEffectCommand(CLI::App& app, int& exitCode);
+/// What the program calls itself with; no user sees them.
+void AddCheckAloneCommands(CLI::App& app);
 } // namespace standin

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "standin/core/Host.h"
+#include "standin/core/StackChanges.h"
 
 namespace standin
 {
@@ -15,4 +16,9 @@ EffectInstance& EffectCall::Instance() const
 }
 
 EffectRuntime& EffectCall::Runtime() const { return host.RuntimeOf(effectId); }
+
+void Behaviour::OnGroupChosen(const EffectCall& call, std::int16_t group, Undoable undoable) const
+{
+    SetEffectGroup(call.host.Parts(), call.effectId, group, undoable);
+}
 } // namespace standin

@@ -8,6 +8,7 @@
 namespace standin
 {
 class Host;
+enum class Undoable;
 
 /// What the host remembers of an instance and no undo brings back.
 struct EffectRuntime
@@ -36,6 +37,9 @@ public:
 
     /// The effect has just been applied, or was duplicated from another.
     virtual void OnApplied(const EffectCall&) const {}
+
+    /// The group is changed in the effect's own controls, or has been such all along.
+    virtual void OnGroupChosen(const EffectCall&, std::int16_t group, Undoable undoable) const;
 
     /// The host's idle, before the hooks of plug-ins.
     virtual void OnIdle(const EffectCall&) const {}

@@ -213,6 +213,8 @@ void Host::ClearTrace() { parts->trace.Clear(); }
 
 FaultPlan& Host::Faults() { return parts->faults; }
 
+IdlePlan& Host::Idles() { return parts->idles; }
+
 FindingLog& Host::Findings() { return parts->findings; }
 
 std::vector<Finding> Host::TakeFindings() { return parts->findings.Take(); }

@@ -29,6 +29,7 @@
 #include "standin/core/ProjectState.h"
 #include "standin/core/UserActions.h"
 #include "standin/faults/FaultPlan.h"
+#include "standin/faults/IdlePlan.h"
 #include "standin/sensors/CallTrace.h"
 #include "standin/sensors/FindingLog.h"
 
@@ -197,6 +198,8 @@ public:
     std::vector<std::string> CallTexts(SuiteTraffic traffic = SuiteTraffic::included) const;
     void ClearTrace();
     FaultPlan& Faults();
+    /// Inside which calls the host idles.
+    IdlePlan& Idles();
 
     FindingLog& Findings();
     std::vector<Finding> TakeFindings();

@@ -72,6 +72,7 @@ struct HostParts
     std::vector<char> suiteRefs; ///< One address per published suite.
     CallTrace trace;
     FaultPlan faults;
+    IdlePlan idles;
     FindingLog findings;
     std::vector<RunningCall> running;
     int hookDepth = 0;

@@ -39,7 +39,8 @@ Identity IdentityOf(std::uint8_t byte)
 
 bool FamilyData::operator==(const FamilyData& other) const
 {
-    return std::tie(uuid, group, rigidity) == std::tie(other.uuid, other.group, other.rigidity);
+    return std::tie(uuid, group, rigidity, kept) ==
+           std::tie(other.uuid, other.group, other.rigidity, other.kept);
 }
 
 bool Parameter::operator==(const Parameter& other) const

@@ -37,6 +37,8 @@ struct FamilyData
     Identity uuid{};
     std::int16_t group = 0;
     Rigidity rigidity = Rigidity::movable;
+    /// What an effect that comes in a module keeps by itself; empty for a simulated one.
+    std::vector<std::uint8_t> kept{};
 
     bool operator==(const FamilyData& other) const;
 };

@@ -55,6 +55,16 @@ void changeEverywhere(HostParts& parts, int effectId, Change change)
     parts.undo.ChangeAllCopies(changeIn);
 }
 
+template <class Change>
+void changeFamily(HostParts& parts, int effectId, Undoable undoable, Change change)
+{
+    if (undoable == Undoable::no)
+        changeEverywhere(parts, effectId, [&](EffectInstance& effect) { change(effect.family); });
+    else
+        ChangeProject(parts, "Change Group",
+                      [&](ProjectState& project) { change(project.FindEffect(effectId)->family); });
+}
+
 bool& hiddenFlag(EffectInstance& effect, A_long parameter)
 {
     return parameter == 0 ? effect.groupHidden
@@ -194,11 +204,12 @@ void SetEffectFlags(HostParts& parts, int effectId, A_long flags)
 
 void SetEffectGroup(HostParts& parts, int effectId, std::int16_t group, Undoable undoable)
 {
-    if (undoable == Undoable::no)
-        changeEverywhere(parts, effectId, [group](EffectInstance& effect) { effect.family.group = group; });
-    else
-        ChangeProject(parts, "Change Group",
-                      [&](ProjectState& project) { project.FindEffect(effectId)->family.group = group; });
+    changeFamily(parts, effectId, undoable, [group](FamilyData& family) { family.group = group; });
+}
+
+void SetFamilyData(HostParts& parts, int effectId, const FamilyData& data, Undoable undoable)
+{
+    changeFamily(parts, effectId, undoable, [&](FamilyData& family) { family = data; });
 }
 
 void SetEffectIdentity(HostParts& parts, int effectId, const Identity& identity)

@@ -44,6 +44,8 @@ enum class Undoable
 };
 
 void SetEffectGroup(HostParts& parts, int effectId, std::int16_t group, Undoable undoable);
+/// All of it at once, as an effect that comes in a module hands it over.
+void SetFamilyData(HostParts& parts, int effectId, const FamilyData& data, Undoable undoable);
 void SetEffectIdentity(HostParts& parts, int effectId, const Identity& identity);
 
 /// `parameter` 0 stands for the effect's own stream group. Un-hiding opens and reveals.

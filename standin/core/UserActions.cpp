@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "standin/core/Host.h"
+#include "standin/core/HostParts.h"
 #include "standin/core/StackChanges.h"
 
 namespace standin
@@ -51,7 +52,8 @@ void UserActions::SetHidden(const std::string& label, Switch on)
 
 void UserActions::SetGroup(const std::string& label, std::int16_t group)
 {
-    SetEffectGroup(host.Parts(), host.Effect(label).id, group, Undoable::yes);
+    const EffectInstance& effect = host.Effect(label);
+    host.Parts().BehaviourOf(effect).OnGroupChosen({host, effect.id}, group, Undoable::yes);
 }
 
 bool UserActions::Undo() { return UndoStep(host.Parts()); }

@@ -11,6 +11,7 @@ namespace standin
 struct DesktopArguments
 {
     std::string bundle;                ///< Empty for the bundle beside the program.
+    std::vector<std::string> effects;  ///< Modules whose effects are installed.
     std::string project;               ///< Empty for a new project with one composition and one layer.
     std::optional<std::string> tour;   ///< The folder that the guided tour leaves its pictures in.
     std::optional<std::string> record; ///< The scenario that is written.

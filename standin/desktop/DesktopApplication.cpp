@@ -3,6 +3,7 @@
 #include "standin/desktop/Tour.h"
 #include "standin/project/ProjectFile.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace standin
@@ -75,13 +76,17 @@ void DesktopApplication::initialise(const juce::String&)
     }
     catch (const std::runtime_error& error)
     {
-        fail(isThere(bundleFile()) ? badBundle : noFile, error.what());
+        const auto& effects = arguments.effects;
+        const bool areThere = isThere(bundleFile()) && std::all_of(effects.begin(), effects.end(), &isThere);
+        fail(areThere ? badBundle : noFile, error.what());
     }
 }
 
 void DesktopApplication::open()
 {
     bench = std::make_unique<Workbench>(*containers);
+    for (const std::string& effect : arguments.effects)
+        bench->InstallEffect(effect);
     bench->LoadBundle(bundleFile());
     if (arguments.project.empty())
     {

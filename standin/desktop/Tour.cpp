@@ -254,15 +254,8 @@ void Tour::workInTheEffectControls()
         "In the effect controls, a double click opens a name; it becomes \"lamp\", and the panel shows it.",
         [&]
         {
-            // Two clicks that come too slowly are none.
-            const int y = rowOf(0);
-            require("the field for a name",
-                    [this, y]
-                    {
-                        hands->DoubleClick("effects", 90, y);
-                        return hands->Within(TourHands::longEnough,
-                                             [this] { return hands->Listens("name"); });
-                    });
+            hands->DoubleClick("effects", 90, rowOf(0));
+            require("the field for a name", [this] { return hands->Listens("name"); });
             require("the name", [this] { return hands->TypeInto("name", "lamp"); });
             hands->Key("Return");
         },

@@ -81,7 +81,7 @@ ScreenArea TourHands::AreaOf(const char* componentId)
 }
 
 /// Two clicks count as a double click if they are near each other in place and time.
-void TourHands::PressAt(juce::Point<int> at)
+void TourHands::pointAt(juce::Point<int> at)
 {
     constexpr auto doubleClick = std::chrono::milliseconds(450);
     constexpr int near = 20;
@@ -90,8 +90,13 @@ void TourHands::PressAt(juce::Point<int> at)
         std::this_thread::sleep_for(doubleClick - since);
     input.move(at.x, at.y);
     LetIdle(1);
-    input.press();
     lastPlace = at;
+}
+
+void TourHands::PressAt(juce::Point<int> at)
+{
+    pointAt(at);
+    input.press();
     lastClick = Clock::now();
 }
 
@@ -107,10 +112,8 @@ void TourHands::Click(const char* componentId, int x, int y) { ClickAt(PlaceIn(c
 
 void TourHands::DoubleClick(const char* componentId, int x, int y)
 {
-    PressAt(PlaceIn(componentId, {x, y}));
-    input.release();
-    input.press();
-    input.release();
+    pointAt(PlaceIn(componentId, {x, y}));
+    input.doubleClick();
     lastClick = Clock::now();
 }
 

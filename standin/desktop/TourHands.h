@@ -51,8 +51,8 @@ public:
     /// Whether what is typed goes into the text field with this id.
     bool Listens(const char* editorId);
     std::string TextIn(const char* editorId);
-    /// Types until the field that is open shows the text and nothing else. The keyboard may still be on its way
-    /// back from a menu or a window that has gone; a click calls it. False if it never comes.
+    /// Types until the field that is open shows the text and nothing else. The keyboard may still be on its
+    /// way back from a menu or a window that has gone; a click calls it. False if it never comes.
     bool TypeInto(const char* editorId, const std::string& text);
     /// Whether the keyboard is with the desktop itself, outside the panel.
     bool DesktopListens();
@@ -75,6 +75,7 @@ public:
     static constexpr int longEnough = 60; ///< Passes in which whatever was going to happen has happened.
 
 private:
+    void pointAt(juce::Point<int> at);
     unsigned long desktopWindow();
 
     Workbench& bench;

@@ -4,7 +4,9 @@
 #include "standin/x11/Xvfb.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
+#include <stdexcept>
 
 namespace
 {
@@ -18,6 +20,9 @@ int run(const standin::DesktopArguments& arguments)
     std::optional<standin::Xvfb> screen;
     if (arguments.tour)
         screen.emplace(1320, 820);
+    else if (const char* const named = std::getenv("DISPLAY"); named == nullptr || *named == '\0')
+        // JUCE would take the first display of the machine, which may be anybody's.
+        throw std::runtime_error("there is no display; --tour plays on a screen of its own");
     standin::DesktopApplication::Use(arguments);
     juce::JUCEApplicationBase::createInstance = &makeApplication;
     const char* const name[] = {"standin-desktop"};

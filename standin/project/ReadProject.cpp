@@ -64,6 +64,19 @@ std::optional<Identity> identityOf(const std::string& text)
     return TextOf(identity) == text ? std::optional(identity) : std::nullopt;
 }
 
+std::optional<std::vector<std::uint8_t>> bytesOf(const std::string& text)
+{
+    std::vector<std::uint8_t> bytes(text.size() / 2);
+    for (std::size_t i = 0; i < text.size(); ++i)
+    {
+        const int digit = digitOf(text[i]);
+        if (digit < 0 || text.size() % 2 != 0)
+            return std::nullopt;
+        bytes[i / 2] = static_cast<std::uint8_t>(bytes[i / 2] * 16 + digit);
+    }
+    return bytes;
+}
+
 class Reader
 {
 public:
@@ -161,6 +174,13 @@ private:
             family.group = fields.Integer<std::int16_t>("group");
         if (fields.Has("rigid") && fields.Flag("rigid"))
             family.rigidity = Rigidity::rigid;
+        if (fields.Has("kept"))
+        {
+            const auto kept = bytesOf(fields.Text("kept"));
+            if (!kept)
+                fields.Fail("kept", "bytes in hexadecimal digits belong here");
+            family.kept = *kept;
+        }
         if (!fields.Has("identity"))
             return;
         const std::optional<Identity> identity = identityOf(fields.Text("identity"));

@@ -34,6 +34,15 @@ const InstalledEffect& installedOf(const EffectInstance& effect,
     return *found;
 }
 
+std::string hexOf(const std::vector<std::uint8_t>& bytes)
+{
+    constexpr const char* digits = "0123456789abcdef";
+    std::string text;
+    for (const std::uint8_t byte : bytes)
+        text.append(1, digits[byte / 16]).append(1, digits[byte % 16]);
+    return text;
+}
+
 ordered_json jsonOf(const std::vector<Parameter>& parameters)
 {
     ordered_json list = ordered_json::array();
@@ -53,6 +62,8 @@ ordered_json jsonOf(const EffectInstance& effect, const std::vector<InstalledEff
     json["group"] = effect.family.group;
     json["rigid"] = effect.family.rigidity == Rigidity::rigid;
     json["identity"] = TextOf(effect.family.uuid);
+    if (!effect.family.kept.empty())
+        json["kept"] = hexOf(effect.family.kept);
     json["parameters"] = jsonOf(effect.parameters);
     return json;
 }

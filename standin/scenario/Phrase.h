@@ -35,7 +35,7 @@ struct Phrase
     Kind kind;
     const char* pattern;
     const char* help;
-    Act act;     ///< Of a setting or an action.
+    Act act;    ///< Of a setting or an action.
     Look check; ///< Of an expectation.
 };
 
@@ -54,6 +54,7 @@ PhraseBook HostPhrases();
 PhraseBook PanelPhrases();
 PhraseBook SiblingPhrases();
 PhraseBook FaultPhrases();
+PhraseBook IdlePhrases();
 PhraseBook ExpectedPhrases();
 PhraseBook ExpectedPanelPhrases();
 

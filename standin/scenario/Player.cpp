@@ -12,8 +12,10 @@ namespace standin
 {
 namespace
 {
-/// How long an expectation may take to come true.
+/// How long an expectation may take to come true. On a busy machine little happens in a second, so nobody
+/// gives up before so many looks.
 constexpr auto patience = std::chrono::seconds(5);
+constexpr int leastLooks = 50;
 
 bool loadsByItself(const std::vector<Step>& steps)
 {
@@ -87,7 +89,9 @@ private:
     {
         const auto end = std::chrono::steady_clock::now() + patience;
         std::string found = step.phrase->check(stage, step.arguments);
-        while (!found.empty() && stage.held == IdleHeld::no && std::chrono::steady_clock::now() < end)
+        for (int looks = 1; !found.empty() && stage.held == IdleHeld::no &&
+                            (std::chrono::steady_clock::now() < end || looks < leastLooks);
+             ++looks)
         {
             stage.session.IdleFor(std::chrono::milliseconds(20));
             found = step.phrase->check(stage, step.arguments);
@@ -155,6 +159,7 @@ Outcome PlayScenario(const std::vector<Step>& steps, const PlayOptions& options)
     Outcome outcome;
     Stage stage(options.bundleFile, options.display);
     stage.pictures = options.pictures;
+    stage.folder = std::filesystem::path(steps.front().statement.file).parent_path().string();
     if (!loadsByItself(steps))
         stage.session.bundle.LoadAll(stage.host());
     Play play(stage, options.traceFile);

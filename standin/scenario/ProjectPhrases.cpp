@@ -1,12 +1,15 @@
 // The scene before the play: the project, and how the host and its effects are.
 
 #include "standin/core/HostParts.h"
+#include "standin/core/StackChanges.h"
 #include "standin/family/Liars.h"
 #include "standin/scenario/Parser.h"
 #include "standin/scenario/Phrase.h"
 #include "standin/scenario/Stage.h"
+#include "standin/session/EffectModule.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <map>
 
@@ -22,11 +25,17 @@ void addLayer(Stage& stage, const std::string& name)
     stage.host().User().SelectLayers({stage.layer});
 }
 
+/// The effect has been there all along: what it asked the panel for when it was applied is long done.
 std::string addEffect(Stage& stage, const std::string& kind)
 {
     if (stage.layer == 0)
         throw StageError("an effect needs a layer before it");
+    FaultPlan& faults = stage.host().Faults();
+    for (const char* const suite : {VORTAN_IDLE_SUITE_NAME, VORTAN_PANEL_SUITE_NAME})
+        faults.Withhold(suite);
     const int id = stage.host().AddEffect(stage.layer, stage.Installed(kind).matchName);
+    for (const char* const suite : {VORTAN_IDLE_SUITE_NAME, VORTAN_PANEL_SUITE_NAME})
+        faults.GiveBack(suite);
     return stage.host().State().FindEffect(id)->label;
 }
 
@@ -38,6 +47,31 @@ void addNamed(Stage& stage, const std::string& kind, const std::string& name)
 EffectInstance& effect(Stage& stage, const std::string& name)
 {
     return stage.host().Effect(stage.EffectLabel(name));
+}
+
+/// An effect whose answers are the stand-in's. What the effect of a module answers is its own business.
+EffectInstance& simulated(Stage& stage, const std::string& name)
+{
+    EffectInstance& found = effect(stage, name);
+    if (!found.family.kept.empty())
+        throw StageError(Quoted(name) + " comes from a module and answers for itself");
+    return found;
+}
+
+void putIntoGroup(Stage& stage, const std::string& name, int group)
+{
+    const EffectInstance& found = effect(stage, name);
+    stage.host().Parts().BehaviourOf(found).OnGroupChosen({stage.host(), found.id},
+                                                          static_cast<std::int16_t>(group), Undoable::no);
+}
+
+void installModule(Stage& stage, const std::string& file)
+{
+    // An absolute path stays as it is.
+    const auto path = std::filesystem::path(stage.folder) / file;
+    InstallEffectModule(stage.host(), path.string());
+    for (const InstalledEffect& installed : stage.host().InstalledEffects())
+        stage.AddCandidate(installed.defaultName);
 }
 
 using Option = std::function<void(HostOptions&)>;
@@ -119,8 +153,7 @@ PhraseBook ProjectPhrases()
          {setting,
           "TEXT is in group NUMBER",
           "The effect has been in this group all along.",
-          [](Stage& s, const Arguments& a)
-          { effect(s, a.texts[0]).family.group = static_cast<std::int16_t>(a.numbers[0]); },
+          [](Stage& s, const Arguments& a) { putIntoGroup(s, a.texts[0], a.numbers[0]); },
           {}},
          {setting,
           "TEXT is off",
@@ -130,7 +163,7 @@ PhraseBook ProjectPhrases()
          {setting,
           "TEXT is rigid",
           "The effect takes part in no group: it answers -1 whatever it is told.",
-          [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).family.rigidity = Rigidity::rigid; },
+          [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).family.rigidity = Rigidity::rigid; },
           {}},
          {setting,
           "TEXT has the identity of TEXT",
@@ -138,24 +171,25 @@ PhraseBook ProjectPhrases()
           [](Stage& s, const Arguments& a)
           {
               const Identity identity = effect(s, a.texts[1]).family.uuid;
-              effect(s, a.texts[0]).behaviour = RepeatsIdentity(identity);
+              simulated(s, a.texts[0]).behaviour = RepeatsIdentity(identity);
           },
           {}},
          {setting,
           "TEXT answers after NUMBER messages",
           "The effect leaves its first messages unanswered.",
-          [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); },
+          [](Stage& s, const Arguments& a)
+          { simulated(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); },
           {}},
          {setting,
           "TEXT answers nothing",
           "The effect gives an error to each message.",
-          [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).behaviour = FailsWith(errGeneric); },
+          [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).behaviour = FailsWith(errGeneric); },
           {}},
          {setting,
           "TEXT always answers group NUMBER",
           "Whatever it is told.",
           [](Stage& s, const Arguments& a)
-          { effect(s, a.texts[0]).behaviour = AnswersGroup(static_cast<std::int16_t>(a.numbers[0])); },
+          { simulated(s, a.texts[0]).behaviour = AnswersGroup(static_cast<std::int16_t>(a.numbers[0])); },
           {}},
          {setting,
           "install TEXT as TEXT",
@@ -169,6 +203,13 @@ PhraseBook ProjectPhrases()
               (void)s.host().Install(more);
               s.AddCandidate(a.texts[1]);
           },
+          {}},
+         {setting,
+          "install the effect in TEXT",
+          "The effect in this module is installed, in place of the one of its match name. The file is looked "
+          "for "
+          "from the scenario's folder.",
+          [](Stage& s, const Arguments& a) { installModule(s, a.texts[0]); },
           {}},
          {setting,
           "TEXT is not installed",

@@ -34,6 +34,8 @@ public:
     int layer = 0;
     int queuedRuns = 0; ///< How often functions of the idle queue have run.
     std::string pictures = ".";
+    std::string folder; ///< Where the scenario's file lies; empty for the working directory.
+    Place pressed{}; ///< Where the button went down that is held.
 
     Host& host() { return session.host; }
 

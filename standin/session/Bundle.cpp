@@ -1,28 +1,16 @@
 #include "standin/session/Bundle.h"
 
 #include <dlfcn.h>
-#include <filesystem>
 #include <stdexcept>
 #include <vector>
 
 #include "standin/core/HostParts.h"
+#include "standin/session/OpenModule.h"
 
 namespace standin
 {
 namespace
 {
-/// dlopen looks a bare name up in the system's folders, and a path where it is.
-void* openModule(const std::string& file)
-{
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error))
-        throw std::runtime_error(file + ": there is no such file");
-    void* module = dlopen(std::filesystem::absolute(file).c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (module == nullptr)
-        throw std::runtime_error(file + " is no bundle: " + dlerror());
-    return module;
-}
-
 void requireWell(const LoadedPlugin& plugin, const char* entry)
 {
     if (plugin.result.error == errNone)
@@ -35,7 +23,7 @@ void requireWell(const LoadedPlugin& plugin, const char* entry)
 
 Bundle::Bundle(const std::string& bundleFile)
     : file(bundleFile),
-      module(openModule(bundleFile)),
+      module(OpenModule(bundleFile, "bundle")),
       idleSuiteEntry(findEntry("EffectorAEGP")),
       panelEntry(findEntry("PanelEntryPointFunc"))
 {

@@ -3,7 +3,27 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
+#include <cstring>
 #include <stdexcept>
+
+namespace
+{
+/// Pixel by pixel Xlib takes longer than the server for the whole picture.
+std::vector<std::uint32_t> pixelsOf(const XImage& image)
+{
+    if (image.bits_per_pixel != 32)
+        throw std::runtime_error("the screen has not 32 bits a pixel");
+    const auto width = static_cast<std::size_t>(image.width);
+    const auto height = static_cast<std::size_t>(image.height);
+    std::vector<std::uint32_t> pixels(width * height);
+    for (std::size_t y = 0; y < height; ++y)
+        std::memcpy(&pixels[y * width], image.data + y * static_cast<std::size_t>(image.bytes_per_line),
+                    width * sizeof(std::uint32_t));
+    for (std::uint32_t& pixel : pixels)
+        pixel &= 0xffffff;
+    return pixels;
+}
+} // namespace
 
 namespace standin
 {
@@ -55,6 +75,13 @@ void XTestInput::move(int x, int y)
 void XTestInput::press(unsigned button) { connection->fakeButton(button, True); }
 
 void XTestInput::release(unsigned button) { connection->fakeButton(button, False); }
+
+void XTestInput::doubleClick()
+{
+    for (const Bool isPress : {True, False, True, False})
+        (void)XTestFakeButtonEvent(connection->display, 1, isPress, CurrentTime);
+    connection->settle();
+}
 
 void XTestInput::keyDown(const std::string& name) { connection->fakeKey(name, True); }
 
@@ -161,10 +188,7 @@ ScreenPicture XTestInput::picture(const ScreenArea& area)
                   static_cast<unsigned>(area.height), AllPlanes, ZPixmap);
     if (image == nullptr)
         throw std::runtime_error("no picture of the screen");
-    picture.pixels.reserve(static_cast<std::size_t>(area.width) * static_cast<std::size_t>(area.height));
-    for (int y = 0; y < picture.height; ++y)
-        for (int x = 0; x < picture.width; ++x)
-            picture.pixels.push_back(static_cast<std::uint32_t>(XGetPixel(image, x, y) & 0xffffff));
+    picture.pixels = pixelsOf(*image);
     (void)XDestroyImage(image);
     return picture;
 }

@@ -1,5 +1,6 @@
 #include "standin/x11/Xvfb.h"
 
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -7,6 +8,7 @@
 #include <stdexcept>
 #include <sys/prctl.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace
@@ -43,6 +45,16 @@ std::string readLine(int fd)
     }
     return {};
 }
+/// The server notes the signal and looks at its note before it waits for its clients. A signal that comes
+/// between the two is slept over, for ten minutes if no client is left; the next one wakes it.
+void endServer(pid_t process)
+{
+    while (waitpid(process, nullptr, WNOHANG) == 0)
+    {
+        (void)kill(process, SIGTERM);
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+}
 } // namespace
 
 namespace standin
@@ -70,9 +82,7 @@ Xvfb::Xvfb(int width, int height)
 
 Xvfb::~Xvfb()
 {
-    if (process <= 0)
-        return;
-    (void)kill(process, SIGTERM);
-    (void)waitpid(process, nullptr, 0);
+    if (process > 0)
+        endServer(process);
 }
 } // namespace standin

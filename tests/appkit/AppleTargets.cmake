@@ -19,12 +19,14 @@ foreach(target arm64-apple-macos11 x86_64-apple-macos10.15)
   foreach(header ${headers})
     add_test(NAME apple-target.${target}.${header}
       COMMAND ${compile} -include ${CMAKE_SOURCE_DIR}/${header} /dev/null)
+    set_tests_properties(apple-target.${target}.${header} PROPERTIES LABELS bundle)
   endforeach()
   foreach(source ${sources})
     add_test(NAME apple-target.${target}.${source} COMMAND ${compile} ${CMAKE_SOURCE_DIR}/${source})
+    set_tests_properties(apple-target.${target}.${source} PROPERTIES LABELS bundle)
   endforeach()
   add_test(NAME apple-target.${target}.notices-a-wrong-offset
     COMMAND ${compile} ${CMAKE_CURRENT_SOURCE_DIR}/WrongOffset.cpp)
-  set_tests_properties(apple-target.${target}.notices-a-wrong-offset PROPERTIES
+  set_tests_properties(apple-target.${target}.notices-a-wrong-offset PROPERTIES LABELS bundle
     PASS_REGULAR_EXPRESSION "pointers have eight bytes on this target")
 endforeach()

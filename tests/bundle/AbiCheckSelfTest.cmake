@@ -27,7 +27,7 @@ function(abi_self_test name line)
   endif()
   vortan_abi_check(abi-check-${name} ${folder})
   add_test(NAME abi-check.${name} COMMAND abi-check-${name})
-  set_tests_properties(abi-check.${name} PROPERTIES PASS_REGULAR_EXPRESSION "${line}")
+  set_tests_properties(abi-check.${name} PROPERTIES PASS_REGULAR_EXPRESSION "${line}" LABELS bundle)
 endfunction()
 
 abi_self_test(finds-no-difference-where-there-is-none "^[0-9]+ compared, 0 different")

@@ -3,10 +3,10 @@
 // real X11 window of a plain host, real mouse and key events, and the host's idle.
 
 #include "panel/Panelator.h"
-#include "tests/support/ProductHost.h"
 #include "standin/x11/XHostWindow.h"
 #include "standin/x11/XTestInput.h"
 #include "standin/x11/Xvfb.h"
+#include "tests/support/ProductHost.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

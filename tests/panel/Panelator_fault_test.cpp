@@ -1,5 +1,6 @@
 // The panel plug-in's entry point with a host that fails it.
 
+#include "standin/core/HostParts.h"
 #include "standin/faults/Sweep.h"
 #include "tests/panel/PanelTest.h"
 #include "tests/support/OutputCapture.h"
@@ -139,6 +140,30 @@ TEST_F(PanelatorFault, WithoutThePanelSuiteOfTheHostNothingIsRegistered)
                 ElementsAre(R"(Basic AcquireSuite("AEGP Workspace Panel Suite", 1) = 1394689636)"));
     EXPECT_THAT(bench->host.MenuItems(), IsEmpty());
     EXPECT_EQ(bench->host.FindPanel(PANEL_NAME), nullptr);
+}
+
+TEST_F(PanelatorFault, ThrowingAfterTheHooksLeavesTheirInboxAlive)
+{
+    LoadWith(
+        [](Host& host)
+        {
+            host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");
+            host.Faults().Withhold("SP Suites Suite", 2);
+        });
+    ASSERT_EQ(bench->loading.result.thrownNumber, 516);
+    const HookTable& hooks = bench->host.Parts().hooks;
+    ASSERT_EQ(hooks.idle.size(), 1u);
+    ASSERT_EQ(hooks.command.size(), 1u);
+    EXPECT_EQ(hooks.command[0].refcon, hooks.idle[0].refcon);
+    auto* inbox = static_cast<VnPanelRef*>(hooks.idle[0].refcon);
+    // What has been freed does not hold these any more.
+    EXPECT_EQ(inbox->pluginId, 8);
+    EXPECT_EQ(inbox->basicSuite, bench->on.Basic());
+    EXPECT_EQ(PanelNotify(inbox, "a text that is too long for the string itself"), A_Err_NONE);
+    EXPECT_EQ(RefreshPanel(inbox), A_Err_NONE);
+    EXPECT_EQ(inbox->notifyText, "a text that is too long for the string itself");
+    EXPECT_EQ(inbox->refreshPending, 1);
+    delete inbox;
 }
 
 TEST_F(PanelatorFault, ANullBasicSuiteIsAMissingSuite)

@@ -39,32 +39,6 @@ std::vector<std::string> linesOf(const std::string& text)
     return lines;
 }
 
-std::string firstWord(const std::string& line) { return line.substr(0, line.find(' ')); }
-
-TEST(CheckCommand, RunsWhatItListsAndTheBundleOfThisBuildPassesAll)
-{
-    const auto listed = linesOf(check({"--list"}).output);
-    const ProgramRun run = check({VORTAN_BUNDLE, "--json"});
-    EXPECT_EQ(run.exitCode, exit_code::well) << run.output;
-    EXPECT_EQ(run.errors, "");
-    const auto document = nlohmann::json::parse(run.output);
-    EXPECT_EQ(document["listed"], listed.size());
-    EXPECT_EQ(document["run"], listed.size());
-    EXPECT_EQ(document["passed"], listed.size());
-    EXPECT_EQ(document["failed"], 0);
-    EXPECT_EQ(document["bundle"], VORTAN_BUNDLE);
-    ASSERT_EQ(document["checks"].size(), listed.size());
-    for (std::size_t i = 0; i < listed.size(); ++i)
-    {
-        const auto& one = document["checks"][i];
-        EXPECT_EQ(one["id"], firstWord(listed[i]));
-        EXPECT_EQ(one["passed"], true);
-        EXPECT_EQ(one["ending"], "returned");
-        EXPECT_GT(one["looked"], 0) << one["id"];
-        EXPECT_THAT(listed[i], EndsWith(one["sentence"].get<std::string>()));
-    }
-}
-
 TEST(CheckCommand, PrintsTheChosenChecksInTheOrderOfTheTable)
 {
     const ProgramRun run = check({VORTAN_BUNDLE, "--only", "idle-queue-order", "panel-entry-calls"});

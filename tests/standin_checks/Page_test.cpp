@@ -1,6 +1,6 @@
 // The page on the stand-in lists the checks as the program has them.
 
-#include "standin/checks/Check.h"
+#include "standin/effect_checks/EffectChecks.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -12,13 +12,18 @@ namespace standin
 {
 namespace
 {
-constexpr const char* beginning = "<!-- checks -->\n";
+std::string beginningOf(const CheckBook& book)
+{
+    return std::string("<!-- checks of ") + book.kind + "s -->\n";
+}
 constexpr const char* end = "<!-- end of checks -->";
 
-std::string tableOfChecks()
+std::string tableOfChecks(const CheckBook& book)
 {
-    std::string table = "| Check | What holds of a bundle that passes |\n|---|---|\n";
-    for (const Check& check : AllChecks())
+    std::string table = std::string("| Check | What holds of ") +
+                        (book.kind == std::string("effect") ? "an " : "a ") + book.kind +
+                        " that passes |\n|---|---|\n";
+    for (const Check& check : *book.checks)
         table += std::string("| `") + check.id + "` | " + check.sentence + " |\n";
     return table;
 }
@@ -29,16 +34,22 @@ std::string page()
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+void writeTable(const CheckBook& book)
+{
+    const std::string before = page();
+    const std::size_t from = before.find(beginningOf(book)) + beginningOf(book).size();
+    std::ofstream(VORTAN_STANDIN_PAGE)
+        << before.substr(0, from) << tableOfChecks(book) << before.substr(before.find(end, from));
+}
+
 TEST(StandinPage, ListsEveryCheckWithItsSentence)
 {
-    if (std::getenv("STANDIN_WRITE_CHECKS") != nullptr)
+    for (const CheckBook* book : {&BundleChecks(), &EffectChecks()})
     {
-        const std::string before = page();
-        const std::size_t from = before.find(beginning) + std::string(beginning).size();
-        std::ofstream(VORTAN_STANDIN_PAGE)
-            << before.substr(0, from) << tableOfChecks() << before.substr(before.find(end));
+        if (std::getenv("STANDIN_WRITE_CHECKS") != nullptr)
+            writeTable(*book);
+        EXPECT_THAT(page(), HasSubstr(beginningOf(*book) + tableOfChecks(*book) + end));
     }
-    EXPECT_THAT(page(), HasSubstr(beginning + tableOfChecks() + end));
 }
 } // namespace
 } // namespace standin

@@ -40,7 +40,7 @@ protected:
 TEST_F(TrialTest, HasLookedAtNothingToBeginWith)
 {
     EXPECT_EQ(trial.Looked(), 0);
-    EXPECT_EQ(trial.BundleFile(), "bundle.so");
+    EXPECT_EQ(trial.File(), "bundle.so");
 }
 
 TEST_F(TrialTest, CountsWhatHolds)
@@ -112,11 +112,11 @@ TEST(CheckTable, HoldsEachIdOnceWithOneWholeSentence)
         EXPECT_TRUE(ids.insert(check.id).second) << check.id;
         EXPECT_THAT(check.id, MatchesRegex("[a-z]+(-[a-z]+)*"));
         EXPECT_THAT(check.sentence, MatchesRegex("[A-Z][^.]*\\.")) << check.id;
-        EXPECT_EQ(FindCheck(check.id), &check);
+        EXPECT_EQ(BundleChecks().Find(check.id), &check);
         EXPECT_NE(check.run, nullptr);
     }
     EXPECT_GT(ids.size(), 50u);
-    EXPECT_EQ(FindCheck("no-such-check"), nullptr);
+    EXPECT_EQ(BundleChecks().Find("no-such-check"), nullptr);
 }
 } // namespace
 } // namespace standin

@@ -63,7 +63,8 @@ TEST_F(ProgramTest, HelpNamesEveryOption)
 {
     const Ending ending = Run("--help");
     EXPECT_EQ(ending.exitCode, 0);
-    for (const char* option : {"--bundle", "--scale", "--tour", "--record", "--help", "Exit codes"})
+    for (const char* option :
+         {"--bundle", "--effect", "--scale", "--tour", "--record", "--help", "Exit codes"})
         EXPECT_THAT(ending.output, HasSubstr(option));
     EXPECT_THAT(ending.errors, IsEmpty());
 }
@@ -81,6 +82,8 @@ TEST_F(ProgramTest, WrongUsageEndsWithTwo)
 
 TEST_F(ProgramTest, WithoutADisplayItEndsWithEight)
 {
+    // Takes the number 0 where that is free, the display that is anybody's.
+    const Xvfb server(64, 64);
     const Ending ending = Run("");
     EXPECT_EQ(ending.exitCode, 8);
     EXPECT_EQ(ending.errors, "standin-desktop: there is no display; --tour plays on a screen of its own\n");
@@ -102,6 +105,19 @@ TEST_F(ProgramTest, AFileThatIsMissingOrWrongIsNamedAndHasItsOwnExitCode)
     EXPECT_EQ(badProject.exitCode, 4);
     EXPECT_EQ(Run(scratch.Path("none.json"), Screen::own).exitCode, 3);
     EXPECT_THAT(badProject.errors, HasSubstr("bad.json: the field \"format\" is missing"));
+}
+
+TEST_F(ProgramTest, AnEffectThatIsMissingOrNoneIsNamed)
+{
+    const Ending missing = Run("--effect " + scratch.Path("none.so"), Screen::own);
+    EXPECT_EQ(missing.exitCode, 3);
+    EXPECT_EQ(missing.errors, "standin-desktop: " + scratch.Path("none.so") + ": there is no such file\n");
+
+    scratch.Write("text.so", "no code");
+    const Ending noEffect =
+        Run("--effect " VORTAN_EXAMPLE " --effect " + scratch.Path("text.so"), Screen::own);
+    EXPECT_EQ(noEffect.exitCode, 5);
+    EXPECT_THAT(noEffect.errors, HasSubstr("text.so is no effect"));
 }
 
 TEST_F(ProgramTest, ARecordingThatCannotBeWrittenIsToldAtTheStart)

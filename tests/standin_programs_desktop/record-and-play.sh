@@ -1,12 +1,12 @@
 #!/bin/sh
-# record-and-play.sh DESKTOP STANDIN BUNDLE PROJECT FOLDER: what a user does is recorded, and playing it comes to the
+# record-and-play.sh DESKTOP STANDIN BUNDLE EFFECT PROJECT FOLDER: what a user does is recorded, and playing it comes to the
 # same result: the recording ends with what the layer's stack was.
 set -eu
-desktop=$1 standin=$2 bundle=$3 project=$4 folder=$5
+desktop=$1 standin=$2 bundle=$3 effect=$4 project=$5 folder=$6
 mkdir -p "$folder"
 rm -f "$folder/recorded.scenario"
-"$desktop" --bundle "$bundle" --tour "$folder" --record "$folder/recorded.scenario" "$project"
-for line in 'choose "Jitter" from "Add Effector"' 'type "glow"' 'drag row "glow" into "Group 1"' \
+"$desktop" --bundle "$bundle" --effect "$effect" --tour "$folder" --record "$folder/recorded.scenario" "$project"
+for line in "install the effect in \"$effect\"" 'choose "Jitter" from "Add Effector"' 'type "glow"' 'drag row "glow" into "Group 1"' \
   'drag row "Sheets" below "glow"' 'click box of "glow"' 'undo' 'redo' 'rename "glow" to "lamp"' \
   'move "Vortan Dots Renderer" to place 1' 'a sibling notifies "rendered 120 frames"' 'cover the panel' \
   'expect stack "Vortan Dots Renderer" "lamp" "Vortan Sheets Object" "Vortan"'; do

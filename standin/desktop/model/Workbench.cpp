@@ -2,6 +2,7 @@
 
 #include "standin/family/Family.h"
 #include "standin/project/ProjectFile.h"
+#include "standin/session/EffectModule.h"
 
 namespace standin
 {
@@ -30,6 +31,12 @@ void Workbench::LoadBundle(const std::string& file)
     bundle->LoadAll(host);
     Collect("Entry points");
     messages.Add(MessageKind::note, "Loaded " + file);
+}
+
+void Workbench::InstallEffect(const std::string& file)
+{
+    InstallEffectModule(host, file);
+    messages.Add(MessageKind::note, "Installed " + file);
 }
 
 void Workbench::Idle(double now, IdleMode mode)

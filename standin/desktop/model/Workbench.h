@@ -29,6 +29,9 @@ public:
     /// Throws std::runtime_error, in words for a user.
     void LoadBundle(const std::string& file);
 
+    /// Puts the effect of a module among the installed ones. Throws std::runtime_error, in words for a user.
+    void InstallEffect(const std::string& file);
+
     /// From now on this hears of what the user does, outside the panel; null for nobody.
     void RecordWith(ActionRecord* one);
 

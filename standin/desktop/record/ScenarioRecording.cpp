@@ -3,7 +3,9 @@
 #include "standin/core/HostParts.h"
 #include "standin/desktop/model/EffectNames.h"
 #include "standin/desktop/model/Shown.h"
+#include "standin/session/EffectModule.h"
 
+#include <filesystem>
 #include <stdexcept>
 
 namespace standin
@@ -47,6 +49,9 @@ void ScenarioRecording::Comment(const std::string& text)
 void ScenarioRecording::Begin()
 {
     Comment("Recorded by standin-desktop.");
+    for (const InstalledEffect& effect : host.InstalledEffects())
+        if (const std::string file = ModuleFileOf(effect); !file.empty())
+            Line("install the effect in TEXT", {std::filesystem::absolute(file).string()});
     for (const Item& one : host.State().items)
         item(one);
     selection();
