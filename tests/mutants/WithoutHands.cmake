@@ -152,8 +152,10 @@ vortan_mutant(takes-every-command
 vortan_mutant(death-hook-unticks-the-entry
   CHECK death-hook
   SOURCE panel/Panelator.cpp
-  WAS [[    Panelator* panelator = panelatorOf(globalRefcon);]]
-  IS [[    Panelator* panelator = panelatorOf(globalRefcon);
+  WAS [[    const PlatformErrorScope errors;
+    Panelator* panelator = panelatorOf(globalRefcon);]]
+  IS [[    const PlatformErrorScope errors;
+    Panelator* panelator = panelatorOf(globalRefcon);
     (void)panelator->suites.CommandSuite1()->AEGP_CheckMarkMenuCommand(panelator->command, 0);]]
   SAYS [[the host calls of the death hook]])
 
@@ -208,11 +210,12 @@ vortan_mutant(hash-is-not-noted
   IS [[]]
   SAYS [[the number of names that a pass reads is 8 and should be 4]])
 
-vortan_mutant(pass-is-never-freed
+vortan_mutant(read-items-are-never-freed
   CHECK memory-steady
   SOURCE panel/IdlePass.cpp
-  WAS [[{ IdlePass(*this, *panelRef).Run(); }]]
-  IS [[{ (new IdlePass(*this, *panelRef))->Run(); }]]
+  WAS [[    return CreateItemsFromLayer(panel.pluginId, panel.basicSuite, layer, allItems);]]
+  IS [[    return *new std::vector<ObjectItem>(
+        CreateItemsFromLayer(panel.pluginId, panel.basicSuite, layer, allItems));]]
   SAYS [[bytes of memory]])
 
 vortan_mutant(streams-are-disposed-of-twice
@@ -277,10 +280,10 @@ vortan_mutant(delete-always-ends-its-group
 vortan_mutant(idle-hook-catches
   CHECK withheld-suites
   SOURCE panel/Panelator.cpp
-  WAS [[    panelatorOf(globalRefcon)->IdleHook(static_cast<VnPanelRef*>(refcon));]]
+  WAS [[    panelator->IdleHook(static_cast<VnPanelRef*>(refcon));]]
   IS [[    try
     {
-        panelatorOf(globalRefcon)->IdleHook(static_cast<VnPanelRef*>(refcon));
+        panelator->IdleHook(static_cast<VnPanelRef*>(refcon));
     }
     catch (int err)
     {
