@@ -97,7 +97,8 @@ int behindLastOr(const std::vector<int>& indices, int otherwise)
 /// An object goes behind the last of its kind, or in front of the first of the next kind down the chain.
 int slotFor(Kind kind, const StackScan& scan, int count)
 {
-    // Kept: without a main effect an object goes to the top, above outside effects.
+    // Kept: without a main effect, an object that finds neither its own kind nor one that belongs below it
+    // goes to the top, above outside effects and above the kinds that belong above it.
     const int anchor = firstOr(scan.mains, 0);
     const int rendererSlot = behindLastOr(scan.renderers, anchor);
     const int rendererTop = firstOr(scan.renderers, anchor);

@@ -14,6 +14,10 @@ constexpr int VN_IDLE_SLOT_COUNT = 32;
 
 /// What effects queue. Called with the bundle's own id and basic suite, not the caller's. The result is
 /// ignored.
+/// Kept: the function stays queued until its call has returned. So it must not throw: it would be called at
+/// every idle from then on, and nothing queued after it would run. And if it lets the host idle, by an alert
+/// for instance, it is called again inside itself, as deep as the host idles, unless it guards against that
+/// itself.
 using IdleFunc = int (*)(int pluginId, SPBasicSuite* basicSuite, void* refcon);
 
 /// Free when both are null.

@@ -17,10 +17,14 @@ std::uint64_t signExtend(std::int32_t value) { return static_cast<std::uint64_t>
 const A_u_char* utf8(const char* text) { return reinterpret_cast<const A_u_char*>(text); }
 } // namespace
 
-void Panelator::IdleHook(VnPanelRef* panelRef) { IdlePass(*this, *panelRef).Run(); }
+void Panelator::IdleHook(VnPanelRef* panelRef)
+{
+    if (!excludesPasses)
+        IdlePass(*this, *panelRef).Run();
+}
 
 IdlePass::IdlePass(Panelator& panelator, VnPanelRef& panelRef)
-    : panel(panelator), requests(panelRef), suites(panelRef.basicSuite)
+    : panel(panelator), requests(panelRef), others(panelator.excludesPasses), suites(panelRef.basicSuite)
 {
 }
 
@@ -28,6 +32,7 @@ void IdlePass::Run()
 {
     takeRefreshRequest();
     runOpenRequest();
+    others.Begin();
     if (examinePanel() == Outcome::passIsOver)
         return;
     showNotification();

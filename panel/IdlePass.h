@@ -37,8 +37,29 @@ private:
 
     std::vector<ObjectItem> readLayer() const;
 
+    /// Keeps other passes out while this one lives, from Begin on.
+    class Exclusion
+    {
+    public:
+        explicit Exclusion(bool& excludes) : excludesPasses(excludes) {}
+        ~Exclusion()
+        {
+            if (hasBegun)
+                excludesPasses = false;
+        }
+        Exclusion(const Exclusion&) = delete;
+        Exclusion& operator=(const Exclusion&) = delete;
+
+        void Begin() { excludesPasses = hasBegun = true; }
+
+    private:
+        bool& excludesPasses;
+        bool hasBegun = false;
+    };
+
     Panelator& panel;
     VnPanelRef& requests;
+    Exclusion others;         ///< Before `suites`, whose end calls the host.
     AEGP_SuiteHandler suites; ///< Serves the layer suite alone, for the length of the pass.
     bool force = false;       ///< The tree is rebuilt whatever the hashes say.
     bool layerChanged = false;

@@ -26,10 +26,9 @@ Panelator::Panelator(SPBasicSuite* hostBasicSuite, AEGP_PluginID id)
       matchName(PANEL_STRINGS[PANEL_NAME_ROW].text)
 {
     const A_Err commandError = insertMenuEntry();
-    std::unique_ptr<VnPanelRef> panelRef = fillPublishedSuite();
+    fillPublishedSuite();
     registerHooks();
     publishSuite(commandError);
-    (void)panelRef.release(); // Siblings hold it from here on.
 }
 
 /// Goes on without a command: the entry and the hooks are then set up with whatever `command` holds.
@@ -43,13 +42,14 @@ A_Err Panelator::insertMenuEntry()
     return commandError;
 }
 
-std::unique_ptr<VnPanelRef> Panelator::fillPublishedSuite()
+/// Kept: the inbox is never freed, also if the constructor throws later on. The host hands it to the hooks,
+/// and siblings hold it, for as long as the host lives.
+void Panelator::fillPublishedSuite()
 {
-    auto panelRef = std::make_unique<VnPanelRef>();
+    auto* panelRef = new VnPanelRef;
     panelRef->pluginId = pluginId;
     panelRef->basicSuite = basicSuite;
-    publishedSuite = {panelRef.get(), &OpenPanel, &RefreshPanel, &PanelNotify};
-    return panelRef;
+    publishedSuite = {panelRef, &OpenPanel, &RefreshPanel, &PanelNotify};
 }
 
 void Panelator::registerHooks()
@@ -97,9 +97,12 @@ A_Err Panelator::S_UpdateMenuHook(AEGP_GlobalRefcon globalRefcon, AEGP_UpdateMen
 
 A_Err Panelator::S_IdleHook(AEGP_GlobalRefcon globalRefcon, AEGP_IdleRefcon refcon, A_long*)
 {
+    Panelator* panelator = panelatorOf(globalRefcon);
+    if (panelator->excludesPasses)
+        return A_Err_NONE;
     const PlatformErrorScope errors;
-    DispatchPlatformEvents(panelatorOf(globalRefcon)->tree);
-    panelatorOf(globalRefcon)->IdleHook(static_cast<VnPanelRef*>(refcon));
+    DispatchPlatformEvents(panelator->tree);
+    panelator->IdleHook(static_cast<VnPanelRef*>(refcon));
     return A_Err_NONE;
 }
 

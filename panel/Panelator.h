@@ -8,8 +8,6 @@
 #include "panel/PanelSuite.h"
 #include "tree/Tree.h"
 
-#include <memory>
-
 class Panelator
 {
 public:
@@ -29,7 +27,8 @@ public:
                                A_Boolean* handled);
     static A_Err S_UpdateMenuHook(AEGP_GlobalRefcon globalRefcon, AEGP_UpdateMenuRefcon refcon,
                                   AEGP_WindowType windowType);
-    /// Leaves `maxSleep` alone.
+    /// Delivers what waits for the panel, then IdleHook. Inside a pass it does neither: an event that is
+    /// delivered there could change the tree between two of the pass's steps. Leaves `maxSleep` alone.
     static A_Err S_IdleHook(AEGP_GlobalRefcon globalRefcon, AEGP_IdleRefcon refcon, A_long* maxSleep);
     /// Deletes the tree and the state table and ends the user interface library. The object itself stays.
     static A_Err S_DeathHook(AEGP_GlobalRefcon globalRefcon, AEGP_DeathRefcon refcon);
@@ -47,13 +46,16 @@ public:
     void UpdateMenuHook(AEGP_WindowType windowType);
 
     /// One pass of the main loop: carries out what siblings and the tree asked for, compares the active
-    /// layer with the tree and carries a difference across. The layer wins when both changed.
+    /// layer with the tree and carries a difference across. The layer wins when both changed. Does nothing
+    /// inside a pass that has dealt with its open request: what a pass holds of the stack, its indices above
+    /// all, would no longer fit what an inner one leaves.
     void IdleHook(VnPanelRef* panelRef);
 
     SPBasicSuite* basicSuite;
     AEGP_PluginID pluginId;
     AEGP_SuiteHandler suites;
-    AEGP_Command command = 0; ///< The command of the Window menu entry.
+    AEGP_Command command = 0;    ///< The command of the Window menu entry.
+    bool excludesPasses = false; ///< A pass runs that lets no other run inside it.
     SuiteHelper<AEGP_PanelSuite1, AssertAndThrowOnMissingSuite<AEGP_PanelSuite1>> panelSuite;
     const char* matchName;
     std::uint64_t layerHash = 0;                    ///< The layer side as last mirrored into the tree.
@@ -61,13 +63,13 @@ public:
     _TreeStateTable_Internal* stateTable = nullptr; ///< Made with the panel; null until then.
     ValueTreesDemo* tree = nullptr;                 ///< Made with the panel; null until then.
 
-    /// Held here so that the host's pointer stays valid. Its `panelRef` lives on once the constructor has
-    /// returned, since sibling effects hold it as a handle; a constructor that throws frees it.
+    /// Held here so that the host's pointer stays valid. Its `panelRef` is never freed, whatever becomes of
+    /// the object: the hooks and sibling effects hold it until the host ends.
     VnPanelSuite publishedSuite{};
 
 private:
     A_Err insertMenuEntry();
-    std::unique_ptr<VnPanelRef> fillPublishedSuite();
+    void fillPublishedSuite();
     void registerHooks();
     void publishSuite(A_Err commandError);
     bool isShownAndFrontmost() const;

@@ -68,7 +68,8 @@ void renameItemInTreeByUUID(juce::TreeView* view, std::string uuid, std::string 
 CustomTreeView::CustomTreeView()
     : juce::TreeView(juce::String()),
       renameEditor(std::make_unique<CustomTextEditor>(clickFocus)),
-      retiredRows(*this)
+      retiredRows(*this),
+      heldPress(*this)
 {
     addAndMakeVisible(*renameEditor);
     renameEditor->setSize(200, 20);
@@ -183,6 +184,14 @@ void CustomTreeView::renameItem()
     renameEditor->setTopLeftPosition(row->getItemPosition(true).getPosition());
     if (renameEditor->isShowing())
         renameEditor->grabKeyboardFocus();
+}
+
+bool CustomTreeView::isInterestedInDragSource(const SourceDetails&) { return heldPress.canDrop(); }
+
+void CustomTreeView::itemDropped(const SourceDetails& details)
+{
+    heldPress.prepareDrop();
+    juce::TreeView::itemDropped(details);
 }
 
 void CustomTreeView::discardRootItem()

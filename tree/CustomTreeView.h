@@ -3,6 +3,7 @@
 // cut, copy and paste. It changes the document or fills a list, and never touches the layer.
 
 #include "tree/CustomTextEditor.h"
+#include "tree/HeldPress.h"
 #include "tree/RetiredRows.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
@@ -27,6 +28,10 @@ public:
     void resized() override;
     void focusGained(FocusChangeType) override;
     void focusLost(FocusChangeType) override;
+
+    /// False once the row of a drag is gone, so that nothing is marked and nothing dropped.
+    bool isInterestedInDragSource(const SourceDetails&) override;
+    void itemDropped(const SourceDetails&) override;
 
     void deleteSelectedItems();
 
@@ -63,4 +68,5 @@ private:
     void deleteNode(juce::ValueTree node);
 
     RetiredRows retiredRows;
+    HeldPress heldPress;
 };

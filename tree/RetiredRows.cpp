@@ -23,8 +23,8 @@ RetiredRows::~RetiredRows()
 {
     if (!rows.empty())
         juce::Desktop::getInstance().removeGlobalMouseListener(this);
-    if (draggedRow != nullptr)
-        draggedRow->removeComponentListener(this);
+    if (heldRow != nullptr)
+        heldRow->removeComponentListener(this);
 }
 
 bool RetiredRows::isAnyButtonDown()
@@ -42,20 +42,16 @@ void RetiredRows::keep(std::unique_ptr<juce::TreeViewItem> root)
     if (rows.empty())
         juce::Desktop::getInstance().addGlobalMouseListener(this);
     rows.push_back(std::move(root));
-    moveDraggedRowAway();
+    moveHeldRowAway();
 }
 
-// Without a drag the component stays: a press that began on it must not go on to another row.
-void RetiredRows::moveDraggedRowAway()
+void RetiredRows::moveHeldRowAway()
 {
-    const auto* container = juce::DragAndDropContainer::findParentDragContainerFor(&view);
-    if (container == nullptr || !container->isDragAndDropActive())
+    heldRow = heldChildOf(*view.getViewport()->getViewedComponent());
+    if (heldRow == nullptr)
         return;
-    draggedRow = heldChildOf(*view.getViewport()->getViewedComponent());
-    if (draggedRow == nullptr)
-        return;
-    draggedRow->addComponentListener(this);
-    draggedRow->setTopLeftPosition(outOfReach);
+    heldRow->addComponentListener(this);
+    heldRow->setTopLeftPosition(outOfReach);
 }
 
 // Each time JUCE lays out, it puts the component back to where its row stood last.

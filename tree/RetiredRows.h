@@ -1,8 +1,9 @@
 #pragma once
 // Rows that have left the tree while a mouse button was down. JUCE keeps the component of the row under a
 // held button, and goes on asking it for its row, until the button is up again. So the rows live on here
-// for that long. They are not drawn. In a drag their component is kept out of the way, since JUCE would
-// find it, and not the row that the user sees, wherever the dragged row stood when it left.
+// for that long. They are not drawn. Their component is kept out of the way, since a drop, or a press that
+// comes before they are gone, would find it, and not the row that the user sees, where the row stood when it
+// left.
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -26,9 +27,9 @@ private:
     void mouseUp(const juce::MouseEvent&) override;
     void componentMovedOrResized(juce::Component&, bool wasMoved, bool wasResized) override;
     void handleAsyncUpdate() override;
-    void moveDraggedRowAway();
+    void moveHeldRowAway();
 
     juce::TreeView& view;
     std::vector<std::unique_ptr<juce::TreeViewItem>> rows;
-    juce::Component::SafePointer<juce::Component> draggedRow;
+    juce::Component::SafePointer<juce::Component> heldRow;
 };

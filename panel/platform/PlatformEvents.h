@@ -4,9 +4,9 @@
 
 #include "tree/Tree.h"
 
-/// Called at the start of every idle hook, on the host's main thread, before the pass. Delivers what waits
-/// for the panel: window events, timers, messages, the container's new size, keys. Bounded, and safe to be
-/// entered again from inside itself. `tree` may be null.
+/// Called at the start of every idle hook, on the host's main thread, before the pass; not by an idle hook
+/// that runs inside a pass. Delivers what waits for the panel: window events, timers, messages, the
+/// container's new size, keys. Bounded, and safe to be entered again from inside itself. `tree` may be null.
 void DispatchPlatformEvents(ValueTreesDemo* tree);
 
 /// Held for the length of every host call that may reach the user interface: errors that the panel's own

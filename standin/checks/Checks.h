@@ -43,6 +43,7 @@ void SweepOfOrder(Trial& trial);
 void SweepOfRename(Trial& trial);
 void SweepOfDelete(Trial& trial);
 void WithheldSuites(Trial& trial);
+void PassInsidePass(Trial& trial);
 void OddEffects(Trial& trial);
 void Messages(Trial& trial);
 void OddNames(Trial& trial);

@@ -138,6 +138,5 @@ void AuditFaultyRun(Trial& trial, const FaultyRun& run, FaultTally& tally)
     for (const Finding& finding : run.findings)
         trial.Require(isKept(finding, isSuiteMissing, tally.left > leftBefore, isStartRefused),
                       finding.Text());
-    trial.RequireEqual(run.liveReferences, 0, "the number of references that are still out");
 }
 } // namespace standin

@@ -15,7 +15,6 @@ struct FaultyRun
     std::vector<CallRecord> calls;
     std::vector<Finding> findings;
     std::vector<HookResult> results; ///< Of the passes.
-    int liveReferences = 0;          ///< Behind the last one.
 };
 
 /// What an audit has seen, so that a sweep can tell that it met what it is there for.

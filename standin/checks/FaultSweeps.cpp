@@ -5,11 +5,9 @@
 #include "standin/checks/FaultAudit.h"
 #include "standin/checks/PanelScene.h"
 #include "standin/family/Sibling.h"
-#include "standin/session/Typing.h"
 
 #include <algorithm>
 #include <set>
-#include <thread>
 
 namespace standin::checks
 {
@@ -117,7 +115,6 @@ private:
             run.results.push_back(scene.host().RunIdle());
         run.calls = scene.host().Trace().Records();
         run.findings = scene.host().TakeFindings();
-        run.liveReferences = scene.host().LiveReferences();
         return run;
     }
 
@@ -126,9 +123,6 @@ private:
     ProjectState base;
     FaultTally tally;
 };
-
-/// What the server has taken in has reached the panel's connection a moment later.
-void letEventsArrive() { std::this_thread::sleep_for(std::chrono::milliseconds(10)); }
 
 struct SweepScene : PanelScene
 {
@@ -150,14 +144,6 @@ struct SweepScene : PanelScene
         RequireAgreement();
     }
 };
-
-/// Presses keys of which the panel knows nothing before its next idle.
-void pressUnseen(PanelScene& scene, const std::vector<std::string>& keys)
-{
-    for (const std::string& key : keys)
-        PressKey(scene.session.user, key);
-    letEventsArrive();
-}
 
 void sweep(Trial& trial, const SweptChange& change, int leastLeft, const char* outsider = nullptr)
 {
@@ -191,7 +177,7 @@ void SweepOfRename(Trial& trial)
 {
     const SweptChange change{"a rename in the panel",
                              [](PanelScene& scene) {
-                                 pressUnseen(scene, {"Home", "Down", "Return", "x", "Return"});
+                                 scene.PressUnseen({"Home", "Down", "Return", "x", "Return"});
                              },
                              "AEGP_StartUndoGroup", "AEGP_SetStreamName", 1};
     sweep(trial, change, 4);
@@ -201,7 +187,7 @@ void SweepOfDelete(Trial& trial)
 {
     const SweptChange change{"a deletion in the panel",
                              [](PanelScene& scene) {
-                                 pressUnseen(scene, {"Home", "Down", "Delete"});
+                                 scene.PressUnseen({"Home", "Down", "Delete"});
                              },
                              "AEGP_StartUndoGroup", "AEGP_DeleteLayerEffect", 1};
     sweep(trial, change, 3);

@@ -107,8 +107,10 @@ void meet(PanelScene& scene, const ProjectState& base, const OddBehaviour& odd)
     {
         const HookResult result = scene.host().RunIdle();
         trial.RequireEqual(result.thrown, std::string(), "what left the idle hook");
-        trial.RequireEqual(scene.host().LiveReferences(), 0, "the number of references that are still out");
-        trial.RequireEqual(scene.host().OpenUndoGroups(), 0, "the number of open undo groups");
+        trial.RequireEqual(scene.host().LeakedReferences(), 0,
+                           "the number of references that hooks have leaked");
+        trial.RequireEqual(scene.host().UndoGroupsLeftOpen(), 0,
+                           "the number of undo groups that hooks have left open");
     }
     for (const Finding& finding : scene.host().TakeFindings())
         trial.Require(isHandedOn(finding), finding.Text());

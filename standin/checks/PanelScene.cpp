@@ -2,8 +2,10 @@
 
 #include "standin/scenario/Parser.h"
 #include "standin/scenario/Phrase.h"
+#include "standin/session/Typing.h"
 
 #include <sstream>
+#include <thread>
 
 namespace standin
 {
@@ -63,6 +65,15 @@ void PanelScene::Do(const std::string& line)
     step.phrase->act(*this, step.arguments);
     if (held == IdleHeld::no)
         Settle();
+}
+
+void PanelScene::PressUnseen(const std::vector<std::string>& keys)
+{
+    // What the server has taken in has reached the panel's connection a moment later.
+    constexpr auto untilArrived = std::chrono::milliseconds(10);
+    for (const std::string& key : keys)
+        PressKey(session.user, key);
+    std::this_thread::sleep_for(untilArrived);
 }
 
 void PanelScene::Expect(const std::string& line)

@@ -20,6 +20,8 @@ public:
     void OpenPanel();
     /// Carries out what a line of a scenario says, then idles until all is quiet, unless the idle is held.
     void Do(const std::string& line);
+    /// Presses keys of which the panel knows nothing before its next idle.
+    void PressUnseen(const std::vector<std::string>& keys);
     /// Requires what a line of a scenario expects, with some patience.
     void Expect(const std::string& line);
     /// Idle passes until all is quiet.

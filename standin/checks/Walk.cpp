@@ -168,6 +168,18 @@ private:
     Clock::time_point end;
 };
 
+/// The calls inside which a pass would do the most harm inside another, all calls, and none.
+std::string drawIdles(std::mt19937& random)
+{
+    constexpr const char* functions[] = {"AEGP_EffectCallGeneric", "AEGP_ReorderEffect",
+                                         "AEGP_StartUndoGroup",    "AEGP_SetStreamName",
+                                         "AEGP_DeleteLayerEffect", "AEGP_ApplyEffect"};
+    const std::size_t drawn = random() % (std::size(functions) + 2);
+    if (drawn < std::size(functions))
+        return std::string("each call of ") + functions[drawn];
+    return drawn == std::size(functions) ? "each call" : "no call";
+}
+
 std::string asScenario(const Steps& steps)
 {
     std::string text;
@@ -188,11 +200,16 @@ std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count)
 {
     constexpr int firstNewId = 100;
     std::mt19937 random(seed);
+    // Drawn apart, so that the steps of a seed are the same with and without it.
+    std::mt19937 randomIdles(seed);
+    constexpr unsigned stepsBetweenTurns = 3;
     WalkState state = WalkBegin();
     Steps steps;
     for (int i = 0; i < count; ++i)
     {
         steps.push_back(DrawStep(random, state, kind, firstNewId + i));
+        if (i > 0 && randomIdles() % stepsBetweenTurns == 0)
+            steps.back().idlesInside = drawIdles(randomIdles);
         CarryOut(state, steps.back());
     }
     return steps;

@@ -198,8 +198,12 @@ void doInPanel(StackModel& model, const WalkStep& step)
 
 std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step)
 {
-    const Lines lines = hostLines(state.model, step);
-    return lines.empty() ? panelLines(state.model, step) : lines;
+    Lines lines = hostLines(state.model, step);
+    if (lines.empty())
+        lines = panelLines(state.model, step);
+    if (!step.idlesInside.empty())
+        lines.insert(lines.begin(), {"idle inside no call", "idle inside " + step.idlesInside});
+    return lines;
 }
 
 void CarryOut(WalkState& state, const WalkStep& step)

@@ -57,6 +57,9 @@ struct WalkStep
     int otherId = 0;  ///< Of the effect beside which it is put.
     int number = 0;   ///< A place from 0, a group, or a layer from 0.
     std::string text; ///< A name, what is applied, or a group's title.
+    /// Inside which calls the host idles from this step on, as a scenario says it: "each call of
+    /// AEGP_ReorderEffect", "each call", "no call". Empty for the same as before. Nothing may come of it.
+    std::string idlesInside{};
 };
 
 /// The model, and what keeps the panel from learning of changes.

@@ -38,6 +38,7 @@ void reportLeaks(HostParts& parts, int hookDepth)
 {
     for (const Reference& reference : parts.references.ExpireFrom(hookDepth))
     {
+        ++parts.leakedReferences;
         const bool isEffect = reference.kind == ReferenceKind::effect;
         const std::string suffix =
             reference.kind == ReferenceKind::parameterStream ? "." + std::to_string(reference.parameter) : "";

@@ -201,6 +201,8 @@ std::vector<std::string> Host::RedoNames() const { return parts->undo.RedoNames(
 
 int Host::OpenUndoGroups() const { return parts->undo.OpenGroups(); }
 
+int Host::UndoGroupsLeftOpen() const { return parts->undoGroupsLeftOpen; }
+
 // Sensors.
 
 CallTrace& Host::Trace() { return parts->trace; }
@@ -210,6 +212,8 @@ std::vector<std::string> Host::CallTexts(SuiteTraffic traffic) const { return pa
 void Host::ClearTrace() { parts->trace.Clear(); }
 
 FaultPlan& Host::Faults() { return parts->faults; }
+
+IdlePlan& Host::Idles() { return parts->idles; }
 
 FindingLog& Host::Findings() { return parts->findings; }
 
@@ -236,4 +240,6 @@ void Host::CheckSuiteBalance()
 }
 
 int Host::LiveReferences() const { return parts->references.CountLive(); }
+
+int Host::LeakedReferences() const { return parts->leakedReferences; }
 } // namespace standin

@@ -29,6 +29,7 @@
 #include "standin/core/ProjectState.h"
 #include "standin/core/UserActions.h"
 #include "standin/faults/FaultPlan.h"
+#include "standin/faults/IdlePlan.h"
 #include "standin/sensors/CallTrace.h"
 #include "standin/sensors/FindingLog.h"
 
@@ -141,7 +142,10 @@ public:
     std::vector<std::string> UndoNames() const;
     /// The names of what can be redone, the next first.
     std::vector<std::string> RedoNames() const;
+    /// Of the hook that runs: the host closes what a hook has left open when it returns.
     int OpenUndoGroups() const;
+    /// How often the host has closed an undo group that a hook had left open, other than by a fault.
+    int UndoGroupsLeftOpen() const;
 
     // Hooks and plug-ins.
 
@@ -194,6 +198,8 @@ public:
     std::vector<std::string> CallTexts(SuiteTraffic traffic = SuiteTraffic::included) const;
     void ClearTrace();
     FaultPlan& Faults();
+    /// Inside which calls the host idles.
+    IdlePlan& Idles();
 
     FindingLog& Findings();
     std::vector<Finding> TakeFindings();
@@ -205,8 +211,11 @@ public:
     int SuiteCount(const std::string& name, A_long version) const;
     /// A finding for each suite that is still held.
     void CheckSuiteBalance();
-    /// References that were handed out and are not disposed of yet.
+    /// References that were handed out and are not disposed of yet. Those of a hook are gone when it returns,
+    /// disposed of or not.
     int LiveReferences() const;
+    /// How many references hooks had not disposed of when they returned.
+    int LeakedReferences() const;
 
     /// For the stand-in's own files.
     HostParts& Parts() { return *parts; }

@@ -141,6 +141,14 @@ enum class UnusedAcquire
     isFinding
 };
 
+/// Whether the host idles inside the calls that hooks make, before these return. Entry points and death
+/// hooks are no such hooks, and the calls of an idle that runs inside another call are none either.
+enum class IdleInCalls
+{
+    never, ///< Only where the host's IdlePlan says so.
+    always
+};
+
 struct HostOptions
 {
     ApplyPlace applyPlace = ApplyPlace::end;
@@ -162,6 +170,7 @@ struct HostOptions
     ParameterRename parameterRename = ParameterRename::isRefused;
     SuitesAtDeath suitesAtDeath = SuitesAtDeath::work;
     UnusedAcquire unusedAcquire = UnusedAcquire::isFine;
+    IdleInCalls idleInCalls = IdleInCalls::never;
     int burstLength = 8;         ///< Idle passes of one burst.
     std::size_t undoLevels = 99; ///< Steps that can be undone; the oldest goes first.
     std::size_t traceLimit = 0;  ///< Calls that the trace keeps, the newest; 0 keeps all.

@@ -72,6 +72,7 @@ struct HostParts
     std::vector<char> suiteRefs; ///< One address per published suite.
     CallTrace trace;
     FaultPlan faults;
+    IdlePlan idles;
     FindingLog findings;
     std::vector<RunningCall> running;
     int hookDepth = 0;
@@ -79,6 +80,9 @@ struct HostParts
     /// Levels of undo groups whose end was made to fail by a fault: that they stay open is not the
     /// caller's doing.
     int excusedUndoLevels = 0;
+    // What hooks have left behind, all of them together.
+    int undoGroupsLeftOpen = 0;
+    int leakedReferences = 0;
 
     /// Adds a finding for the innermost running call.
     void Report(const char* id, const std::string& sentence);

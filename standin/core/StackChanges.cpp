@@ -256,6 +256,7 @@ void CloseUndoGroups(HostParts& parts, const std::string& when)
         return;
     if (parts.undo.OpenGroups() > parts.excusedUndoLevels)
     {
+        ++parts.undoGroupsLeftOpen;
         Finding finding;
         finding.id = finding::undoGroupLeftOpen;
         finding.sentence =

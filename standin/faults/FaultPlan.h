@@ -8,16 +8,12 @@
 #include <vector>
 
 #include "standin/core/Abi.h"
+#include "standin/faults/CallChoice.h"
 
 namespace standin
 {
 /// How long a fault lasts once it has struck.
-enum class FaultLength
-{
-    once,
-    functionForGood, ///< That call and every later call of the same function of the same suite.
-    everythingForGood
-};
+using FaultLength = CallSpan;
 
 /// How a withheld suite is refused.
 enum class Withheld
@@ -25,14 +21,6 @@ enum class Withheld
     asError,           ///< The not-found error and a null pointer.
     asNullTable,       ///< Success with a null pointer.
     asPoisonedPointer, ///< The not-found error, and the out-pointer points at what must not be called.
-};
-
-/// What a call is known by to a fault.
-struct FaultPoint
-{
-    std::string suite; ///< Empty for the basic suite.
-    A_long version = 0;
-    std::string function;
 };
 
 class FaultPlan
@@ -58,24 +46,18 @@ public:
     /// Calls since the last Disarm, or since the host was made.
     std::size_t CallsCounted() const { return calls; }
     /// The call that the first fault struck, if one did.
-    const std::optional<FaultPoint>& Struck() const { return struck; }
+    const std::optional<CallPoint>& Struck() const { return struck; }
 
     // For the host.
     /// Counts a call; the error with which it has to fail, or none.
-    std::optional<A_Err> Strike(const FaultPoint& point);
+    std::optional<A_Err> Strike(const CallPoint& call);
     std::optional<Withheld> IsWithheld(const std::string& suite, A_long version) const;
 
 private:
     struct Fault
     {
-        std::optional<std::string> suite; ///< Of the function; none for any.
-        A_long version = 0;
-        std::string function; ///< Empty for a fault that counts all calls.
-        std::size_t countdown = 0;
-        FaultLength length = FaultLength::once;
-        A_Err error = errGeneric;
-        bool active = false; ///< It has struck and lasts.
-        FaultPoint lasting;
+        CallChoice calls;
+        A_Err error;
     };
     struct WithheldSuite
     {
@@ -84,12 +66,9 @@ private:
         Withheld how;
     };
 
-    static bool matches(const Fault& fault, const FaultPoint& point);
-    bool strikes(Fault& fault, const FaultPoint& point);
-
     std::size_t calls = 0;
     std::vector<Fault> faults;
     std::vector<WithheldSuite> withheld;
-    std::optional<FaultPoint> struck;
+    std::optional<CallPoint> struck;
 };
 } // namespace standin

@@ -135,6 +135,53 @@ std::vector<Phrase> mousePhrases()
              {}}};
 }
 
+void hold(Stage& stage, Place place, const std::vector<std::string>& modifiers = {})
+{
+    stage.pressed = place;
+    stage.session.Press(place, modifiers);
+}
+
+/// The button stays down, so that what follows happens under it.
+std::vector<Phrase> holdPhrases()
+{
+    constexpr auto action = Phrase::Kind::action;
+    return {{action,
+             "hold the button on row TEXT",
+             "Presses the button on the text of a row, and keeps it down.",
+             [](Stage& s, const Arguments& a) { hold(s, textOf(s.Row(a.texts[0]))); },
+             {}},
+            {action,
+             "hold the button on row TEXT with WORD",
+             "And Control or Shift with it.",
+             [](Stage& s, const Arguments& a) { hold(s, textOf(s.Row(a.texts[0])), {a.texts[1]}); },
+             {}},
+            {action,
+             "hold the button on box of TEXT",
+             "The same on a row's check box.",
+             [](Stage& s, const Arguments& a) { hold(s, boxOf(s.Row(a.texts[0]))); },
+             {}},
+            {action,
+             "hold the button on box of TEXT with WORD",
+             "And Control or Shift with it.",
+             [](Stage& s, const Arguments& a) { hold(s, boxOf(s.Row(a.texts[0])), {a.texts[1]}); },
+             {}},
+            {action,
+             "move below TEXT",
+             "Moves the mouse to the lower edge of a row.",
+             [](Stage& s, const Arguments& a)
+             {
+                 const PanelRow target = s.Row(a.texts[0]);
+                 const Place to = {target.x + 10, target.y + PanelReader::rowHeight - 4};
+                 s.session.Move(s.pressed, to);
+             },
+             {}},
+            {action,
+             "let go",
+             "Releases what is held.",
+             [](Stage& s, const Arguments&) { s.session.Release(); },
+             {}}};
+}
+
 std::vector<Phrase> dragPhrases()
 {
     constexpr auto action = Phrase::Kind::action;
@@ -192,7 +239,8 @@ std::vector<Phrase> keyPhrases()
 PhraseBook PanelPhrases()
 {
     PhraseBook book{"The panel", mousePhrases()};
-    for (std::vector<Phrase>& more : std::vector<std::vector<Phrase>>{dragPhrases(), keyPhrases()})
+    for (std::vector<Phrase>& more :
+         std::vector<std::vector<Phrase>>{holdPhrases(), dragPhrases(), keyPhrases()})
         book.phrases.insert(book.phrases.end(), more.begin(), more.end());
     return book;
 }

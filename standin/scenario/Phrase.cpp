@@ -99,9 +99,9 @@ std::string nearestPhrases(const std::vector<Word>& words)
 
 const std::vector<PhraseBook>& AllPhrases()
 {
-    static const std::vector<PhraseBook> books{ProjectPhrases(),      HostPhrases(),  PanelPhrases(),
-                                               SiblingPhrases(),      FaultPhrases(), ExpectedPhrases(),
-                                               ExpectedPanelPhrases()};
+    static const std::vector<PhraseBook> books{ProjectPhrases(),  HostPhrases(),         PanelPhrases(),
+                                               SiblingPhrases(),  FaultPhrases(),        IdlePhrases(),
+                                               ExpectedPhrases(), ExpectedPanelPhrases()};
     return books;
 }
 

@@ -54,6 +54,7 @@ PhraseBook HostPhrases();
 PhraseBook PanelPhrases();
 PhraseBook SiblingPhrases();
 PhraseBook FaultPhrases();
+PhraseBook IdlePhrases();
 PhraseBook ExpectedPhrases();
 PhraseBook ExpectedPanelPhrases();
 

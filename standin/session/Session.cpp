@@ -158,15 +158,38 @@ Place Session::OnScreen(Place inPanel) const
 
 void Session::Click(Place inPanel, const std::vector<std::string>& modifiers, unsigned button)
 {
+    press(inPanel, modifiers, button);
+    user.release(button);
+    letGoOfModifiers();
+}
+
+void Session::Press(Place inPanel, const std::vector<std::string>& modifiers)
+{
+    press(inPanel, modifiers, 1);
+}
+
+void Session::Release()
+{
+    user.release();
+    letGoOfModifiers();
+}
+
+void Session::press(Place inPanel, const std::vector<std::string>& modifiers, unsigned button)
+{
     const Place at = OnScreen(inPanel);
     avoidDoubleClick();
     user.move(at.x, at.y);
     for (const std::string& modifier : modifiers)
         user.keyDown(ModifierKey(modifier));
+    heldModifiers = modifiers;
     user.press(button);
-    user.release(button);
-    for (const std::string& modifier : modifiers)
+}
+
+void Session::letGoOfModifiers()
+{
+    for (const std::string& modifier : heldModifiers)
         user.keyUp(ModifierKey(modifier));
+    heldModifiers.clear();
     lastClick = Clock::now();
 }
 
@@ -187,26 +210,28 @@ void Session::DoubleClick(Place inPanel)
     lastClick = Clock::now();
 }
 
-void Session::Drag(Place from, Place to)
+void Session::Move(Place from, Place to)
 {
     constexpr int steps = 8;
     const Place start = OnScreen(from);
     const Place end = OnScreen(to);
-    avoidDoubleClick();
-    user.move(start.x, start.y);
-    user.press();
-    Idle();
     for (int i = 1; i <= steps; ++i)
     {
         user.move(start.x + (end.x - start.x) * i / steps, start.y + (end.y - start.y) * i / steps);
         Idle();
     }
+}
+
+void Session::Drag(Place from, Place to)
+{
+    Press(from);
+    Idle();
+    Move(from, to);
     // What is dragged hangs at the pointer in a window of its own, which takes its time to fade.
     if (!IdleUntil([this] { return !dock.PopUps().empty(); }))
         throw std::runtime_error("nothing comes along with the pointer");
     Settle();
-    user.release();
-    lastClick = Clock::now();
+    Release();
     if (!IdleUntil([this] { return dock.PopUps().empty(); }))
         throw std::runtime_error("what was dragged stays at the pointer");
     Settle();

@@ -55,6 +55,12 @@ public:
     // no double click.
     void Click(Place inPanel, const std::vector<std::string>& modifiers = {}, unsigned button = 1);
     void DoubleClick(Place inPanel);
+    /// A click of which the button, and the modifiers with it, stay down.
+    void Press(Place inPanel, const std::vector<std::string>& modifiers = {});
+    /// In small steps, while the host idles.
+    void Move(Place from, Place to);
+    /// Ends what Press began.
+    void Release();
     /// Presses, moves in small steps, waits until the picture stands still, releases.
     void Drag(Place from, Place to);
     void Wheel(Place inPanel, int notches);
@@ -85,6 +91,8 @@ public:
 
 private:
     void collect();
+    void press(Place inPanel, const std::vector<std::string>& modifiers, unsigned button);
+    void letGoOfModifiers();
     void avoidDoubleClick() const;
 
     PrintedLines output;
@@ -92,6 +100,7 @@ private:
     std::vector<std::string> calls;
     std::vector<std::string> hostKeys;
     std::string thrown;
+    std::vector<std::string> heldModifiers;
     std::chrono::steady_clock::time_point lastClick;
     bool ended = false;
 };

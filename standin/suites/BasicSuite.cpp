@@ -75,10 +75,11 @@ A_long isEqual(const char* first, const char* second)
     if (!scope.IsOpen())
         return 0;
     scope.Begin(PrintText(first) + ", " + PrintText(second));
-    if (!scope.MayProceed() || first == nullptr || second == nullptr)
-        return 0;
-    const A_long result = std::strcmp(first, second) == 0 ? 1 : 0;
-    scope.SetAnswers(std::to_string(result));
+    const bool proceeds = scope.MayProceed() && first != nullptr && second != nullptr;
+    const A_long result = proceeds && std::strcmp(first, second) == 0 ? 1 : 0;
+    if (proceeds)
+        scope.SetAnswers(std::to_string(result));
+    scope.IdleIfDue();
     return result;
 }
 

@@ -73,6 +73,18 @@ bool CallScope::MayProceed()
     return error == errNone;
 }
 
+void CallScope::IdleIfDue()
+{
+    if (parts->idles.IsIdling() || parts->hookDepth == 0 || parts->hookKind != HookKind::ordinary)
+        return;
+    const bool isDue = parts->idles.IsDue({suite.name, suite.version, slot.function});
+    if (!isDue && parts->options.idleInCalls == IdleInCalls::never)
+        return;
+    parts->idles.Begin();
+    (void)parts->host.RunIdle();
+    parts->idles.End();
+}
+
 A_Err SpringTrap(SuiteId suiteId, int slot)
 {
     const SuiteDescription& suite = DescriptionOf(suiteId);

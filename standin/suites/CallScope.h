@@ -1,6 +1,6 @@
 #pragma once
 // What happens around every call that comes through a table, in one place: is there a host, is this
-// its thread, does a hook run, is a fault due; and the call's line in the trace.
+// its thread, does a hook run, is a fault due, does the host idle inside; and the call's line in the trace.
 
 #include <string>
 
@@ -26,6 +26,8 @@ public:
     /// Whether the call may go on. If not, its error is set, and WasStruck tells a fault apart.
     bool MayProceed();
     bool WasStruck() const { return struck; }
+    /// Lets the host idle inside the call, if it is one in which it does. The call has done its work.
+    void IdleIfDue();
 
     A_Err Error() const { return error; }
     void SetError(A_Err newError) { error = newError; }

@@ -33,6 +33,7 @@ struct EntryOf
             return errGeneric;
         std::tuple<Roles...> roles{Roles(arguments)...};
         std::apply([&](auto&... role) { run<function, excuse>(scope, role...); }, roles);
+        scope.IdleIfDue();
         return scope.Error();
     }
 

@@ -242,12 +242,74 @@ TEST_F(IdleSuiteEntry, WritesNothing)
               "");
 }
 
-TEST_F(IdleSuiteEntry, SharesNothingWithThePanelInEitherOrder)
+namespace
 {
-    (void)LoadPanel();
-    Job a = job("a");
-    (void)queue(a);
-    (void)host.RunIdle();
-    EXPECT_THAT(log, ElementsAre("a"));
-    EXPECT_NE(Published(panelSuiteName), nullptr);
+enum class First
+{
+    idleSuite,
+    panel
+};
+
+class BothEntries : public BundleTest, public testing::WithParamInterface<First>
+{
+protected:
+    BothEntries()
+    {
+        if (GetParam() == First::panel)
+            panelPlugin = LoadPanel();
+        idlePlugin = LoadIdleSuite();
+        if (GetParam() == First::idleSuite)
+            panelPlugin = LoadPanel();
+    }
+
+    /// The record behind the idle suite, and the one behind the panel suite up to its text.
+    static constexpr std::size_t idleRecordSize = 16 + 32 * 16;
+    static constexpr std::size_t panelRecordSize = 19;
+
+    static std::string bytesAt(const void* record, std::size_t size)
+    {
+        return {static_cast<const char*>(record), size};
+    }
+
+    LoadedPlugin idlePlugin;
+    LoadedPlugin panelPlugin;
+};
+} // namespace
+
+TEST_P(BothEntries, StartWhicheverTheHostCallsFirst)
+{
+    EXPECT_EQ(idlePlugin.result.error, errNone);
+    EXPECT_EQ(panelPlugin.result.error, errNone);
+    EXPECT_NE(idlePlugin.globalRefcon, panelPlugin.globalRefcon);
+    EXPECT_NE(Idle().ref, PanelTable().panelRef);
+    std::int32_t id = 0;
+    std::memcpy(&id, Idle().ref, sizeof id);
+    EXPECT_EQ(id, idlePlugin.id);
+    std::memcpy(&id, PanelTable().panelRef, sizeof id);
+    EXPECT_EQ(id, panelPlugin.id);
 }
+
+TEST_P(BothEntries, LeaveEachOthersRecordsAlone)
+{
+    const IdleWords& idle = Idle();
+    const PanelWords& panel = PanelTable();
+    int calls = 0;
+    std::string before = bytesAt(panel.panelRef, panelRecordSize);
+    (void)idle.addFuncToIdleStack(idle.ref, &countCall, &calls);
+    EXPECT_EQ(bytesAt(panel.panelRef, panelRecordSize), before);
+
+    before = bytesAt(idle.ref, idleRecordSize);
+    (void)panel.refreshPanel(panel.panelRef);
+    (void)panel.panelNotify(panel.panelRef, "text");
+    (void)panel.openPanel(panel.panelRef, 1);
+    EXPECT_EQ(bytesAt(idle.ref, idleRecordSize), before);
+
+    // One idle of the host serves both.
+    host.Faults().FailFunction("AEGP_DoCommand");
+    (void)TakeCalls();
+    EXPECT_EQ(host.RunIdle().thrown, "");
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(TakeCalls(SuiteTraffic::leftOut).at(0), "Command 1 AEGP_DoCommand(1001) = 1");
+}
+
+INSTANTIATE_TEST_SUITE_P(Orders, BothEntries, testing::Values(First::idleSuite, First::panel));

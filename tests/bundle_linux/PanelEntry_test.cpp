@@ -90,9 +90,27 @@ TEST_F(PanelEntry, PublishesATableOfFourWordsThatLiesInTheController)
     EXPECT_EQ(WordOf(WordOf(table, 0), 1), host.BasicSuite());
 }
 
-TEST_F(PanelEntry, WritesNothing)
+namespace
 {
+class PanelEntryOutput : public BundleTest
+{
+};
+} // namespace
+
+TEST_F(PanelEntryOutput, IsNoneForAStartAndAClosedPanel)
+{
+    EXPECT_EQ(OutputOf([this] { (void)LoadPanel(); }), "");
     EXPECT_EQ(OutputOf([this] { (void)host.UpdateMenus(); }), "");
+    EXPECT_EQ(OutputOf([this] { (void)host.RunIdle(); }), "");
+    EXPECT_EQ(OutputOf(
+                  [this]
+                  {
+                      const PanelWords& table = PanelTable();
+                      (void)host.RunInHook([&] { (void)table.openPanel(table.panelRef, 0); });
+                      (void)table.refreshPanel(table.panelRef);
+                      (void)table.panelNotify(table.panelRef, "text");
+                  }),
+              "");
 }
 
 TEST_F(PanelEntry, LeavesTheHandledFlagOfOtherCommandsAlone)

@@ -1,6 +1,7 @@
 #include "effects/EffectCatalogue.h"
 
 #include "tests/effects/CatalogueTest.h"
+#include "tests/support/PatchedBasic.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -94,6 +95,33 @@ TEST_F(Catalogue, StepThatFailsRepeatsTheLastGoodKeyToTheEndOfTheWalk)
                             "Effect 1 AEGP_GetNextInstalledEffect(12) = 4",
                             "Effect 1 AEGP_GetEffectMatchName(12) -> \"QVK VORTSRC Routes\"",
                             "Effect 1 AEGP_GetEffectMatchName(12) -> \"QVK VORTSRC Routes\""));
+}
+
+TEST_F(Catalogue, StepThatFailsIsNotTakenThoughTheHostNamesItsKey)
+{
+    Install(11, "QVK VORTSRC Lamps");
+    Install(12, "QVK VORTSRC Routes");
+    Install(13, "QVK VORTSRC GEO");
+    PatchedBasic<AEGP_EffectSuite1> basic(
+        host,
+        [](AEGP_EffectSuite1& suite)
+        {
+            suite.AEGP_GetNextInstalledEffect = [](AEGP_InstalledEffectKey key, AEGP_InstalledEffectKey* next)
+            {
+                (void)PatchedBasic<AEGP_EffectSuite1>::Sound().AEGP_GetNextInstalledEffect(key, next);
+                return key == 11 ? A_Err{4} : A_Err{0};
+            };
+        });
+    int key = -1;
+    const HookResult result = host.RunInHook(
+        [&]
+        {
+            EXPECT_EQ(FindEffectKeys(AEGP_SuiteHandler(basic.Basic()), keys, "QVK VORTSRC"), 4);
+            key = GetEffectKeyFromMatchName(basic.Basic(), "QVK VORTSRC Routes");
+        });
+    EXPECT_EQ(result.thrown, "");
+    EXPECT_THAT(keys, ElementsAre(11, 11, 11));
+    EXPECT_EQ(key, 0);
 }
 
 TEST_F(Catalogue, FirstStepThatFailsAsksForTheNameOfNoEffectAndFindsNone)

@@ -41,7 +41,7 @@ struct ChainHost : ProductHost
     void ExpectCleanEnd()
     {
         host.CheckSuiteBalance();
-        EXPECT_EQ(host.LiveReferences(), 0);
+        EXPECT_EQ(host.LeakedReferences(), 0);
         EXPECT_EQ(host.FindingsReport(), "");
     }
 
@@ -254,6 +254,25 @@ TEST(EffectChain, LeavesStreamsBehindOnlyIfTheirSuiteIsMissingAndGivesBackTheEff
         });
     EXPECT_EQ(result.thrownNumber, 516);
     EXPECT_EQ(product.CallsMade(), everythingTaken + Calls{"Effect 1 AEGP_DisposeEffect(effect A)"});
+    product.host.CheckSuiteBalance();
+    EXPECT_EQ(product.host.FindingsReport(), "");
+}
+
+TEST(EffectChain, LetsAnotherExceptionPassIfTheSuiteOfTheStreamsIsMissing)
+{
+    ChainHost product;
+    product.host.Faults().Withhold("AEGP Stream Suite", 7);
+    product.host.Expect("exception-left-hook", "", "the step's own integer");
+    product.host.Expect("leaked-reference", "AEGP_GetNewEffectStreamByIndex", "its suite is missing");
+    product.host.Expect("dispose-order", "AEGP_DisposeEffect", "the stream cannot be disposed of before");
+    const HookResult result = product.Run(
+        [&](EffectChain& chain)
+        {
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0)
+                .TakeParamStream()
+                .Then([]() -> A_Err { throw 4711; });
+        });
+    EXPECT_EQ(result.thrownNumber, 4711);
     product.host.CheckSuiteBalance();
     EXPECT_EQ(product.host.FindingsReport(), "");
 }

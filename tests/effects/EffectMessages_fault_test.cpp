@@ -181,7 +181,7 @@ void sweepGathering(Operation operation, Answers answers, const std::vector<std:
                         if (fault.ordinal == 0)
                             clean = calls;
                         scenario.host.CheckSuiteBalance();
-                        EXPECT_EQ(scenario.host.LiveReferences(), 0);
+                        EXPECT_EQ(scenario.host.LeakedReferences(), 0);
                         if (hasFailedAcquire(calls))
                         {
                             EXPECT_EQ(scenario.result.thrownNumber, 516);

@@ -98,6 +98,33 @@ TEST_F(EffectPlacement, KindsAreToldByPrefixWithoutAWordBoundary)
     EXPECT_EQ(indexOf("qvk vortkit"), 1) << "no family, since the case differs";
 }
 
+TEST_F(EffectPlacement, KindsOnTheLayerAreToldByPrefixToo)
+{
+    struct Row
+    {
+        const char* onTheLayer; ///< Below an effect from outside.
+        const char* added;
+        int index;
+    };
+    const Row rows[] = {
+        {"QVK VORTSRCE", "G", 2},      {"QVK VORTEFFECT", "E", 2},        {"QVK VORTEFFECT", "G", 1},
+        {"QVK VORTRENDER", "R", 2},    {"QVK VORTRENDER", "E", 1},        {"QVK VORTAN TWOFOLD", "R", 1},
+        {"qvk vortren dots", "R", 0},  {"My QVK VORTREN Dots", "R", 0},   {"QVK VORTRE", "R", 0},
+        {"qvk vortan two", "R", 0},    {"Some QVK VORTAN TWO", "R", 0},   {"QVK VORTAN TW", "R", 0},
+        {"qvk vortsrc lamps", "G", 0}, {"The QVK VORTSRC Lamps", "G", 0}, {"QVK VORTSR", "G", 0},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(std::string(row.added) + " beside " + row.onTheLayer);
+        Build("X");
+        InstalledEffect effect;
+        effect.matchName = row.onTheLayer;
+        (void)on->host.Install(effect);
+        (void)on->Add(row.onTheLayer, "N");
+        EXPECT_EQ(IndexOf(row.added), row.index);
+    }
+}
+
 TEST_F(EffectPlacement, EffectWhoseNameHas128CharactersAndNoEndIsPlaced)
 {
     Build("G E");

@@ -357,4 +357,13 @@ TEST_F(EffectRemoval, EffectWithoutAnIdentityOfItsOwnYetGoesAsAnOutsider)
     EXPECT_EQ(RemoveUuids({ZERO_UUID_TEXT}), 0);
     EXPECT_EQ(on->Stack(), "A");
 }
+
+TEST_F(EffectRemoval, StackReorderedInsideAMessageHasAnotherEffectDeleted)
+{
+    Build("A B C");
+    // The place of B is known by then, and is A's from here on.
+    on->host.Effect("C").behaviour = ActsInMessage([](Host& host) { host.User().Reorder("C", 0); });
+    EXPECT_EQ(Remove({"B"}), 0);
+    EXPECT_EQ(on->Stack(), "C B");
+}
 } // namespace standin

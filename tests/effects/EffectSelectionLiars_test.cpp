@@ -81,7 +81,7 @@ protected:
             });
         EXPECT_EQ(output, "touching main effect\n");
         EXPECT_EQ(stack.Calls(), expected);
-        EXPECT_EQ(stack.host.LiveReferences(), 0);
+        EXPECT_EQ(stack.host.LeakedReferences(), 0);
     }
 };
 

@@ -87,6 +87,20 @@ TEST_F(EffectSelection, HidingWithTheMainEffectShowsItLastBehindItsLine)
     EXPECT_EQ(stack.Calls(), expected);
 }
 
+TEST_F(EffectSelection, TheLineIsPrintedBeforeTheMainEffectIsTouched)
+{
+    // Without a suite for the undo group there is no call of the touch, but the line.
+    for (const bool useHide : {hideThem, twirlThem})
+    {
+        StackScene& stack = Make("M");
+        stack.host.Faults().Withhold("AEGP Utility Suite", 3);
+        stack.host.Expect("exception-left-hook", "", "the suite of the undo groups is missing");
+        HookResult result;
+        EXPECT_EQ(OutputOf([&] { result = stack.Select(useHide, touchMain, {}); }), "touching main effect\n");
+        EXPECT_EQ(result.thrownNumber, 516);
+    }
+}
+
 TEST_F(EffectSelection, TwirlingWithTheMainEffectOpensItLastBehindItsLine)
 {
     StackScene& stack = Make(everyClass);

@@ -59,7 +59,7 @@ protected:
         EXPECT_EQ(result.thrown, "");
         EXPECT_EQ(stack.Calls(), expected);
         EXPECT_EQ(stack.Stack(), "C A B");
-        EXPECT_EQ(stack.host.LiveReferences(), 0);
+        EXPECT_EQ(stack.host.LeakedReferences(), 0);
     }
 };
 

@@ -1,5 +1,6 @@
 // A name that differs in the tree is given to the effect's own stream group on the layer.
 
+#include "standin/family/Liars.h"
 #include "tests/support/ChangeCalls.h"
 #include "tests/support/StackTest.h"
 
@@ -216,6 +217,21 @@ TEST_F(LayerEffectChangesNames, ARenameFindsTheEffectWhereItStandsNow)
     (void)stack.Change(before, tree);
 
     EXPECT_EQ(stack.Report(), "A: Front, group 0, on\nB: B, group 0, on\nC: C, group 0, on\n");
+}
+
+TEST_F(LayerEffectChangesNames, AStackReorderedInsideAMessageHasAnotherEffectRenamed)
+{
+    StackScene& stack = Make("A B C");
+    Items tree = stack.Tree("A B C");
+    ItemNamed(tree, "B").name = "Shaker";
+    // The place of B is known by then, and is A's from here on.
+    stack.host.Effect("C").behaviour = ActsInMessage([](Host& host) { host.User().Reorder("C", 0); });
+
+    (void)stack.Change(tree);
+
+    EXPECT_EQ(stack.host.NameOf("A"), "Shaker");
+    EXPECT_EQ(stack.host.NameOf("B"), "B");
+    EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 
 TEST_F(LayerEffectChangesNames, AnEffectThatHasLeftTheLayerIsNotRenamedAndOpensNoGroup)

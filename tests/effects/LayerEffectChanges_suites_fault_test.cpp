@@ -112,6 +112,22 @@ TEST(LayerEffectChangesMissingSuites, TheParameterStreamStaysOutIfItsDisposingSu
         << "the effect is given back all the same, and last";
 }
 
+TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteIsNotMissedWithoutALayer)
+{
+    StackScene stack("A B");
+    Items tree = stack.Tree("B A");
+    ItemNamed(tree, "A").name = "One"; // Neither a rename nor the order asks for suites without a layer.
+    const Items layerItems = stack.LayerItems();
+    stack.host.ClearTrace();
+
+    const HookResult result =
+        stack.host.RunInHook([&] { LayerEffectChanges(stack.Id(), nullptr, nullptr, layerItems, tree); });
+
+    EXPECT_EQ(result.thrown, "");
+    EXPECT_EQ(stack.CallsWithSuites(), "");
+    EXPECT_EQ(stack.host.FindingsReport(), "");
+}
+
 TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteIsThrownBeforeAnyHostCall)
 {
     StackScene stack("A");

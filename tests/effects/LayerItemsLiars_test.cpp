@@ -5,6 +5,7 @@
 #include "tests/effects/ReadFixture.h"
 #include "tests/support/PatchedBasic.h"
 
+#include <cstring>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -41,7 +42,7 @@ struct LiarHost : ProductHost
     void ExpectCleanEnd()
     {
         host.CheckSuiteBalance();
-        EXPECT_EQ(host.LiveReferences(), 0);
+        EXPECT_EQ(host.LeakedReferences(), 0);
         EXPECT_EQ(host.FindingsReport(), "");
     }
 
@@ -304,6 +305,72 @@ TEST(LayerItems, AskNoHostForNamesIfCountingGaveACountAndAnError)
                             product.uuidB + "  group 2 active 0 tag ",
                             product.uuidC + "  group 3 active 0 tag "));
     EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut).size(), 1u + 3u * 12u);
+    product.ExpectCleanEnd();
+}
+
+TEST(LayerItems, DisposeOfAParameterStreamThatCameWithAnError)
+{
+    LiarHost product;
+    PatchedBasic<AEGP_StreamSuite1> basic(
+        product.host,
+        [](AEGP_StreamSuite1& suite)
+        {
+            suite.AEGP_GetNewEffectStreamByIndex =
+                [](AEGP_PluginID id, AEGP_EffectRefH effect, PF_ParamIndex index, AEGP_StreamRefH* stream)
+            {
+                (void)PatchedBasic<AEGP_StreamSuite1>::Sound().AEGP_GetNewEffectStreamByIndex(id, effect,
+                                                                                              index, stream);
+                return A_Err{1};
+            };
+        });
+    const std::vector<ObjectItem> items = ReadOver(product, basic.Basic()).items;
+    ASSERT_EQ(items.size(), 3u);
+    EXPECT_EQ(items[0].name, "");
+    EXPECT_EQ(items[0].tag, sheets);
+    const std::vector<std::string> calls = product.host.CallTexts(SuiteTraffic::leftOut);
+    EXPECT_THAT(
+        std::vector<std::string>(calls.end() - 2, calls.end()),
+        ElementsAre("Stream 7 AEGP_DisposeStream(stream A.1)", "Effect 1 AEGP_DisposeEffect(effect A)"));
+    product.ExpectCleanEnd();
+}
+
+TEST(LayerItems, BearANameThatCameWithAnError)
+{
+    LiarHost product;
+    PatchedBasic<AEGP_StreamSuite1> basic(
+        product.host,
+        [](AEGP_StreamSuite1& suite)
+        {
+            suite.AEGP_GetStreamName = [](AEGP_StreamRefH stream, A_Boolean english, A_char* name)
+            {
+                (void)PatchedBasic<AEGP_StreamSuite1>::Sound().AEGP_GetStreamName(stream, english, name);
+                return A_Err{1};
+            };
+        });
+    // The error ends the reading, and what was read last stands for the rest.
+    EXPECT_THAT(
+        ReadOver(product, basic.Basic()).Lines(),
+        ElementsAre(product.LineA(),
+                    product.uuidB + " Vortan Sheets Object group 2 active 0 tag " + std::string(sheets),
+                    product.uuidC + " Vortan Sheets Object group 3 active 0 tag " + std::string(sheets)));
+    product.ExpectCleanEnd();
+}
+
+TEST(LayerItems, EndANameAt128CharactersIfTheHostDoesNot)
+{
+    LiarHost product;
+    PatchedBasic<AEGP_StreamSuite1> basic(product.host,
+                                          [](AEGP_StreamSuite1& suite)
+                                          {
+                                              suite.AEGP_GetStreamName =
+                                                  [](AEGP_StreamRefH, A_Boolean, A_char* name)
+                                              {
+                                                  std::memset(name, 'n', 128);
+                                                  return A_Err{0};
+                                              };
+                                          });
+    for (const ObjectItem& item : ReadOver(product, basic.Basic()).items)
+        EXPECT_EQ(item.name, std::string(128, 'n'));
     product.ExpectCleanEnd();
 }
 

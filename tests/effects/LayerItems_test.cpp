@@ -34,7 +34,7 @@ std::map<std::string, int> countByFunction(const Host& host)
 void expectNoTraceOfTheRead(ProductHost& product)
 {
     product.host.CheckSuiteBalance();
-    EXPECT_EQ(product.host.LiveReferences(), 0);
+    EXPECT_EQ(product.host.LeakedReferences(), 0);
     EXPECT_THAT(product.host.UndoNames(), IsEmpty());
     EXPECT_THAT(product.host.ViewLog(), IsEmpty());
     EXPECT_THAT(product.host.Alerts(), IsEmpty());

@@ -138,7 +138,7 @@ struct MessageHost : ProductHost
     void ExpectCleanEnd()
     {
         host.CheckSuiteBalance();
-        EXPECT_EQ(host.LiveReferences(), 0);
+        EXPECT_EQ(host.LeakedReferences(), 0);
         EXPECT_EQ(host.FindingsReport(), "");
     }
 };

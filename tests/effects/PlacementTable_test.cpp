@@ -86,6 +86,17 @@ constexpr Cell cells[] = {
     {"G1 R G2", "M", 3, "G1 R G2 new"},
     {"G1 R G2", "K", 0, "new G1 R G2"},
 
+    // Without a main effect an object goes to the top only where no other kind tells it its place, and then
+    // also above kinds that belong above it.
+    {"X R", "G", 1, "X new R"},
+    {"X R", "E", 1, "X new R"},
+    {"X R", "R", 2, "X R new"},
+    {"X G", "G", 2, "X G new"},
+    {"X G", "E", 0, "new X G"},
+    {"X G", "R", 0, "new X G"},
+    {"G", "R", 0, "new G"},
+    {"G E", "R", 0, "new G E"},
+
     // Two main effects: the upper one anchors, and a third goes to the end.
     {"X M1 X2 M2", "G", 1, "X new M1 X2 M2"},
     {"X M1 X2 M2", "R", 1, "X new M1 X2 M2"},

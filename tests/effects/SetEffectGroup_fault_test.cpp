@@ -50,7 +50,7 @@ TEST(SetEffectGroup, TellsNobodyIfTheCountOrTheIdentityOrTheMessageFails)
             if (fault.ordinal == 0)
                 clean = scenario.host.CallTexts();
             scenario.host.CheckSuiteBalance();
-            EXPECT_EQ(scenario.host.LiveReferences(), 0);
+            EXPECT_EQ(scenario.host.LeakedReferences(), 0);
             EXPECT_EQ(scenario.host.Effect("A").family.group, 0);
             if (startsWith(fault.call, "Basic AcquireSuite"))
             {

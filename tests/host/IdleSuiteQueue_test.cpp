@@ -1,14 +1,11 @@
 // The queue of functions for the host's next idle: what is stored, what runs when, and what a full queue
 // does.
 
-#include "host/IdleSuite.h"
-#include "standin/core/Host.h"
 #include "standin/sensors/FindingIds.h"
 #include "tests/host/GrudgingBasic.h"
+#include "tests/host/IdleQueueTest.h"
 
-#include <functional>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace standin
 {
@@ -16,77 +13,6 @@ namespace
 {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-using Names = std::vector<std::string>;
-
-/// A queued function as a test wants it: it notes its name and may do something from inside its own call.
-struct Job
-{
-    std::string name;
-    Names* ran;
-    std::function<void()> inside;
-};
-
-int runJob(int, SPBasicSuite*, void* refcon)
-{
-    const auto* job = static_cast<const Job*>(refcon);
-    job->ran->push_back(job->name);
-    if (job->inside)
-        job->inside();
-    return 77; // Ignored.
-}
-
-class IdleQueue : public ::testing::Test
-{
-protected:
-    IdleQueue()
-    {
-        ref.pluginId = host.PluginId();
-        ref.basicSuite = static_cast<SPBasicSuite*>(host.BasicSuite());
-    }
-
-    void TearDown() override
-    {
-        host.CheckSuiteBalance();
-        EXPECT_EQ(host.FindingsReport(), "");
-    }
-
-    Job MakeJob(const std::string& name) { return {name, &ran, nullptr}; }
-
-    int Queue(Job& job)
-    {
-        int result = -1;
-        host.RunInHook([&] { result = AddFuncToIdleStack(&ref, &runJob, &job); });
-        return result;
-    }
-
-    void QueueTimes(int count, Job& job)
-    {
-        for (int i = 0; i < count; ++i)
-            EXPECT_EQ(Queue(job), 0);
-    }
-
-    Names RunIdle()
-    {
-        ran.clear();
-        const HookResult result = host.RunInHook([&] { return ::IdleHook(nullptr, &ref, nullptr); });
-        EXPECT_EQ(result.error, A_Err_NONE);
-        EXPECT_EQ(result.thrown, "");
-        return ran;
-    }
-
-    Names AlertTexts() const
-    {
-        Names texts;
-        for (const Alert& alert : host.Alerts())
-            texts.push_back(alert.text);
-        return texts;
-    }
-
-    Host host;
-    VnIdleRef ref{};
-    Names ran;
-};
 
 TEST_F(IdleQueue, AnEmptyQueueEndsTheHookAtOnceAndMakesNoHostCall)
 {

@@ -1,9 +1,10 @@
-// A second pass inside a pass, which an effect brings about that lets the host idle inside its message.
-// The inner pass does its whole work; the outer one goes on with what it holds.
+// The idle hook inside a pass, which runs when the host idles inside a call of the pass: from the open
+// request on it does nothing at all, until the pass has returned.
 
 #include "tests/panel/PanelTest.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace standin
 {
@@ -12,142 +13,256 @@ namespace
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr const char* shakerMismatch = "Hash Mismatch\n"
-                                       "Layer Item - A\nLayer Item - B\nLayer Item - C\n"
-                                       "Tree Item - A\nTree Item - Shaker\nTree Item - C\n";
-const Calls writesOfTheRename = {
-    R"(DynamicStream 2 AEGP_SetStreamName(stream B, "Shaker"))", "Effect 1 AEGP_ReorderEffect(effect A, 0)",
-    "Effect 1 AEGP_ReorderEffect(effect B, 1)", "Effect 1 AEGP_ReorderEffect(effect C, 2)"};
+const std::string dispatch = "Tree DispatchPlatformEvents()";
 
-class PassInside : public PanelTest
+int countOf(const Calls& calls, const std::string& call)
+{
+    return static_cast<int>(std::count(calls.begin(), calls.end(), call));
+}
+
+class HookInsidePass : public PanelTest
 {
 protected:
-    PassInside()
+    HookInsidePass()
     {
         bench.AddThree();
         bench.ShowAndSettle();
     }
 
-    /// Lets the host idle inside the `nth` message from now on that the effect gets.
-    void IdleInMessage(const std::string& label, int nth)
+    /// Runs the idle hook inside the `nth` message from now on that the effect gets, after `before`.
+    void IdleInMessage(const std::string& label, int nth, std::function<void()> before = nullptr)
     {
         bench.ActInMessage(label, nth,
-                           [this]
+                           [this, first = std::move(before)]
                            {
-                               A_long maxSleep = 0;
-                               before = bench.PrintedSoFar();
+                               if (first)
+                                   first();
+                               const std::size_t calls = host.Trace().Count();
+                               const std::string printed = bench.PrintedSoFar();
+                               A_long maxSleep = 4321;
                                EXPECT_EQ(Panelator::S_IdleHook(bench.plugin, &bench.Inbox(), &maxSleep),
                                          A_Err_NONE);
-                               inner = bench.PrintedSoFar().substr(before.size());
+                               bench.plugin->IdleHook(&bench.Inbox());
+                               EXPECT_EQ(host.Trace().Count(), calls);
+                               EXPECT_EQ(bench.PrintedSoFar(), printed);
+                               EXPECT_EQ(maxSleep, 4321);
+                               ++hooksInside;
                            });
     }
 
-    /// What was written to the stack.
-    static Calls Writes(const PassRecord& pass)
-    {
-        Calls writes;
-        for (const std::string& call : pass.calls)
-        {
-            for (const char* write : {"AEGP_SetStreamName", "AEGP_ReorderEffect", "AEGP_DeleteLayerEffect"})
-            {
-                if (call.find(write) != std::string::npos)
-                    writes.push_back(call);
-            }
-        }
-        return writes;
-    }
-
-    std::string before; ///< What the outer pass had printed when the inner one began.
-    std::string inner;  ///< What the inner pass printed.
+    int hooksInside = 0;
 };
 
-TEST_F(PassInside, AQuietPassStaysQuietAroundAnother)
+TEST_F(HookInsidePass, CallsNobodyAndPrintsNothing)
 {
+    const PassRecord alone = bench.Pass();
     IdleInMessage("B", 1);
     const PassRecord pass = bench.Pass();
+    EXPECT_EQ(hooksInside, 1);
+    EXPECT_EQ(pass.calls, alone.calls);
     EXPECT_EQ(pass.printed, "");
-    EXPECT_EQ(std::count(pass.calls.begin(), pass.calls.end(), "Tree DispatchPlatformEvents()"), 2);
-    EXPECT_THAT(Writes(pass), IsEmpty());
+}
+
+TEST_F(HookInsidePass, DeliversNoEvents)
+{
+    IdleInMessage("B", 1);
+    EXPECT_EQ(countOf(bench.Pass().calls, dispatch), 1);
+    EXPECT_EQ(hooksInside, 1);
+    EXPECT_EQ(countOf(bench.Pass().calls, dispatch), 1) << "the next pass delivers them again";
+}
+
+TEST_F(HookInsidePass, ConsumesNoRequest)
+{
+    IdleInMessage("B", 1,
+                  [this]
+                  {
+                      (void)RefreshPanel(&bench.Inbox());
+                      (void)PanelNotify(&bench.Inbox(), "Saved");
+                      (void)OpenPanel(&bench.Inbox(), 1);
+                  });
     EXPECT_EQ(bench.Pass().printed, "");
+    EXPECT_EQ(hooksInside, 1);
+    EXPECT_EQ(bench.Inbox().refreshPending, 1);
+    EXPECT_EQ(bench.Inbox().openPending, 1);
+    EXPECT_EQ(bench.Inbox().notifyPending, 1);
+    EXPECT_EQ(bench.Inbox().notifyText, "Saved");
+    EXPECT_EQ(bench.Pass().printed, "Make Panel Visible\n") << "the next pass closes the panel";
+    EXPECT_EQ(host.FindPanel(PANEL_NAME)->state, PanelState::absent);
 }
 
-TEST_F(PassInside, AnEditIsWrittenByTheInnerPassAndReadBackByTheOuterOne)
+TEST_F(HookInsidePass, LeavesThePendingAddsAndDeletesToThePass)
 {
-    bench.TreeItem("B").name = "Shaker";
-    IdleInMessage("A", 1);
-    const PassRecord pass = bench.Pass();
-    EXPECT_EQ(before, "") << "the outer pass reads the layer for the first time";
-    EXPECT_EQ(inner, shakerMismatch);
-    EXPECT_EQ(pass.printed, before + inner + "State Changed\n") << "the outer pass reads the new name";
-    EXPECT_EQ(Writes(pass), writesOfTheRename);
-    EXPECT_THAT(host.UndoNames(), ElementsAre("Rename Effect(s)"));
-    EXPECT_EQ(host.NameOf("B"), "Shaker");
-    EXPECT_EQ(bench.TreeText(), "A Shaker C");
-    EXPECT_EQ(bench.Pass().printed, "");
-}
-
-TEST_F(PassInside, AnEditThatTheInnerPassWroteWhileTheOuterOneComparesIsNoMismatchAnyMore)
-{
-    bench.TreeItem("B").name = "Shaker";
-    IdleInMessage("A", 3);
-    const PassRecord pass = bench.Pass();
-    EXPECT_EQ(before, "");
-    EXPECT_EQ(inner, shakerMismatch);
-    EXPECT_EQ(pass.printed, inner);
-    EXPECT_EQ(Writes(pass), writesOfTheRename);
-    EXPECT_EQ(bench.Pass().printed, "State Changed\n")
-        << "the layer that the outer pass hashed is not this one";
-    EXPECT_EQ(bench.TreeText(), "A Shaker C");
-}
-
-TEST_F(PassInside, AnEditIsWrittenByBothIfTheInnerPassComesWhenTheOuterOneHasCompared)
-{
-    bench.TreeItem("B").name = "Shaker";
-    IdleInMessage("A", 5);
-    const PassRecord pass = bench.Pass();
-    EXPECT_EQ(before, shakerMismatch);
-    EXPECT_EQ(inner, shakerMismatch) << "the outer pass has not noted the tree's hash yet";
-    EXPECT_EQ(pass.printed, before + inner);
-    EXPECT_EQ(Writes(pass), Sequence({writesOfTheRename, writesOfTheRename}));
-    EXPECT_EQ(host.NameOf("B"), "Shaker");
+    IdleInMessage("A", 1,
+                  [this]
+                  {
+                      bench.Tree()->keysToBeAdded = {bench.on.Key("QVK VORTSRC Solids")};
+                      bench.DeleteInTree("C");
+                  });
+    (void)bench.Pass();
+    EXPECT_EQ(hooksInside, 1);
     EXPECT_EQ(StackText(), "A B C");
-    EXPECT_EQ(bench.Pass().printed, "State Changed\n");
-    EXPECT_EQ(bench.TreeText(), "A Shaker C");
-    EXPECT_EQ(bench.Pass().printed, "");
+    bench.Settle();
+    EXPECT_EQ(StackText(), "A e4 B");
 }
 
-TEST_F(PassInside, ADeletionIsCarriedOutOnceByTheOuterPass)
+TEST_F(HookInsidePass, WorksAgainWhenThePassHasReturned)
 {
-    bench.DeleteInTree("C");
     IdleInMessage("A", 1);
-    const PassRecord pass = bench.Pass();
-    EXPECT_EQ(before, "");
-    EXPECT_EQ(inner, "Hash Mismatch\n"
-                     "Layer Item - A\nLayer Item - B\nLayer Item - C\n"
-                     "Tree Item - A\nTree Item - B\n")
-        << "the request is the outer pass's, and the tree shows the object no more";
-    EXPECT_EQ(pass.printed, inner + "State Changed\n");
-    EXPECT_THAT(Writes(pass), ElementsAre("Effect 1 AEGP_ReorderEffect(effect A, 0)",
-                                          "Effect 1 AEGP_ReorderEffect(effect B, 1)",
-                                          "Effect 3 AEGP_ReorderEffect(effect C, 0)",
-                                          "Effect 3 AEGP_DeleteLayerEffect(effect C)"));
-    EXPECT_THAT(host.UndoNames(), ElementsAre("Delete Effect(s)"));
-    EXPECT_EQ(StackText(), "A B");
-    EXPECT_EQ(bench.TreeText(), "A B");
-    EXPECT_EQ(bench.Pass().printed, "");
+    (void)bench.Pass();
+    bench.TreeItem("B").name = "Shaker";
+    (void)bench.Pass();
+    EXPECT_EQ(host.NameOf("B"), "Shaker");
 }
 
-TEST_F(PassInside, AChangeOfTheLayerIsTakenOverByTheInnerPassAndIsNoneToTheOuterOne)
+TEST_F(HookInsidePass, WorksAgainWhenThePassIsLeftByAMissingSuite)
 {
-    host.User().Rename("B", "Shaker");
-    IdleInMessage("C", 1);
+    host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");
+    for (const char* suite : {"AEGP Layer Suite", "AEGP Effect Suite"})
+    {
+        SCOPED_TRACE(suite);
+        host.Faults().Withhold(suite);
+        host.Idles().InFunction("AcquireSuite");
+        EXPECT_EQ(bench.Pass().result.thrownNumber, 516);
+        EXPECT_EQ(host.Idles().TimesIdled(), 1u);
+        host.Faults().GiveBack(suite);
+        host.Idles().Clear();
+        bench.TreeItem("B").name = suite;
+        bench.Settle();
+        EXPECT_EQ(host.NameOf("B"), suite);
+        host.User().Rename("B", "B");
+        bench.Settle();
+    }
+}
+
+TEST_F(HookInsidePass, DoesNothingInAnyOfThePassesThatEndEarly)
+{
+    host.Options().idleInCalls = IdleInCalls::always;
+    host.User().OpenComposition(0);
+    EXPECT_EQ(bench.Pass().printed, "No active item\n");
+    ValueTreesDemo* const tree = std::exchange(bench.plugin->tree, nullptr);
+    EXPECT_EQ(bench.Pass().printed, "no tree found\n");
+    bench.plugin->tree = tree;
+    bench.Cover();
+    EXPECT_EQ(countOf(bench.Pass().calls, R"(Panel 1 AEGP_IsShown("Vortan Object Panel") -> 1, 0)"), 1);
+    bench.Hide();
+    EXPECT_EQ(countOf(bench.Pass().calls, R"(Panel 1 AEGP_IsShown("Vortan Object Panel") -> 0, 0)"), 1);
+    EXPECT_GT(host.Idles().TimesIdled(), 6u);
+}
+
+// ---- Inside the command of an open request
+
+TEST_F(HookInsidePass, RunsWholePassesInsideTheCommandOfAnOpenRequest)
+{
+    bench.TreeItem("B").name = "Shaker";
+    (void)OpenPanel(&bench.Inbox(), 1);
+    // Our command hook closes the panel, and the idle comes inside the command hook's first question.
+    host.Idles().InFunction("AEGP_IsShown");
     const PassRecord pass = bench.Pass();
-    EXPECT_EQ(before, "");
-    EXPECT_EQ(inner, "State Changed\n");
-    EXPECT_EQ(pass.printed, inner);
-    EXPECT_THAT(Writes(pass), IsEmpty());
-    EXPECT_EQ(bench.TreeText(), "A Shaker C");
-    EXPECT_EQ(bench.Pass().printed, "");
+    EXPECT_EQ(host.Idles().TimesIdled(), 1u);
+    EXPECT_EQ(countOf(pass.calls, dispatch), 2);
+    EXPECT_EQ(countOf(pass.calls, "Command 1 AEGP_DoCommand(1001)"), 2);
+    EXPECT_EQ(bench.Inbox().openPending, 1) << "cleared by the inner pass and flipped by the outer one";
+}
+
+TEST_F(HookInsidePass, LeavesTheOuterPassUnguardedWhenAPassInsideTheCommandHasReturned)
+{
+    (void)OpenPanel(&bench.Inbox(), 1);
+    // Inside the command hook's question and inside the command itself, when the hook has returned. The
+    // second one finds no request any more and an empty tree behind a closed panel.
+    host.Idles().InFunction("AEGP_IsShown");
+    host.Idles().InFunction("AEGP_DoCommand", 1);
+    const PassRecord pass = bench.Pass();
+    EXPECT_EQ(host.Idles().TimesIdled(), 2u);
+    EXPECT_EQ(countOf(pass.calls, dispatch), 3);
+}
+
+// ---- Edits whose indices an inner pass would shift: the idle comes in each message of the pass in turn
+
+/// What is left of a change when the host has idled inside one message of its passes.
+struct Outcome
+{
+    std::string stack; ///< The names from the top down.
+    std::vector<std::string> undo;
+    std::string tree;
+};
+
+bool operator==(const Outcome& left, const Outcome& right)
+{
+    return left.stack == right.stack && left.undo == right.undo && left.tree == right.tree;
+}
+
+void PrintTo(const Outcome& outcome, std::ostream* out)
+{
+    *out << outcome.stack << " / " << ::testing::PrintToString(outcome.undo) << " / " << outcome.tree;
+}
+
+using Act = void (*)(PanelBench&);
+
+/// Gives the outcome of each message in turn, until a pass has no such message any more.
+std::vector<Outcome> outcomesOf(Act begin, const char* outsider = nullptr)
+{
+    std::vector<Outcome> outcomes;
+    for (std::size_t nth = 1;; ++nth)
+    {
+        PanelBench bench;
+        if (outsider != nullptr)
+            bench.Add(outsider, "X");
+        bench.AddThree();
+        begin(bench);
+        bench.host.Idles().InFunction("AEGP_EffectCallGeneric", nth);
+        bench.Settle();
+        if (bench.host.Idles().TimesIdled() == 0)
+            return outcomes;
+        std::string stack;
+        for (const EffectInstance& effect : bench.host.State().FindLayer(bench.on.layerId)->effects)
+            stack += (stack.empty() ? "" : " ") + bench.host.NameOf(effect.label);
+        outcomes.push_back({stack, bench.host.UndoNames(), bench.TreeText()});
+        EXPECT_EQ(bench.host.FindingsReport(), "");
+    }
+}
+
+TEST(HookInsideMessage, DeletingTheTopDeletesNoOther)
+{
+    const auto outcomes = outcomesOf(
+        [](PanelBench& bench)
+        {
+            bench.ShowAndSettle();
+            bench.DeleteInTree("A");
+        });
+    EXPECT_GT(outcomes.size(), 4u);
+    EXPECT_THAT(outcomes, ::testing::Each(Outcome{"B C", {"Delete Effect(s)"}, "B C"}));
+}
+
+TEST(HookInsideMessage, DraggingTheLastUpEndsInOneOrder)
+{
+    const auto outcomes = outcomesOf(
+        [](PanelBench& bench)
+        {
+            bench.ShowAndSettle();
+            bench.MoveInTree("C", 0);
+        });
+    EXPECT_GT(outcomes.size(), 6u);
+    EXPECT_THAT(outcomes, ::testing::Each(Outcome{"C A B", {"Reorder Effect(s)"}, "C A B"}));
+}
+
+TEST(HookInsideMessage, RenamingWhileDraggingNamesNoOther)
+{
+    const auto outcomes = outcomesOf(
+        [](PanelBench& bench)
+        {
+            bench.ShowAndSettle();
+            bench.TreeItem("B").name = "Shaker";
+            bench.MoveInTree("C", 0);
+        });
+    EXPECT_GT(outcomes.size(), 6u);
+    EXPECT_THAT(outcomes, ::testing::Each(Outcome{"C A Shaker", {"Rename Effect(s)", ""}, "C A Shaker"}));
+}
+
+TEST(HookInsideMessage, TheFirstShowingBelowAnOutsiderNamesNothing)
+{
+    const auto outcomes = outcomesOf([](PanelBench& bench) { bench.Show(); }, "ADBE Fill");
+    EXPECT_GT(outcomes.size(), 8u);
+    EXPECT_THAT(outcomes, ::testing::Each(Outcome{"A B C X", {"Reorder Effect(s)"}, "A B C"}));
 }
 } // namespace
 } // namespace standin

@@ -6,6 +6,7 @@
 #include "tests/panel/PanelTest.h"
 #include "tests/support/OutputCapture.h"
 
+#include <algorithm>
 #include <memory>
 #include <set>
 
@@ -119,6 +120,18 @@ void runPass(Scenario& scenario)
     (void)OutputCapture::Stop();
 }
 
+bool lacksASuiteToDisposeWith(Scenario& scenario)
+{
+    const std::vector<CallRecord> calls = scenario.host.Trace().Records();
+    return std::any_of(calls.begin(), calls.end(),
+                       [](const CallRecord& call)
+                       {
+                           return call.error != errNone &&
+                                  (call.head == R"(Basic AcquireSuite("AEGP Stream Suite", 7))" ||
+                                   call.head == R"(Basic AcquireSuite("AEGP Effect Suite", 3))");
+                       });
+}
+
 void checkPass(Scenario& scenario, const SweptFault& fault)
 {
     SCOPED_TRACE(fault.Text());
@@ -134,7 +147,7 @@ void checkPass(Scenario& scenario, const SweptFault& fault)
         EXPECT_TRUE(wasAcquire(fault) || fault.length == FaultLength::everythingForGood) << result.thrown;
         EXPECT_EQ(result.thrownNumber, 516) << result.thrown;
     }
-    EXPECT_EQ(scenario.host.LiveReferences(), 0);
+    EXPECT_TRUE(scenario.host.LeakedReferences() == 0 || lacksASuiteToDisposeWith(scenario));
     EXPECT_EQ(scenario.host.SuiteCount("AEGP Layer Suite", 5), 0);
     EXPECT_EQ(scenario.host.SuiteCount("AEGP Effect Suite", 1), 0);
     EXPECT_EQ(scenario.host.SuiteCount("AEGP Effect Suite", 3), 0);

@@ -182,6 +182,18 @@ TEST_F(PanelContents, OfAHostWithNothingInstalledOfferNothing)
     EXPECT_THAT(Entries(), IsEmpty());
 }
 
+TEST_F(PanelContents, DoNotOfferAMainEffectWithAnUnreadName)
+{
+    Install("QVK VORTAN TWO");
+    host.Faults().FailFunction("AEGP_GetEffectMatchName", 4); // Each of the three menus has asked once.
+    Fill();
+    EXPECT_EQ(result.thrown, "");
+    EXPECT_THAT(Entries(), IsEmpty());
+    host.Faults().Disarm();
+    Fill();
+    EXPECT_THAT(Entries(), ElementsAre("4 QVK VORTAN TWO as Vortan"));
+}
+
 // ---- The colour
 
 std::uint32_t bitsOf(float value)

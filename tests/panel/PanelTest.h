@@ -1,6 +1,6 @@
 #pragma once
-// A test with the panel plug-in in a stand-in host. At its end no suite may be held, no reference be out,
-// and no finding be there that was not expected.
+// A test with the panel plug-in in a stand-in host. At its end no suite may be held, and no
+// finding be there that was not expected, a reference that a hook has leaked among them.
 
 #include "standin/sensors/FindingIds.h"
 #include "tests/support/PanelBench.h"
@@ -27,7 +27,6 @@ protected:
     {
         bench.Close();
         host.CheckSuiteBalance();
-        EXPECT_EQ(host.LiveReferences(), 0);
         EXPECT_EQ(host.FindingsReport(), "");
     }
 

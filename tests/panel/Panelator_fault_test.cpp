@@ -1,5 +1,6 @@
 // The panel plug-in's entry point with a host that fails it.
 
+#include "standin/core/HostParts.h"
 #include "standin/faults/Sweep.h"
 #include "tests/panel/PanelTest.h"
 #include "tests/support/OutputCapture.h"
@@ -112,9 +113,10 @@ TEST_P(PanelatorWithoutSuite, IsLeftByTheNumberAndUnwindsWhatItHad)
         bench->loading.calls.at(suite.calls).rfind("Basic AcquireSuite(\"" + std::string(suite.name), 0), 0u);
     for (std::size_t later = suite.calls + 1; later < bench->loading.calls.size(); ++later)
         EXPECT_EQ(bench->loading.calls.at(later).rfind("Basic ReleaseSuite", 0), 0u);
-    for (const char* held : {"AEGP Command Suite", "AEGP Workspace Panel Suite", "SP Suites Suite"})
-        EXPECT_EQ(bench->host.SuiteCount(held, 1), 0) << held;
+    EXPECT_EQ(bench->host.SuiteCount("AEGP Workspace Panel Suite", 1), 0);
+    EXPECT_EQ(bench->host.SuiteCount("AEGP Command Suite", 1), 0);
     EXPECT_EQ(bench->host.SuiteCount("AEGP Register Suite", 6), 0);
+    EXPECT_EQ(bench->host.SuiteCount("SP Suites Suite", 2), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -138,6 +140,30 @@ TEST_F(PanelatorFault, WithoutThePanelSuiteOfTheHostNothingIsRegistered)
                 ElementsAre(R"(Basic AcquireSuite("AEGP Workspace Panel Suite", 1) = 1394689636)"));
     EXPECT_THAT(bench->host.MenuItems(), IsEmpty());
     EXPECT_EQ(bench->host.FindPanel(PANEL_NAME), nullptr);
+}
+
+TEST_F(PanelatorFault, ThrowingAfterTheHooksLeavesTheirInboxAlive)
+{
+    LoadWith(
+        [](Host& host)
+        {
+            host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");
+            host.Faults().Withhold("SP Suites Suite", 2);
+        });
+    ASSERT_EQ(bench->loading.result.thrownNumber, 516);
+    const HookTable& hooks = bench->host.Parts().hooks;
+    ASSERT_EQ(hooks.idle.size(), 1u);
+    ASSERT_EQ(hooks.command.size(), 1u);
+    EXPECT_EQ(hooks.command[0].refcon, hooks.idle[0].refcon);
+    auto* inbox = static_cast<VnPanelRef*>(hooks.idle[0].refcon);
+    // What has been freed does not hold these any more.
+    EXPECT_EQ(inbox->pluginId, 8);
+    EXPECT_EQ(inbox->basicSuite, bench->on.Basic());
+    EXPECT_EQ(PanelNotify(inbox, "a text that is too long for the string itself"), A_Err_NONE);
+    EXPECT_EQ(RefreshPanel(inbox), A_Err_NONE);
+    EXPECT_EQ(inbox->notifyText, "a text that is too long for the string itself");
+    EXPECT_EQ(inbox->refreshPending, 1);
+    delete inbox;
 }
 
 TEST_F(PanelatorFault, ANullBasicSuiteIsAMissingSuite)
@@ -166,13 +192,32 @@ struct Loading
     std::vector<std::string> treeCalls;
 };
 
-void load(Loading& loading)
+using Entry = A_Err (*)(SPBasicSuite*, A_long major, A_long minor, AEGP_PluginID, AEGP_GlobalRefcon*);
+
+void loadBy(Loading& loading, Entry entry)
 {
     TreeLog() = {};
     testing::internal::CaptureStdout();
-    loading.loaded = loading.host.Load(&PanelEntryPointFunc);
+    loading.loaded = loading.host.Load(entry);
     (void)testing::internal::GetCapturedStdout();
     loading.treeCalls = TreeLog().calls;
+}
+
+void load(Loading& loading) { loadBy(loading, &PanelEntryPointFunc); }
+
+/// Deletes what the plug-in keeps for the life of the host.
+void unload(Loading& loading)
+{
+    if (auto* plugin = static_cast<Panelator*>(loading.loaded.globalRefcon))
+    {
+        loading.host.RunInHook(
+            [&]
+            {
+                delete plugin->publishedSuite.panelRef;
+                delete plugin;
+            });
+    }
+    TreeLog() = {};
 }
 
 void checkLoading(Loading& loading, const SweptFault& fault)
@@ -198,23 +243,41 @@ void checkLoading(Loading& loading, const SweptFault& fault)
         EXPECT_TRUE(fault.ordinal != 0 && (isThrow || isNoCommand)) << found.Text();
     }
     loading.host.Faults().Disarm();
-    if (auto* plugin = static_cast<Panelator*>(loading.loaded.globalRefcon))
-    {
-        loading.host.RunInHook(
-            [&]
-            {
-                delete plugin->publishedSuite.panelRef;
-                delete plugin;
-            });
-    }
+    unload(loading);
     loading.host.CheckSuiteBalance();
     EXPECT_EQ(loading.host.FindingsReport(), "");
-    TreeLog() = {};
 }
 
 TEST(PanelatorFaults, TheEntryPointOutlivesTheFailureOfEachOfItsCalls)
 {
     EXPECT_EQ(SweepFaults([] { return std::make_unique<Loading>(); }, &load, &checkLoading), 13u);
+}
+
+// ---- Hosts of any version
+
+template <A_long major, A_long minor>
+A_Err entryInVersion(SPBasicSuite* basicSuite, A_long, A_long, AEGP_PluginID id, AEGP_GlobalRefcon* out)
+{
+    return PanelEntryPointFunc(basicSuite, major, minor, id, out);
+}
+
+TEST(PanelatorInAnyHost, StartsTheSameWhateverVersionTheHostNames)
+{
+    std::vector<std::string> usual;
+    for (const Entry entry : {Entry{&PanelEntryPointFunc}, Entry{&entryInVersion<0, 0>},
+                              Entry{&entryInVersion<-1, -1>}, Entry{&entryInVersion<17, 29>},
+                              Entry{&entryInVersion<114, 1>}, Entry{&entryInVersion<0x7FFFFFFF, 0x7FFFFFFF>}})
+    {
+        Loading loading;
+        loadBy(loading, entry);
+        EXPECT_EQ(loading.loaded.result.error, errNone);
+        EXPECT_NE(loading.loaded.globalRefcon, nullptr);
+        EXPECT_THAT(loading.treeCalls, ElementsAre("JuceGlobalInit()"));
+        if (usual.empty())
+            usual = loading.host.CallTexts();
+        EXPECT_EQ(loading.host.CallTexts(), usual);
+        unload(loading);
+    }
 }
 } // namespace
 } // namespace standin

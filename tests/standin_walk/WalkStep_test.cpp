@@ -43,6 +43,26 @@ TEST(WalkStepTest, WalksOfAllSeedsTogetherDoEverything)
     EXPECT_EQ(done.size(), static_cast<std::size_t>(WalkStep::Deed::addGroup) + 1);
 }
 
+TEST(WalkStepTest, TheHostIdlesInsideAllKindsOfCalls)
+{
+    std::set<std::string> kinds;
+    for (unsigned seed = 1; seed <= 20; ++seed)
+        for (const WalkStep& step : DrawWalk(WalkKind::mixed, seed, 40))
+            kinds.insert(step.idlesInside);
+    EXPECT_EQ(kinds.size(), 9u) << "six functions, each call, no call, and the same as before";
+}
+
+TEST(WalkStepTest, WhereTheHostIdlesStandsBeforeTheStep)
+{
+    WalkStep step;
+    step.deed = WalkStep::Deed::remove;
+    step.id = 2;
+    step.idlesInside = "each call of AEGP_ReorderEffect";
+    EXPECT_THAT(LinesOf(WalkBegin(), step),
+                testing::ElementsAre("idle inside no call", "idle inside each call of AEGP_ReorderEffect",
+                                     "delete \"route\""));
+}
+
 TEST(WalkStepTest, EveryLineOfAWalkIsALineOfTheLanguage)
 {
     int read = 0;

@@ -2,19 +2,8 @@
 
 #include "panel/VnPanelRef.h"
 #include "standin/core/HostParts.h"
-#include "tests/support/Sanitized.h"
 
 #include <utility>
-
-#if defined(VORTAN_TESTS_ARE_SANITIZED)
-extern "C" const char* __lsan_default_suppressions();
-
-extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
-{
-    return "leak:makeGlobalBlock\n"
-           "leak:makeIdleSuite\n";
-}
-#endif
 
 namespace standin
 {

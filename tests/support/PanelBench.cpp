@@ -190,6 +190,8 @@ void PanelBench::Close()
     notePanel();
     TreeLog().sink = nullptr;
     host.Faults().Disarm();
+    host.Idles().Clear();
+    host.Options().idleInCalls = IdleInCalls::never;
     (void)host.RunInHook(
         [&]
         {

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 using namespace standin;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Pair;
 
 namespace
 {
@@ -79,6 +82,51 @@ TEST_F(Menu, OffersTheEntriesInTheirOrder)
         EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
         EXPECT_THAT(keys(), ElementsAre(10 + n));
     }
+}
+
+namespace
+{
+/// Takes down what a menu paints.
+class MenuPainting : public juce::LookAndFeel_V4
+{
+public:
+    MenuPainting() { setDefaultLookAndFeel(this); }
+    ~MenuPainting() override { setDefaultLookAndFeel(nullptr); }
+
+    void drawPopupMenuItem(juce::Graphics& g, const juce::Rectangle<int>& area, bool isSeparator,
+                           bool isActive, bool isHighlighted, bool isTicked, bool hasSubMenu,
+                           const juce::String& text, const juce::String& shortcut, const juce::Drawable* icon,
+                           const juce::Colour* colour) override
+    {
+        painted[text.toStdString()] = std::string(isActive ? "active" : "") + (isTicked ? " ticked" : "");
+        LookAndFeel_V4::drawPopupMenuItem(g, area, isSeparator, isActive, isHighlighted, isTicked, hasSubMenu,
+                                          text, shortcut, icon, colour);
+    }
+
+    std::map<std::string, std::string> painted;
+};
+} // namespace
+
+TEST_F(Menu, OffersEntriesThatAreActiveAndNotTicked)
+{
+    const MenuPainting painting;
+    openMenu();
+    EXPECT_THAT(painting.painted,
+                ElementsAre(Pair("Routes", "active"), Pair("Sheets", "active"), Pair("Solids", "active")));
+    key("Escape");
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
+}
+
+TEST_F(Menu, CutsItsTextsAt4000Characters)
+{
+    const MenuPainting painting;
+    AddObject(panel, VN_OBJECT_RENDERER, 31, std::string(5000, 'w').c_str());
+    AddObject(panel, VN_OBJECT_RENDERER, 32, "Rays");
+    openMenuOf(panel->rendererButton);
+    EXPECT_THAT(painting.painted,
+                ElementsAre(Pair("Rays", "active"), Pair(std::string(4000, 'w'), "active")));
+    key("Escape");
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
 }
 
 TEST_F(Menu, OffersNamesOfAnyKind)
@@ -235,7 +283,11 @@ TEST_F(Menu, ChosenWhileItsWidgetGoesAddsNothing)
     openMenu();
     menu()->exitModalState(2);
     deleteWidget();
+    // Whatever still holds on to the old widget may well find the new one in its place.
+    panel = CreateTreeWidget(false);
+    EXPECT_TRUE(pumpUntil(isMenuClosed));
     pumpFor(100);
+    EXPECT_THAT(keys(), IsEmpty());
 }
 
 TEST_F(Menu, OpensOneAfterTheOther)

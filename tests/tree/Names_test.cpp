@@ -174,6 +174,12 @@ TEST_F(Names, ThatAreTheMarkOfAnEmptyNameShareItsPlaceInTheState)
     DeleteTreeStateTable(table);
 }
 
+TEST_F(Names, OfMessagesAreCutAt4000Characters)
+{
+    NotifyMsg(panel, std::string(5000, 'a'));
+    EXPECT_EQ(panel->notifyLabel.getText().length(), 4000);
+}
+
 TEST_F(Names, OfMessagesAndMenusMayBeAnything)
 {
     for (const auto& name : oddNames)

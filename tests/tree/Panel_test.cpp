@@ -87,6 +87,18 @@ TEST_F(Panel, LaysOutWithTheToolbar)
     EXPECT_EQ(panel->notifyLabel.getBounds().getCentre(), juce::Point<int>(200, 100));
 }
 
+TEST_F(Panel, CentresItsLabelWithHalvesRoundedTowardsZero)
+{
+    NotifyMsg(panel, "Hello");
+    auto& label = panel->notifyLabel;
+    for (const auto& [width, height] : {std::pair(401, 301), std::pair(399, 200), std::pair(400, 199)})
+    {
+        panel->setBounds(0, 0, width, height);
+        EXPECT_EQ(label.getX(), width / 2 - label.getWidth() / 2) << width;
+        EXPECT_EQ(label.getY(), height / 2 - label.getHeight() / 2) << height;
+    }
+}
+
 TEST_F(Panel, LaysOutWithoutTheToolbar)
 {
     recreate(true);

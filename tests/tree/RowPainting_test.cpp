@@ -55,6 +55,25 @@ const Lines fullBox = {"########", "#......#", "#.####.#", "#.####.#",
 const Lines halfBox = {"########", "#......#", "#.##...#", "#.##...#",
                        "#.##...#", "#.##...#", "#......#", "########"};
 
+/// Takes down what of a component is to be painted again.
+class Repaints : public juce::CachedComponentImage
+{
+public:
+    explicit Repaints(juce::RectangleList<int>& list) : areas(list) {}
+
+    void paint(juce::Graphics&) override {}
+    bool invalidateAll() override { return invalidate({0, 0, 10000, 10000}); }
+    bool invalidate(const juce::Rectangle<int>& area) override
+    {
+        areas.add(area);
+        return true;
+    }
+    void releaseResources() override {}
+
+private:
+    juce::RectangleList<int>& areas;
+};
+
 /// Whether any pixel of the area has another colour than the background.
 bool hasInk(const juce::Image& image, juce::Rectangle<int> area)
 {
@@ -63,6 +82,22 @@ bool hasInk(const juce::Image& image, juce::Rectangle<int> area)
             if (image.getPixelAt(x, y) != ground)
                 return true;
     return false;
+}
+
+/// How many dots follow the last letter: runs of inked columns that have nothing above the foot of the line.
+int dotsAtTheEnd(const juce::Image& image)
+{
+    int dots = 0;
+    bool inDot = false;
+    for (int x = image.getWidth(); --x >= 0;)
+    {
+        if (hasInk(image, {x, 0, 1, 12}))
+            break;
+        const bool isInked = hasInk(image, {x, 12, 1, 8});
+        dots += isInked && !inDot ? 1 : 0;
+        inDot = isInked;
+    }
+    return dots;
 }
 
 int inkWidth(const juce::Image& image)
@@ -205,20 +240,41 @@ TEST_F(RowPainting, WritesNothingForAnEmptyName)
     EXPECT_EQ(inkWidth(picture("")), 32);
 }
 
-TEST_F(RowPainting, EndsALongNameWithDots)
+TEST_F(RowPainting, EndsALongNameWithThreeDots)
 {
-    const std::string name(300, 'i');
-    build({object(1, name)});
-    const auto image = picture(name);
-    EXPECT_FALSE(hasInk(image, {image.getWidth() - 1, 0, 1, 8}));
+    const std::string name(300, 'M');
+    build({object(1, name, 0, 0), object(2, "MMM", 0, 0)});
+    EXPECT_EQ(dotsAtTheEnd(picture(name)), 3);
+    EXPECT_EQ(dotsAtTheEnd(picture("MMM")), 0);
+}
+
+TEST_F(RowPainting, EndsNoNameWithDotsThatFits)
+{
+    build({object(1, "M", 0, 0)});
+    const int room = picture("M").getWidth() - 16; // The text begins behind the box.
+    const juce::Font font(15.0f);
+    std::string longest = "M";
+    while (font.getStringWidth(longest + "M") <= room)
+        longest += 'M';
+    build({object(1, longest, 0, 0), object(2, longest + "M", 0, 0)});
+    EXPECT_EQ(dotsAtTheEnd(picture(longest)), 0);
+    EXPECT_EQ(dotsAtTheEnd(picture(longest + "M")), 3);
 }
 
 TEST_F(RowPainting, RepaintsTheGroupWhenOneOfItsObjectsChanges)
 {
-    build({object(1, "a", 1, 1), object(2, "b", 1, 1)});
-    EXPECT_EQ(box("Group 1"), fullBox);
+    build({object(1, "a", 1, 1), object(2, "b", 1, 1), object(3, "c")});
+    pump();
+    const auto placeOf = [this](const std::string& name)
+    { return row(name).getItemPosition(true).withHeight(20).getIntersection(view().getLocalBounds()); };
+    juce::RectangleList<int> repainted;
+    view().setCachedComponentImage(new Repaints(repainted));
+    repainted.clear();
     node("a").setProperty("active", 0, nullptr);
-    EXPECT_EQ(box("Group 1"), halfBox);
+    EXPECT_TRUE(repainted.containsRectangle(placeOf("Group 1")));
+    EXPECT_TRUE(repainted.containsRectangle(placeOf("a")));
+    EXPECT_FALSE(repainted.intersectsRectangle(placeOf("b")));
+    EXPECT_FALSE(repainted.intersectsRectangle(placeOf("c")));
 }
 
 TEST_F(RowPainting, FillsNothingBehindTheRows)

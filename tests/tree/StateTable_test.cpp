@@ -243,6 +243,22 @@ TEST_F(StateTable, ReplacesWhatItHad)
     EXPECT_THAT(selectedNames(), ElementsAre("a2"));
 }
 
+TEST_F(StateTable, ReplacesWhatItHadByNothing)
+{
+    const auto items = manyItems("a", 10);
+    RefreshTree(panel, items);
+    row("Group 1").setOpen(false);
+    select({"a9"});
+    cache(1);
+    ClearTree(panel);
+    cache(1);
+    RefreshTree(panel, items);
+    EXPECT_FALSE(didChange(1));
+    apply(1);
+    EXPECT_TRUE(row("Group 1").isOpen());
+    EXPECT_THAT(selectedNames(), IsEmpty());
+}
+
 TEST_F(StateTable, ForgetsAllLayers)
 {
     const auto items = manyItems("a", 10);

@@ -197,6 +197,21 @@ TEST_F(TreeBuilding, DoesNotCountAGroupThatLostItsNumber)
     EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 2 Group 2(b))");
 }
 
+TEST_F(TreeBuilding, CountsAGroupOfNumberZero)
+{
+    build({object(1, "a", 1), object(2, "b", 2), object(3, "c")});
+    node("Group 2").setProperty("group", 0, nullptr);
+    addGroup();
+    // Behind the zero, which is no less a group than the one.
+    EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 2(b) Group 2 c)");
+
+    build({object(1, "a", 1), object(2, "b", 2), object(3, "c", 10)});
+    node("Group 2").setProperty("group", 0, nullptr);
+    addGroup();
+    // The zero stands where the one is looked for.
+    EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 2(b) Group 10(c) Group 1)");
+}
+
 TEST_F(TreeBuilding, AddsNoGroupWithoutARoot)
 {
     panel->AddNewGroup(nullptr);

@@ -106,6 +106,26 @@ TEST_F(Label, RoundsEachHalfOfItsGrowthTowardsZero)
     EXPECT_GT(oddHeights, 0);
 }
 
+TEST_F(Label, RoundsEachHalfOfItsShrinkingTowardsZero)
+{
+    int oddWidths = 0;
+    int oddHeights = 0;
+    for (int size = 200; size < 204; ++size)
+    {
+        NotifyLabel shrunk(timeMs);
+        parent.addChildComponent(shrunk);
+        shrunk.setText("Hello", juce::sendNotification);
+        const auto fitted = shrunk.getBounds();
+        shrunk.setBounds(10, 20, size, size);
+        EXPECT_EQ(shrunk.getBounds(), fitted.withPosition(10 + (size - fitted.getWidth()) / 2,
+                                                          20 + (size - fitted.getHeight()) / 2));
+        oddWidths += (size - fitted.getWidth()) % 2;
+        oddHeights += (size - fitted.getHeight()) % 2;
+    }
+    EXPECT_EQ(oddWidths, 2);
+    EXPECT_EQ(oddHeights, 2);
+}
+
 TEST_F(Label, WrapsALongMessageWithinItsParent)
 {
     show("Hello");

@@ -208,21 +208,43 @@ TEST_F(Menus, AddNothingWhenTheirPanelIsReplacedBetweenTheClickAndItsDelivery)
     expectNothingChosen();
 }
 
-TEST_F(Menus, StayOpenAndUsableWhileThePanelIsBehindAnotherOrHasNoItem)
+TEST_F(Menus, StayOpenWithoutALayerThatGetsTheEffectLater)
 {
     OpenMenu();
     host.User().SelectLayers({});
-    IdleFor(100);
-    Type("Escape");
+    IdleFor(300);
+    EXPECT_TRUE(IsMenuOpen());
+    Click(MenuEntry(1));
     EXPECT_TRUE(waitForMenuToClose());
+    IdleFor(100);
+    EXPECT_EQ(Stack(), "a b c");
+    host.User().SelectLayers({layer});
+    EXPECT_TRUE(IdleUntil([this] { return lastEffect() == "QVK VORTSRC Routes"; })) << lastEffect();
 }
 
-TEST_F(Menus, ChooseWhileThePanelIsBehindAnotherTab)
+TEST_F(Menus, StayOpenWithoutAnItemThatComesBackLater)
+{
+    const int comp = host.State().FindLayer(layer)->compId;
+    OpenMenu();
+    host.User().OpenComposition(0);
+    IdleFor(300);
+    EXPECT_TRUE(IsMenuOpen());
+    Click(MenuEntry(1));
+    expectNothingChosen();
+    host.User().OpenComposition(comp);
+    host.User().SelectLayers({layer});
+    EXPECT_TRUE(IdleUntil([this] { return lastEffect() == "QVK VORTSRC Routes"; })) << lastEffect();
+}
+
+TEST_F(Menus, AreClosedWhenAnotherTabCoversThePanel)
 {
     OpenMenu();
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
-    IdleFor(300);
+    expectNothingChosen();
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::frontmost).thrown, "");
-    IdleFor(100);
+    Settle();
     EXPECT_EQ(Stack(), "a b c");
+    OpenMenu();
+    Click(MenuEntry(1));
+    EXPECT_TRUE(IdleUntil([this] { return lastEffect() == "QVK VORTSRC Routes"; })) << lastEffect();
 }

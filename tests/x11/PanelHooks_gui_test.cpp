@@ -87,11 +87,20 @@ TEST_F(PanelHooks, ASiblingOpensThePanel)
 TEST_F(PanelHooks, ASiblingShowsTheLastOfItsMessages)
 {
     Open();
-    const std::string before = pixelsOfTheMiddle();
+    const std::string nothing = pixelsOfTheMiddle();
+    (void)Sibling(host).NotifyPanel("Hello from an effect");
+    Settle();
+    const std::string hello = pixelsOfTheMiddle();
+    ASSERT_NE(hello, nothing);
     (void)Sibling(host).NotifyPanel("first");
+    Settle();
+    ASSERT_NE(pixelsOfTheMiddle(), hello);
+
+    (void)Sibling(host).NotifyPanel("second");
     (void)Sibling(host).NotifyPanel("Hello from an effect");
     (void)Sibling(host).NotifyNobody("lost");
-    EXPECT_TRUE(IdleUntil([&] { return pixelsOfTheMiddle() != before; }));
+    Settle();
+    EXPECT_EQ(pixelsOfTheMiddle(), hello);
 }
 
 TEST_F(PanelHooks, DeliversEventsWhileThePanelIsBehindOrHiddenOrWithoutAnItem)
