@@ -158,9 +158,9 @@ typedef struct VortanIdleRef VortanIdleRef;
 /// Throw nothing. A function that throws keeps its place in the queue: it is called again, at every idle if
 /// it was the first, and for as long as it throws nothing runs that was queued after it.
 ///
-/// Let the host not idle. A function leaves the queue when it returns. One that lets the host idle, by an
+/// Do not let the host idle. A function leaves the queue when it returns. One that lets the host idle, by an
 /// alert for example, is therefore called again inside itself if it was the first in the queue, and what was
-/// queued after it runs inside it too.
+/// queued after it runs inside it too. What is queued meanwhile may be lost.
 typedef int (*VortanIdleFunction)(int pluginId, VortanBasicSuite* basicSuite, void* refcon);
 
 typedef struct VortanIdleSuite
