@@ -5,7 +5,7 @@
 // host's own headers.
 //
 // What holds of everything here, unless a declaration says otherwise:
-// - Thread: the host's main thread, and no other. There is no lock behind anything. A render thread may
+// - Thread: the host's main thread, and no other. Nothing is locked. A render thread may
 //   neither call a suite nor acquire one.
 // - When: inside a call of the host, as when the host calls the effect or runs a queued function. Not from a
 //   timer or a thread of your own.
@@ -60,7 +60,7 @@ VORTAN_ASSERT(sizeof(VortanIdentity) == 16, identity_is_16_bytes);
 #define VORTAN_ZERO_IDENTITY_TEXT "00000000-0000-0000-0000-000000000000"
 
 /// An identity as text, as the panel compares it: two lower-case hexadecimal digits a byte, in memory order,
-/// with a dash behind the 4th, 6th, 8th and 10th byte. 36 characters and a zero.
+/// with a dash after the 4th, 6th, 8th and 10th byte. 36 characters and a zero.
 #define VORTAN_IDENTITY_TEXT_SIZE 37
 
 // ---- Group
@@ -102,13 +102,13 @@ enum
 };
 
 /// The record: a wire format in the machine's byte order. It belongs to the panel and lives for the one call;
-/// keep no pointer to it. You may write to any of it and not one byte behind it; only the fields with a name
+/// keep no pointer to it. You may write to any of it and not one byte past it; only the fields with a name
 /// are read.
 ///
 /// Thread: main. Re-entry: it comes inside the panel's idle pass, also while one of your own queued functions
 /// lets the host idle. Do not change the layer's stack in it: queue a function for the next idle. Errors:
-/// return 0 to the host. An error, or an exception, makes the panel read you as an effect from outside the
-/// family for that pass.
+/// return 0 to the host, and throw nothing. The panel looks at the record and not at the result: one that you
+/// left alone makes you an effect from outside the family for that pass.
 ///
 /// The host tells no length. A record of other plug-ins may be shorter: read `magic` before anything else.
 typedef struct VortanMessage
@@ -155,11 +155,12 @@ typedef struct VortanIdleRef VortanIdleRef;
 /// them. The result is ignored. The effect that queued it may be gone by then: let `refcon` point to nothing
 /// of an instance.
 ///
-/// Throw nothing. A function that throws is not taken off the queue: it is called at every idle from then on,
-/// and what stands behind it never runs.
+/// Throw nothing. A function that throws keeps its place in the queue: it is called again, at every idle if
+/// it was the first, and for as long as it throws nothing runs that was queued after it.
 ///
-/// A function is taken off the queue when it returns. One that lets the host idle, by an alert for example,
-/// is therefore called again inside itself by the inner idle, and with it all that stands behind it.
+/// Do not let the host idle. A function leaves the queue when it returns. One that lets the host idle, by an
+/// alert for example, is therefore called again inside itself if it was the first in the queue, and what was
+/// queued after it runs inside it too. What is queued meanwhile may be lost.
 typedef int (*VortanIdleFunction)(int pluginId, VortanBasicSuite* basicSuite, void* refcon);
 
 typedef struct VortanIdleSuite

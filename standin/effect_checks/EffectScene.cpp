@@ -59,7 +59,7 @@ std::string Guarded::Damage() const
         if (bytes[begin - 1 - i] != mark)
             return std::to_string(i + 1) + " bytes before the beginning";
         if (bytes[end + i] != mark)
-            return std::to_string(i) + " bytes behind the end";
+            return std::to_string(i) + " bytes past the end";
     }
     return "";
 }

@@ -13,7 +13,7 @@ namespace
 {
 constexpr int newEffects = 50;
 
-/// The identities of some new effects, one behind the other.
+/// The identities of some new effects, one after the other.
 std::vector<std::uint8_t> identitiesOfNewEffects(const std::string& file)
 {
     EffectScene scene(file);

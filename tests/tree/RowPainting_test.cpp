@@ -275,6 +275,7 @@ TEST_F(RowPainting, RepaintsTheGroupWhenOneOfItsObjectsChanges)
     EXPECT_TRUE(repainted.containsRectangle(placeOf("a")));
     EXPECT_FALSE(repainted.intersectsRectangle(placeOf("b")));
     EXPECT_FALSE(repainted.intersectsRectangle(placeOf("c")));
+    view().setCachedComponentImage(nullptr); // The view outlives the list.
 }
 
 TEST_F(RowPainting, FillsNothingBehindTheRows)
