@@ -35,7 +35,7 @@ public:
     int queuedRuns = 0; ///< How often functions of the idle queue have run.
     std::string pictures = ".";
     std::string folder; ///< Where the scenario's file lies; empty for the working directory.
-    Place pressed{}; ///< Where the button went down that is held.
+    Place pressed{};    ///< Where the button went down that is held.
 
     Host& host() { return session.host; }
 
