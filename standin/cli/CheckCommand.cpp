@@ -4,7 +4,7 @@
 #include "standin/checks/CheckRun.h"
 #include "standin/cli/CheckPrinter.h"
 #include "standin/cli/Commands.h"
-#include "standin/cli/ExitCodes.h"
+#include "standin/process/ExitCodes.h"
 #include "standin/cli/OwnFiles.h"
 #include "standin/effect_checks/EffectChecks.h"
 

@@ -1,7 +1,7 @@
 // The program `standin`: the stand-in host on the command line.
 
 #include "standin/cli/Commands.h"
-#include "standin/cli/ExitCodes.h"
+#include "standin/process/ExitCodes.h"
 
 #include <CLI/CLI.hpp>
 

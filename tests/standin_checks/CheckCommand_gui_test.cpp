@@ -1,6 +1,6 @@
 // The program `standin check` as its users meet it: what it says, and what it tells the shell.
 
-#include "standin/cli/ExitCodes.h"
+#include "standin/process/ExitCodes.h"
 #include "tests/standin_programs/ProgramRun.h"
 
 #include <chrono>
