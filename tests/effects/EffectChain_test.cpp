@@ -115,7 +115,7 @@ TEST(EffectChain, GivesBackTheParameterStreamThenTheGroupStreamThenTheEffect)
             EXPECT_EQ(chain.groupStream, nullptr);
             EXPECT_EQ(chain.effect, nullptr);
         });
-    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -129,7 +129,7 @@ TEST(EffectChain, GivesBackOnceHoweverOftenItIsFinished)
             (void)chain.Finish();
             (void)chain.Finish();
         });
-    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -139,7 +139,7 @@ TEST(EffectChain, GivesBackWhenItIsDestroyedUnfinished)
     (void)product.Run(
         [&](EffectChain& chain)
         { chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream(); });
-    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -156,7 +156,7 @@ TEST(EffectChain, GivesBackWhenAStepThrows)
                 .Then([]() -> A_Err { throw 99; });
         });
     EXPECT_EQ(result.thrownNumber, 99);
-    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -253,7 +253,7 @@ TEST(EffectChain, LeavesStreamsBehindOnlyIfTheirSuiteIsMissingAndGivesBackTheEff
             ADD_FAILURE() << "516 was not thrown";
         });
     EXPECT_EQ(result.thrownNumber, 516);
-    EXPECT_EQ(product.CallsMade(), everythingTaken + Calls{"Effect 1 AEGP_DisposeEffect(effect A)"});
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, {"Effect 1 AEGP_DisposeEffect(effect A)"}}));
     product.host.CheckSuiteBalance();
     EXPECT_EQ(product.host.FindingsReport(), "");
 }
@@ -289,7 +289,7 @@ TEST(EffectChain, GivesBackInOrderIfTheSuiteOfTheStreamsIsRefusedOnce)
             (void)chain.Finish();
         });
     EXPECT_EQ(result.thrownNumber, 516);
-    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 

@@ -321,11 +321,13 @@ TEST(GetEffectUUIDs, SendsOneQuestionToEachIndexWhateverItsFlags)
     MessageHost product;
     product.host.Effect("A").flags = 0;
     (void)product.Uuids({0, 1, 2});
-    const TracedStack stack = {"layer 1",
-                               {{"A", 0, "", "", 0, "01010101-0101-0101-0101-010100000001", 0},
-                                {"F", 0, "", "", -1, zeroUuid, 1},
-                                {"B", 0, "", "", 0, "02020202-0202-0202-0202-020200000002", 1}}};
-    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut), CallsOfIdentityQuestions(stack));
+    TracedStack stack = {7,
+                         {{"A", "01010101-0101-0101-0101-010100000001"},
+                          {"F"},
+                          {"B", "02020202-0202-0202-0202-020200000002"}}};
+    stack.effects[0].flags = 0;
+    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut),
+              Sequence({stack.AskIdentity(0), stack.AskIdentity(1), stack.AskIdentity(2)}));
     product.ExpectCleanEnd();
 }
 

@@ -26,11 +26,11 @@ protected:
     {
         return Sequence({PassHead(),
                          NoAddsAndDeletes(),
-                         LayerRead(three),
+                         three.Read(),
                          {"Tree GetItemsFromTree(tree)"},
-                         LayerRead(three),
+                         three.Read(),
                          {"Tree GetItemsFromTree(tree)"},
-                         IdentityRead(three),
+                         three.ReadIdentities(),
                          {"Utility 3 AEGP_StartUndoGroup(\"Reorder Effect(s)\")",
                           "Utility 3 AEGP_EndUndoGroup()", "Tree DidLayerStateChange(1)"}});
     }
@@ -49,8 +49,7 @@ TEST_F(ClearedTree, AnItemThatComesBackWithAnUnchangedLayerFindsTheTreeEmptyAndL
     EXPECT_EQ(bench.plugin->treeHash, 1u) << "the bare id of the layer";
     for (int later = 0; later < 3; ++later)
     {
-        EXPECT_EQ(bench.Pass().calls,
-                  Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()}));
+        EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
         EXPECT_EQ(bench.TreeText(), "");
     }
 }

@@ -24,7 +24,7 @@ protected:
 TEST_F(PassOutcome, NothingChangedSoNothingHappens)
 {
     const PassRecord pass = bench.Pass();
-    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()}));
+    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
     EXPECT_EQ(pass.printed, "");
 }
 
@@ -32,7 +32,7 @@ TEST_F(PassOutcome, OnlyTheTreesStateChangedSoTheSelectionGoesToTheLayer)
 {
     bench.SelectInTree({"B"});
     const PassRecord pass = bench.Pass();
-    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree(),
+    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree(),
                                     SelectionPush(three, {1})}));
     EXPECT_EQ(pass.printed, "State Changed\n");
     EXPECT_EQ(bench.Pass().printed, "") << "the new state is the cached one";
@@ -50,13 +50,13 @@ TEST_F(PassOutcome, ATreeThatWasTouchedButSaysTheSameIsTakenOverInSilence)
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
-                                    LayerRead(three),
+                                    three.Read(),
                                     {"Tree GetItemsFromTree(tree)"},
-                                    LayerRead(three),
+                                    three.Read(),
                                     {"Tree GetItemsFromTree(tree)", "Tree DidLayerStateChange(1)"}}));
     EXPECT_EQ(pass.printed, "");
     EXPECT_NE(bench.plugin->treeHash, refused);
-    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()}));
+    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
 }
 
 TEST_F(PassOutcome, AnEditInTheTreeIsReportedAndCarriedToTheLayer)
@@ -65,9 +65,9 @@ TEST_F(PassOutcome, AnEditInTheTreeIsReportedAndCarriedToTheLayer)
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
-                                    LayerRead(three),
+                                    three.Read(),
                                     {"Tree GetItemsFromTree(tree)"},
-                                    LayerRead(three),
+                                    three.Read(),
                                     {"Tree GetItemsFromTree(tree)"},
                                     RenameChange(three, 1, "X"),
                                     ReorderInPlace(three, ""),
@@ -97,7 +97,7 @@ TEST_F(PassOutcome, AForcedRefreshRebuildsATreeThatHashesAsBefore)
 {
     bench.Inbox().refreshPending = 1;
     const PassRecord pass = bench.Pass();
-    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), LayerRead(three),
+    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), three.Read(),
                                     TreeRebuild("A B C"), QuietTree(), SelectionPush(three, {})}));
     EXPECT_EQ(pass.printed, "State Changed\n");
 }
@@ -105,13 +105,14 @@ TEST_F(PassOutcome, AForcedRefreshRebuildsATreeThatHashesAsBefore)
 TEST_F(PassOutcome, AnEffectFromOutsideTheFamilyRebuildsATreeThatHashesAsBefore)
 {
     bench.Add("ADBE Fill", "X");
-    EffectRows rows = three;
-    rows.push_back({"X", "00000000-0000-0000-0000-000000000000", "ADBE Fill", bench.on.Key("ADBE Fill"), -1});
+    TracedStack rows = three;
+    rows.effects.push_back(
+        {"X", "00000000-0000-0000-0000-000000000000", "ADBE Fill", bench.on.Key("ADBE Fill"), -1});
     const std::uint64_t treeHash = bench.plugin->treeHash;
 
     const PassRecord pass = bench.Pass();
-    const Calls head = Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(rows), LayerRead(rows),
-                                 TreeRebuild("A B C X"), QuietTree()});
+    const Calls head = Sequence(
+        {PassHead(), NoAddsAndDeletes(), rows.Read(), rows.Read(), TreeRebuild("A B C X"), QuietTree()});
     ASSERT_GT(pass.calls.size(), head.size());
     EXPECT_EQ(Calls(pass.calls.begin(), pass.calls.begin() + static_cast<std::ptrdiff_t>(head.size())), head);
     EXPECT_EQ(pass.printed, "State Changed\n");
@@ -122,23 +123,23 @@ TEST_F(PassOutcome, AnEffectFromOutsideTheFamilyRebuildsATreeThatHashesAsBefore)
 TEST_F(PassOutcome, AChangedLayerRebuildsTheTreeAndTakesItsHashOver)
 {
     host.User().Rename("B", "B2");
-    EffectRows rows = three;
-    rows[1].name = "B2";
+    TracedStack rows = three;
+    rows.effects[1].name = "B2";
     const std::uint64_t treeHash = bench.plugin->treeHash;
 
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
-                                    LayerRead(rows),
-                                    LayerRead(rows),
+                                    rows.Read(),
+                                    rows.Read(),
                                     TreeRebuild("A B2 C"),
                                     {"Tree GetItemsFromTree(tree)"},
-                                    LayerRead(rows),
+                                    rows.Read(),
                                     {"Tree GetItemsFromTree(tree)", "Tree DidLayerStateChange(1)"},
                                     SelectionPush(rows, {})}));
     EXPECT_EQ(pass.printed, "State Changed\n");
     EXPECT_NE(bench.plugin->treeHash, treeHash);
-    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(rows), QuietTree()}));
+    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), rows.Read(), QuietTree()}));
 }
 
 TEST_F(PassOutcome, ALayerThatMovesBetweenTheReadingsIsBroughtBackToWhatTheTreeShows)
@@ -146,19 +147,19 @@ TEST_F(PassOutcome, ALayerThatMovesBetweenTheReadingsIsBroughtBackToWhatTheTreeS
     // Five messages: two in each of the first two readings, then the first of the third.
     host.User().Rename("A", "A2");
     bench.ActInMessage("A", 5, [&] { host.Effect("B").customName = "moved"; });
-    EffectRows rows = three;
-    rows[0].name = "A2";
-    EffectRows moved = rows;
-    moved[1].name = "moved";
+    TracedStack rows = three;
+    rows.effects[0].name = "A2";
+    TracedStack moved = rows;
+    moved.effects[1].name = "moved";
 
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
-                                    LayerRead(rows),
-                                    LayerRead(rows),
+                                    rows.Read(),
+                                    rows.Read(),
                                     TreeRebuild("A2 B C"),
                                     {"Tree GetItemsFromTree(tree)"},
-                                    LayerRead(moved),
+                                    moved.Read(),
                                     {"Tree GetItemsFromTree(tree)"},
                                     RenameChange(moved, 1, "B"),
                                     ReorderInPlace(moved, ""),
@@ -169,7 +170,7 @@ TEST_F(PassOutcome, ALayerThatMovesBetweenTheReadingsIsBroughtBackToWhatTheTreeS
                             "Tree Item - A2\nTree Item - B\nTree Item - C\n"
                             "State Changed\n");
     EXPECT_EQ(host.NameOf("B"), "B");
-    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(rows), QuietTree()}));
+    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), rows.Read(), QuietTree()}));
 }
 
 TEST_F(PassOutcome, TheStoredHashOfTheLayerIsThatOfTheFirstReading)
@@ -198,8 +199,8 @@ TEST_F(PassOutcome, TheSelectionThatWasCachedComesBackAfterARebuildAndGoesToTheL
     bench.SelectInTree({"B", "C"});
     (void)bench.Pass();
     host.User().Rename("A", "A2");
-    EffectRows rows = three;
-    rows[0].name = "A2";
+    TracedStack rows = three;
+    rows.effects[0].name = "A2";
     const PassRecord pass = bench.Pass();
     const Calls push = SelectionPush(rows, {2, 1});
     ASSERT_GT(pass.calls.size(), push.size());
@@ -233,11 +234,11 @@ TEST_F(PassOutcome, TheFirstPassOfAPanelBuildsTheTreeByTheOrdinaryPath)
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
-                                    LayerRead(three),
-                                    LayerRead(three),
+                                    three.Read(),
+                                    three.Read(),
                                     TreeRebuild("A B C"),
                                     {"Tree GetItemsFromTree(tree)"},
-                                    LayerRead(three),
+                                    three.Read(),
                                     {"Tree GetItemsFromTree(tree)", "Tree DidLayerStateChange(1)"},
                                     SelectionPush(three, {})}));
 }

@@ -111,7 +111,7 @@ TEST_P(PassWithoutSuite, RecoversWhenTheSuiteIsBack)
     host.Faults().GiveBack(suite.name, suite.version);
     bench.Settle();
     EXPECT_EQ(bench.TreeText(), "A B C");
-    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()}));
+    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Suites, PassWithoutSuite,

@@ -94,7 +94,7 @@ TEST_F(PassVisibility, AMarkThatCannotBeSetChangesNothing)
     bench.ShowAndSettle();
     host.Faults().FailFunction("AEGP_CheckMarkMenuCommand");
     const PassRecord pass = bench.Pass();
-    Calls expected = Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()});
+    Calls expected = Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()});
     expected[2] = "Command 1 AEGP_CheckMarkMenuCommand(1001, 1) = 1";
     EXPECT_EQ(pass.calls, expected);
 }
