@@ -106,7 +106,6 @@ void Child::finish()
     end = Clock::now();
     done = true;
     takeReport();
-    (void)kill(-process, SIGKILL);
     ending = WIFSIGNALED(status) ? Ending::crashed : Ending::exited;
 }
 
