@@ -106,6 +106,7 @@ void Child::finish()
     end = Clock::now();
     done = true;
     takeReport();
+    (void)kill(-process, SIGKILL);
     ending = WIFSIGNALED(status) ? Ending::crashed : Ending::exited;
 }
 

@@ -154,6 +154,15 @@ PhraseBook ProjectPhrases()
           "there is no composition.",
           [](Stage& s, const Arguments& a) { addLayerWithThreeObjects(s, a.texts[0]); },
           {}},
+         {Phrase::Kind::action,
+          "open the panel on three objects",
+          "The layer \"Solid 1\" with these, and the panel in front.",
+          [](Stage& s, const Arguments&)
+          {
+              addLayerWithThreeObjects(s, "Solid 1");
+              (void)s.host().SetPanelState(Session::panelName, PanelState::frontmost);
+          },
+          {}},
          {setting,
           "footage TEXT",
           "The project has a footage item.",

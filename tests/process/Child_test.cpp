@@ -33,6 +33,18 @@ TEST(Child, ReportsAndGivesItsExitCode)
     EXPECT_EQ(child.EndText(), "the process ended by itself with code 7");
 }
 
+TEST(Child, IsHeardToItsEnd)
+{
+    Child child(
+        []
+        {
+            Tell("place", "here");
+            return 0;
+        });
+    child.End(SIGCONT); // Waits and harms nobody; the report is read only after the end.
+    EXPECT_EQ(Report(child.Told()).Text("place"), "here");
+}
+
 TEST(Child, WhoCrashesHasSaidItsLastWord)
 {
     Child child(

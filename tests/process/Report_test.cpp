@@ -18,7 +18,7 @@ std::string told(const std::string& field, const std::string& value)
     return printed.Text();
 }
 
-TEST(Report, CarriesTextsOfSeveralLinesAndOfAnySigns)
+TEST(Report, CarriesTextsOfSeveralLinesAndAnySigns)
 {
     const std::string odd = "one\ntwo \\n \"three\"\\\n\xc3\xa4 {failed}: x";
     EXPECT_EQ(Report(told("found", odd)).Text("found"), odd);

@@ -197,7 +197,7 @@ TEST(CheckCommand, HelpTellsOfEveryOptionAndOfNothingElse)
     EXPECT_THAT(RunProgram({VORTAN_STANDIN, "--help"}).output, HasSubstr(exit_code::Help()));
 }
 
-TEST(CheckCommand, OneCheckRunsInTheProcessItselfForADebugger)
+TEST(CheckCommand, OneCheckRunsInTheProcessItself)
 {
     const ProgramRun run = check({VORTAN_BUNDLE, "--only", "idle-queue-order", "--here"});
     EXPECT_EQ(run.exitCode, exit_code::well);

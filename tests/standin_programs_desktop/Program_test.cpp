@@ -47,7 +47,7 @@ TEST_F(ProgramTest, HelpNamesEveryOption)
     EXPECT_THAT(run.errors, IsEmpty());
 }
 
-TEST_F(ProgramTest, WrongUsageIsToldByTheWordThatIsWrong)
+TEST_F(ProgramTest, WrongUsageNamesTheWrongWord)
 {
     const auto errorOf = [this](const std::vector<std::string>& arguments)
     {
