@@ -89,7 +89,7 @@ TEST(EffectChain, RunsItsStepsInOrderUntilOneFails)
     EXPECT_THAT(product.host.CallTexts(), IsEmpty());
 }
 
-TEST(EffectChain, ThatStartsWithAnErrorMakesNoHostCall)
+TEST(EffectChain, ThatStartsWithAnErrorMakesNoCall)
 {
     ChainHost product;
     (void)product.Run(
@@ -102,7 +102,7 @@ TEST(EffectChain, ThatStartsWithAnErrorMakesNoHostCall)
     EXPECT_THAT(product.host.CallTexts(), IsEmpty());
 }
 
-TEST(EffectChain, GivesBackTheParameterStreamThenTheGroupStreamThenTheEffect)
+TEST(EffectChain, DisposesOfParameterThenGroupThenEffect)
 {
     ChainHost product;
     (void)product.Run(
@@ -160,7 +160,7 @@ TEST(EffectChain, GivesBackWhenAStepThrows)
     product.ExpectCleanEnd();
 }
 
-TEST(EffectChain, DisposesOfTheEffectByTheSuiteThatItWasTakenFrom)
+TEST(EffectChain, DisposesThroughTheSuiteItTookFrom)
 {
     ChainHost product;
     (void)product.Run(
@@ -175,7 +175,7 @@ TEST(EffectChain, DisposesOfTheEffectByTheSuiteThatItWasTakenFrom)
     product.ExpectCleanEnd();
 }
 
-TEST(EffectChain, DisposesOfTheEffectByTheSuiteThatWasNamedSince)
+TEST(EffectChain, DisposesThroughTheSuiteNamedLast)
 {
     ChainHost product;
     (void)product.Run(
@@ -207,7 +207,7 @@ TEST(EffectChain, GivesBackWhatItTookBeforeTheFailure)
     product.ExpectCleanEnd();
 }
 
-TEST(EffectChain, ReportsTheErrorOfDisposingOfTheEffectOnlyIfThereWasNoOther)
+TEST(EffectChain, ReportsTheDisposalsErrorOnlyIfFirst)
 {
     for (const A_Err stepError : {0, 5})
     {
@@ -237,7 +237,7 @@ TEST(EffectChain, IgnoresTheErrorsOfDisposingOfStreams)
     product.ExpectCleanEnd();
 }
 
-TEST(EffectChain, LeavesStreamsBehindOnlyIfTheirSuiteIsMissingAndGivesBackTheEffectAllTheSame)
+TEST(EffectChain, LeaksOnlyStreamsIfTheirSuiteIsMissing)
 {
     ChainHost product;
     product.host.Faults().Withhold("AEGP Stream Suite", 7);
@@ -258,7 +258,7 @@ TEST(EffectChain, LeavesStreamsBehindOnlyIfTheirSuiteIsMissingAndGivesBackTheEff
     EXPECT_EQ(product.host.FindingsReport(), "");
 }
 
-TEST(EffectChain, LetsAnotherExceptionPassIfTheSuiteOfTheStreamsIsMissing)
+TEST(EffectChain, KeepsAnotherExceptionIfStreamSuiteIsMissing)
 {
     ChainHost product;
     product.host.Faults().Withhold("AEGP Stream Suite", 7);
@@ -277,7 +277,7 @@ TEST(EffectChain, LetsAnotherExceptionPassIfTheSuiteOfTheStreamsIsMissing)
     EXPECT_EQ(product.host.FindingsReport(), "");
 }
 
-TEST(EffectChain, GivesBackInOrderIfTheSuiteOfTheStreamsIsRefusedOnce)
+TEST(EffectChain, DisposesInOrderAfterOneRefusedStreamSuite)
 {
     ChainHost product;
     product.host.Faults().FailFunction("AcquireSuite", 4);
@@ -293,7 +293,7 @@ TEST(EffectChain, GivesBackInOrderIfTheSuiteOfTheStreamsIsRefusedOnce)
     product.ExpectCleanEnd();
 }
 
-TEST(EffectChain, GivesBackTheEffectIfItsSuiteIsRefusedOnce)
+TEST(EffectChain, DisposesOfEffectAfterOneRefusedSuite)
 {
     ChainHost product;
     product.host.Faults().FailFunction("AcquireSuite", 2);

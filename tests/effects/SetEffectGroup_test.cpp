@@ -35,7 +35,7 @@ TEST(SetEffectGroup, TellsTheEffectWithTheseCalls)
     EXPECT_EQ(product.host.Effect("B").family.group, 0);
 }
 
-TEST(SetEffectGroup, SendsNothingForAnIdentityThatIsNotOnTheLayer)
+TEST(SetEffectGroup, SendsNothingForAnUnknownIdentity)
 {
     MessageHost product;
     const ProjectState before = product.host.State();
@@ -50,7 +50,7 @@ TEST(SetEffectGroup, SendsNothingForAnIdentityThatIsNotOnTheLayer)
     product.ExpectCleanEnd();
 }
 
-TEST(SetEffectGroup, OfTheZeroTextGoesToTheFirstEffectThatDoesNotAnswerAndChangesNothing)
+TEST(SetEffectGroup, OfTheZeroTextChangesNothing)
 {
     MessageHost product;
     product.Add(fill, "G");
@@ -64,7 +64,7 @@ TEST(SetEffectGroup, OfTheZeroTextGoesToTheFirstEffectThatDoesNotAnswerAndChange
     product.ExpectCleanEnd();
 }
 
-TEST(SetEffectGroup, GoesToTheUpperOfTwoEffectsWithOneIdentity)
+TEST(SetEffectGroup, GoesToTheUpperOfTwins)
 {
     MessageHost product;
     product.host.Effect("B").family.uuid = product.host.Effect("A").family.uuid;
@@ -104,7 +104,7 @@ TEST(SetEffectGroup, OfMinusOneIsSentAsItIs)
     EXPECT_EQ(product.host.Effect("A").family.group, -1);
 }
 
-TEST(SetEffectGroup, OnANullLayerPrintsALineAndMakesNoCall)
+TEST(SetEffectGroup, OnANullLayerPrintsAndCallsNobody)
 {
     MessageHost product;
     testing::internal::CaptureStdout();

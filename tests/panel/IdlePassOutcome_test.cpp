@@ -28,7 +28,7 @@ TEST_F(PassOutcome, NothingChangedSoNothingHappens)
     EXPECT_EQ(pass.printed, "");
 }
 
-TEST_F(PassOutcome, OnlyTheTreesStateChangedSoTheSelectionGoesToTheLayer)
+TEST_F(PassOutcome, AChangedTreeStatePushesTheSelection)
 {
     bench.SelectInTree({"B"});
     const PassRecord pass = bench.Pass();
@@ -38,7 +38,7 @@ TEST_F(PassOutcome, OnlyTheTreesStateChangedSoTheSelectionGoesToTheLayer)
     EXPECT_EQ(bench.Pass().printed, "") << "the new state is the cached one";
 }
 
-TEST_F(PassOutcome, ATreeThatWasTouchedButSaysTheSameIsTakenOverInSilence)
+TEST_F(PassOutcome, AnEqualTouchedTreeIsAcceptedSilently)
 {
     host.Faults().FailFunction("AEGP_SetStreamName");
     host.Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup", "a failed rename leaves its group open");
@@ -59,7 +59,7 @@ TEST_F(PassOutcome, ATreeThatWasTouchedButSaysTheSameIsTakenOverInSilence)
     EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
 }
 
-TEST_F(PassOutcome, AnEditInTheTreeIsReportedAndCarriedToTheLayer)
+TEST_F(PassOutcome, AnEditIsReportedAndCarriedOut)
 {
     bench.TreeItem("B").name = "X";
     const PassRecord pass = bench.Pass();
@@ -79,7 +79,7 @@ TEST_F(PassOutcome, AnEditInTheTreeIsReportedAndCarriedToTheLayer)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Rename Effect(s)"));
 }
 
-TEST_F(PassOutcome, AMismatchIsReportedBeforeTheLayerIsChanged)
+TEST_F(PassOutcome, AMismatchIsReportedBeforeTheChange)
 {
     // The messages of the pass's two readings are 1 to 4; the fifth is the first of the change.
     std::string printed;
@@ -93,7 +93,7 @@ TEST_F(PassOutcome, AMismatchIsReportedBeforeTheLayerIsChanged)
 
 // ---- The layer changed
 
-TEST_F(PassOutcome, AForcedRefreshRebuildsATreeThatHashesAsBefore)
+TEST_F(PassOutcome, AForcedRefreshKeepsTheTreesHash)
 {
     bench.Inbox().refreshPending = 1;
     const PassRecord pass = bench.Pass();
@@ -102,7 +102,7 @@ TEST_F(PassOutcome, AForcedRefreshRebuildsATreeThatHashesAsBefore)
     EXPECT_EQ(pass.printed, "State Changed\n");
 }
 
-TEST_F(PassOutcome, AnEffectFromOutsideTheFamilyRebuildsATreeThatHashesAsBefore)
+TEST_F(PassOutcome, AnOutsideEffectRebuildsWithoutChangingTheHash)
 {
     bench.Add("ADBE Fill", "X");
     TracedStack rows = three;
@@ -120,7 +120,7 @@ TEST_F(PassOutcome, AnEffectFromOutsideTheFamilyRebuildsATreeThatHashesAsBefore)
     EXPECT_FALSE(host.Effect("X").groupHidden) << "an outside effect is never put out of sight";
 }
 
-TEST_F(PassOutcome, AChangedLayerRebuildsTheTreeAndTakesItsHashOver)
+TEST_F(PassOutcome, AChangedLayerRebuildsAndTakesItsHash)
 {
     host.User().Rename("B", "B2");
     TracedStack rows = three;
@@ -142,7 +142,7 @@ TEST_F(PassOutcome, AChangedLayerRebuildsTheTreeAndTakesItsHashOver)
     EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), rows.Read(), QuietTree()}));
 }
 
-TEST_F(PassOutcome, ALayerThatMovesBetweenTheReadingsIsBroughtBackToWhatTheTreeShows)
+TEST_F(PassOutcome, AChangeBetweenReadingsIsUndone)
 {
     // Five messages: two in each of the first two readings, then the first of the third.
     host.User().Rename("A", "A2");
@@ -173,7 +173,7 @@ TEST_F(PassOutcome, ALayerThatMovesBetweenTheReadingsIsBroughtBackToWhatTheTreeS
     EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), rows.Read(), QuietTree()}));
 }
 
-TEST_F(PassOutcome, TheStoredHashOfTheLayerIsThatOfTheFirstReading)
+TEST_F(PassOutcome, TheStoredHashIsTheFirstReadings)
 {
     // The third message is the first of the second reading: the tree gets the new name, the hash the old.
     host.User().Rename("A", "A2");
@@ -187,14 +187,14 @@ TEST_F(PassOutcome, TheStoredHashOfTheLayerIsThatOfTheFirstReading)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(PassOutcome, TheStateTableIsAskedThoughTheLayerChangedAlready)
+TEST_F(PassOutcome, TheStateTableIsAskedAfterLayerChanges)
 {
     bench.Inbox().refreshPending = 1;
     const Calls calls = bench.Pass().calls;
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "Tree DidLayerStateChange(1)"), 1);
 }
 
-TEST_F(PassOutcome, TheSelectionThatWasCachedComesBackAfterARebuildAndGoesToTheLayer)
+TEST_F(PassOutcome, TheCachedSelectionReturnsAfterARebuild)
 {
     bench.SelectInTree({"B", "C"});
     (void)bench.Pass();
@@ -210,7 +210,7 @@ TEST_F(PassOutcome, TheSelectionThatWasCachedComesBackAfterARebuildAndGoesToTheL
     EXPECT_FALSE(host.Effect("C").groupHidden);
 }
 
-TEST_F(PassOutcome, TheMainAndTheKitEffectKeepTheirVisibilityUnlessTheyAreSelected)
+TEST_F(PassOutcome, MainAndKitKeepTheirVisibilityUnlessSelected)
 {
     bench.Add("QVK VORTAN TWO", "M");
     bench.Add("QVK VORTKIT", "K");
@@ -227,7 +227,7 @@ TEST_F(PassOutcome, TheMainAndTheKitEffectKeepTheirVisibilityUnlessTheyAreSelect
     EXPECT_TRUE(host.Effect("K").groupHidden);
 }
 
-TEST_F(PassOutcome, TheFirstPassOfAPanelBuildsTheTreeByTheOrdinaryPath)
+TEST_F(PassOutcome, AFirstPassBuildsTheTreeAsUsual)
 {
     bench.plugin->layerHash = 0;
     bench.plugin->treeHash = 0;

@@ -16,7 +16,7 @@ class QuietPass : public PanelTest
 {
 };
 
-TEST_F(QuietPass, OverAnEmptyStackReadsTheLayerOnceAndTheTreeOnce)
+TEST_F(QuietPass, OverAnEmptyStackReadsBothOnce)
 {
     bench.ShowAndSettle();
     EXPECT_THAT(
@@ -32,7 +32,7 @@ TEST_F(QuietPass, OverAnEmptyStackReadsTheLayerOnceAndTheTreeOnce)
                     "Tree DidLayerStateChange(1)", R"(Basic ReleaseSuite("AEGP Layer Suite", 5))"));
 }
 
-TEST_F(QuietPass, OverOneEffectSendsItTwoMessagesAndReadsItFromTheHost)
+TEST_F(QuietPass, OverOneEffectSendsTwoMessagesAndReads)
 {
     bench.Add("QVK VORTSRC Lamps", "A");
     bench.ShowAndSettle();
@@ -103,7 +103,7 @@ Calls withFirstAcquires(Calls message)
     return message;
 }
 
-TEST_F(QuietPass, OverThreeEffectsAsksForAllGroupsThenAllIdentitiesThenTheHostsFacts)
+TEST_F(QuietPass, OverThreeEffectsAsksGroupsIdentitiesFacts)
 {
     bench.AddThree();
     bench.ShowAndSettle();
@@ -141,7 +141,7 @@ TEST_F(QuietPass, OverThreeEffectsAsksForAllGroupsThenAllIdentitiesThenTheHostsF
     EXPECT_EQ(bench.Pass(SuiteTraffic::included).calls, expected);
 }
 
-TEST_F(QuietPass, CostsTwentyTwoHostCallsForEachEffectAndSevenForItself)
+TEST_F(QuietPass, CostsSevenCallsAndTwentyTwoPerEffect)
 {
     bench.ShowAndSettle();
     for (int count = 0; count <= 12; ++count)
@@ -202,7 +202,7 @@ TEST_F(QuietPass, OfAHiddenPanelReadsNoLayer)
                             "Command 1 AEGP_CheckMarkMenuCommand(1001, 0)", "Tree ClearTree(tree)"));
 }
 
-TEST_F(QuietPass, OfAPanelBehindAnotherTabReadsNoLayerAndKeepsTheTree)
+TEST_F(QuietPass, InTheBackgroundReadsNoLayer)
 {
     bench.AddThree();
     bench.ShowAndSettle();
