@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string_view>
+#include <unordered_map>
 
 namespace
 {
@@ -22,20 +24,28 @@ enum class Differences
     some
 };
 
-/// Calls `change` with each tree item whose partner, the first layer item of the same identity, differs
-/// from it in `field`. An outside effect is nobody's partner.
+/// By identity, the first layer item that has it. An outside effect is nobody's partner.
+using Partners = std::unordered_map<std::string_view, const ObjectItem*>;
+
+Partners partnersAmong(const std::vector<ObjectItem>& layerItems)
+{
+    Partners partners(layerItems.size());
+    for (const ObjectItem& item : layerItems)
+        if (item.uuid != ZERO_UUID_TEXT)
+            partners.emplace(item.uuid, &item);
+    return partners;
+}
+
+/// Calls `change` with each tree item whose partner differs from it in `field`.
 template <class Field, class Change>
-Differences forEachDifference(const std::vector<ObjectItem>& layerItems,
-                              const std::vector<ObjectItem>& treeItems, Field field, Change change)
+Differences forEachDifference(const Partners& partners, const std::vector<ObjectItem>& treeItems, Field field,
+                              Change change)
 {
     Differences met = Differences::none;
     for (const ObjectItem& treeItem : treeItems)
     {
-        if (treeItem.uuid == ZERO_UUID_TEXT)
-            continue;
-        const auto partner = std::find_if(layerItems.begin(), layerItems.end(),
-                                          [&](const ObjectItem& item) { return item.uuid == treeItem.uuid; });
-        if (partner == layerItems.end() || (*partner).*field == treeItem.*field)
+        const auto partner = partners.find(treeItem.uuid);
+        if (partner == partners.end() || partner->second->*field == treeItem.*field)
             continue;
         change(treeItem);
         met = Differences::some;
@@ -145,9 +155,10 @@ void LayerEffectChanges(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** la
                         const std::vector<ObjectItem>& layerItems, const std::vector<ObjectItem>& treeItems)
 {
     const Target target = {pluginId, basicSuite, layer};
+    const Partners partners = partnersAmong(layerItems);
     const auto carryOut = [&](auto field, auto change)
     {
-        return forEachDifference(layerItems, treeItems, field,
+        return forEachDifference(partners, treeItems, field,
                                  [&](const ObjectItem& item) { change(target, item); });
     };
     const Differences names = carryOut(&ObjectItem::name, renameEffect);

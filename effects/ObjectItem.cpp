@@ -2,8 +2,26 @@
 
 #include "effects/CityHash.h"
 
+#include <cstring>
+
 namespace
 {
+/// The two digits of each byte, one after the other.
+struct HexDigits
+{
+    constexpr HexDigits()
+    {
+        constexpr char digits[] = "0123456789abcdef";
+        for (int byte = 0; byte < 256; ++byte)
+        {
+            text[2 * byte] = digits[byte >> 4];
+            text[2 * byte + 1] = digits[byte & 15];
+        }
+    }
+    char text[512] = {};
+};
+constexpr HexDigits hexDigits;
+
 struct DisplayNameRow
 {
     const char* defaultName;
@@ -41,16 +59,16 @@ VN_UUID ZeroUUID() { return VN_UUID{}; }
 
 VN_UUIDStr GetUUIDStr(VN_UUID uuid)
 {
-    constexpr char digits[] = "0123456789abcdef";
-    VN_UUIDStr result{};
+    VN_UUIDStr result;
     char* out = result.text;
     for (std::size_t i = 0; i < uuid.bytes.size(); ++i)
     {
         if (i == 4 || i == 6 || i == 8 || i == 10)
             *out++ = '-';
-        *out++ = digits[uuid.bytes[i] >> 4];
-        *out++ = digits[uuid.bytes[i] & 15];
+        std::memcpy(out, hexDigits.text + 2 * uuid.bytes[i], 2);
+        out += 2;
     }
+    *out = '\0';
     return result;
 }
 

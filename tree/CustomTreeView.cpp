@@ -194,8 +194,15 @@ void CustomTreeView::itemDropped(const SourceDetails& details)
     juce::TreeView::itemDropped(details);
 }
 
+void CustomTreeView::showRootItem(juce::TreeViewItem* root)
+{
+    setRootItem(root);
+    noteStateChange();
+}
+
 void CustomTreeView::discardRootItem()
 {
+    noteStateChange();
     // The marks of a drag point at rows.
     itemDragExit(SourceDetails(juce::var(), this, {}));
 
@@ -211,7 +218,12 @@ void CustomTreeView::layOutNow(juce::Point<int> viewPosition)
     auto* root = getRootItem();
     setRootItem(nullptr);
     setRootItem(root);
-    if (root != nullptr)
+    scrollNow(viewPosition);
+}
+
+void CustomTreeView::scrollNow(juce::Point<int> viewPosition)
+{
+    if (const auto* root = getRootItem())
     {
         // The bar at the side has come meanwhile, and JUCE would make room for it with the next message.
         auto* rows = getViewport()->getViewedComponent();

@@ -9,7 +9,9 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <poll.h>
 #include <utility>
+#include <vector>
 
 namespace juce
 {
@@ -35,6 +37,41 @@ int pendingForJuce(Display* display)
         (void)XEventsQueued(display, QueuedAfterFlush);
     return std::exchange(eventsForJuce, 0);
 }
+
+/// What JUCE waits at for messages: the descriptors of its event loop, among them the connection to the server.
+class MessageDescriptors : private juce::LinuxEventLoopInternal::Listener, private juce::DeletedAtShutdown
+{
+public:
+    MessageDescriptors()
+    {
+        juce::LinuxEventLoopInternal::registerLinuxEventLoopListener(*this);
+        fdCallbacksChanged();
+    }
+    ~MessageDescriptors() override
+    {
+        juce::LinuxEventLoopInternal::deregisterLinuxEventLoopListener(*this);
+        clearSingletonInstance();
+    }
+    JUCE_DECLARE_SINGLETON_SINGLETHREADED(MessageDescriptors, false)
+
+    bool isAnyReady(int other)
+    {
+        for (pollfd& descriptor : descriptors)
+            descriptor.events = descriptor.fd == other ? 0 : POLLIN;
+        return poll(descriptors.data(), descriptors.size(), 0) > 0;
+    }
+
+private:
+    void fdCallbacksChanged() override
+    {
+        descriptors.clear();
+        for (const int descriptor : juce::LinuxEventLoopInternal::getRegisteredFds())
+            descriptors.push_back({descriptor, POLLIN, 0});
+    }
+
+    std::vector<pollfd> descriptors;
+};
+JUCE_IMPLEMENT_SINGLETON(MessageDescriptors)
 
 /// The component that JUCE itself hands the next key to.
 juce::Component& juceTarget(ValueTreesDemo& tree)
@@ -145,6 +182,13 @@ void DeliverTreeEvent(const _XEvent& event)
     XPutBackEvent(display, &first);
     eventsForJuce = 1;
     juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd(ConnectionNumber(display));
+}
+
+bool AreTreeMessagesWaiting()
+{
+    Display* display = GetTreeDisplay();
+    return juce::MessageManager::getInstanceWithoutCreating() != nullptr &&
+           MessageDescriptors::getInstance()->isAnyReady(display != nullptr ? ConnectionNumber(display) : -1);
 }
 
 void RunTreeMessages()

@@ -25,6 +25,9 @@ void KeepTreeEvents();
 /// Hands one event to JUCE, which has dealt with it when this returns. KeepTreeEvents must have been called.
 void DeliverTreeEvent(const _XEvent&);
 
+/// Whether JUCE has timers or messages to run.
+bool AreTreeMessagesWaiting();
+
 /// Runs JUCE's timers and messages: a bounded number of rounds.
 void RunTreeMessages();
 

@@ -1,5 +1,6 @@
 #include "tree/ValueTreeItem.h"
 
+#include "tree/CustomTreeView.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
 
@@ -40,6 +41,7 @@ juce::String ValueTreeItem::getUniqueName() const
 
 void ValueTreeItem::itemOpennessChanged(bool isNowOpen)
 {
+    noteStateChange();
     // JUCE opens a row a second time when it goes below another. Without this test each level of a tree
     // would be built twice as often as the one above it.
     if (isNowOpen && !hasRowOfEachChild())
@@ -70,6 +72,7 @@ void ValueTreeItem::refreshSubItems()
 
 void ValueTreeItem::itemSelectionChanged(bool isNowSelected)
 {
+    noteStateChange();
     rowSelected = isNowSelected;
     textColour = isNowSelected ? juce::Colours::black : juce::Colour::greyLevel(0.8f);
     rowTree.setProperty(TreeIds::select, isNowSelected ? 1 : 0, nullptr);
@@ -171,7 +174,12 @@ void ValueTreeItem::textEditorReturnKeyPressed(juce::TextEditor& editor)
 
 void ValueTreeItem::textEditorFocusLost(juce::TextEditor& editor) { textEditorReturnKeyPressed(editor); }
 
-void ValueTreeItem::valueTreePropertyChanged(juce::ValueTree&, const juce::Identifier&) { repaintItem(); }
+void ValueTreeItem::valueTreePropertyChanged(juce::ValueTree&, const juce::Identifier& property)
+{
+    if (property == TreeIds::name)
+        noteStateChange();
+    repaintItem();
+}
 
 void ValueTreeItem::valueTreeChildAdded(juce::ValueTree& parent, juce::ValueTree&)
 {
@@ -192,7 +200,14 @@ void ValueTreeItem::childrenChanged(const juce::ValueTree& parent)
     // What happens further below is the business of the row down there.
     if (parent != rowTree)
         return;
+    noteStateChange();
     refreshSubItems();
     treeHasChanged();
     setOpen(true);
+}
+
+void ValueTreeItem::noteStateChange() const
+{
+    if (auto* view = dynamic_cast<CustomTreeView*>(getOwnerView()))
+        view->noteStateChange();
 }

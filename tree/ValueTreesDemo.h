@@ -4,6 +4,7 @@
 
 #include "effects/ObjectItem.h"
 #include "tree/CustomTreeView.h"
+#include "tree/DocumentWatch.h"
 #include "tree/Keyboard.h"
 #include "tree/NotifyLabel.h"
 #include "tree/PanelBase.h"
@@ -59,6 +60,7 @@ public:
     void showToolbar(Toolbar);
 
     CustomTreeView treeView;
+    DocumentWatch documentWatch;
     SimpleButton geometryButton;
     SimpleButton effectorButton;
     SimpleButton rendererButton;

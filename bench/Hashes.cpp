@@ -1,0 +1,62 @@
+#include "bench/Benchmarks.h"
+#include "bench/Measure.h"
+#include "effects/CityHash.h"
+
+#include <absl/hash/internal/city.h>
+
+#include <memory>
+
+namespace standin
+{
+namespace
+{
+constexpr int itemCount = 1000;
+
+/// Both over the same texts, one by one.
+using Hash = std::uint64_t (*)(const char*, std::size_t);
+
+std::function<void()> hashTexts(const std::shared_ptr<std::vector<std::string>>& texts, Hash hash)
+{
+    return [texts, hash]
+    {
+        std::uint64_t sum = 0;
+        for (const std::string& text : *texts)
+            sum += hash(text.data(), text.size());
+        benchmark::DoNotOptimize(sum);
+    };
+}
+
+std::uint64_t foreignHash(const char* bytes, std::size_t length)
+{
+    return absl::hash_internal::CityHash64(bytes, length);
+}
+
+void registerTexts(FastPanel& panel, std::size_t length)
+{
+    const auto texts = std::make_shared<std::vector<std::string>>();
+    for (std::size_t i = 0; i < itemCount; ++i)
+        texts->push_back(std::string(length - 1, 'a') + static_cast<char>('a' + i % 26));
+    Measurement hash = {"String hash", "texts of so many bytes", static_cast<int>(length), {}, {}, Calls::none};
+    hash.subject = {hashTexts(texts, &CityHash64), [] {}, itemCount};
+    hash.floor = {hashTexts(texts, &foreignHash), [] {}, itemCount};
+    Register(panel.host, hash);
+}
+} // namespace
+
+void RegisterHashes(FastPanel& panel)
+{
+    const auto items = std::make_shared<std::vector<ObjectItem>>(MadeUpItems(itemCount));
+    const auto texts = std::make_shared<std::vector<std::string>>();
+    for (const ObjectItem& item : *items)
+    {
+        texts->push_back(item.uuid);
+        texts->push_back(item.name);
+    }
+    Measurement fold = {"Item hash", "items", itemCount, {}, {}, Calls::none};
+    fold.subject = {[items] { benchmark::DoNotOptimize(CalcItemsHash(1, *items)); }, [] {}, itemCount};
+    fold.floor = {hashTexts(texts, &CityHash64), [] {}, itemCount};
+    Register(panel.host, fold);
+    for (const std::size_t length : {8u, 24u, 36u, 64u, 128u, 1024u})
+        registerTexts(panel, length);
+}
+} // namespace standin
