@@ -52,6 +52,12 @@ constexpr DisplayNameRow displayNames[] = {
 
 std::uint64_t hashText(const std::string& text) { return CityHash64(text.data(), text.size()); }
 
+/// The same for a text that has one length, with hardly an exception.
+std::uint64_t hashUuid(const std::string& text)
+{
+    return text.size() == UUID_TEXT_LENGTH ? CityHash64(text.data(), UUID_TEXT_LENGTH) : hashText(text);
+}
+
 std::uint64_t signExtend(std::int32_t value) { return static_cast<std::uint64_t>(std::int64_t{value}); }
 } // namespace
 
@@ -82,7 +88,7 @@ std::uint64_t CalcItemsHash(std::uint64_t seed, const std::vector<ObjectItem>& i
     std::uint64_t hash = seed;
     for (const ObjectItem& item : items)
     {
-        hash = CombineHash(hash, hashText(item.uuid));
+        hash = CombineHash(hash, hashUuid(item.uuid));
         hash = CombineHash(hash, hashText(item.name));
         hash = CombineHash(hash, signExtend(item.group));
         hash = CombineHash(hash, signExtend(item.active));

@@ -38,6 +38,27 @@ int pendingForJuce(Display* display)
     return std::exchange(eventsForJuce, 0);
 }
 
+/// The widget's window while it lies in a container. No window manager gives such a window a state.
+Window embeddedWindow = None;
+
+/// Stands in for XGetWindowProperty. JUCE looks for that state twice for each row that it lays out, and each look
+/// would be a question to the server.
+int propertyForJuce(Display* display, Window window, Atom property, long offset, long length,
+                    Bool shouldDelete, Atom wanted, Atom* type, int* format, unsigned long* count,
+                    unsigned long* left, unsigned char** data)
+{
+    const auto* windows = juce::XWindowSystem::getInstanceWithoutCreating();
+    if (window != embeddedWindow || windows == nullptr || property != windows->getAtoms().state)
+        return XGetWindowProperty(display, window, property, offset, length, shouldDelete, wanted, type,
+                                  format, count, left, data);
+    *type = None;
+    *format = 0;
+    *count = 0;
+    *left = 0;
+    *data = nullptr;
+    return Success;
+}
+
 /// What JUCE waits at for messages: the descriptors of its event loop, among them the connection to the server.
 class MessageDescriptors : private juce::LinuxEventLoopInternal::Listener, private juce::DeletedAtShutdown
 {
@@ -201,6 +222,12 @@ void RunTreeMessages()
     }
     if (Display* display = GetTreeDisplay())
         XFlush(display);
+}
+
+void NoteTreeIsEmbedded(ValueTreesDemo* tree)
+{
+    embeddedWindow = GetTreeWindow(tree);
+    juce::X11Symbols::getInstance()->xGetWindowProperty = &propertyForJuce;
 }
 
 unsigned long GetTreeWindow(ValueTreesDemo* tree)

@@ -10,7 +10,9 @@ namespace
 // empty name. An object that really has this name shares its place there, as objects of one name do.
 constexpr juce::juce_wchar emptyNameMark = 0xfdd0;
 
-juce::String nodeName(const juce::ValueTree& node) { return node.getProperty(TreeIds::name, "").toString(); }
+juce::String nodeName(const juce::ValueTree& node) { return node[TreeIds::name].toString(); }
+
+bool isSelectedNode(const juce::ValueTree& node) { return static_cast<int>(node[TreeIds::select]) != 0; }
 } // namespace
 
 ValueTreeItem::ValueTreeItem(const juce::ValueTree& node, bool isRowSelected)
@@ -22,7 +24,7 @@ ValueTreeItem::ValueTreeItem(const juce::ValueTree& node, bool isRowSelected)
 {
     rowTree.addListener(this);
     setOpen(true);
-    if (static_cast<int>(rowTree.getProperty(TreeIds::select, 0)) != 0)
+    if (isSelectedNode(rowTree))
         setSelected(true, false, juce::sendNotification);
     checkBounds = {2, 6, 8, 8};
     if (rowTree.hasType(TreeIds::Layer))
@@ -66,7 +68,7 @@ void ValueTreeItem::refreshSubItems()
     for (int i = 0; i < rowTree.getNumChildren(); ++i)
     {
         const juce::ValueTree child = rowTree.getChild(i);
-        addSubItem(new ValueTreeItem(child, child.getProperty(TreeIds::select, 0)));
+        addSubItem(new ValueTreeItem(child, isSelectedNode(child)));
     }
 }
 

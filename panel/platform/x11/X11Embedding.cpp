@@ -58,6 +58,7 @@ X11Embedding::X11Embedding(ValueTreesDemo* widget, Window hostContainer)
       superMask(XkbKeysymToModifiers(display, XK_Super_L))
 {
     WriteLine("View Will move to Winodw");
+    NoteTreeIsEmbedded(tree);
     detachKeys();
     watchContainer();
     followContainer();
