@@ -11,8 +11,8 @@ void RegisterPasses(FastPanel&);
 /// What a pass costs that carries an edit to the layer or to the tree.
 void RegisterEdits(FastPanel&);
 
-/// The rebuild of the tree beside that of a bare tree view, which lies in the container `window`, and the state
-/// table.
+/// The rebuild of the tree beside that of a bare tree view, which lies in the container `window`, and the
+/// state table.
 void RegisterTree(FastPanel&, void* window);
 
 /// The hash of items and that of strings.

@@ -84,7 +84,8 @@ std::string grid(const Axes& axes)
     for (int power = 0; power <= axes.lastX; ++power)
     {
         const double x = axes.X(std::pow(10.0, power));
-        out += line(x, top, x, top + plotHeight) + text(x, top + plotHeight + 18, "middle", powerOfTen(power));
+        out +=
+            line(x, top, x, top + plotHeight) + text(x, top + plotHeight + 18, "middle", powerOfTen(power));
     }
     for (int power = axes.firstY; power <= axes.lastY; ++power)
     {
@@ -153,6 +154,7 @@ void DrawCharts(const std::string& folder, const std::vector<Result>& results)
     draw(folder + "/performance-calls.svg", "Host calls",
          seriesOf(results, [](const Result& result) { return static_cast<double>(result.calls); }));
     draw(folder + "/performance-allocations.svg", "Allocations",
-         seriesOf(results, [](const Result& result) { return static_cast<double>(result.taken.allocations); }));
+         seriesOf(results,
+                  [](const Result& result) { return static_cast<double>(result.taken.allocations); }));
 }
 } // namespace standin

@@ -92,12 +92,14 @@ void RegisterEdits(FastPanel& panel)
                 "another layer", [&panel, effects] { panel.host.ShowLayer(-1, effects); },
                 [](Floor& floor) { floor.ChangedLayerPass(0); });
     }
-    Edit(panel, 100).Register(
-        "objects reversed in the tree", [&panel] { panel.ReverseInTree(); },
-        [](Floor& floor) { floor.ReversalPass(); });
-    Edit(panel, 100).Register(
-        "half of the objects deleted in the tree", [&panel] { panel.DeleteHalfInTree(); },
-        [](Floor& floor) { floor.RemovalPass(); });
+    Edit(panel, 100)
+        .Register(
+            "objects reversed in the tree", [&panel] { panel.ReverseInTree(); },
+            [](Floor& floor) { floor.ReversalPass(); });
+    Edit(panel, 100)
+        .Register(
+            "half of the objects deleted in the tree", [&panel] { panel.DeleteHalfInTree(); },
+            [](Floor& floor) { floor.RemovalPass(); });
     for (const int effects : {100, 1000})
         Edit(panel, effects)
             .Register(

@@ -218,8 +218,7 @@ AEGP_EffectSuite3 makeEffectSuite3()
 {
     AEGP_EffectSuite3 suite{};
     fillCommonSlots(suite);
-    suite.AEGP_EffectCallGeneric =
-        [](AEGP_PluginID, AEGP_EffectRefH ref, const A_Time*, PF_Cmd, void* extra)
+    suite.AEGP_EffectCallGeneric = [](AEGP_PluginID, AEGP_EffectRefH ref, const A_Time*, PF_Cmd, void* extra)
     {
         ENTER;
         return answerMessage(effectOf(ref), extra);
@@ -578,7 +577,8 @@ std::vector<ObjectItem> MadeUpItems(int count)
 {
     std::vector<ObjectItem> items;
     for (int i = 0; i < count; ++i)
-        items.push_back({GetUUIDStr(MadeUpIdentity(i)).text, MadeUpName(i), 0, 1, installed[i % kindsOnLayer]});
+        items.push_back(
+            {GetUUIDStr(MadeUpIdentity(i)).text, MadeUpName(i), 0, 1, installed[i % kindsOnLayer]});
     return items;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
-// A host that answers as fast as it can: the slots that the panel calls, over one layer, with no book-keeping but
-// a count. It checks nothing; the stand-in does that. A host's functions have no argument that says whose they
-// are, so there is one of it per program.
+// A host that answers as fast as it can: the slots that the panel calls, over one layer, with no book-keeping
+// but a count. It checks nothing; the stand-in does that. A host's functions have no argument that says whose
+// they are, so there is one of it per program.
 
 #include "effects/ObjectItem.h"
 #include "host/HostSuites.h"
@@ -49,8 +49,8 @@ public:
     void Set(Panel);
     void Set(Speed);
 
-    /// Another layer is the active one, with these effects alone: geometry objects, effectors and renderers in
-    /// turn, each with an identity and a name of its own.
+    /// Another layer is the active one, with these effects alone: geometry objects, effectors and renderers
+    /// in turn, each with an identity and a name of its own.
     void ShowLayer(int layerId, int effects);
     /// What a user of the host does to the effect at `index`.
     void Rename(int index, const std::string& name);

@@ -34,7 +34,8 @@ public:
     void Idle() { host.Idle(); }
     /// Idles often enough for everything to come to rest.
     void Settle();
-    /// Another layer of so many effects, to which the panel has settled. The states of all others are forgotten.
+    /// Another layer of so many effects, to which the panel has settled. The states of all others are
+    /// forgotten.
     void ShowLayer(int effects);
 
     // ---- What a user does in the tree

@@ -1,6 +1,6 @@
 #pragma once
-// The floor under a pass: plain loops that make the very same host calls in the same order, and build nothing.
-// Nothing that the panel does can cost less than this.
+// The floor under a pass: plain loops that make the very same host calls in the same order, and build
+// nothing. Nothing that the panel does can cost less than this.
 
 #include "host/HostSuites.h"
 

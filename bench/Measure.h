@@ -1,6 +1,6 @@
 #pragma once
-// One measurement: what something costs, beside its floor. The two take turns, so that whatever else the machine
-// does falls on both, and the medians are compared.
+// One measurement: what something costs, beside its floor. The two take turns, so that whatever else the
+// machine does falls on both, and the medians are compared.
 
 #include "tests/support/CountedAllocations.h"
 

@@ -87,21 +87,25 @@ void registerTable(const std::shared_ptr<Scene>& scene, int count)
             scene->rebuild();
             touch();
         });
-    add("apply", [scene] { ApplyLayerTreeState(scene->table(), layerId, &scene->panel.Tree()); },
+    add(
+        "apply", [scene] { ApplyLayerTreeState(scene->table(), layerId, &scene->panel.Tree()); },
         [scene, store]
         {
             scene->rebuild();
             store();
             scene->rebuild();
         });
-    add("compare, changed", [scene] { (void)DidLayerStateChange(scene->table(), layerId, &scene->panel.Tree()); },
+    add(
+        "compare, changed",
+        [scene] { (void)DidLayerStateChange(scene->table(), layerId, &scene->panel.Tree()); },
         [scene, store, touch]
         {
             scene->rebuild();
             store();
             touch();
         });
-    add("compare, unchanged",
+    add(
+        "compare, unchanged",
         [scene] { (void)DidLayerStateChange(scene->table(), layerId, &scene->panel.Tree()); },
         [scene, store]
         {

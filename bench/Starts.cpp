@@ -78,7 +78,8 @@ int StartOnce()
             [&]
             {
                 (void)find<AEGP_PluginInitFunc>(module, "EffectorAEGP")(host.Basic(), 1, 0, 7, &refcon);
-                (void)find<AEGP_PluginInitFunc>(module, "PanelEntryPointFunc")(host.Basic(), 1, 0, 8, &refcon);
+                (void)find<AEGP_PluginInitFunc>(module, "PanelEntryPointFunc")(host.Basic(), 1, 0, 8,
+                                                                               &refcon);
             });
         const double before = residentBytes();
         figures["open"] = nanosecondsOf([&] { (void)host.CreatePanel(window.handle()); });

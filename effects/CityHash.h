@@ -34,7 +34,10 @@ inline u32 load32(const char* p)
     return value;
 }
 
-inline u64 rotate(u64 value, int shift) { return shift == 0 ? value : (value >> shift) | (value << (64 - shift)); }
+inline u64 rotate(u64 value, int shift)
+{
+    return shift == 0 ? value : (value >> shift) | (value << (64 - shift));
+}
 
 inline u64 shiftMix(u64 value) { return value ^ (value >> 47); }
 
@@ -130,7 +133,8 @@ inline Pair weakHash32WithSeeds(const char* s, u64 a, u64 b)
     return {a + z, b + c};
 }
 
-inline u64 hashLong(const char* s, std::size_t length)
+/// Out of line, where it takes no registers from the short runs, which are the rule.
+[[gnu::noinline]] inline u64 hashLong(const char* s, std::size_t length)
 {
     // 56 bytes of running state, seeded from the end of the run.
     u64 x = load64(s + length - 40);

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace
 {
@@ -126,6 +127,16 @@ void moveEffect(const Target& target, const AEGP_SuiteHandler& suites, int from,
     (void)chain.Finish();
 }
 
+/// Two effects may have one identity, and outside effects all have the same.
+bool areAllDistinct(const std::vector<std::string>& stackUuids)
+{
+    std::unordered_set<std::string_view> met;
+    for (const std::string& uuid : stackUuids)
+        if (uuid != ZERO_UUID_TEXT && !met.insert(uuid).second)
+            return false;
+    return true;
+}
+
 /// Each wanted identity goes to its position in the list. Kept: one that is not on the layer counts as a
 /// position all the same.
 void reorderEffects(const Target& target, const std::vector<std::string>& wanted, Differences others)
@@ -137,10 +148,14 @@ void reorderEffects(const Target& target, const std::vector<std::string>& wanted
     // Kept: beside another change the step has no name.
     const char* undoName = others == Differences::none ? "Reorder Effect(s)" : "";
     (void)suites.UtilitySuite1()->AEGP_StartUndoGroup(undoName);
+    const bool areDistinct = areAllDistinct(stackUuids);
     for (int place = 0; place < static_cast<int>(wanted.size()); ++place)
     {
-        const std::string& uuid = wanted[static_cast<std::size_t>(place)];
-        const int from = uuid == ZERO_UUID_TEXT ? -1 : FindUuid(stackUuids, uuid);
+        const auto index = static_cast<std::size_t>(place);
+        const std::string& uuid = wanted[index];
+        // Most effects stand at their place, and need not be searched for.
+        const bool isThere = areDistinct && index < stackUuids.size() && stackUuids[index] == uuid;
+        const int from = uuid == ZERO_UUID_TEXT ? -1 : isThere ? place : FindUuid(stackUuids, uuid);
         if (from < 0)
             continue;
         moveEffect(target, suites, from, place);

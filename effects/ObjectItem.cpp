@@ -88,8 +88,10 @@ std::uint64_t CalcItemsHash(std::uint64_t seed, const std::vector<ObjectItem>& i
     std::uint64_t hash = seed;
     for (const ObjectItem& item : items)
     {
-        hash = CombineHash(hash, hashUuid(item.uuid));
-        hash = CombineHash(hash, hashText(item.name));
+        const std::uint64_t uuid = hashUuid(item.uuid);
+        const std::uint64_t name = hashText(item.name);
+        hash = CombineHash(hash, uuid);
+        hash = CombineHash(hash, name);
         hash = CombineHash(hash, signExtend(item.group));
         hash = CombineHash(hash, signExtend(item.active));
     }

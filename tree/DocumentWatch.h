@@ -12,8 +12,8 @@ public:
     DocumentWatch();
     ~DocumentWatch() override;
 
-    /// What CalcItemsHash makes of the items of `document`, which is watched from now on in place of the former
-    /// one. An invalid document has no items.
+    /// What CalcItemsHash makes of the items of `document`, which is watched from now on in place of the
+    /// former one. An invalid document has no items.
     std::uint64_t itemsHash(const juce::ValueTree& document, std::uint64_t seed);
 
     /// Lets go of the document.

@@ -81,8 +81,8 @@ void prependSelected(juce::XmlElement& parent, const juce::TreeViewItem& row)
     parent.prependChildElement(element.release());
 }
 
-/// The document that TreeView::getOpennessState makes, but with each row in it. JUCE leaves closed rows out, and
-/// takes every row that is left out for closed; spelled out, a closed row and a row that the document has
+/// The document that TreeView::getOpennessState makes, but with each row in it. JUCE leaves closed rows out,
+/// and takes every row that is left out for closed; spelled out, a closed row and a row that the document has
 /// never seen are two things.
 std::unique_ptr<juce::XmlElement> currentState(ValueTreesDemo& tree)
 {
@@ -156,8 +156,8 @@ Rows addRows(RowsByPath& rows, juce::TreeViewItem& row)
     return areAll ? Rows::all : Rows::someAreHidden;
 }
 
-/// As JUCE does it, which looks through the whole tree for every path. It opens closed rows to look behind them,
-/// so where there are some, the search is left to it.
+/// As JUCE does it, which looks through the whole tree for every path. It opens closed rows to look behind
+/// them, so where there are some, the search is left to it.
 void restoreSelection(const juce::XmlElement& state, juce::TreeView& view)
 {
     view.clearSelectedItems();

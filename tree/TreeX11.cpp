@@ -41,8 +41,8 @@ int pendingForJuce(Display* display)
 /// The widget's window while it lies in a container. No window manager gives such a window a state.
 Window embeddedWindow = None;
 
-/// Stands in for XGetWindowProperty. JUCE looks for that state twice for each row that it lays out, and each look
-/// would be a question to the server.
+/// Stands in for XGetWindowProperty. JUCE looks for that state twice for each row that it lays out, and each
+/// look would be a question to the server.
 int propertyForJuce(Display* display, Window window, Atom property, long offset, long length,
                     Bool shouldDelete, Atom wanted, Atom* type, int* format, unsigned long* count,
                     unsigned long* left, unsigned char** data)
@@ -59,7 +59,8 @@ int propertyForJuce(Display* display, Window window, Atom property, long offset,
     return Success;
 }
 
-/// What JUCE waits at for messages: the descriptors of its event loop, among them the connection to the server.
+/// What JUCE waits at for messages: the descriptors of its event loop, among them the connection to the
+/// server.
 class MessageDescriptors : private juce::LinuxEventLoopInternal::Listener, private juce::DeletedAtShutdown
 {
 public:

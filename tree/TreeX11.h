@@ -36,8 +36,8 @@ void RunTreeMessages();
 /// The X11 `Window` of the widget; 0 while it is not on the desktop.
 unsigned long GetTreeWindow(ValueTreesDemo*);
 
-/// From now on JUCE takes it for granted that the widget's window is not minimised, and does not ask the server
-/// each time: one that lies in a container never is.
+/// From now on JUCE takes it for granted that the widget's window is not minimised, and does not ask the
+/// server each time: one that lies in a container never is.
 void NoteTreeIsEmbedded(ValueTreesDemo*);
 
 /// Whether an X11 `Window` is one of JUCE's: the widget's, a menu's, a drag image's.

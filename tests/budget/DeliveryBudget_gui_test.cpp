@@ -1,5 +1,5 @@
-// What the idle hook may cost on X11 while nobody does anything: no request to the server, and nothing from the
-// heap.
+// What the idle hook may cost on X11 while nobody does anything: no request to the server, and nothing from
+// the heap.
 
 #include "bench/FastPanel.h"
 #include "standin/x11/XHostWindow.h"

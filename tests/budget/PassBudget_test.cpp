@@ -1,5 +1,5 @@
-// The budget of the idle pass: how many host calls it makes, and what it takes from the heap, for any number of
-// effects. The whole panel runs, without a screen.
+// The budget of the idle pass: how many host calls it makes, and what it takes from the heap, for any number
+// of effects. The whole panel runs, without a screen.
 
 #include "bench/FastPanel.h"
 #include "tests/support/CountedAllocations.h"
@@ -67,6 +67,25 @@ TEST_P(PassBudget, OfAQuietPassIsOneReadAndNoMemory)
     const std::uint64_t around = effects() == 0 ? 7 + 2 * 2 : 7 + 2 * 7;
     for (int pass = 0; pass < 3; ++pass)
         EXPECT_EQ(costOfPass(), (Cost{around + callsOfRead(effects()), 0, 0})) << "pass " << pass;
+}
+
+// For each effect four reads of 22 calls, four for its match name and eleven to hide it.
+TEST_P(PassBudget, OfARenameInTheHostIsFourReads)
+{
+    if (effects() == 0)
+        return;
+    panel.host.Rename(0, "another name");
+    EXPECT_EQ(costOfPass().calls, static_cast<std::uint64_t>(76 + 103 * effects()));
+}
+
+// For each effect three reads, two questions for its identity of six calls each, three to keep its place, and
+// the same for the selection.
+TEST_P(PassBudget, OfARenameInTheTreeIsThreeReads)
+{
+    if (effects() == 0)
+        return;
+    panel.RenameInTree(0, "another name");
+    EXPECT_EQ(costOfPass().calls, static_cast<std::uint64_t>(98 + 96 * effects()));
 }
 
 TEST_P(PassBudget, IsFreeOfMemoryTwoPassesAfterAChange)

@@ -1,5 +1,5 @@
-// What runs over every effect at every idle takes no memory from the heap. The host's tables are written by hand,
-// since the stand-in's own book-keeping allocates.
+// What runs over every effect at every idle takes no memory from the heap. The host's tables are written by
+// hand, since the stand-in's own book-keeping allocates.
 
 #include "effects/EffectMessages.h"
 #include "effects/ObjectItem.h"

@@ -1,8 +1,8 @@
 #pragma once
 // Counts what a piece of code takes from the heap. A program that links the source file has its operator new
-// replaced; one that is linked with the options of `counted-allocations` has malloc and its kin counted as well,
-// which is where JUCE's arrays come from. What a shared library takes for itself is not seen.
-// Only the calling thread is counted: JUCE's timers have one of their own.
+// replaced; one that is linked with the options of `counted-allocations` has malloc and its kin counted as
+// well, which is where JUCE's arrays come from. What a shared library takes for itself is not seen. Only the
+// calling thread is counted: JUCE's timers have one of their own.
 
 #include <cstddef>
 

@@ -36,7 +36,8 @@ FocusWatch::Focus FocusWatch::Find()
 /// The former window may have gone; the server's complaint about that is dropped like all others.
 void FocusWatch::watch(Window window)
 {
-    const auto isForeign = [this](Window other) {
+    const auto isForeign = [this](Window other)
+    {
         return other != None && other != PointerRoot && other != DefaultRootWindow(display) &&
                !IsTreeWindow(other);
     };

@@ -1,7 +1,7 @@
 #pragma once
 // Which window has the keyboard. The windows outside the panel belong to others, and no event tells everybody
-// where the focus has gone. So the window that has it is asked to tell when it loses it, and nobody has to ask
-// the server at every idle.
+// where the focus has gone. So the window that has it is asked to tell when it loses it, and nobody has to
+// ask the server at every idle.
 
 #include <X11/Xlib.h>
 
@@ -17,8 +17,8 @@ public:
     /// `display` must outlive the object, or be null by the time it is told to stop.
     explicit FocusWatch(Display* display);
 
-    /// Asks the server. If the focus goes elsewhere afterwards, an event comes over the connection. Windows of
-    /// JUCE tell of it anyway, and the root is left to RawPresses.
+    /// Asks the server. If the focus goes elsewhere afterwards, an event comes over the connection. Windows
+    /// of JUCE tell of it anyway, and the root is left to RawPresses.
     Focus Find();
 
     /// Whether events come at all: the extension that sends them may be missing.

@@ -14,8 +14,7 @@ void RawPresses::select(Telling telling) const
     if (opcode < 0)
         return;
     if (telling == Telling::on)
-        SelectInputEvents(display, DefaultRootWindow(display),
-                          {XI_RawButtonPress, XI_FocusIn, XI_FocusOut});
+        SelectInputEvents(display, DefaultRootWindow(display), {XI_RawButtonPress, XI_FocusIn, XI_FocusOut});
     else
         SelectInputEvents(display, DefaultRootWindow(display), {});
 }
