@@ -5,6 +5,7 @@
 #include <absl/hash/internal/city.h>
 
 #include <memory>
+#include <utility>
 
 namespace standin
 {

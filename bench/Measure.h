@@ -1,6 +1,7 @@
 #pragma once
 // One measurement: what something costs, beside its floor. The two take turns, so that whatever else the
-// machine does falls on both, and the medians are compared.
+// machine does falls on both, and the least of each is compared: a long sample is interrupted more often than
+// a short one.
 
 #include "tests/support/CountedAllocations.h"
 

@@ -23,7 +23,7 @@ private:
     juce::String text;
 };
 
-/// A tree view on the desktop with nothing around it.
+/// A tree view with nothing around it, on the desktop if it has a window.
 class BareTree
 {
 public:
@@ -31,7 +31,8 @@ public:
     {
         view.setBounds(bounds);
         view.setVisible(true);
-        view.addToDesktop(0, window);
+        if (window != nullptr)
+            view.addToDesktop(0, window);
     }
     ~BareTree() { view.deleteRootItem(); }
 
@@ -113,6 +114,21 @@ void registerTable(const std::shared_ptr<Scene>& scene, int count)
             store();
         });
 }
+
+/// The same of two trees without a window, so that no server is asked anything on either side.
+void registerWithoutWindow(FastPanel& panel, int count)
+{
+    const juce::Rectangle<int> bounds = panel.Tree().treeView.getBounds();
+    const auto bare = std::make_shared<BareTree>(nullptr, bounds);
+    const std::shared_ptr<ValueTreesDemo> tree(CreateTreeWidget(false), &DeleteTreeWidget);
+    tree->setBounds(panel.Tree().getBounds());
+    const auto items = std::make_shared<std::vector<ObjectItem>>(MadeUpItems(count));
+    Measurement rebuild = {"Rebuild", "tree without a window", count, {}, {}, Calls::none};
+    rebuild.subject = {[tree, items] { RefreshTree(tree.get(), *items); }};
+    rebuild.floor = {[bare, items] { bare->Build(*items); }};
+    rebuild.samples = count > 1000 ? 21 : 101;
+    Register(panel.host, rebuild);
+}
 } // namespace
 
 void RegisterTree(FastPanel& panel, void* window)
@@ -126,7 +142,10 @@ void RegisterTree(FastPanel& panel, void* window)
         rebuild.floor = {[scene] { scene->bare->Build(scene->items); }};
         rebuild.samples = count > 1000 ? 21 : 101;
         Register(panel.host, rebuild);
-        registerTable(scene, count);
     }
+    for (const int count : {10, 100, 1000, 10000})
+        registerWithoutWindow(panel, count);
+    for (const int count : {10, 100, 1000, 10000})
+        registerTable(std::make_shared<Scene>(panel, count, bare), count);
 }
 } // namespace standin

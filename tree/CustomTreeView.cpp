@@ -35,12 +35,12 @@ const char* refusedCommand(const juce::KeyPress& key)
 // What JUCE leaves behind the start of the row that stands furthest to the right.
 constexpr int roomBehindIndent = 50;
 
-int widestIndent(const juce::TreeViewItem& row)
+int levelsBelow(const juce::TreeViewItem& row)
 {
-    int widest = row.getItemPosition(false).getX();
+    int levels = 0;
     for (int i = 0; i < row.getNumSubItems(); ++i)
-        widest = std::max(widest, widestIndent(*row.getSubItem(i)));
-    return widest;
+        levels = std::max(levels, 1 + levelsBelow(*row.getSubItem(i)));
+    return levels;
 }
 
 ValueTreeItem* getTreeItemByUUID(ValueTreeItem* row, std::string uuid)
@@ -227,7 +227,8 @@ void CustomTreeView::scrollNow(juce::Point<int> viewPosition)
     {
         // The bar at the side has come meanwhile, and JUCE would make room for it with the next message.
         auto* rows = getViewport()->getViewedComponent();
-        const int width = widestIndent(*root) + roomBehindIndent;
+        const int widestIndent = root->getItemPosition(false).getX() + levelsBelow(*root) * getIndentSize();
+        const int width = widestIndent + roomBehindIndent;
         rows->setSize(std::max(getViewport()->getMaximumVisibleWidth(), width), rows->getHeight());
     }
     getViewport()->setViewPosition(viewPosition);
