@@ -61,7 +61,7 @@ std::string describeMachine()
 
 std::string timeText(double nanoseconds)
 {
-    constexpr std::array<const char*, 3> units = {"ns", "us", "ms"};
+    constexpr std::array<const char*, 3> units = {"ns", "µs", "ms"};
     std::size_t unit = 0;
     for (; unit + 1 < units.size() && nanoseconds >= 1000; ++unit)
         nanoseconds /= 1000;
