@@ -103,30 +103,70 @@ std::unique_ptr<juce::XmlElement> currentState(ValueTreesDemo& tree)
 
 void restoreOpenness(const juce::XmlElement&, juce::TreeViewItem&);
 
+bool isRow(const juce::XmlElement& element)
+{
+    return element.hasTagName(openTag) || element.hasTagName(closedTag);
+}
+
+/// What is left of rows and elements once those that stand at one place under one name have found each other.
+struct Unmatched
+{
+    std::vector<juce::TreeViewItem*> rows;
+    std::vector<const juce::XmlElement*> elements;
+    std::vector<juce::String> names; ///< Of both. Their rows and elements may be shifted from here on.
+
+    /// With many of them there is no use in looking.
+    bool isTouched(const juce::String& name) const
+    {
+        constexpr std::size_t most = 8;
+        return names.size() > most || std::find(names.begin(), names.end(), name) != names.end();
+    }
+};
+
+Unmatched matchInPlace(const juce::XmlElement& parent, juce::TreeViewItem& row)
+{
+    Unmatched left;
+    const auto* next = parent.getFirstChildElement();
+    for (int i = 0; i < row.getNumSubItems() || next != nullptr; ++i)
+    {
+        auto* subRow = row.getSubItem(i);
+        const auto* element = next != nullptr && isRow(*next) ? next : nullptr;
+        next = next != nullptr ? next->getNextElement() : nullptr;
+        const juce::String name = subRow != nullptr ? subRow->getUniqueName() : juce::String();
+        if (subRow != nullptr && element != nullptr && element->getStringAttribute(idAttribute) == name &&
+            !left.isTouched(name))
+        {
+            restoreOpenness(*element, *subRow);
+            continue;
+        }
+        if (subRow != nullptr)
+        {
+            left.rows.push_back(subRow);
+            left.names.push_back(name);
+        }
+        if (element != nullptr)
+        {
+            left.elements.push_back(element);
+            left.names.push_back(element->getStringAttribute(idAttribute));
+        }
+    }
+    return left;
+}
+
 /// Each row takes the first element of its name that is left; a row that the document has never seen stays
-/// as it is. Rows and elements that stand in one order, which is the rule, are not searched for.
+/// as it is.
 void restoreSubRows(const juce::XmlElement& parent, juce::TreeViewItem& row)
 {
+    const Unmatched left = matchInPlace(parent, row);
     std::unordered_map<juce::String, std::vector<const juce::XmlElement*>> waiting; // The first one last.
-    const auto* next = parent.getFirstChildElement();
-    const auto isRow = [](const juce::XmlElement* element)
-    { return element->hasTagName(openTag) || element->hasTagName(closedTag); };
-    int i = 0;
-    for (; i < row.getNumSubItems() && next != nullptr && isRow(next) &&
-           next->getStringAttribute(idAttribute) == row.getSubItem(i)->getUniqueName();
-         ++i, next = next->getNextElement())
-        restoreOpenness(*next, *row.getSubItem(i));
-    for (; next != nullptr; next = next->getNextElement())
-        if (isRow(next))
-            waiting[next->getStringAttribute(idAttribute)].push_back(next);
-    for (auto& [name, elements] : waiting)
-        std::reverse(elements.begin(), elements.end());
-    for (; i < row.getNumSubItems(); ++i)
+    for (auto element = left.elements.rbegin(); element != left.elements.rend(); ++element)
+        waiting[(*element)->getStringAttribute(idAttribute)].push_back(*element);
+    for (auto* subRow : left.rows)
     {
-        const auto seen = waiting.find(row.getSubItem(i)->getUniqueName());
+        const auto seen = waiting.find(subRow->getUniqueName());
         if (seen == waiting.end() || seen->second.empty())
             continue;
-        restoreOpenness(*seen->second.back(), *row.getSubItem(i));
+        restoreOpenness(*seen->second.back(), *subRow);
         seen->second.pop_back();
     }
 }
