@@ -47,7 +47,7 @@ std::string describeMachine()
     (void)uname(&system);
     std::ostringstream text;
     text << "Measured on " << today() << " on " << processorName() << ", "
-         << std::thread::hardware_concurrency() << " processors, " << system.sysname << " " << system.release
+         << std::thread::hardware_concurrency() << " processors, " << system.sysname << " "
          << " " << system.machine << ", compiled by "
 #ifdef __clang__
          << "clang "
