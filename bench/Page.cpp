@@ -48,7 +48,7 @@ std::string describeMachine()
     std::ostringstream text;
     text << "Measured on " << today() << " on " << processorName() << ", "
          << std::thread::hardware_concurrency() << " processors, " << system.sysname << " "
-         << " " << system.machine << ", compiled by "
+         << system.machine << ", compiled by "
 #ifdef __clang__
          << "clang "
 #else
