@@ -47,8 +47,8 @@ std::string describeMachine()
     (void)uname(&system);
     std::ostringstream text;
     text << "Measured on " << today() << " on " << processorName() << ", "
-         << std::thread::hardware_concurrency() << " processors, " << system.sysname << " " << system.release
-         << " " << system.machine << ", compiled by "
+         << std::thread::hardware_concurrency() << " processors, " << system.sysname << " " << system.machine
+         << ", compiled by "
 #ifdef __clang__
          << "clang "
 #else
