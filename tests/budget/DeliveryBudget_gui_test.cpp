@@ -5,7 +5,7 @@
 #include "standin/x11/XHostWindow.h"
 #include "standin/x11/Xvfb.h"
 #include "tests/support/CountedAllocations.h"
-#include "tree/TreeX11.h"
+#include "tree/platform/x11/TreeX11.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "panel/platform/x11/FocusWatch.h"
 
 #include "panel/platform/x11/InputExtension.h"
-#include "tree/TreeX11.h"
+#include "tree/platform/x11/TreeX11.h"
 
 namespace
 {
