@@ -41,7 +41,7 @@ function(make_sdk)
     link(${header} ${sdk}/usr/include/${name})
   endforeach()
 
-  foreach(framework AppKit Cocoa Foundation IOKit Metal MetalKit QuartzCore WebKit)
+  foreach(framework AppKit Cocoa Foundation IOKit Metal MetalKit QuartzCore Security WebKit)
     set(folder System/Library/Frameworks/${framework}.framework)
     library(${folder}/${framework}.tbd /${folder}/${framework})
   endforeach()
@@ -85,7 +85,7 @@ function(preset_values result)
   set(${result} "${options}" PARENT_SCOPE)
 endfunction()
 
-# configure_for_macos(FOLDER JUCE OPTION...)
+# configure_for_macos(FOLDER JUCE OPTION...): what CMake says stands in the caller's variable `output`.
 function(configure_for_macos folder juce)
   make_sdk()
   make_tools()
@@ -119,6 +119,7 @@ function(configure_for_macos folder juce)
   if(NOT result EQUAL 0)
     message(FATAL_ERROR "It does not configure for macOS:\n${output}")
   endif()
+  set(output "${output}" PARENT_SCOPE)
 endfunction()
 
 # commands_of(TARGET FOLDER RESULT): all that would be run for the target, a command in each line.

@@ -3,8 +3,8 @@
 #include "tests/standin_programs/ProgramRun.h"
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
+#include <optional>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -18,7 +18,6 @@ namespace
 using Words = std::vector<std::string>;
 
 constexpr const char* classPrefix = "_OBJC_CLASS_$_";
-constexpr const char* initialiserPrefix = "__GLOBAL__sub_I_";
 
 /// What one of LLVM's tools prints, as words by lines.
 std::vector<Words> linesOf(const std::string& tool, const std::vector<std::string>& arguments)
@@ -106,28 +105,41 @@ std::vector<std::string> symbolsIn(const Words& line)
     return symbols;
 }
 
-bool isOwn(const std::string& symbol) { return !IsFromCppLibraries(symbol) && symbol != "___cxa_atexit"; }
+/// Not what an initialiser calls to be run once, and to have the variable destroyed at the end.
+bool isOwn(const std::string& symbol)
+{
+    return !IsFromCppLibraries(symbol) && symbol != "___cxa_atexit" && symbol != "___cxa_guard_acquire" &&
+           symbol != "___cxa_guard_release";
+}
 
-/// The sources whose initialisers name something that is neither JUCE's nor the C++ library's, and the count
-/// of all initialisers.
+/// What a line of the disassembly begins, if that is the initialiser of a source's variables or of one inline
+/// variable: the source, or the initialiser itself.
+std::optional<std::string> initialiserBegunBy(const std::string& label)
+{
+    const std::string ofSource = "__GLOBAL__sub_I_";
+    if (label.rfind(ofSource, 0) == 0)
+        return label.substr(ofSource.size());
+    if (label.rfind("___cxx_global_var_init", 0) == 0)
+        return label;
+    return std::nullopt;
+}
+
+/// The initialisers that name something that is neither JUCE's nor the C++ library's, and the count of all.
 std::pair<std::vector<std::string>, std::size_t> initialisersIn(const std::vector<Words>& disassembly)
 {
     std::pair<std::set<std::string>, std::size_t> found;
-    std::string source;
+    std::optional<std::string> current;
     for (const Words& line : disassembly)
     {
-        const bool isLabel = line.size() == 1 && line.front().back() == ':';
-        if (isLabel)
-            source = line.front().rfind(initialiserPrefix, 0) == 0
-                         ? line.front().substr(std::strlen(initialiserPrefix),
-                                               line.front().size() - std::strlen(initialiserPrefix) - 1)
-                         : "";
-        if (source.empty())
-            continue;
-        found.second += isLabel ? 1 : 0;
-        for (const std::string& symbol : symbolsIn(line))
-            if (isOwn(symbol))
-                found.first.insert(source);
+        if (line.size() == 1 && line.front().back() == ':')
+        {
+            current = initialiserBegunBy(line.front().substr(0, line.front().size() - 1));
+            found.second += current ? 1 : 0;
+        }
+        else if (current)
+            for (const std::string& symbol : symbolsIn(line))
+                if (isOwn(symbol))
+                    found.first.insert(*current);
     }
     return {{found.first.begin(), found.first.end()}, found.second};
 }
