@@ -4,10 +4,12 @@
 
 #include "effects/ObjectItem.h"
 #include "tree/CustomTreeView.h"
+#include "tree/DocumentWatch.h"
 #include "tree/Keyboard.h"
 #include "tree/NotifyLabel.h"
-#include "tree/PanelBase.h"
+#include "tree/PanelKeys.h"
 #include "tree/SimpleButton.h"
+#include "tree/platform/Platform.h"
 
 #include <string>
 #include <vector>
@@ -32,6 +34,7 @@ public:
     ~ValueTreesDemo() override;
 
     void mouseDown(const juce::MouseEvent&) override;
+    bool keyPressed(const juce::KeyPress&) override;
     void paint(juce::Graphics&) override;
     void resized() override;
     void dragOperationStarted(const juce::DragAndDropTarget::SourceDetails&) override;
@@ -59,6 +62,7 @@ public:
     void showToolbar(Toolbar);
 
     CustomTreeView treeView;
+    DocumentWatch documentWatch;
     SimpleButton geometryButton;
     SimpleButton effectorButton;
     SimpleButton rendererButton;
@@ -70,6 +74,7 @@ public:
     std::vector<int> keysToBeAdded; ///< oldest first, waiting for the next idle pass
     bool toolbarHidden;
     NotifyLabel notifyLabel;
+    PanelKeys panelKeys;
 
 private:
     std::vector<SimpleButton*> buttons();

@@ -28,6 +28,23 @@ demand("${exports}" "^_EffectorAEGP\n_PanelEntryPointFunc\n$")
 file(READ ${WORK}/whole/bundle/cmake_install.cmake installation)
 demand("${installation}" "REMOVE_RECURSE [^\n]*/VortanObjectPanel.plugin.*file\\(INSTALL DESTINATION")
 
+# The later generation of JUCE, as far as a build asks for it: its files, with nothing in them.
+set(later ${WORK}/later-juce)
+foreach(module core events data_structures graphics gui_basics gui_extra)
+  file(MAKE_DIRECTORY ${later}/modules/juce_${module}/system)
+  file(TOUCH ${later}/modules/juce_${module}/juce_${module}.h ${later}/modules/juce_${module}/juce_${module}.mm)
+endforeach()
+file(TOUCH ${later}/modules/juce_core/juce_core_CompilationTime.cpp
+  ${later}/modules/juce_graphics/juce_graphics_Harfbuzz.cpp ${later}/modules/juce_graphics/juce_graphics_Sheenbidi.c)
+file(WRITE ${later}/modules/juce_core/system/juce_StandardHeader.h
+  "#define JUCE_MAJOR_VERSION      8\n#define JUCE_MINOR_VERSION      0\n#define JUCE_BUILDNUMBER        12\n")
+configure_for_macos(${WORK}/later ${later})
+demand("${output}" "JUCE 8\\.0\\.12 in ${later}\n")
+commands_of(VortanObjectPanel-signed ${WORK}/later commands)
+foreach(file juce_graphics.mm juce_graphics_Harfbuzz.cpp juce_graphics_Sheenbidi.c juce_core_CompilationTime.cpp)
+  demand("${commands}" " -c [^\n]*/${file}\n")
+endforeach()
+
 configure_for_macos(${WORK}/split ${JUCE} -DVORTAN_SPLIT_BUNDLES=ON "-DVORTAN_SIGNING_IDENTITY=Developer ID")
 commands_of(VortanIdleSuite-signed ${WORK}/split commands)
 demand("${commands}" "-o VortanIdleSuite.plugin/Contents/MacOS/VortanIdleSuite ")

@@ -1,21 +1,17 @@
 #define JUCE_GUI_BASICS_INCLUDE_XHEADERS 1
 
-#include "tree/TreeX11.h"
+#include "tree/platform/x11/TreeX11.h"
 
 #include "tree/ValueTreesDemo.h"
-
-#include <juce_events/native/juce_linux_EventLoopInternal.h>
+#include "tree/platform/x11/HostLoop.h"
+#include "tree/platform/x11/JuceInternals.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <poll.h>
 #include <utility>
-
-namespace juce
-{
-// JUCE's own plug-in wrappers declare it in this way; no header does.
-extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
-} // namespace juce
+#include <vector>
 
 namespace
 {
@@ -35,6 +31,63 @@ int pendingForJuce(Display* display)
         (void)XEventsQueued(display, QueuedAfterFlush);
     return std::exchange(eventsForJuce, 0);
 }
+
+/// The widget's window while it lies in a container. No window manager gives such a window a state.
+Window embeddedWindow = None;
+
+/// Stands in for XGetWindowProperty. JUCE looks for that state twice for each row that it lays out, and each
+/// look would be a question to the server.
+int propertyForJuce(Display* display, Window window, Atom property, long offset, long length,
+                    Bool shouldDelete, Atom wanted, Atom* type, int* format, unsigned long* count,
+                    unsigned long* left, unsigned char** data)
+{
+    const auto* windows = juce::XWindowSystem::getInstanceWithoutCreating();
+    if (window != embeddedWindow || windows == nullptr || property != windows->getAtoms().state)
+        return XGetWindowProperty(display, window, property, offset, length, shouldDelete, wanted, type,
+                                  format, count, left, data);
+    *type = None;
+    *format = 0;
+    *count = 0;
+    *left = 0;
+    *data = nullptr;
+    return Success;
+}
+
+/// What JUCE waits at for messages: the descriptors of its event loop, among them the connection to the
+/// server.
+class MessageDescriptors : private juce::LinuxEventLoopInternal::Listener, private juce::DeletedAtShutdown
+{
+public:
+    MessageDescriptors()
+    {
+        juce::LinuxEventLoopInternal::registerLinuxEventLoopListener(*this);
+        fdCallbacksChanged();
+    }
+    ~MessageDescriptors() override
+    {
+        juce::LinuxEventLoopInternal::deregisterLinuxEventLoopListener(*this);
+        clearSingletonInstance();
+    }
+    JUCE_DECLARE_SINGLETON_SINGLETHREADED(MessageDescriptors, false)
+
+    bool isAnyReady(int other)
+    {
+        for (pollfd& descriptor : descriptors)
+            descriptor.events = descriptor.fd == other ? 0 : POLLIN;
+        return poll(descriptors.data(), descriptors.size(), 0) > 0;
+    }
+
+private:
+    void fdCallbacksChanged() override
+    {
+        descriptors.clear();
+        for (const int descriptor : juce::LinuxEventLoopInternal::getRegisteredFds())
+            descriptors.push_back({descriptor, POLLIN, 0});
+    }
+
+    std::vector<pollfd> descriptors;
+};
+JUCE_IMPLEMENT_SINGLETON(MessageDescriptors)
 
 /// The component that JUCE itself hands the next key to.
 juce::Component& juceTarget(ValueTreesDemo& tree)
@@ -59,15 +112,11 @@ juce::Component* pictureOfDrag(ValueTreesDemo& tree)
     return nullptr;
 }
 
-/// The component that the next key belongs to. The panel's keys are the tree's whatever else of the panel
-/// has the focus, also after a click on a button.
+/// The component that the next key belongs to.
 juce::Component& keyTarget(ValueTreesDemo& tree)
 {
-    if (auto* picture = pictureOfDrag(tree))
-        return *picture; // It takes Escape.
-    juce::Component& target = juceTarget(tree);
-    const bool isInPanel = &target == &tree || tree.isParentOf(&target);
-    return isInPanel && !tree.treeView.isParentOf(&target) ? tree.treeView : target;
+    auto* picture = pictureOfDrag(tree);
+    return picture != nullptr ? *picture : juceTarget(tree); // The picture takes Escape.
 }
 
 /// Takes the key that JUCE makes of an event away from JUCE, which does not tell whether it was used.
@@ -94,19 +143,6 @@ public:
 private:
     juce::Component::SafePointer<juce::Component> listened;
 };
-
-/// As JUCE does it, from the component up through its parents.
-KeyUse offerKey(juce::Component& first, const juce::KeyPress& key)
-{
-    juce::Component::SafePointer<juce::Component> target(&first);
-    while (target != nullptr)
-    {
-        if (target->keyPressed(key) || target == nullptr)
-            return KeyUse::used;
-        target = target->getParentComponent();
-    }
-    return KeyUse::unused;
-}
 
 /// Lets the attachment ride on the component, which lets it go when it is deleted.
 struct AttachmentHolder : juce::ReferenceCountedObject
@@ -147,16 +183,30 @@ void DeliverTreeEvent(const _XEvent& event)
     juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd(ConnectionNumber(display));
 }
 
+bool AreTreeMessagesWaiting()
+{
+    Display* display = GetTreeDisplay();
+    return juce::MessageManager::getInstanceWithoutCreating() != nullptr &&
+           MessageDescriptors::getInstance()->isAnyReady(display != nullptr ? ConnectionNumber(display) : -1);
+}
+
 void RunTreeMessages()
 {
+    RunWhatWaitsForHost();
     // Without a message manager JUCE would wait here for ever.
     if (juce::MessageManager::getInstanceWithoutCreating() == nullptr)
         return;
-    for (int i = 0; i < mostMessageRounds && juce::dispatchNextMessageOnSystemQueue(true); ++i)
+    for (int i = 0; i < mostMessageRounds && DispatchJuceMessages(); ++i)
     {
     }
     if (Display* display = GetTreeDisplay())
         XFlush(display);
+}
+
+void NoteTreeIsEmbedded(ValueTreesDemo* tree)
+{
+    embeddedWindow = GetTreeWindow(tree);
+    juce::X11Symbols::getInstance()->xGetWindowProperty = &propertyForJuce;
 }
 
 unsigned long GetTreeWindow(ValueTreesDemo* tree)
@@ -204,7 +254,9 @@ KeyUse HandleTreeKey(ValueTreesDemo* tree, const _XEvent& keyEvent)
         DeliverTreeEvent(event);
         key = catcher.caught;
     }
-    return event.type == keyPressType && key.has_value() ? offerKey(keyTarget(*tree), *key) : KeyUse::unused;
+    if (event.type != keyPressType || !key.has_value())
+        return KeyUse::unused;
+    return OfferKey(keyTarget(*tree), *key, nullptr) ? KeyUse::used : KeyUse::unused;
 }
 
 void DismissTreeMenus() { (void)juce::PopupMenu::dismissAllActiveMenus(); }

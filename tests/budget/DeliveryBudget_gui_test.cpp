@@ -1,0 +1,66 @@
+// What the idle hook may cost on X11 while nobody does anything: no request to the server, and nothing from
+// the heap.
+
+#include "bench/FastPanel.h"
+#include "standin/x11/XHostWindow.h"
+#include "standin/x11/Xvfb.h"
+#include "tests/support/CountedAllocations.h"
+#include "tree/TreeX11.h"
+
+#include <gtest/gtest.h>
+
+#include <X11/Xlib.h>
+#include <unistd.h>
+
+namespace standin
+{
+namespace
+{
+class DeliveryBudget : public testing::TestWithParam<FastHost::Panel>
+{
+protected:
+    DeliveryBudget()
+    {
+        panel.ShowLayer(10);
+        panel.host.Set(GetParam());
+        settle();
+    }
+
+    /// Painting waits for JUCE's timers, and the server's answers to that come later still.
+    void settle()
+    {
+        constexpr int passes = 60;
+        constexpr int betweenPasses = 10000;
+        for (int i = 0; i < passes; ++i)
+        {
+            usleep(betweenPasses);
+            panel.Idle();
+        }
+    }
+
+    static unsigned long requests() { return XNextRequest(GetTreeDisplay()); }
+
+    Xvfb server{600, 600};
+    XHostWindow window{10, 10, 400, 500};
+    FastPanel panel{window.handle()};
+};
+} // namespace
+
+TEST_P(DeliveryBudget, IsNoRequestAndNoMemory)
+{
+    const unsigned long before = requests();
+    const Taken taken = TakenBy(
+        [this]
+        {
+            for (int pass = 0; pass < 100; ++pass)
+                panel.Idle();
+        });
+    EXPECT_EQ(requests(), before);
+    EXPECT_EQ(taken.allocations, 0u);
+    EXPECT_EQ(taken.bytes, 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Panels, DeliveryBudget,
+                         testing::Values(FastHost::Panel::hidden, FastHost::Panel::background,
+                                         FastHost::Panel::frontmost));
+} // namespace standin
