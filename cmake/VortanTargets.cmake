@@ -28,8 +28,13 @@ if(VORTAN_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_C_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
 endif()
 
+# Whoever builds the bundle with a compiler that nobody here has tried gets its warnings and the bundle.
+option(VORTAN_WARNINGS_ARE_ERRORS "Stop at the first warning of the compiler in this project's sources" OFF)
 add_library(vortan-warnings INTERFACE)
-target_compile_options(vortan-warnings INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
+target_compile_options(vortan-warnings INTERFACE -Wall -Wextra -Wshadow -Wconversion)
+if(VORTAN_WARNINGS_ARE_ERRORS)
+  target_compile_options(vortan-warnings INTERFACE -Werror)
+endif()
 
 # vortan_build_for_proof(): what proves the product is not what users get. In this folder and below it is
 # compiled for the shortest time of compiling and running together.

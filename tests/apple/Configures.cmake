@@ -1,54 +1,10 @@
-# Configures the project as for macOS, with an empty SDK, and looks at what would be run: nothing is
-# compiled. Keeps the parts of the build that no Linux build enters from breaking unseen.
-#   cmake -DSOURCE=... -DWORK=... -DCLANG=... -DCLANGXX=... -DJUCE=... -DNINJA=...
-#     -DGTEST=... -DABSL=... -P MacosConfigure.cmake
-
-set(sdk ${WORK}/MacOSX.sdk)
+# Looks at what a Mac would run to build the project in each of its forms: nothing is compiled. The parameters are
+# those of ForMacos.cmake, and
+#   JUCE GTEST ABSL    the folder that holds JUCE's modules, and those of the packages that the tests need
+include(${CMAKE_CURRENT_LIST_DIR}/ForMacos.cmake)
 file(REMOVE_RECURSE ${WORK})
-file(MAKE_DIRECTORY ${sdk}/usr/lib ${sdk}/System/Library/Frameworks)
 
-# demand(TEXT PATTERN): the text must match the regular expression.
-function(demand text pattern)
-  if(NOT text MATCHES "${pattern}")
-    message(FATAL_ERROR "Nothing matches ${pattern} in:\n${text}")
-  endif()
-endfunction()
-
-function(configure_for_macos folder)
-  execute_process(
-    COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${folder} -G Ninja
-      -DCMAKE_MAKE_PROGRAM=${NINJA}
-      -DCMAKE_SYSTEM_NAME=Darwin
-      -DCMAKE_SYSTEM_PROCESSOR=arm64
-      -DCMAKE_OSX_SYSROOT=${sdk}
-      "-DCMAKE_OSX_ARCHITECTURES=x86_64;arm64"
-      -DCMAKE_OSX_DEPLOYMENT_TARGET=10.15
-      -DCMAKE_INSTALL_NAME_TOOL=/bin/true
-      -DCMAKE_TRY_COMPILE_TARGET_TYPE=STATIC_LIBRARY
-      -DCMAKE_C_COMPILER=${CLANG} -DCMAKE_C_COMPILER_WORKS=1
-      -DCMAKE_CXX_COMPILER=${CLANGXX} -DCMAKE_CXX_COMPILER_WORKS=1
-      -DCMAKE_OBJCXX_COMPILER=${CLANGXX} -DCMAKE_OBJCXX_COMPILER_WORKS=1
-      -DPKG_CONFIG_EXECUTABLE=/bin/false -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON
-      -DCMAKE_BUILD_TYPE=Release
-      -DVORTAN_JUCE_DIR=${JUCE}
-      ${ARGN}
-    RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT result EQUAL 0)
-    message(FATAL_ERROR "It does not configure for macOS:\n${output}")
-  endif()
-  set(output "${output}" PARENT_SCOPE)
-endfunction()
-
-function(commands_of target folder variable)
-  execute_process(COMMAND ${NINJA} -C ${folder} -t commands ${target}
-    OUTPUT_VARIABLE commands RESULT_VARIABLE result)
-  if(NOT result EQUAL 0)
-    message(FATAL_ERROR "There is no target ${target}")
-  endif()
-  set(${variable} "${commands}" PARENT_SCOPE)
-endfunction()
-
-configure_for_macos(${WORK}/whole -DBUILD_TESTING=OFF
+configure_for_macos(${WORK}/whole ${JUCE}
   -DCMAKE_DISABLE_FIND_PACKAGE_CLI11=ON -DCMAKE_DISABLE_FIND_PACKAGE_nlohmann_json=ON)
 commands_of(VortanObjectPanel-signed ${WORK}/whole commands)
 demand("${commands}" "-arch x86_64 -arch arm64 [^\n]*-mmacosx-version-min=10.15")
@@ -63,6 +19,9 @@ string(REPLACE "${SOURCE}" "" paths "${commands}")
 string(REPLACE "${WORK}" "" paths "${paths}")
 if(paths MATCHES "x11|X11|freetype|GNUstep")
   message(FATAL_ERROR "A part that macOS does not have is built for it: ${CMAKE_MATCH_0}")
+endif()
+if(commands MATCHES "-Werror")
+  message(FATAL_ERROR "A warning of a compiler that nobody here has tried would stop the build")
 endif()
 file(READ ${WORK}/whole/bundle/VortanObjectPanel/exports.txt exports)
 demand("${exports}" "^_EffectorAEGP\n_PanelEntryPointFunc\n$")
@@ -79,14 +38,14 @@ file(TOUCH ${later}/modules/juce_core/juce_core_CompilationTime.cpp
   ${later}/modules/juce_graphics/juce_graphics_Harfbuzz.cpp ${later}/modules/juce_graphics/juce_graphics_Sheenbidi.c)
 file(WRITE ${later}/modules/juce_core/system/juce_StandardHeader.h
   "#define JUCE_MAJOR_VERSION      8\n#define JUCE_MINOR_VERSION      0\n#define JUCE_BUILDNUMBER        12\n")
-configure_for_macos(${WORK}/later -DBUILD_TESTING=OFF -DVORTAN_JUCE_DIR=${later})
+configure_for_macos(${WORK}/later ${later})
 demand("${output}" "JUCE 8\\.0\\.12 in ${later}\n")
 commands_of(VortanObjectPanel-signed ${WORK}/later commands)
 foreach(file juce_graphics.mm juce_graphics_Harfbuzz.cpp juce_graphics_Sheenbidi.c juce_core_CompilationTime.cpp)
   demand("${commands}" " -c [^\n]*/${file}\n")
 endforeach()
 
-configure_for_macos(${WORK}/split -DBUILD_TESTING=OFF -DVORTAN_SPLIT_BUNDLES=ON "-DVORTAN_SIGNING_IDENTITY=Developer ID")
+configure_for_macos(${WORK}/split ${JUCE} -DVORTAN_SPLIT_BUNDLES=ON "-DVORTAN_SIGNING_IDENTITY=Developer ID")
 commands_of(VortanIdleSuite-signed ${WORK}/split commands)
 demand("${commands}" "-o VortanIdleSuite.plugin/Contents/MacOS/VortanIdleSuite ")
 demand("${commands}" "write-resource [^\n]*/VortanIdleSuite.rsrc EffectorAEGP\n")
@@ -94,7 +53,7 @@ demand("${commands}" "codesign --force --options runtime --timestamp --sign \"De
 commands_of(VortanObjectPanel-signed ${WORK}/split commands)
 demand("${commands}" "write-resource [^\n]*/VortanObjectPanel.rsrc PanelEntryPointFunc\n")
 
-configure_for_macos(${WORK}/tests -DBUILD_TESTING=ON -DGTest_DIR=${GTEST} -Dabsl_DIR=${ABSL})
+configure_for_macos(${WORK}/tests ${JUCE} -DBUILD_TESTING=ON -DGTest_DIR=${GTEST} -Dabsl_DIR=${ABSL})
 commands_of(all ${WORK}/tests commands)
 demand("${commands}" "-o bundle-test ")
 demand("${commands}" "-o items-test ")
