@@ -11,15 +11,16 @@ namespace standin
 namespace
 {
 /// An architecture, the oldest macOS that the bundle is for on it, and what is done at loading: the names of
-/// the tree's properties are made. The disassembler does not see that for Apple silicon, where it names
-/// functions alone.
+/// the tree's properties, and of what JUCE stores of a tree view's state, are made. The disassembler does not
+/// see that for Apple silicon, where it names functions alone.
 struct Expected
 {
     const char* architecture;
     const char* oldestSystem;
     const char* initialisers;
 };
-constexpr Expected expectedSlices[] = {{"x86_64", "10.15", "TreeModel.cpp"}, {"arm64", "11.0", "nothing"}};
+constexpr Expected expectedSlices[] = {{"x86_64", "10.15", "TreeModel.cpp TreeStateTable.cpp"},
+                                       {"arm64", "11.0", "nothing"}};
 
 const std::vector<std::string> expectedExports = {"_EffectorAEGP", "_PanelEntryPointFunc"};
 const std::vector<std::string> expectedClasses = {"VortanPluginView", "VortanSurfaceView"};
@@ -63,6 +64,7 @@ bool isFromSystem(const std::string& symbol)
         "_free",
         "_fwrite",
         "_malloc",
+        "_memchr",
         "_memcmp",
         "_memcpy",
         "_memmove",
