@@ -290,7 +290,17 @@ private:
     ModelNode copyOfDocument()
     {
         ids.clear();
-        return copyOf(root()->getNode());
+        ModelNode copy = copyOf(root()->getNode());
+        copyOpenness(*root(), copy);
+        return copy;
+    }
+
+    static void copyOpenness(const ValueTreeItem& row, ModelNode& copy)
+    {
+        copy.isOpen = row.isOpen();
+        for (int i = 0; i < row.getNumSubItems(); ++i)
+            copyOpenness(*dynamic_cast<ValueTreeItem*>(row.getSubItem(i)),
+                         copy.children[static_cast<std::size_t>(i)]);
     }
 
     /// From the top. Ids are those of the last copy.

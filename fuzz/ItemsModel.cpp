@@ -114,8 +114,8 @@ bool renameFirst(ModelNode& node, const std::string& uuid, const std::string& na
         node.name = name;
         return true;
     }
-    return std::any_of(node.children.begin(), node.children.end(),
-                       [&](ModelNode& child) { return renameFirst(child, uuid, name); });
+    return node.isOpen && std::any_of(node.children.begin(), node.children.end(),
+                                      [&](ModelNode& child) { return renameFirst(child, uuid, name); });
 }
 } // namespace
 

@@ -25,6 +25,7 @@ struct ModelNode
     std::string name;
     int group = -1;
     int active = 0;
+    bool isOpen = true; ///< Not compared.
     std::vector<ModelNode> children;
 
     bool operator==(const ModelNode& other) const;
@@ -45,6 +46,6 @@ void MoveNodes(ModelNode& root, const std::vector<int>& ids, int target, int pla
 /// Behind the last group. Nothing happens if all numbers are in use.
 void AddGroup(ModelNode& root);
 
-/// Gives the first node with this identity its name.
+/// Gives the first node with this identity its name, of those that no closed node hides.
 void RenameFirst(ModelNode& root, const std::string& uuid, const std::string& name);
 } // namespace standin

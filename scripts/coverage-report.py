@@ -20,7 +20,7 @@ FOLDERS = ["host", "effects", "panel", "panel/platform", "tree"]
 
 
 def folder_of(path):
-    return max((f for f in FOLDERS if path.startswith(f + "/")), key=len)
+    return max((f for f in FOLDERS if path.startswith(f + "/")), key=len, default=None)
 
 
 def read_lines(path):
@@ -91,11 +91,11 @@ def share(reached, total):
 
 def main():
     lines, branches, accepted = read_lines(sys.argv[1]), read_branches(sys.argv[2]), read_accepted(sys.argv[3])
-    if not lines:
+    if not any(map(folder_of, lines)):
         sys.exit("no line of the product was measured")
     figures = {folder: [0, 0, 0, 0] for folder in FOLDERS}
     missing, met = [], set()
-    for path in sorted(lines):
+    for path in sorted(path for path in lines if folder_of(path)):
         figure = figures[folder_of(path)]
         figure[0] += sum(1 for count in lines[path].values() if count)
         figure[1] += len(lines[path])

@@ -133,6 +133,7 @@ TEST_F(ProjectFileTest, ABadFileIsRefusedInClearWords)
     EXPECT_EQ(Complaint("{\n \"format\": \"stand-in project\",\n oops}"),
               "p.json: this is no JSON from line 3 on");
     EXPECT_EQ(Complaint(""), "p.json: this is no JSON from line 1 on");
+    EXPECT_EQ(Complaint(R"({"version": 1e999})"), "p.json: a number is too large for JSON");
     EXPECT_EQ(Complaint("[]"), "p.json: an object in braces belongs here");
     EXPECT_EQ(Complaint("{}"), "p.json: the field \"format\" is missing");
     EXPECT_EQ(Complaint(R"({"format": "x"})"), "p.json: format: this is no project of the stand-in host");
