@@ -94,8 +94,8 @@ std::vector<int> FieldReader::Ids(const char* field)
 {
     std::vector<int> ids;
     for (const nlohmann::json& value : list(field))
-        ids.push_back(static_cast<int>(integer(value, placeOf(field) + "[" + std::to_string(ids.size()) + "]",
-                                               1, highestId)));
+        ids.push_back(static_cast<int>(
+            integer(value, placeOf(field) + "[" + std::to_string(ids.size()) + "]", 1, highestId)));
     return ids;
 }
 
