@@ -11,7 +11,7 @@ namespace standin
 {
 namespace
 {
-constexpr auto patience = std::chrono::seconds(5);
+constexpr auto timeout = std::chrono::seconds(5);
 
 Step stepFrom(const std::string& line)
 {
@@ -84,7 +84,7 @@ void PanelScene::Expect(const std::string& line)
     std::string found = step.phrase->check(*this, step.arguments);
     if (!found.empty() && held == IdleHeld::no)
         (void)session.IdleUntil([&] { return (found = step.phrase->check(*this, step.arguments)).empty(); },
-                                patience);
+                                timeout);
     trial.Require(found.empty(), line + ": " + found);
 }
 
@@ -122,7 +122,7 @@ void PanelScene::RequireAgreement()
     std::vector<std::string> expected;
     for (const PanelRow& row : RowsOfStack())
         expected.push_back(RowText(row));
-    (void)session.IdleUntil([&] { return RowTexts() == expected; }, patience);
+    (void)session.IdleUntil([&] { return RowTexts() == expected; }, timeout);
     trial.RequireLines(RowTexts(), expected, "the rows of the panel");
 }
 } // namespace standin

@@ -17,7 +17,7 @@ using Texts = std::vector<std::string>;
 constexpr const char* writingFunctions[] = {"AEGP_ApplyEffect",    "AEGP_ReorderEffect",
                                             "AEGP_SetEffectFlags", "AEGP_DeleteLayerEffect",
                                             "AEGP_SetStreamName",  "AEGP_DuplicateEffect"};
-constexpr auto patience = std::chrono::seconds(3);
+constexpr auto timeout = std::chrono::seconds(3);
 
 std::string listed(const Texts& texts)
 {
@@ -220,7 +220,7 @@ std::string Walker::compareRows()
         return "";
     const Texts wanted = textsOf(state.model.Rows());
     const auto agree = [&] { return textsOf(stage.Rows()) == wanted; };
-    if (stage.session.IdleUntil(agree, patience))
+    if (stage.session.IdleUntil(agree, timeout))
         return "";
     return difference("the panel's rows", wanted, textsOf(stage.Rows()));
 }

@@ -86,7 +86,7 @@ bool Tour::writeCalls()
     return folder.getChildFile("calls.txt").replaceWithText(theme::Text(calls));
 }
 
-void Tour::print(const std::string& text) { bench.Printed().PrintBehind(text); }
+void Tour::print(const std::string& text) { bench.Printed().WriteToTerminal(text); }
 
 Shown Tour::now()
 {

@@ -94,7 +94,7 @@ void Session::End()
 
 void Session::collect()
 {
-    for (std::string& line : output.Take())
+    for (std::string& line : output.TakeLines())
         printed.push_back(std::move(line));
     for (std::string& call : host.CallTexts())
         calls.push_back(std::move(call));

@@ -3,9 +3,9 @@
 // X window, the user's hands, and the host's idle. One session lives at a time, and a process has one bundle.
 
 #include "standin/core/Host.h"
+#include "standin/process/CapturedOutput.h"
 #include "standin/session/Bundle.h"
 #include "standin/session/Dock.h"
-#include "standin/session/PrintedLines.h"
 #include "standin/x11/Xvfb.h"
 
 #include <chrono>
@@ -95,7 +95,7 @@ private:
     void letGoOfModifiers();
     void avoidDoubleClick() const;
 
-    PrintedLines output;
+    process::CapturedOutput output;
     std::vector<std::string> printed;
     std::vector<std::string> calls;
     std::vector<std::string> hostKeys;

@@ -2,8 +2,9 @@
 // An X server of a test's own, without a screen. It takes a free display number by itself, so that any
 // number of tests can run at a time.
 
+#include "standin/process/Child.h"
+
 #include <string>
-#include <sys/types.h>
 
 namespace standin
 {
@@ -23,7 +24,7 @@ public:
     const std::string& displayName() const { return display; }
 
 private:
-    pid_t process = -1;
+    process::Child server;
     std::string display;
 };
 } // namespace standin

@@ -4,7 +4,6 @@
 #include "effects/LayerItems.h"
 #include "standin/faults/Sweep.h"
 #include "tests/panel/PanelTest.h"
-#include "tests/support/OutputCapture.h"
 
 #include <algorithm>
 #include <memory>
@@ -115,9 +114,8 @@ void expectRecovery(Scenario& scenario)
 /// Without a record of its own, since the sweep counts the calls of the trace.
 void runPass(Scenario& scenario)
 {
-    OutputCapture::Start();
+    const process::CapturedOutput printed;
     scenario.result = scenario.host.RunIdle();
-    (void)OutputCapture::Stop();
 }
 
 bool lacksASuiteToDisposeWith(Scenario& scenario)
@@ -164,22 +162,22 @@ void checkPass(Scenario& scenario, const SweptFault& fault)
     EXPECT_EQ(scenario.host.FindingsReport(), "");
 }
 
-TEST(IdlePassFaults, AQuietPassOutlivesTheFailureOfEachOfItsCalls)
+TEST(IdlePassFaults, AQuietPassSurvivesEachFailedCall)
 {
     EXPECT_EQ(SweepFaults(&atRest, &runPass, &checkPass), 87u);
 }
 
-TEST(IdlePassFaults, TheFirstPassOutlivesTheFailureOfEachOfItsCalls)
+TEST(IdlePassFaults, AFirstPassSurvivesEachFailedCall)
 {
     EXPECT_GT(SweepFaults(&beforeTheFirstPass, &runPass, &checkPass), 400u);
 }
 
-TEST(IdlePassFaults, APassOverAnEditedTreeOutlivesTheFailureOfEachOfItsCalls)
+TEST(IdlePassFaults, AnEditsPassSurvivesEachFailedCall)
 {
     EXPECT_GT(SweepFaults(&withAnEditedTree, &runPass, &checkPass), 400u);
 }
 
-TEST(IdlePassFaults, APassWithAddsAndDeletesOutlivesTheFailureOfEachOfItsCalls)
+TEST(IdlePassFaults, AddsAndDeletesSurviveEachFailedCall)
 {
     EXPECT_GT(SweepFaults(&withAddsAndDeletes, &runPass, &checkPass), 400u);
 }

@@ -3,7 +3,6 @@
 #include "standin/core/HostParts.h"
 #include "standin/faults/Sweep.h"
 #include "tests/panel/PanelTest.h"
-#include "tests/support/OutputCapture.h"
 
 #include <memory>
 
@@ -34,7 +33,7 @@ protected:
     std::unique_ptr<PanelBench> bench;
 };
 
-TEST_F(PanelatorFault, WithoutACommandAllIsSetUpButThePanelSuiteIsNotPublished)
+TEST_F(PanelatorFault, WithoutACommandThePanelSuiteIsUnpublished)
 {
     LoadWith(
         [](Host& host)
@@ -67,11 +66,10 @@ TEST(PanelatorWithoutCommand, SaysSoAtOnce)
     on.host.Expect(finding::unknownCommand, "AEGP_InsertMenuCommand", "goes on with the command 0");
     on.host.Faults().FailFunction("AEGP_GetUniqueCommand");
     std::string flushed;
-    OutputCapture::Start();
-    TreeLog().sink = [&](const std::string&) { flushed = OutputCapture::Flushed(); };
+    const process::CapturedOutput printed;
+    TreeLog().sink = [&](const std::string&) { flushed = printed.FlushedText(); };
     const LoadedPlugin loaded = on.host.Load(&PanelEntryPointFunc);
     TreeLog() = {};
-    (void)OutputCapture::Stop();
     EXPECT_EQ(flushed, "Command Not Found\n") << "seen by the user interface's start already";
     auto* plugin = static_cast<Panelator*>(loaded.globalRefcon);
     on.host.RunInHook(
@@ -97,7 +95,7 @@ class PanelatorWithoutSuite : public PanelatorFault,
 {
 };
 
-TEST_P(PanelatorWithoutSuite, IsLeftByTheNumberAndUnwindsWhatItHad)
+TEST_P(PanelatorWithoutSuite, ThrowsItsNumberAndUnwinds)
 {
     const auto& [suite, how] = GetParam();
     LoadWith(
@@ -128,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(
                        ::testing::Values(Withheld::asError, Withheld::asNullTable,
                                          Withheld::asPoisonedPointer)));
 
-TEST_F(PanelatorFault, WithoutThePanelSuiteOfTheHostNothingIsRegistered)
+TEST_F(PanelatorFault, WithoutTheHostsPanelSuiteNothingIsRegistered)
 {
     LoadWith(
         [](Host& host)
@@ -248,7 +246,7 @@ void checkLoading(Loading& loading, const SweptFault& fault)
     EXPECT_EQ(loading.host.FindingsReport(), "");
 }
 
-TEST(PanelatorFaults, TheEntryPointOutlivesTheFailureOfEachOfItsCalls)
+TEST(PanelatorFaults, TheEntryPointSurvivesEachFailedCall)
 {
     EXPECT_EQ(SweepFaults([] { return std::make_unique<Loading>(); }, &load, &checkLoading), 13u);
 }

@@ -242,7 +242,7 @@ TEST_F(AHeldPress, MakesNoDoubleClickOfTwoObjects)
     EXPECT_EQ(shape(), "Layer(a b Group 2*(f) Group 1(c))");
 }
 
-TEST_F(AHeldPress, MakesNoDoubleClickOfTwoGroupsOfOneNumber)
+TEST_F(AHeldPress, MakesNoDoubleClickOfTwinGroups)
 {
     show({object(1, "a", 1), object(2, "b", 2)});
     node("Group 2").setProperty(TreeIds::group, 1, nullptr);

@@ -56,7 +56,7 @@ void Workbench::Collect(const std::string& origin)
 {
     calls.Add(origin, host.CallTexts());
     host.ClearTrace();
-    for (const std::string& line : printed.Take())
+    for (const std::string& line : printed.TakeLines())
         messages.Add(MessageKind::printed, line);
     const std::vector<Alert>& alerts = host.Alerts();
     for (; alertsTaken < alerts.size(); ++alertsTaken)
