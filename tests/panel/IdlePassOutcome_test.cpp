@@ -28,7 +28,7 @@ TEST_F(PassOutcome, NothingChangedSoNothingHappens)
     EXPECT_EQ(pass.printed, "");
 }
 
-TEST_F(PassOutcome, APassThatCannotEvenBeginKeepsNoOtherOut)
+TEST_F(PassOutcome, AFailedBeginKeepsNoOtherPassOut)
 {
     host.Expect(finding::exceptionLeftHook, "", "there is no basic suite to ask");
     SPBasicSuite* const basic = std::exchange(bench.Inbox().basicSuite, nullptr);
