@@ -242,6 +242,19 @@ TEST_F(AHeldPress, MakesNoDoubleClickOfTwoObjects)
     EXPECT_EQ(shape(), "Layer(a b Group 2*(f) Group 1(c))");
 }
 
+TEST_F(AHeldPress, MakesNoDoubleClickWithOneOnNoRow)
+{
+    show({object(1, "a", 1)});
+    place = placeOf({Part::text, "Group 1"});
+    show({});
+    press(place);
+    letGo();
+    show({object(1, "a", 1)});
+    press(place);
+    finish();
+    EXPECT_EQ(shape(), "Layer(Group 1*(a))");
+}
+
 TEST_F(AHeldPress, MakesNoDoubleClickOfTwinGroups)
 {
     show({object(1, "a", 1), object(2, "b", 2)});
