@@ -1,5 +1,7 @@
 #include "standin/desktop/TourMenus.h"
 
+#include <JuceText.h>
+
 #include <stdexcept>
 #include <thread>
 
@@ -25,7 +27,7 @@ int TourMenus::middleOf(const std::string& menu)
             int left = 0;
             for (const char* name : {"File", "Edit", "Effect", "Window", "Siblings"})
             {
-                const int width = theme::Body().getStringWidth(name) + 2 * theme::margin + 4;
+                const int width = TextWidth(theme::Body(), name) + 2 * theme::margin + 4;
                 if (name == menu)
                     return left + width / 2;
                 left += width;

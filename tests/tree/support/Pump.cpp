@@ -1,14 +1,9 @@
 #include "tests/tree/support/Pump.h"
 
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "tree/platform/x11/JuceInternals.h"
 
 #include <chrono>
 #include <thread>
-
-namespace juce
-{
-extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
-}
 
 namespace
 {
@@ -22,7 +17,7 @@ namespace standin
 void pump()
 {
     for (int i = 0; i < mostMessages; ++i)
-        if (!juce::dispatchNextMessageOnSystemQueue(true))
+        if (!DispatchJuceMessages())
             return;
 }
 
