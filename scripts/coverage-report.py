@@ -16,7 +16,7 @@ import json
 import os
 import sys
 
-FOLDERS = ["host", "effects", "panel", "panel/platform", "tree"]
+FOLDERS = ["host", "effects", "panel", "panel/platform", "tree", "tree/platform"]
 
 
 def folder_of(path):

@@ -1,8 +1,8 @@
 // What the widget is asked on X11, without an X server and without a widget.
 
 #include "tests/tree/support/TreeTest.h"
-#include "tree/Keyboard.h"
-#include "tree/TreeX11.h"
+#include "tree/platform/Platform.h"
+#include "tree/platform/x11/TreeX11.h"
 
 #include <X11/Xlib.h>
 #include <gtest/gtest.h>
