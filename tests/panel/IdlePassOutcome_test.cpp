@@ -35,7 +35,7 @@ TEST_F(PassOutcome, AFailedBeginKeepsNoOtherPassOut)
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.result.thrownNumber, 516);
     bench.Inbox().basicSuite = basic;
-    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()}));
+    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
 }
 
 TEST_F(PassOutcome, AChangedTreeStatePushesTheSelection)
