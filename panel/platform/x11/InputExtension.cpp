@@ -17,7 +17,7 @@ void SelectInputEvents(Display* display, Window window, std::initializer_list<in
 {
     unsigned char bits[XIMaskLen(XI_LASTEVENT)] = {};
     for (const int event : events)
-        XISetMask(bits, event);
+        bits[event >> 3] = static_cast<unsigned char>(bits[event >> 3] | 1 << (event & 7));
     XIEventMask mask = {XIAllMasterDevices, sizeof bits, bits};
     (void)XISelectEvents(display, window, &mask, 1);
 }
