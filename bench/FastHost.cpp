@@ -69,8 +69,8 @@ void noteCall(int call)
         waitAMicrosecond();
 }
 
-/// Every function of the host begins with this. A call is known by its line, so all of them are in this one file,
-/// which is long for that reason.
+/// Every function of the host begins with this. A call is known by its line, so all of them are in this one
+/// file, which is long for that reason.
 inline void enter(int call)
 {
     ++state.calls;
