@@ -72,7 +72,7 @@ EffectInstance& simulated(Stage& stage, const std::string& name)
 void putIntoGroup(Stage& stage, const std::string& name, int group)
 {
     const EffectInstance& found = effect(stage, name);
-    stage.host().Parts().BehaviourOf(found).OnGroupChosen({stage.host(), found.id},
+    stage.host().Parts().project.BehaviourOf(found).OnGroupChosen({stage.host(), found.id},
                                                           static_cast<std::int16_t>(group), Undoable::no);
 }
 
@@ -88,7 +88,7 @@ void installModule(Stage& stage, const std::string& file)
 void uninstall(Stage& stage, const std::string& name)
 {
     const std::string matchName = stage.Installed(name).matchName;
-    auto& installed = stage.host().Parts().installed;
+    auto& installed = stage.host().Parts().project.installed;
     installed.erase(std::find_if(installed.begin(), installed.end(),
                                  [&](const InstalledEffect& entry) { return entry.matchName == matchName; }));
 }

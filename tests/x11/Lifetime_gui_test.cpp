@@ -199,12 +199,12 @@ protected:
     void callIdleHooks()
     {
         HostParts& parts = host.Parts();
-        for (const auto& hook : parts.hooks.idle)
+        for (const auto& hook : parts.plugins.hooks.idle)
         {
             A_long sleep = 2;
             (void)RunHook(
                 parts, {HookKind::ordinary, hook.pluginId, "IdleHook"},
-                [&] { return hook.hook(parts.hooks.globalRefcons[hook.pluginId], hook.refcon, &sleep); });
+                [&] { return hook.hook(parts.plugins.hooks.globalRefcons[hook.pluginId], hook.refcon, &sleep); });
         }
     }
 };
