@@ -2,7 +2,7 @@
 
 #include "standin/checks/CheckReport.h"
 #if STANDIN_HAS_SCREEN
-#include "standin/session/Session.h"
+#include "standin/x11/Xvfb.h"
 #endif
 
 #include <csignal>
@@ -46,7 +46,7 @@ Word judge(const CheckBook& book, const std::string& id, Trial& trial, std::stri
         return Word::failed;
     }
 #if STANDIN_HAS_SCREEN
-    catch (const Session::DisplayMissing& missing)
+    catch (const DisplayMissing& missing)
     {
         found = missing.what();
         return Word::noDisplay;

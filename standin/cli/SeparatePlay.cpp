@@ -52,7 +52,7 @@ int play(const std::vector<Step>& steps, PlayOptions options, Board& board, Step
         put(board.message, sizeof board.message, outcome.failure);
         return outcome.IsWell() ? exit_code::well : exit_code::failed;
     }
-    catch (const Session::DisplayMissing& error)
+    catch (const DisplayMissing& error)
     {
         put(board.message, sizeof board.message, error.what());
         return exit_code::noDisplay;

@@ -14,13 +14,16 @@ const char* const desktopHelp =
     "  --effect FILE  installs the effect in a module, in place of the one of its match name; may come "
     "several times\n"
     "  --scale N      draws everything N times as large, from 0.5 to 4\n"
-    "  --tour FOLDER  plays the guided tour on a screen of its own and leaves pictures and the calls there\n"
+    "  --play FILE    plays a scenario on a screen of its own, in the desktop's windows\n"
+    "  --pictures FOLDER  for its pictures and the bundle's calls; the working directory if none is named\n"
     "  --record FILE  writes what you do, in the panel as well, as a scenario that `standin play` plays\n"
     "  --help         prints this\n"
     "\n"
-    "Exit codes: 0 all is well, 1 the tour or the host's end found what should not be, 2 wrong usage,\n"
-    "3 a file is not there, 4 a project cannot be understood, 5 the bundle or an effect is none or does not "
-    "start,\n"
+    "Exit codes: 0 all is well, 1 the scenario failed or the host's end found what should not be, 2 wrong "
+    "usage,\n"
+    "3 a file is not there, 4 a project or a scenario cannot be understood, 5 the bundle or an effect is "
+    "none "
+    "or does not start,\n"
     "8 there is no display, 9 the recording cannot be written.\n";
 
 namespace
@@ -53,8 +56,10 @@ DesktopArguments ReadArguments(const std::vector<std::string>& arguments)
             read.bundle = value();
         else if (argument == "--effect")
             read.effects.push_back(value());
-        else if (argument == "--tour")
-            read.tour = value();
+        else if (argument == "--play")
+            read.scenario = value();
+        else if (argument == "--pictures")
+            read.pictures = value();
         else if (argument == "--record")
             read.record = value();
         else if (argument == "--scale")

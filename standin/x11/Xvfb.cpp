@@ -75,7 +75,7 @@ Xvfb::Xvfb(int width, int height)
     const std::string number = readLine(fds[0]);
     (void)close(fds[0]);
     if (number.empty())
-        throw std::runtime_error("Xvfb did not start");
+        throw DisplayMissing("Xvfb did not start");
     display = ":" + number;
     (void)setenv("DISPLAY", display.c_str(), 1);
 }

@@ -64,7 +64,7 @@ TEST_F(ProgramTest, HelpNamesEveryOption)
     const Ending ending = Run("--help");
     EXPECT_EQ(ending.exitCode, 0);
     for (const char* option :
-         {"--bundle", "--effect", "--scale", "--tour", "--record", "--help", "Exit codes"})
+         {"--bundle", "--effect", "--scale", "--play", "--pictures", "--record", "--help", "Exit codes"})
         EXPECT_THAT(ending.output, HasSubstr(option));
     EXPECT_THAT(ending.errors, IsEmpty());
 }
@@ -86,7 +86,7 @@ TEST_F(ProgramTest, WithoutADisplayItEndsWithEight)
     const Xvfb server(64, 64);
     const Ending ending = Run("");
     EXPECT_EQ(ending.exitCode, 8);
-    EXPECT_EQ(ending.errors, "standin-desktop: there is no display; --tour plays on a screen of its own\n");
+    EXPECT_EQ(ending.errors, "standin-desktop: there is no display; --play has a screen of its own\n");
 }
 
 TEST_F(ProgramTest, AFileThatIsMissingOrWrongIsNamedAndHasItsOwnExitCode)

@@ -18,7 +18,7 @@ public:
     /// Where the panel is on the screen, and whether it has the keyboard; asked for anew each time.
     struct View
     {
-        std::optional<ScreenArea> area; ///< Nothing while it cannot be seen.
+        std::optional<Area> area; ///< Nothing while it cannot be seen.
         bool hasKeyboard = false;
     };
 
@@ -40,7 +40,7 @@ private:
     void leaveMenu();
     void choose(int entry);
     void readMenu();
-    std::optional<ScreenArea> menu();
+    std::optional<Area> menu();
     void drop(const InputEvent& event, const std::string& name);
     void flushText();
     void flushClick();
