@@ -21,7 +21,7 @@ public:
     /// A code of exactly four characters, as in resource types and property keys.
     void AppendCode(const char (&code)[5]);
 
-    /// A length byte and the text behind it. Throws std::length_error beyond 255 characters.
+    /// A length byte followed by the text. Throws std::length_error beyond 255 characters.
     void AppendPascalString(const std::string& text);
 
 private:

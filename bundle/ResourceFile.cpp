@@ -54,7 +54,7 @@ void appendMap(BigEndianBytes& file, std::uint32_t dataSize, const char (&type)[
     appendHeader(file, dataSize, mapSize(resources));
     file.AppendZeros(8);
     file.Append16(mapHeaderSize);
-    file.Append16(mapSize(resources)); // The list of names is empty, and stands at the end.
+    file.Append16(mapSize(resources)); // The list of names is empty, at the end.
 
     file.Append16(1 - 1);
     file.AppendCode(type);

@@ -1,6 +1,6 @@
 # The loadable bundle: a module that exports its entry points and nothing else, and the folder tree in
 # which the host on macOS looks for it. On other systems the tree is complete but for the executable, and
-# the module stands beside it.
+# the module is next to it.
 
 set(VORTAN_MACOS_MINIMUM 10.15)
 if(APPLE AND CMAKE_OSX_DEPLOYMENT_TARGET)
@@ -72,7 +72,7 @@ function(vortan_export_lists folder)
     "{\n  global:\n    ${symbols};\n  local:\n    *;\n};\n" @ONLY)
 endfunction()
 
-# The seal comes last: nothing in the tree may change behind it.
+# The seal comes last: nothing in the tree may change after it.
 function(vortan_sign target tree)
   set(options)
   if(NOT VORTAN_SIGNING_IDENTITY STREQUAL "-")

@@ -77,7 +77,7 @@ struct AEGP_PanelSuite1
     A_Err (*AEGP_RegisterCreatePanelHook)(AEGP_PluginID, const A_u_char* matchName, AEGP_CreatePanelHook,
                                           AEGP_CreatePanelRefcon, A_Boolean paintBackground);
     ReservedSlot reserved1[2];
-    /// What a Window menu entry does: an absent panel is created and shown, one behind another tab
+    /// What a Window menu entry does: an absent panel is created and shown, one in the background
     /// comes to the front, one that is shown and frontmost is closed.
     A_Err (*AEGP_ToggleVisibility)(const A_u_char* matchName);
     A_Err (*AEGP_IsShown)(const A_u_char* matchName, A_Boolean* tabIsShown, A_Boolean* panelIsFrontmost);
@@ -100,7 +100,7 @@ struct AEGP_LayerSuite1
     A_Err (*AEGP_GetLayerParentComp)(AEGP_LayerH, AEGP_CompH*);
     ReservedSlot reserved6[27];
     /// This version of the table has one time conversion, here; later versions have one for each
-    /// direction, with the layer-to-comp one behind it. Slot 34 of this version is something else
+    /// direction, with the layer-to-comp one second. Slot 34 of this version is something else
     /// with a narrower result and would hand an effect a broken time.
     A_Err (*AEGP_ConvertLayerToCompTime)(AEGP_LayerH, const A_Time* in, A_Time* out);
     ReservedSlot reserved34[1];
@@ -178,7 +178,7 @@ struct AEGP_DynamicStreamSuite2
     ReservedSlot reserved16[1];
 };
 
-/// Everything behind slot 0 stands one place further down than in AEGP_DynamicStreamSuite2.
+/// Every slot after 0 is shifted by one against AEGP_DynamicStreamSuite2.
 struct AEGP_DynamicStreamSuite4
 {
     ReservedSlot reserved0[6];
@@ -207,7 +207,7 @@ struct AEGP_UtilitySuite3
     ReservedSlot reserved7[18];
 };
 
-/// The undo group calls stand one place further down than in the older tables.
+/// The undo group calls are shifted by one against the older tables.
 struct AEGP_UtilitySuite5
 {
     A_Err (*AEGP_ReportInfo)(AEGP_PluginID, const A_char* text);

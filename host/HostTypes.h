@@ -1,6 +1,6 @@
 #pragma once
 // Scalars, handles and constants of the host's C interface, as far as this system uses them.
-// The host's own headers are not part of the build: what stands here is its binary interface.
+// The host's own headers are not part of the build: this declares its binary interface.
 
 #include <cstddef>
 #include <cstdint>
@@ -46,7 +46,7 @@ struct PF_App_Color
     A_u_short blue;
 };
 
-// Handles are pointers to pointers to structures of the host that nobody else looks into.
+// Handles are pointers to pointers to opaque structures of the host.
 // Effect and stream references belong to whoever was handed them, until they are disposed of.
 struct _AEGP_Layer;
 struct _AEGP_Effect;
@@ -61,7 +61,7 @@ using AEGP_ItemH = _AEGP_Item**;
 using AEGP_CompH = _AEGP_Comp**;
 using AEGP_PanelH = _AEGP_Panel*;
 
-// Values that a plug-in hands to the host and gets back unread.
+// Opaque values that a plug-in hands to the host and gets back.
 using AEGP_GlobalRefcon = void*;
 using AEGP_CommandRefcon = void*;
 using AEGP_UpdateMenuRefcon = void*;

@@ -72,9 +72,9 @@ enum
     VORTAN_GROUP_RIGID = -1,
     /// Stands at the top level. What a new effect answers.
     VORTAN_GROUP_TOP = 0,
-    /// From this to the last: stands in the group of this number. A group is nothing but its number.
+    /// From this to the last: the effect is in the group of this number. A group is nothing but its number.
     VORTAN_GROUP_FIRST = 1,
-    /// Any other number stands at the top level, and stays as it is.
+    /// Any other number means the top level, and is kept as it is.
     VORTAN_GROUP_LAST = 10
 };
 
@@ -128,7 +128,7 @@ VORTAN_ASSERT(offsetof(VortanMessage, command) == 4, command_is_at_4);
 VORTAN_ASSERT(offsetof(VortanMessage, payload) == 8, payload_is_at_8);
 VORTAN_ASSERT(offsetof(VortanMessage, reserved) == 24, reserved_is_at_24);
 
-// ---- The host's basic suite, through which the two others are had
+// ---- The host's basic suite, through which the two others are acquired
 
 /// The host's SPBasicSuite: cast the pointer that the host gave you. Only the first two slots are used here.
 /// A release belongs to every acquire, under the same name and version, in the same call of the host.
@@ -193,7 +193,7 @@ typedef struct VortanPanelSuite
     /// throws the integer 13 if the host has no suite for panels. With any other value it asks in any case.
     /// The panel's menu command is run then, and that toggles: a panel that is in front by then is closed.
     int (*OpenPanel)(VortanPanelRef* panelRef, unsigned char force);
-    /// Asks for its rows to be made anew, which is needed only for what no message and no name tells. While
+    /// Asks the panel to rebuild its rows, which is needed only for what no message and no name tells. While
     /// the panel is hidden the request is lost. A null `panelRef` crashes.
     int (*RefreshPanel)(VortanPanelRef* panelRef);
     /// Shows `text` over the panel for ten seconds. It is copied; the bytes are UTF-8. A second call before

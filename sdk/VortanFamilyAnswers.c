@@ -105,7 +105,7 @@ VortanIdentity VortanMakeIdentity(void)
     for (i = 0; i < 2; ++i)
         halves[i] ^= spread(moment + i);
     memcpy(identity.bytes, halves, sizeof identity.bytes);
-    // The marks of a random identity, as such texts bear them; with them it is never zero.
+    // The version and variant bits of a random UUID; with them it is never zero.
     identity.bytes[6] = (uint8_t)((identity.bytes[6] & 0x0f) | 0x40);
     identity.bytes[8] = (uint8_t)((identity.bytes[8] & 0x3f) | 0x80);
     return identity;

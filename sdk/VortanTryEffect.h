@@ -43,7 +43,7 @@ enum
 typedef struct VortanTryDescription
 {
     char matchName[48];   ///< With its terminating zero.
-    char defaultName[48]; ///< The name that an instance bears until the user gives it another.
+    char defaultName[48]; ///< The name of an instance until the user gives it another.
 } VortanTryDescription;
 
 #if defined(__GNUC__)

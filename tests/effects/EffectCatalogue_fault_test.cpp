@@ -140,7 +140,7 @@ TEST(CatalogueWhileTheHostFails, EveryCallOfFindingKeysInTurn)
               9u);
 }
 
-TEST(CatalogueWhileTheHostFails, EveryCallOfTheKeyOfAMatchNameInTurn)
+TEST(CatalogueWhileTheHostFails, FindsNoKeyAfterAnyFailedCall)
 {
     const auto check = [](SmallCatalogue& catalogue, const SweptFault& fault)
     {

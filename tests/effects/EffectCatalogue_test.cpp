@@ -10,7 +10,7 @@ namespace standin
 {
 // Finding the effects of a family.
 
-TEST_F(Catalogue, FindsTheEffectsOfAPrefixInTheHostsOrder)
+TEST_F(Catalogue, FindsAPrefixInTheHostsOrder)
 {
     Install(31, "QVK VORTSRC Solids");
     Install(11, "ADBE Fill");
@@ -37,7 +37,7 @@ TEST_F(Catalogue, AppendsToTheKeysThatAreThereAlready)
     EXPECT_THAT(keys, ElementsAre(5, 11, 11));
 }
 
-TEST_F(Catalogue, PrefixIsTestedWithoutAWordBoundaryAndWithCase)
+TEST_F(Catalogue, MatchesAPrefixByCaseIgnoringWordBoundaries)
 {
     Install(11, "QVK VORTAN");
     Install(12, "QVK VORTAN TWO");
@@ -57,7 +57,7 @@ TEST_F(Catalogue, NothingInstalledCostsTheCountAndNoWalk)
                 ElementsAre("Effect 1 AEGP_GetNumInstalledEffects() -> 0"));
 }
 
-TEST_F(Catalogue, CountThatFailsEndsTheSearchWithItsError)
+TEST_F(Catalogue, SearchEndsWithTheErrorOfTheCount)
 {
     Install(11, "QVK VORTSRC Lamps");
     host.Faults().FailFunction("AEGP_GetNumInstalledEffects", 1, FaultLength::once, 4);
@@ -77,7 +77,7 @@ TEST_F(Catalogue, WalkNeverStepsBehindTheLastEffect)
     EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 0);
 }
 
-TEST_F(Catalogue, StepThatFailsRepeatsTheLastGoodKeyToTheEndOfTheWalk)
+TEST_F(Catalogue, FailedStepRepeatsTheLastKey)
 {
     Install(11, "QVK VORTSRC Lamps");
     Install(12, "QVK VORTSRC Routes");
@@ -97,7 +97,7 @@ TEST_F(Catalogue, StepThatFailsRepeatsTheLastGoodKeyToTheEndOfTheWalk)
                             "Effect 1 AEGP_GetEffectMatchName(12) -> \"QVK VORTSRC Routes\""));
 }
 
-TEST_F(Catalogue, StepThatFailsIsNotTakenThoughTheHostNamesItsKey)
+TEST_F(Catalogue, FailedStepIgnoresTheKeyTheHostNames)
 {
     Install(11, "QVK VORTSRC Lamps");
     Install(12, "QVK VORTSRC Routes");
@@ -124,7 +124,7 @@ TEST_F(Catalogue, StepThatFailsIsNotTakenThoughTheHostNamesItsKey)
     EXPECT_EQ(key, 0);
 }
 
-TEST_F(Catalogue, FirstStepThatFailsAsksForTheNameOfNoEffectAndFindsNone)
+TEST_F(Catalogue, FailedFirstStepFindsNothing)
 {
     host.Expect("unknown-key", "AEGP_GetEffectMatchName", "the walk goes on at the key 0");
     Install(11, "QVK VORTSRC Lamps");
@@ -139,7 +139,7 @@ TEST_F(Catalogue, FirstStepThatFailsAsksForTheNameOfNoEffectAndFindsNone)
                             "Effect 1 AEGP_GetEffectMatchName(0) = 3"));
 }
 
-TEST_F(Catalogue, NameThatCannotBeReadIsPassedOverAndIsNoError)
+TEST_F(Catalogue, UnreadableNameIsSkippedWithoutError)
 {
     Install(11, "QVK VORTSRC Lamps");
     Install(12, "QVK VORTSRC Routes");
@@ -149,7 +149,7 @@ TEST_F(Catalogue, NameThatCannotBeReadIsPassedOverAndIsNoError)
     EXPECT_THAT(keys, ElementsAre(11, 13));
 }
 
-TEST_F(Catalogue, NameOf128CharactersWithoutAnEndIsReadSafely)
+TEST_F(Catalogue, UnterminatedNameOf128CharactersIsReadSafely)
 {
     InstalledEffect endless;
     endless.key = 11;
@@ -163,7 +163,7 @@ TEST_F(Catalogue, NameOf128CharactersWithoutAnEndIsReadSafely)
 
 // Finding one effect by its name.
 
-TEST_F(Catalogue, KeyOfAMatchNameIsTheFirstThatStartsWithItAndEndsTheWalk)
+TEST_F(Catalogue, KeyIsThatOfTheFirstMatchingPrefix)
 {
     Install(11, "ADBE Fill");
     Install(12, "QVK VORTAN TWO");
@@ -178,7 +178,7 @@ TEST_F(Catalogue, KeyOfAMatchNameIsTheFirstThatStartsWithItAndEndsTheWalk)
                                               "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
 }
 
-TEST_F(Catalogue, LegacyNameFindsTheMainEffectIfThatIsInstalledBeforeTheLegacyEffect)
+TEST_F(Catalogue, LegacyNameFindsAnEarlierMainEffect)
 {
     Install(12, "QVK VORTAN TWO");
     Install(11, "QVK VORTAN");
@@ -186,7 +186,7 @@ TEST_F(Catalogue, LegacyNameFindsTheMainEffectIfThatIsInstalledBeforeTheLegacyEf
     EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 12);
 }
 
-TEST_F(Catalogue, LegacyNameFindsTheLegacyEffectIfThatIsInstalledBeforeTheMainEffect)
+TEST_F(Catalogue, LegacyNameFindsAnEarlierLegacyEffect)
 {
     Install(11, "QVK VORTAN");
     Install(12, "QVK VORTAN TWO");
@@ -215,7 +215,7 @@ TEST_F(Catalogue, CountThatFailsGivesNoKey)
     EXPECT_EQ(KeyOf("QVK VORTAN TWO"), 0);
 }
 
-TEST_F(Catalogue, StepThatFailsInFrontOfTheEffectGivesNoKey)
+TEST_F(Catalogue, FailedStepBeforeTheEffectGivesNoKey)
 {
     Install(11, "ADBE Fill");
     Install(12, "QVK VORTAN TWO");
@@ -229,7 +229,7 @@ TEST_F(Catalogue, StepThatFailsInFrontOfTheEffectGivesNoKey)
                             "Effect 1 AEGP_GetEffectMatchName(11) -> \"ADBE Fill\""));
 }
 
-TEST_F(Catalogue, NameThatCouldNotBeReadIsReadAgainBehindAStepThatFails)
+TEST_F(Catalogue, UnreadableNameIsReadAgainAfterFailedStep)
 {
     Install(12, "QVK VORTAN TWO");
     Install(11, "ADBE Fill");

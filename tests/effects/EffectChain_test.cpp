@@ -89,7 +89,7 @@ TEST(EffectChain, RunsItsStepsInOrderUntilOneFails)
     EXPECT_THAT(product.host.CallTexts(), IsEmpty());
 }
 
-TEST(EffectChain, ThatStartsWithAnErrorMakesNoHostCall)
+TEST(EffectChain, ThatStartsWithAnErrorMakesNoCall)
 {
     ChainHost product;
     (void)product.Run(
@@ -102,7 +102,7 @@ TEST(EffectChain, ThatStartsWithAnErrorMakesNoHostCall)
     EXPECT_THAT(product.host.CallTexts(), IsEmpty());
 }
 
-TEST(EffectChain, GivesBackTheParameterStreamThenTheGroupStreamThenTheEffect)
+TEST(EffectChain, DisposesOfParameterThenGroupThenEffect)
 {
     ChainHost product;
     (void)product.Run(
@@ -115,7 +115,7 @@ TEST(EffectChain, GivesBackTheParameterStreamThenTheGroupStreamThenTheEffect)
             EXPECT_EQ(chain.groupStream, nullptr);
             EXPECT_EQ(chain.effect, nullptr);
         });
-    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -129,7 +129,7 @@ TEST(EffectChain, GivesBackOnceHoweverOftenItIsFinished)
             (void)chain.Finish();
             (void)chain.Finish();
         });
-    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -139,7 +139,7 @@ TEST(EffectChain, GivesBackWhenItIsDestroyedUnfinished)
     (void)product.Run(
         [&](EffectChain& chain)
         { chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream(); });
-    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -156,11 +156,11 @@ TEST(EffectChain, GivesBackWhenAStepThrows)
                 .Then([]() -> A_Err { throw 99; });
         });
     EXPECT_EQ(result.thrownNumber, 99);
-    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
-TEST(EffectChain, DisposesOfTheEffectByTheSuiteThatItWasTakenFrom)
+TEST(EffectChain, DisposesThroughTheSuiteItTookFrom)
 {
     ChainHost product;
     (void)product.Run(
@@ -175,7 +175,7 @@ TEST(EffectChain, DisposesOfTheEffectByTheSuiteThatItWasTakenFrom)
     product.ExpectCleanEnd();
 }
 
-TEST(EffectChain, DisposesOfTheEffectByTheSuiteThatWasNamedSince)
+TEST(EffectChain, DisposesThroughTheSuiteNamedLast)
 {
     ChainHost product;
     (void)product.Run(
@@ -207,7 +207,7 @@ TEST(EffectChain, GivesBackWhatItTookBeforeTheFailure)
     product.ExpectCleanEnd();
 }
 
-TEST(EffectChain, ReportsTheErrorOfDisposingOfTheEffectOnlyIfThereWasNoOther)
+TEST(EffectChain, ReportsTheDisposalsErrorOnlyIfFirst)
 {
     for (const A_Err stepError : {0, 5})
     {
@@ -237,7 +237,7 @@ TEST(EffectChain, IgnoresTheErrorsOfDisposingOfStreams)
     product.ExpectCleanEnd();
 }
 
-TEST(EffectChain, LeavesStreamsBehindOnlyIfTheirSuiteIsMissingAndGivesBackTheEffectAllTheSame)
+TEST(EffectChain, LeaksOnlyStreamsIfTheirSuiteIsMissing)
 {
     ChainHost product;
     product.host.Faults().Withhold("AEGP Stream Suite", 7);
@@ -253,12 +253,12 @@ TEST(EffectChain, LeavesStreamsBehindOnlyIfTheirSuiteIsMissingAndGivesBackTheEff
             ADD_FAILURE() << "516 was not thrown";
         });
     EXPECT_EQ(result.thrownNumber, 516);
-    EXPECT_EQ(product.CallsMade(), everythingTaken + Calls{"Effect 1 AEGP_DisposeEffect(effect A)"});
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, {"Effect 1 AEGP_DisposeEffect(effect A)"}}));
     product.host.CheckSuiteBalance();
     EXPECT_EQ(product.host.FindingsReport(), "");
 }
 
-TEST(EffectChain, LetsAnotherExceptionPassIfTheSuiteOfTheStreamsIsMissing)
+TEST(EffectChain, KeepsAnotherExceptionIfStreamSuiteIsMissing)
 {
     ChainHost product;
     product.host.Faults().Withhold("AEGP Stream Suite", 7);
@@ -277,7 +277,7 @@ TEST(EffectChain, LetsAnotherExceptionPassIfTheSuiteOfTheStreamsIsMissing)
     EXPECT_EQ(product.host.FindingsReport(), "");
 }
 
-TEST(EffectChain, GivesBackInOrderIfTheSuiteOfTheStreamsIsRefusedOnce)
+TEST(EffectChain, DisposesInOrderAfterOneRefusedStreamSuite)
 {
     ChainHost product;
     product.host.Faults().FailFunction("AcquireSuite", 4);
@@ -289,11 +289,11 @@ TEST(EffectChain, GivesBackInOrderIfTheSuiteOfTheStreamsIsRefusedOnce)
             (void)chain.Finish();
         });
     EXPECT_EQ(result.thrownNumber, 516);
-    EXPECT_EQ(product.CallsMade(), everythingTaken + everythingGivenBack);
+    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
-TEST(EffectChain, GivesBackTheEffectIfItsSuiteIsRefusedOnce)
+TEST(EffectChain, DisposesOfEffectAfterOneRefusedSuite)
 {
     ChainHost product;
     product.host.Faults().FailFunction("AcquireSuite", 2);

@@ -69,7 +69,7 @@ std::size_t placeOf(const Calls& clean, std::size_t ordinal)
 
 // Each call of one message fails.
 
-TEST(PingEffectIndex, ReportsTheFirstErrorSkipsWhatComesBehindAndDisposesOfTheEffect)
+TEST(PingEffectIndex, ReportsTheFirstErrorAndDisposes)
 {
     struct Row
     {
@@ -101,7 +101,7 @@ TEST(PingEffectIndex, ReportsTheFirstErrorSkipsWhatComesBehindAndDisposesOfTheEf
     }
 }
 
-TEST(PingEffectIndex, ReportsAnErrorOfTheHostForAnIndexOutsideTheStackToo)
+TEST(PingEffectIndex, ReportsTheHostsErrorForABadIndex)
 {
     for (const char* function : {"AEGP_ConvertLayerToCompTime", "AEGP_GetLayerNumEffects"})
     {
@@ -115,7 +115,7 @@ TEST(PingEffectIndex, ReportsAnErrorOfTheHostForAnIndexOutsideTheStackToo)
     }
 }
 
-TEST(PingEffectIndex, ReportsTheErrorOfTheEffectBeforeThatOfTheDisposal)
+TEST(PingEffectIndex, ReportsTheEffectsErrorBeforeTheDisposals)
 {
     PingFaults product;
     product.host.Effect("A").behaviour = FailsWith(12);
@@ -125,7 +125,7 @@ TEST(PingEffectIndex, ReportsTheErrorOfTheEffectBeforeThatOfTheDisposal)
     product.ExpectCleanEnd();
 }
 
-TEST(PingEffectIndex, ReportsTheErrorOfDisposingOfARefusedEffect)
+TEST(PingEffectIndex, ReportsTheDisposalsErrorForARefusedEffect)
 {
     PingFaults product;
     product.host.Effect("A").flags = 0;
@@ -136,7 +136,7 @@ TEST(PingEffectIndex, ReportsTheErrorOfDisposingOfARefusedEffect)
     product.ExpectCleanEnd();
 }
 
-TEST(PingEffectIndex, RefusesAnEffectWhoseRequiredFlagsCannotBeRead)
+TEST(PingEffectIndex, RefusesAnEffectWithUnreadableFlags)
 {
     PingFaults product;
     product.host.Faults().FailFunction("AEGP_GetEffectFlags", 1, FaultLength::once, 4);
@@ -202,7 +202,7 @@ void sweepGathering(Operation operation, Answers answers, const std::vector<std:
 }
 } // namespace
 
-TEST(GetEffectGroups, GivesMinusOneWhereAnyCallOfTheMessageFails)
+TEST(GetEffectGroups, GivesMinusOneWhereAnyCallFails)
 {
     sweepGathering(
         [](Gathering& scenario, AEGP_SuiteHandler* suites)
@@ -221,7 +221,7 @@ TEST(GetEffectGroups, GivesMinusOneWhereAnyCallOfTheMessageFails)
         {"1", "-1", "2"}, "-1");
 }
 
-TEST(GetEffectUUIDs, GivesTheZeroTextWhereAnyCallOfTheMessageFails)
+TEST(GetEffectUUIDs, GivesTheZeroTextWhereAnyCallFails)
 {
     sweepGathering(
         [](Gathering& scenario, AEGP_SuiteHandler* suites)
@@ -246,7 +246,7 @@ TEST(EffectMessages, TakeWhatAnEffectAnsweredBeforeItFailed)
     product.ExpectCleanEnd();
 }
 
-TEST(EffectMessages, TakeScribblesInTheAnswerForTheAnswerAndNoOthers)
+TEST(EffectMessages, AcceptScribblesOnlyInTheAnswer)
 {
     MessageHost product;
     product.host.Effect("A").behaviour = ScribblesAll();
@@ -257,7 +257,7 @@ TEST(EffectMessages, TakeScribblesInTheAnswerForTheAnswerAndNoOthers)
     product.ExpectCleanEnd();
 }
 
-TEST(EffectMessages, FindThePresetAnswersWhereAnEffectIsLateOrFailsOrThrows)
+TEST(EffectMessages, KeepPresetsIfAnEffectFailsOrThrows)
 {
     for (const auto& behaviour : {AnswersLate(2), FailsWith(4), Throws(13)})
     {

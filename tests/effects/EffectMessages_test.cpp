@@ -20,7 +20,7 @@ TEST(EffectMessage, IsSentAtTheStartOfTheLayer)
     EXPECT_EQ(word, 0x6400000000ULL);
 }
 
-TEST(EffectMessage, AsksForTheGroupWithMinusOneInItsPlace)
+TEST(EffectMessage, AsksForTheGroupWithMinusOne)
 {
     MessageHost product;
     const auto records = KeepRecordsOf(product, "A");
@@ -31,7 +31,7 @@ TEST(EffectMessage, AsksForTheGroupWithMinusOneInItsPlace)
                 ElementsAre(0x54, 0x52, 0x4F, 0x56, 1, 0, 0, 0, 0xFF, 0xFF));
 }
 
-TEST(EffectMessage, AsksForTheIdentityWithZerosInItsPlace)
+TEST(EffectMessage, AsksForTheIdentityWithZeros)
 {
     MessageHost product;
     const auto records = KeepRecordsOf(product, "A");
@@ -43,7 +43,7 @@ TEST(EffectMessage, AsksForTheIdentityWithZerosInItsPlace)
         ElementsAre(0x54, 0x52, 0x4F, 0x56, 5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
 }
 
-TEST(EffectMessage, TellsAGroupInARecordThatIsZeroBehindIt)
+TEST(EffectMessage, TellsAGroupInAnOtherwiseZeroRecord)
 {
     MessageHost product;
     const auto records = KeepRecordsOf(product, "A");
@@ -113,7 +113,7 @@ TEST(PingEffectIndex, SendsNothingToAnIndexOutsideTheStack)
     }
 }
 
-TEST(PingEffectIndex, LeavesARecordAloneThatTheEffectDoesNotKnow)
+TEST(PingEffectIndex, LeavesARecordTheEffectDoesNotKnow)
 {
     MessageHost product;
     VnEffectMessage message = MessageOf(VN_MSG_GET_GROUP);
@@ -124,7 +124,7 @@ TEST(PingEffectIndex, LeavesARecordAloneThatTheEffectDoesNotKnow)
     product.ExpectCleanEnd();
 }
 
-TEST(PingEffectIndex, SendsToAnEffectThatHasOneOfTheRequiredFlags)
+TEST(PingEffectIndex, SendsIfOneRequiredFlagIsSet)
 {
     MessageHost product;
     product.host.Effect("A").flags = 1 | 4;
@@ -140,7 +140,7 @@ TEST(PingEffectIndex, SendsToAnEffectThatHasOneOfTheRequiredFlags)
     product.ExpectCleanEnd();
 }
 
-TEST(PingEffectIndex, RefusesAnEffectWithoutTheRequiredFlagsAndDisposesOfItByTheOlderSuite)
+TEST(PingEffectIndex, RefusesWithoutTheFlagsAndDisposesThroughSuite1)
 {
     MessageHost product;
     product.host.Effect("A").flags = 4;
@@ -164,7 +164,7 @@ TEST(PingEffectIndex, RefusesAnEffectWithoutTheRequiredFlagsAndDisposesOfItByThe
     product.ExpectCleanEnd();
 }
 
-TEST(PingEffectIndex, WithoutRequiredFlagsSendsToAnEffectThatHasNone)
+TEST(PingEffectIndex, SendsToAnyIfNoFlagsAreRequired)
 {
     MessageHost product;
     product.host.Effect("A").flags = 0;
@@ -177,7 +177,7 @@ TEST(PingEffectIndex, WithoutRequiredFlagsSendsToAnEffectThatHasNone)
 
 // Asking.
 
-TEST(GetEffectGroups, GivesOneGroupForEachIndexInTheOrderAsked)
+TEST(GetEffectGroups, GivesOneGroupForEachIndexInOrder)
 {
     MessageHost product;
     product.host.Effect("A").family.group = 3;
@@ -186,14 +186,14 @@ TEST(GetEffectGroups, GivesOneGroupForEachIndexInTheOrderAsked)
     product.ExpectCleanEnd();
 }
 
-TEST(GetEffectGroups, GivesMinusOneForAnIndexOutsideTheStack)
+TEST(GetEffectGroups, GivesMinusOneForABadIndex)
 {
     MessageHost product;
     EXPECT_THAT(product.Groups({-1, 0, 3}), ElementsAre(-1, 0, -1));
     product.ExpectCleanEnd();
 }
 
-TEST(GetEffectGroups, GivesMinusOneForASwitchedOffEffectIfTheActiveFlagIsRequired)
+TEST(GetEffectGroups, GivesMinusOneForAnInactiveEffect)
 {
     MessageHost product;
     product.host.Effect("A").family.group = 3;
@@ -206,7 +206,7 @@ TEST(GetEffectGroups, GivesMinusOneForASwitchedOffEffectIfTheActiveFlagIsRequire
     product.ExpectCleanEnd();
 }
 
-TEST(GetEffectGroups, OfNoIndexMakesNoCallAndLeavesTheListAlone)
+TEST(GetEffectGroups, OfNoIndexMakesNoCall)
 {
     MessageHost product;
     std::vector<int> indices;
@@ -308,7 +308,7 @@ TEST(GetEffectUUIDs, AppendsBehindWhatTheListHolds)
     EXPECT_THAT(product.host.CallTexts(), IsEmpty());
 }
 
-TEST(GetEffectUUIDs, GivesOneTextForEachIndexInTheOrderAsked)
+TEST(GetEffectUUIDs, GivesOneTextForEachIndexInOrder)
 {
     MessageHost product;
     EXPECT_THAT(product.Uuids({2, 1, 0, 7}), ElementsAre("02020202-0202-0202-0202-020200000002", zeroUuid,
@@ -316,16 +316,18 @@ TEST(GetEffectUUIDs, GivesOneTextForEachIndexInTheOrderAsked)
     product.ExpectCleanEnd();
 }
 
-TEST(GetEffectUUIDs, SendsOneQuestionToEachIndexWhateverItsFlags)
+TEST(GetEffectUUIDs, AsksEachIndexWhateverItsFlags)
 {
     MessageHost product;
     product.host.Effect("A").flags = 0;
     (void)product.Uuids({0, 1, 2});
-    const TracedStack stack = {"layer 1",
-                               {{"A", 0, "", "", 0, "01010101-0101-0101-0101-010100000001", 0},
-                                {"F", 0, "", "", -1, zeroUuid, 1},
-                                {"B", 0, "", "", 0, "02020202-0202-0202-0202-020200000002", 1}}};
-    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut), CallsOfIdentityQuestions(stack));
+    TracedStack stack = {7,
+                         {{"A", "01010101-0101-0101-0101-010100000001"},
+                          {"F"},
+                          {"B", "02020202-0202-0202-0202-020200000002"}}};
+    stack.effects[0].flags = 0;
+    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut),
+              Sequence({stack.AskIdentity(0), stack.AskIdentity(1), stack.AskIdentity(2)}));
     product.ExpectCleanEnd();
 }
 
@@ -336,7 +338,7 @@ TEST(GetEffectUUIDs, OfNoIndexMakesNoCall)
     EXPECT_THAT(product.host.CallTexts(), IsEmpty());
 }
 
-TEST(EffectMessages, OnALayerWithoutFamilyEffectsFindOnlyThePresetAnswers)
+TEST(EffectMessages, WithoutFamilyEffectsKeepThePresets)
 {
     ProductHost product;
     product.Add(fill, "F");

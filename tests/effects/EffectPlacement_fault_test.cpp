@@ -48,7 +48,7 @@ TEST_F(PlacementAfterError, CountThatFailsIsAnEmptyStack)
                 ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) = 1"));
 }
 
-TEST_F(PlacementAfterError, NewNameThatFailsIsNoFamilyOnAStackThatIsNotRead)
+TEST_F(PlacementAfterError, FailedNewNameIsNoFamilyWhenUnread)
 {
     EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetEffectMatchName", 1), ElementsAre(0, 0, 0, 0, 0));
     EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
@@ -63,40 +63,40 @@ TEST_F(PlacementAfterError, FirstEffectThatFailsLeavesNothingThatCounts)
     EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetEffectMatchName", 2), ElementsAre(0, 0, 0, 4, 0));
 }
 
-TEST_F(PlacementAfterError, EffectThatFailsCountsTheOneAboveItToTheEnd)
+TEST_F(PlacementAfterError, FailedEffectRepeatsTheOneAbove)
 {
     EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 2), ElementsAre(4, 0, 0, 4, 0));
     EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 3), ElementsAre(1, 4, 0, 4, 0));
     EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 4), ElementsAre(1, 2, 4, 4, 0));
 }
 
-TEST_F(PlacementAfterError, KeyThatFailsCountsTheEffectAboveToTheEnd)
+TEST_F(PlacementAfterError, FailedKeyRepeatsTheOneAbove)
 {
     EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetInstalledKeyFromLayerEffect", 3), ElementsAre(1, 4, 0, 4, 0));
 }
 
-TEST_F(PlacementAfterError, NameThatFailsCountsTheEffectAboveToTheEnd)
+TEST_F(PlacementAfterError, FailedNameRepeatsTheOneAbove)
 {
     EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetEffectMatchName", 4), ElementsAre(1, 4, 0, 4, 0));
 }
 
-TEST_F(PlacementAfterError, DisposalThatFailsCountsItsOwnEffectToTheEnd)
+TEST_F(PlacementAfterError, FailedDisposalRepeatsItsOwnEffect)
 {
     EXPECT_THAT(PlacesIf("G E R M", "AEGP_DisposeEffect", 2), ElementsAre(1, 4, 0, 4, 0));
     EXPECT_THAT(PlacesIf("G E R M", "AEGP_DisposeEffect", 4), ElementsAre(1, 2, 3, 4, 0));
 }
 
-TEST_F(PlacementAfterError, MainEffectThatIsCountedToTheEndStillAnchorsAtItsOwnPlace)
+TEST_F(PlacementAfterError, RepeatedMainEffectAnchorsAtItsOwnPlace)
 {
     EXPECT_THAT(PlacesIf("X M G", "AEGP_GetLayerEffectByIndex", 3), ElementsAre(1, 1, 1, 3, 0));
 }
 
-TEST_F(PlacementAfterError, OutsiderThatIsCountedToTheEndAnchorsNothing)
+TEST_F(PlacementAfterError, RepeatedOutsiderAnchorsNothing)
 {
     EXPECT_THAT(PlacesIf("R X G M", "AEGP_GetLayerEffectByIndex", 3), ElementsAre(0, 0, 1, 4, 0));
 }
 
-TEST_F(PlacementAfterError, NoEffectIsReadAnyMoreAndTheReferenceInHandIsDisposedOf)
+TEST_F(PlacementAfterError, ReadingStopsAndTheReferenceIsDisposedOf)
 {
     Build("G M").host.Faults().FailFunction("AEGP_GetInstalledKeyFromLayerEffect", 1, FaultLength::once, 4);
     EXPECT_EQ(Place("G"), 0);
@@ -108,7 +108,7 @@ TEST_F(PlacementAfterError, NoEffectIsReadAnyMoreAndTheReferenceInHandIsDisposed
                             "Effect 1 AEGP_DisposeEffect(effect G)"));
 }
 
-TEST_F(PlacementAfterError, OnceKnowsTheKeysThatWereReadAndNoOthers)
+TEST_F(PlacementAfterError, OnceKnowsOnlyTheKeysRead)
 {
     const auto once = [&](const char* label, const char* function, std::size_t nth)
     {
@@ -122,7 +122,7 @@ TEST_F(PlacementAfterError, OnceKnowsTheKeysThatWereReadAndNoOthers)
     EXPECT_EQ(once("M", "AEGP_GetEffectMatchName", 4), 4);
 }
 
-TEST_F(PlacementAfterError, EffectThatIsNotInstalledAnyMoreHasNoNameAndCountsLikeTheOneAboveIt)
+TEST_F(PlacementAfterError, UninstalledEffectCountsLikeTheOneAbove)
 {
     Build("G X R M");
     on->host.Effect("X").key = 4711;
@@ -134,7 +134,7 @@ TEST_F(PlacementAfterError, EffectThatIsNotInstalledAnyMoreHasNoNameAndCountsLik
 
 // An effect that cannot be moved.
 
-TEST_F(PlacementAfterError, EffectThatCannotBeMovedStaysWhereTheHostPutIt)
+TEST_F(PlacementAfterError, UnmovableEffectStaysWhereTheHostPutIt)
 {
     const auto stackIf = [&](ApplyPlace place)
     {
@@ -154,7 +154,7 @@ TEST_F(PlacementAfterError, EffectThatCannotBeMovedStaysWhereTheHostPutIt)
     EXPECT_EQ(stackIf(ApplyPlace::start), "new G E R M");
 }
 
-TEST_F(PlacementAfterError, FirstErrorOfApplyingIsReturnedAndTheDisposalsIfThereWasNoOther)
+TEST_F(PlacementAfterError, ApplyingsErrorComesBeforeTheDisposals)
 {
     const auto errorIf = [&](const char* function, const char* another)
     {
@@ -313,7 +313,7 @@ TEST(AddingWithoutASuite, WithoutALayerIsThe516OfTheUtilities)
     EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds{"exception-left-hook"});
 }
 
-TEST(AddingWithoutASuite, NullBasicSuiteIsThe516EvenIfNothingIsToBeAdded)
+TEST(AddingWithoutASuite, NullBasicSuiteThrows516EvenWithoutKeys)
 {
     LabelledStack product("G");
     const int key = product.KeyOf("R");

@@ -79,7 +79,7 @@ void runOnce(std::uint32_t seed)
 }
 } // namespace
 
-TEST(EffectPlacementModel, RandomStacksTakeANewEffectWhereTheModelPutsIt)
+TEST(EffectPlacementModel, RandomStacksTakeEffectsWhereTheModelSays)
 {
     for (std::uint32_t seed = 1; seed <= 1000 && !HasFailure(); ++seed)
         runOnce(seed);

@@ -45,7 +45,7 @@ protected:
 
 // Working out a place.
 
-TEST_F(EffectPlacement, AsksForTheCountThenTheNewNameThenEachEffect)
+TEST_F(EffectPlacement, ReadsCountThenNewNameThenEachEffect)
 {
     Build("G M");
     ASSERT_EQ(on->KeyOf("G"), 201);
@@ -67,7 +67,7 @@ TEST_F(EffectPlacement, AsksForTheCountThenTheNewNameThenEachEffect)
                             "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
 }
 
-TEST_F(EffectPlacement, EveryEffectOfTheFamilyIsPlacedByItsKind)
+TEST_F(EffectPlacement, EveryFamilyEffectIsPlacedByItsKind)
 {
     const std::map<std::string, int> placeOf = {{"QVK VORTSRC", 1}, {"QVK VORTEFF", 2}, {"QVK VORTREN", 3},
                                                 {"QVK VORTAN", 4},  {"QVK VORTAN ", 4}, {"QVK VORTKIT", 0}};
@@ -81,7 +81,7 @@ TEST_F(EffectPlacement, EveryEffectOfTheFamilyIsPlacedByItsKind)
     }
 }
 
-TEST_F(EffectPlacement, KindsAreToldByPrefixWithoutAWordBoundary)
+TEST_F(EffectPlacement, NewKindsMatchByPrefixWithoutWordBoundary)
 {
     Build("G E R M");
     const auto indexOf = [&](const std::string& matchName)
@@ -98,7 +98,7 @@ TEST_F(EffectPlacement, KindsAreToldByPrefixWithoutAWordBoundary)
     EXPECT_EQ(indexOf("qvk vortkit"), 1) << "no family, since the case differs";
 }
 
-TEST_F(EffectPlacement, KindsOnTheLayerAreToldByPrefixToo)
+TEST_F(EffectPlacement, KindsOnTheLayerMatchByPrefixToo)
 {
     struct Row
     {
@@ -125,7 +125,7 @@ TEST_F(EffectPlacement, KindsOnTheLayerAreToldByPrefixToo)
     }
 }
 
-TEST_F(EffectPlacement, EffectWhoseNameHas128CharactersAndNoEndIsPlaced)
+TEST_F(EffectPlacement, EffectWithUnterminatedNameIsPlaced)
 {
     Build("G E");
     InstalledEffect endless;
@@ -137,7 +137,7 @@ TEST_F(EffectPlacement, EffectWhoseNameHas128CharactersAndNoEndIsPlaced)
     EXPECT_EQ(IndexOfKey(key, Idle_Cmd_Apply), 2);
 }
 
-TEST_F(EffectPlacement, NothingWantedIsNoPlaceAndNoHostCall)
+TEST_F(EffectPlacement, NothingWantedHasNoPlaceAndNoCall)
 {
     EXPECT_EQ(Idle_Cmd_None, 0);
     EXPECT_EQ(Idle_Cmd_Apply, 1);
@@ -147,14 +147,14 @@ TEST_F(EffectPlacement, NothingWantedIsNoPlaceAndNoHostCall)
     EXPECT_THAT(on->host.CallTexts(), IsEmpty());
 }
 
-TEST_F(EffectPlacement, KeyZeroIsNoPlaceAndNoHostCall)
+TEST_F(EffectPlacement, KeyZeroHasNoPlaceAndNoCall)
 {
     Build("G M");
     EXPECT_EQ(IndexOfKey(0, Idle_Cmd_Apply), -1);
     EXPECT_THAT(on->host.CallTexts(), IsEmpty());
 }
 
-TEST_F(EffectPlacement, NullLayerIsNoPlaceAndNoHostCall)
+TEST_F(EffectPlacement, NullLayerHasNoPlaceAndNoCall)
 {
     Build("G M");
     const int key = on->KeyOf("R");
@@ -167,7 +167,7 @@ TEST_F(EffectPlacement, NullLayerIsNoPlaceAndNoHostCall)
 
 // Once only.
 
-TEST_F(EffectPlacement, OnceIsNoPlaceIfTheKeyIsOnTheLayer)
+TEST_F(EffectPlacement, OnceHasNoPlaceIfTheKeyExists)
 {
     Build("G E R M");
     EXPECT_EQ(IndexOf("E", Idle_Cmd_ApplyOnce), -1);
@@ -177,14 +177,14 @@ TEST_F(EffectPlacement, OnceIsNoPlaceIfTheKeyIsOnTheLayer)
     EXPECT_EQ(on->Stack(), "G E R M");
 }
 
-TEST_F(EffectPlacement, OnceIsThePlaceIfOnlyOthersOfTheKindAreOnTheLayer)
+TEST_F(EffectPlacement, OnceHasAPlaceIfOnlyOthersExist)
 {
     Build("G E R M");
     EXPECT_EQ(IndexOfKey(on->Key("QVK VORTEFF Round Zone"), Idle_Cmd_ApplyOnce), 2);
     EXPECT_EQ(IndexOfKey(on->Key("QVK VORTAN"), Idle_Cmd_ApplyOnce), 4);
 }
 
-TEST_F(EffectPlacement, OnceCountsTheKitTheLegacyEffectAndOutsidersToo)
+TEST_F(EffectPlacement, OnceCountsKitLegacyAndOutsidersToo)
 {
     Build("K X L");
     EXPECT_EQ(IndexOf("K", Idle_Cmd_ApplyOnce), -1);
@@ -208,7 +208,7 @@ TEST_F(EffectPlacement, AppliesThenReordersThenDisposes)
                             "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
 }
 
-TEST_F(EffectPlacement, AppliesNothingForKeyZeroOrANegativeIndexEvenWithoutAHost)
+TEST_F(EffectPlacement, AppliesNothingForKeyZeroOrNegativeIndex)
 {
     Build("G M");
     EXPECT_EQ(ApplyAt(0, 1), 0);
@@ -219,7 +219,7 @@ TEST_F(EffectPlacement, AppliesNothingForKeyZeroOrANegativeIndexEvenWithoutAHost
     EXPECT_THAT(on->host.CallTexts(), IsEmpty());
 }
 
-TEST_F(EffectPlacement, IndexBehindTheStackIsTheHostsErrorAndLeavesTheEffectAtTheEnd)
+TEST_F(EffectPlacement, IndexPastTheStackLeavesTheEffectLast)
 {
     Build("G M");
     on->host.Expect("index-out-of-range", "AEGP_ReorderEffect", "the test asks for an index behind the end");
@@ -230,7 +230,7 @@ TEST_F(EffectPlacement, IndexBehindTheStackIsTheHostsErrorAndLeavesTheEffectAtTh
     EXPECT_EQ(on->Stack(), "G M R new");
 }
 
-TEST_F(EffectPlacement, KeyThatIsNotInstalledIsTheHostsErrorAndAddsNothing)
+TEST_F(EffectPlacement, UninstalledKeyIsAnErrorAndAddsNothing)
 {
     Build("G M");
     on->host.Expect("unknown-key", "AEGP_ApplyEffect", "the test asks for an effect that is not installed");
@@ -242,7 +242,7 @@ TEST_F(EffectPlacement, KeyThatIsNotInstalledIsTheHostsErrorAndAddsNothing)
 
 // From the panel to the layer.
 
-TEST_F(EffectPlacement, PanelsKeyIsPlacedAndAppliedWithSuitesOfEachStepsOwn)
+TEST_F(EffectPlacement, KeyFromThePanelUsesSuitesPerStep)
 {
     Build("R");
     EXPECT_EQ(ApplyFromPanel(on->KeyOf("G")), 0);
@@ -263,7 +263,7 @@ TEST_F(EffectPlacement, PanelsKeyIsPlacedAndAppliedWithSuitesOfEachStepsOwn)
             "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)", "Basic ReleaseSuite(\"AEGP Layer Suite\", 5)"));
 }
 
-TEST_F(EffectPlacement, WithoutALayerTheUserIsToldAndTheKeyIsDropped)
+TEST_F(EffectPlacement, WithoutALayerTheUserIsTold)
 {
     Build("G M");
     const int key = on->KeyOf("R");
@@ -285,7 +285,7 @@ TEST_F(EffectPlacement, WithoutALayerEvenKeyZeroIsReported)
     EXPECT_EQ(on->host.Alerts().size(), 1u);
 }
 
-TEST_F(EffectPlacement, KeyZeroFromThePanelAddsNothingAndShowsNothing)
+TEST_F(EffectPlacement, KeyZeroFromThePanelDoesNothing)
 {
     Build("G M");
     EXPECT_EQ(ApplyFromPanel(0), 0);
@@ -295,7 +295,7 @@ TEST_F(EffectPlacement, KeyZeroFromThePanelAddsNothingAndShowsNothing)
                 ElementsAre("Layer 5 AEGP_GetLayerID(layer 1) -> 1"));
 }
 
-TEST_F(EffectPlacement, TwoNewRenderersEndUpInTheOrderChosenBehindTheOneThatIsThere)
+TEST_F(EffectPlacement, TwoNewRenderersKeepTheOrderChosen)
 {
     Build("G R M");
     EXPECT_EQ(ApplyFromPanel(on->Key("QVK VORTREN Rays")), 0);
@@ -318,7 +318,7 @@ TEST_F(EffectPlacement, LaterKeySeesTheEffectsJustAdded)
 
 // Undo.
 
-TEST_F(EffectPlacement, AddingOpensNoUndoGroupAndIsTwoStepsOfTheHosts)
+TEST_F(EffectPlacement, AddingIsTwoStepsWithoutUndoGroup)
 {
     Build("G M");
     const ProjectState before = on->host.State();
@@ -331,7 +331,7 @@ TEST_F(EffectPlacement, AddingOpensNoUndoGroupAndIsTwoStepsOfTheHosts)
     EXPECT_EQ(on->host.State(), before);
 }
 
-TEST_F(EffectPlacement, HostThatConfusesTwinsInOneUndoGroupUndoesTheRightOne)
+TEST_F(EffectPlacement, TwinsInOneUndoGroupAreUndoneRight)
 {
     HostOptions options;
     options.twinUndo = TwinUndo::deletesOlderTwin;

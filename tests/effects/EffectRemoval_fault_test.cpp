@@ -73,7 +73,7 @@ const FindingIds leftOpenAndNull = {"undo-group-left-open", "null-reference"};
 
 // The failures one by one.
 
-TEST(RemovalWhileTheHostFails, ReorderAtTheSecondOfThreeStopsEverythingAndLeavesTheGroupOpen)
+TEST(RemovalWhileTheHostFails, FailedMoveStopsAndLeavesTheGroupOpen)
 {
     Removing product("A B C D", {"B", "C", "D"});
     product.host.Faults().FailFunction("AEGP_ReorderEffect", 2, FaultLength::once, 4);
@@ -94,7 +94,7 @@ TEST(RemovalWhileTheHostFails, ReorderAtTheSecondOfThreeStopsEverythingAndLeaves
     product.ExpectUndoBringsBackEverything();
 }
 
-TEST(RemovalWhileTheHostFails, UndoGroupThatCannotBeOpenedMovesNothingAndDeletesThroughNull)
+TEST(RemovalWhileTheHostFails, FailedUndoGroupDeletesThroughNull)
 {
     Removing product("A B", {"A", "B"});
     product.host.Faults().FailFunction("AEGP_StartUndoGroup", 1, FaultLength::once, 4);
@@ -123,7 +123,7 @@ TEST(RemovalWhileTheHostFails, FetchInTheFirstSweepStopsEverything)
     EXPECT_EQ(TakeDistinctFindingIds(product.host), leftOpenAndNull);
 }
 
-TEST(RemovalWhileTheHostFails, FetchInTheSecondSweepDeletesThroughNullFromThereOn)
+TEST(RemovalWhileTheHostFails, FailedFetchDeletesThroughNullFromThere)
 {
     Removing product("A B C D", {"B", "C", "D"});
     product.host.Faults().FailFunction("AEGP Effect Suite", 3, "AEGP_GetLayerEffectByIndex", 5);
@@ -143,7 +143,7 @@ TEST(RemovalWhileTheHostFails, FetchInTheSecondSweepDeletesThroughNullFromThereO
     product.ExpectUndoBringsBackEverything();
 }
 
-TEST(RemovalWhileTheHostFails, DeletionIsNoErrorAndTheNextOneTakesTheSameEffect)
+TEST(RemovalWhileTheHostFails, FailedDeletionIsNoErrorAndIsRepeated)
 {
     Removing product("A B C", {"B", "C"});
     product.host.Faults().FailFunction("AEGP_DeleteLayerEffect");
@@ -165,7 +165,7 @@ TEST(RemovalWhileTheHostFails, DisposalsAreNoErrors)
     EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
 }
 
-TEST(RemovalWhileTheHostFails, EndOfTheUndoGroupIsTheErrorOfAFinishedDeletion)
+TEST(RemovalWhileTheHostFails, FailedEndOfUndoGroupIsReported)
 {
     Removing product("A B C", {"B"});
     product.host.Faults().FailFunction("AEGP_EndUndoGroup", 1, FaultLength::once, 4);
@@ -189,7 +189,7 @@ TEST(RemovalWhileTheHostFails, CountThatFailsIsALayerWithoutEffects)
     EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
 }
 
-TEST(RemovalWhileTheHostFails, NullLayerIsWhatTheHostMakesOfIt)
+TEST(RemovalWhileTheHostFails, NullLayerGivesTheHostsError)
 {
     Removing product("A", {"A"});
     int returned = -1;
@@ -224,7 +224,7 @@ TEST(RemovalWithoutASuite, Leaves516AndTheLayerAsItWas)
     }
 }
 
-TEST(RemovalWithoutASuite, ThatWouldDisposeOfTheReferenceInHandLeavesItUndisposed)
+TEST(RemovalWithoutASuite, MissingDisposalLeaksTheReferenceInHand)
 {
     Removing product("A B", {"B"});
     product.host.Faults().Withhold("AEGP Effect Suite", 3);
@@ -247,7 +247,7 @@ TEST(RemovalWithoutASuite, NeedsOnlyTheVersionsThatItUses)
     EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
 }
 
-TEST(RemovalWithoutASuite, NullBasicSuiteIsThe516OnceThereIsSomethingToDelete)
+TEST(RemovalWithoutASuite, NullBasicSuiteThrows516IfAnythingIsDeleted)
 {
     Removing product("A", {"A"});
     EXPECT_THROW((void)RemoveMultipleEffectsByUUID(7, nullptr, product.doomed, product.Layer()), int);

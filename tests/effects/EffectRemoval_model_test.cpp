@@ -114,7 +114,7 @@ bool runOnce(std::uint32_t seed)
 }
 } // namespace
 
-TEST(EffectRemovalModel, RandomStacksAndListsLeaveWhatTheModelLeaves)
+TEST(EffectRemovalModel, RandomStacksLeaveWhatTheModelLeaves)
 {
     int deletions = 0;
     constexpr std::uint32_t runs = 500;

@@ -61,7 +61,7 @@ protected:
 
 // The calls.
 
-TEST_F(EffectRemoval, EmptyListMakesNoHostCallAndNeedsNoHost)
+TEST_F(EffectRemoval, EmptyListMakesNoCall)
 {
     Build("A B");
     EXPECT_EQ(RemoveUuids({}), 0);
@@ -70,7 +70,7 @@ TEST_F(EffectRemoval, EmptyListMakesNoHostCallAndNeedsNoHost)
     EXPECT_EQ(on->Stack(), "A B");
 }
 
-TEST_F(EffectRemoval, ReadsTheIdentitiesThenMovesTheDoomedToTheTopThenDeletesTheTop)
+TEST_F(EffectRemoval, ReadsThenMovesToTheTopThenDeletes)
 {
     Build("A X B");
     const ProjectState before = on->host.State();
@@ -113,7 +113,7 @@ TEST_F(EffectRemoval, ReadsTheIdentitiesThenMovesTheDoomedToTheTopThenDeletesThe
     ExpectOneUndoStepTo(before);
 }
 
-TEST_F(EffectRemoval, ThirdAndFifthOfFiveMoveToTheTopAndGo)
+TEST_F(EffectRemoval, ThirdAndFifthOfFiveGo)
 {
     Build("A B C D E");
     const ProjectState before = on->host.State();
@@ -135,7 +135,7 @@ TEST_F(EffectRemoval, ThirdAndFifthOfFiveMoveToTheTopAndGo)
     EXPECT_EQ(on->Stack(), "A B C D E");
 }
 
-TEST_F(EffectRemoval, MovesStandInTheUndoGroupAndDoNotDependOnTheOrderOfTheList)
+TEST_F(EffectRemoval, MovesIgnoreTheOrderOfTheList)
 {
     Build("A B C D E");
     EXPECT_EQ(Remove({"E", "A", "C"}), 0);
@@ -196,7 +196,7 @@ TEST_F(EffectRemoval, TouchesNoOtherLayer)
 
 // What is found.
 
-TEST_F(EffectRemoval, UuidsThatAreNotOnTheLayerOpenNoUndoGroup)
+TEST_F(EffectRemoval, UnknownUuidsOpenNoUndoGroup)
 {
     Build("A B");
     const ProjectState before = on->host.State();
@@ -210,7 +210,7 @@ TEST_F(EffectRemoval, UuidsThatAreNotOnTheLayerOpenNoUndoGroup)
         << "the identities are read";
 }
 
-TEST_F(EffectRemoval, UuidsThatAreNotOnTheLayerArePassedOver)
+TEST_F(EffectRemoval, UnknownUuidsAreSkipped)
 {
     Build("A B C");
     EXPECT_EQ(RemoveUuids({"ffffffff-ffff-ffff-ffff-ffffffffffff", on->Uuid("B"), "nobody"}), 0);
@@ -248,7 +248,7 @@ TEST_F(EffectRemoval, UuidGivenTwiceDeletesOneEffect)
     EXPECT_EQ(on->Stack(), "A C");
 }
 
-TEST_F(EffectRemoval, OfTwoEffectsWithOneIdentityTheUpperOneGoes)
+TEST_F(EffectRemoval, UpperOfTwoTwinsGoes)
 {
     Build("A B C");
     on->host.Effect("C").family.uuid = on->host.Effect("B").family.uuid;
@@ -258,7 +258,7 @@ TEST_F(EffectRemoval, OfTwoEffectsWithOneIdentityTheUpperOneGoes)
     EXPECT_EQ(on->Stack(), "A");
 }
 
-TEST_F(EffectRemoval, OfTwoEffectsWithOneIdentityOneGoesEvenIfItIsAskedForTwice)
+TEST_F(EffectRemoval, OneTwinGoesEvenIfAskedTwice)
 {
     Build("A B C");
     on->host.Effect("C").behaviour = RepeatsIdentity(on->host.Effect("B").family.uuid);
@@ -273,7 +273,7 @@ TEST_F(EffectRemoval, ZeroIdentityTakesTheFirstOutsider)
     EXPECT_EQ(on->Stack(), "A B X2");
 }
 
-TEST_F(EffectRemoval, EffectThatDoesNotAnswerYetIsNotFound)
+TEST_F(EffectRemoval, EffectThatDoesNotAnswerIsNotFound)
 {
     Build("A B C");
     on->host.Effect("B").behaviour = AnswersLate(1);
@@ -283,7 +283,7 @@ TEST_F(EffectRemoval, EffectThatDoesNotAnswerYetIsNotFound)
     EXPECT_EQ(on->Stack(), "A");
 }
 
-TEST_F(EffectRemoval, EffectThatOnlyGivesAnErrorIsNotFound)
+TEST_F(EffectRemoval, EffectThatGivesAnErrorIsNotFound)
 {
     Build("A B C");
     on->host.Effect("B").behaviour = FailsWith(4);
@@ -291,7 +291,7 @@ TEST_F(EffectRemoval, EffectThatOnlyGivesAnErrorIsNotFound)
     EXPECT_EQ(on->Stack(), "A B");
 }
 
-TEST_F(EffectRemoval, EffectThatIsNotInstalledAnyMoreIsNotFound)
+TEST_F(EffectRemoval, UninstalledEffectIsNotFound)
 {
     Build("A B C");
     on->host.Effect("B").flags = effectMissing;
@@ -307,7 +307,7 @@ TEST_F(EffectRemoval, EffectThatThrowsIsNotFound)
     EXPECT_EQ(on->Stack(), "A B");
 }
 
-TEST_F(EffectRemoval, EffectThatAnswersAndGivesAnErrorIsDeleted)
+TEST_F(EffectRemoval, EffectThatAnswersWithAnErrorIsDeleted)
 {
     Build("A B C");
     on->host.Effect("B").behaviour = AnswersAndFailsWith(4);
@@ -315,7 +315,7 @@ TEST_F(EffectRemoval, EffectThatAnswersAndGivesAnErrorIsDeleted)
     EXPECT_EQ(on->Stack(), "A");
 }
 
-TEST_F(EffectRemoval, EffectThatScribblesOverTheRecordSpoilsOnlyItsOwnAnswer)
+TEST_F(EffectRemoval, ScribblingEffectSpoilsOnlyItsOwnAnswer)
 {
     Build("A B C");
     on->host.Effect("A").behaviour = ScribblesAll();
@@ -324,7 +324,7 @@ TEST_F(EffectRemoval, EffectThatScribblesOverTheRecordSpoilsOnlyItsOwnAnswer)
     EXPECT_EQ(on->Stack(), "A");
 }
 
-TEST_F(EffectRemoval, EffectThatVanishesWhileTheOthersAreAskedDoesNotDragAnotherWithIt)
+TEST_F(EffectRemoval, VanishingEffectDragsNoOtherWithIt)
 {
     Build("A B C");
     on->host.Effect("A").behaviour = ActsInMessage([](Host& host) { host.User().Delete("C"); });
@@ -335,7 +335,7 @@ TEST_F(EffectRemoval, EffectThatVanishesWhileTheOthersAreAskedDoesNotDragAnother
 
 // Switches of the host.
 
-TEST_F(EffectRemoval, HostThatRefusesTheReferenceOfADeletedEffectIsServedAllTheSame)
+TEST_F(EffectRemoval, StrictHostDeletesAsWell)
 {
     HostOptions options;
     options.disposeDeleted = DisposeDeleted::isRefused;
@@ -346,7 +346,7 @@ TEST_F(EffectRemoval, HostThatRefusesTheReferenceOfADeletedEffectIsServedAllTheS
     ExpectOneUndoStepTo(before);
 }
 
-TEST_F(EffectRemoval, EffectWithoutAnIdentityOfItsOwnYetGoesAsAnOutsider)
+TEST_F(EffectRemoval, EffectWithoutIdentityGoesAsAnOutsider)
 {
     HostOptions options;
     options.identityBirth = IdentityBirth::atNextIdle;
@@ -358,7 +358,7 @@ TEST_F(EffectRemoval, EffectWithoutAnIdentityOfItsOwnYetGoesAsAnOutsider)
     EXPECT_EQ(on->Stack(), "A");
 }
 
-TEST_F(EffectRemoval, StackReorderedInsideAMessageHasAnotherEffectDeleted)
+TEST_F(EffectRemoval, ReorderInsideAMessageDeletesAnotherEffect)
 {
     Build("A B C");
     // The place of B is known by then, and is A's from here on.

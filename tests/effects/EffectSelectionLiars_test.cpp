@@ -91,19 +91,19 @@ TEST_F(EffectSelectionOverALiar, TakesACountThatComesWithAnError)
                                { suite.AEGP_GetLayerNumEffects = countAndError; });
 }
 
-TEST_F(EffectSelectionOverALiar, AsksAReferenceThatComesWithAnErrorForItsKeyAndDisposesOfIt)
+TEST_F(EffectSelectionOverALiar, UsesAndDisposesOfAReferenceWithError)
 {
     ExpectTheCallsOfASoundHost([](AEGP_EffectSuite1& suite)
                                { suite.AEGP_GetLayerEffectByIndex = referenceAndError; });
 }
 
-TEST_F(EffectSelectionOverALiar, AsksForTheNameOfAKeyThatComesWithAnError)
+TEST_F(EffectSelectionOverALiar, ReadsTheNameOfAKeyWithError)
 {
     ExpectTheCallsOfASoundHost([](AEGP_EffectSuite1& suite)
                                { suite.AEGP_GetInstalledKeyFromLayerEffect = keyAndError; });
 }
 
-TEST_F(EffectSelectionOverALiar, GoesByANameThatComesWithAnError)
+TEST_F(EffectSelectionOverALiar, TrustsANameWithError)
 {
     ExpectTheCallsOfASoundHost([](AEGP_EffectSuite1& suite)
                                { suite.AEGP_GetEffectMatchName = nameAndError; });

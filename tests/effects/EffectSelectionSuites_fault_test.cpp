@@ -61,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(EachRefusal, EffectSelectionMissingSuite,
                          ::testing::Values(Withheld::asError, Withheld::asNullTable,
                                            Withheld::asPoisonedPointer));
 
-TEST(EffectSelectionFaults, TheNewerTableOfDynamicStreamsIsNotAskedForByAShowOrATwirl)
+TEST(EffectSelectionFaults, ShowAndTwirlLeaveTheNewerTableAlone)
 {
     for (const bool useHide : {true, false})
     {
@@ -75,7 +75,7 @@ TEST(EffectSelectionFaults, TheNewerTableOfDynamicStreamsIsNotAskedForByAShowOrA
     }
 }
 
-TEST(EffectSelectionFaults, ASuiteThatGoesAwayAfterTheReadingStopsTheSweepWhereItIsFirstNeeded)
+TEST(EffectSelectionFaults, ASuiteLostAfterReadingStopsTheSweep)
 {
     struct Row
     {
@@ -121,7 +121,7 @@ TEST(EffectSelectionFaults, ASuiteThatGoesAwayAfterTheReadingStopsTheSweepWhereI
     }
 }
 
-TEST(EffectSelectionFaults, AHideThatMissesItsTableGivesBackEverythingInTheFixedOrder)
+TEST(EffectSelectionFaults, AHideWithoutItsTableDisposesInOrder)
 {
     StackScene stack("A");
     stack.host.Faults().Withhold("AEGP Dynamic Stream Suite", 5);

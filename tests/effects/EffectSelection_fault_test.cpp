@@ -79,11 +79,11 @@ std::size_t sweep(bool useHide)
 }
 } // namespace
 
-TEST(EffectSelectionFaults, EveryCallOfHidingAndShowingFailsInTurn) { EXPECT_GT(sweep(true), 130U); }
+TEST(EffectSelectionFaults, EveryCallFailsInTurn) { EXPECT_GT(sweep(true), 130U); }
 
 TEST(EffectSelectionFaults, EveryCallOfTwirlingFailsInTurn) { EXPECT_GT(sweep(false), 130U); }
 
-TEST(EffectSelectionFaults, AnErrorInOneEffectLeavesItsGroupOpenAndTheNextGetTheirTurn)
+TEST(EffectSelectionFaults, AnErrorLeavesItsGroupOpen)
 {
     struct Row
     {
@@ -134,7 +134,7 @@ TEST(EffectSelectionFaults, AnErrorInOneEffectLeavesItsGroupOpenAndTheNextGetThe
     }
 }
 
-TEST(EffectSelectionFaults, AShowThatBreaksOffLeavesTheFirstParameterHidden)
+TEST(EffectSelectionFaults, AnUnfinishedShowLeavesTheParameterHidden)
 {
     StackScene stack("A");
     stack.host.Faults().FailFunction("AEGP_SetDynamicStreamFlag", 3);
@@ -157,7 +157,7 @@ TEST(EffectSelectionFaults, AGroupThatCannotBeOpenedTouchesNothing)
     EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 
-TEST(EffectSelectionFaults, ACountThatCannotBeReadShowsTheSelectedAndHidesNobody)
+TEST(EffectSelectionFaults, AFailedCountShowsTheSelectedHidesNobody)
 {
     // The count is read once for the items, once in each of the four messages, and then here.
     StackScene stack("A B");
@@ -173,7 +173,7 @@ TEST(EffectSelectionFaults, ACountThatCannotBeReadShowsTheSelectedAndHidesNobody
     EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 
-TEST(EffectSelectionFaults, TheParentCompositionIsAskedForAndNotNeeded)
+TEST(EffectSelectionFaults, TheParentCompositionIsAskedButNotNeeded)
 {
     StackScene stack("A");
     const std::string hideA = HideCalls(stack, "A", 0);
@@ -185,7 +185,7 @@ TEST(EffectSelectionFaults, TheParentCompositionIsAskedForAndNotNeeded)
     EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 
-TEST(EffectSelectionFaults, AMainEffectWhoseMatchNameCannotBeReadGoesOutOfSight)
+TEST(EffectSelectionFaults, AMainEffectWithUnreadNameIsHidden)
 {
     struct Row
     {
@@ -215,7 +215,7 @@ TEST(EffectSelectionFaults, AMainEffectWhoseMatchNameCannotBeReadGoesOutOfSight)
     }
 }
 
-TEST(EffectSelectionFaults, AMainEffectWithAnUnreadNameIsNoKitEffect)
+TEST(EffectSelectionFaults, AMainEffectWithUnreadNameIsOrdinary)
 {
     SelectedStack stack("K M", "", true);
     const std::string hideM = HideCalls(stack, "M", 1);
@@ -228,7 +228,7 @@ TEST(EffectSelectionFaults, AMainEffectWithAnUnreadNameIsNoKitEffect)
     EXPECT_EQ(stack.output, "");
 }
 
-TEST(EffectSelectionFaults, AMatchNameWithoutAnEndIsNoneOfThePanels)
+TEST(EffectSelectionFaults, AnUnterminatedMatchNameIsNotThePanels)
 {
     StackScene stack("A");
     InstalledEffect endless = *stack.host.FindInstalled("QVK VORTSRC Routes");

@@ -18,7 +18,7 @@ std::string sweepOf(StackScene& stack)
     return start == std::string::npos ? "" : calls.substr(start);
 }
 
-TEST_F(EffectSelectionFlags, HidingClearsAndSetsTheGroupByTheNewerTable)
+TEST_F(EffectSelectionFlags, HidingUsesTheNewerTable)
 {
     StackScene& stack = Make("A");
 
@@ -38,7 +38,7 @@ TEST_F(EffectSelectionFlags, HidingClearsAndSetsTheGroupByTheNewerTable)
     EXPECT_EQ(stack.Report(), "A: A, group 0, on, hidden\n");
 }
 
-TEST_F(EffectSelectionFlags, ShowingClearsTheGroupAndPulsesTheFirstParameterByTheOlderTable)
+TEST_F(EffectSelectionFlags, ShowingPulsesTheParameterByTheOlderTable)
 {
     StackScene& stack = Make("A");
     stack.host.Effect("A").groupHidden = true;
@@ -103,7 +103,7 @@ TEST_F(EffectSelectionFlags, TwirlingClosedPulsesTheGroup)
     EXPECT_FALSE(stack.host.IsOpen("A"));
 }
 
-TEST_F(EffectSelectionFlags, EverySequenceRunsThoughTheFlagsStandAsWantedAlready)
+TEST_F(EffectSelectionFlags, SequencesRunEvenIfNothingHasToChange)
 {
     StackScene& stack = Make("A B");
     stack.host.Effect("A").groupHidden = true;
@@ -116,7 +116,7 @@ TEST_F(EffectSelectionFlags, EverySequenceRunsThoughTheFlagsStandAsWantedAlready
     EXPECT_EQ(sweepOf(stack), expected);
 }
 
-TEST_F(EffectSelectionFlags, AFirstParameterThatWasHiddenStaysHiddenAfterAShow)
+TEST_F(EffectSelectionFlags, AHiddenParameterStaysHiddenAfterAShow)
 {
     StackScene& stack = Make("A");
     stack.host.Effect("A").parameters.at(1).hidden = true;
@@ -135,7 +135,7 @@ TEST_F(EffectSelectionFlags, AFirstParameterThatWasHiddenStaysHiddenAfterAShow)
     EXPECT_EQ(stack.Report(), "A: A, group 0, on, hides 1\n");
 }
 
-TEST_F(EffectSelectionFlags, AFirstParameterThatWasHiddenIsSeenAfterATwirlOpen)
+TEST_F(EffectSelectionFlags, AHiddenParameterShowsAfterATwirlOpen)
 {
     StackScene& stack = Make("A");
     stack.host.Effect("A").parameters.at(1).hidden = true;
@@ -145,7 +145,7 @@ TEST_F(EffectSelectionFlags, AFirstParameterThatWasHiddenIsSeenAfterATwirlOpen)
     EXPECT_EQ(stack.Report(), "A: A, group 0, on\n");
 }
 
-TEST_F(EffectSelectionFlags, AFirstParameterThatWasHiddenStaysHiddenAfterAHideAndATwirlClosed)
+TEST_F(EffectSelectionFlags, AHiddenParameterSurvivesHideAndTwirlClosed)
 {
     StackScene& stack = Make("A");
     stack.host.Effect("A").parameters.at(1).hidden = true;
@@ -178,7 +178,7 @@ TEST_F(EffectSelectionFlags, TheOtherParametersKeepTheirFlags)
     EXPECT_EQ(stack.Report(), "A: A, group 0, on, hidden, hides 2\nB: B, group 0, on, hides 2\n");
 }
 
-TEST_F(EffectSelectionFlags, EachEffectIsANamelessGroupOfItsOwnWithNothingToUndo)
+TEST_F(EffectSelectionFlags, EachEffectIsANamelessEmptyGroup)
 {
     StackScene& stack = Make("A B M", EveryGroupShows());
 
@@ -193,7 +193,7 @@ TEST_F(EffectSelectionFlags, EachEffectIsANamelessGroupOfItsOwnWithNothingToUndo
     EXPECT_EQ(stack.Report(), after) << "visibility is not undone";
 }
 
-TEST_F(EffectSelectionFlags, ShowingAgainAfterAHideBringsTheEffectBack)
+TEST_F(EffectSelectionFlags, ShowingAfterAHideBringsTheEffectBack)
 {
     StackScene& stack = Make("A B");
     (void)stack.Select(true, false, stack.Tree("B"));
@@ -213,7 +213,7 @@ void meddle(StackScene& stack, const std::string& label, std::function<void(Host
     stack.host.Effect(label).behaviour = ActsInMessage(std::move(action), 2);
 }
 
-TEST_F(EffectSelectionFlags, AnEffectThatJoinsAfterTheReadingCountsAsOther)
+TEST_F(EffectSelectionFlags, AnEffectAddedAfterReadingCountsAsOther)
 {
     for (const char* matchName : {"QVK VORTSRC GEO", "ADBE Tint"})
     {
@@ -233,7 +233,7 @@ TEST_F(EffectSelectionFlags, AnEffectThatJoinsAfterTheReadingCountsAsOther)
     }
 }
 
-TEST_F(EffectSelectionFlags, AKitEffectThatJoinsAfterTheReadingIsLeftAlone)
+TEST_F(EffectSelectionFlags, AKitAddedAfterReadingIsLeftAlone)
 {
     StackScene& stack = Make("A B");
     const int layer = stack.layerId;
@@ -244,7 +244,7 @@ TEST_F(EffectSelectionFlags, AKitEffectThatJoinsAfterTheReadingIsLeftAlone)
     EXPECT_EQ(sweepOf(stack), HideCalls(stack, "B", 1) + ShowCalls(stack, "A", 0));
 }
 
-TEST_F(EffectSelectionFlags, AMainEffectThatJoinsAfterTheReadingIsTheOneThatIsTouched)
+TEST_F(EffectSelectionFlags, AMainAddedAfterReadingIsTouched)
 {
     StackScene& stack = Make("M B");
     const int layer = stack.layerId;
@@ -256,7 +256,7 @@ TEST_F(EffectSelectionFlags, AMainEffectThatJoinsAfterTheReadingIsTheOneThatIsTo
     EXPECT_EQ(sweepOf(stack), HideCalls(stack, "B", 1) + ShowCalls(stack, joined, 2));
 }
 
-TEST_F(EffectSelectionFlags, ASelectedEffectThatLeavesAfterTheReadingLeavesItsUndoGroupOpen)
+TEST_F(EffectSelectionFlags, ASelectedLostEffectLeavesItsGroupOpen)
 {
     StackScene& stack = Make("A B C");
     meddle(stack, "C", [](Host& host) { host.User().Delete("C"); });
@@ -271,7 +271,7 @@ TEST_F(EffectSelectionFlags, ASelectedEffectThatLeavesAfterTheReadingLeavesItsUn
                                   ShowCalls(stack, "B", 1));
 }
 
-TEST_F(EffectSelectionFlags, AnEffectWithoutAParameterOfItsOwnLeavesItsUndoGroupOpen)
+TEST_F(EffectSelectionFlags, AnEffectWithoutParameterLeavesItsGroupOpen)
 {
     StackScene& stack = Make("A B");
     stack.host.Effect("A").parameters.resize(1);

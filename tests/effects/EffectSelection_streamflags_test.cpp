@@ -55,7 +55,7 @@ private:
 
 using EffectSelectionStreamFlags = StackTest;
 
-TEST_F(EffectSelectionStreamFlags, OnlyTheHiddenBitOfWhatWasReadComesBackAfterAShow)
+TEST_F(EffectSelectionStreamFlags, OnlyTheHiddenBitComesBack)
 {
     for (const bool wasHidden : {false, true})
     {

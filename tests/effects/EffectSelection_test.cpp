@@ -35,7 +35,7 @@ constexpr bool leaveMain = false;
 /// The stack on which every class stands, two of those whose order matters.
 const std::string everyClass = "A K Z B M L C";
 
-TEST_F(EffectSelection, HidingPutsTheOthersOutOfSightFromTheTopDownAndThenShowsTheSelectedFromTheBottomUp)
+TEST_F(EffectSelection, HidesFromTheTopShowsFromTheBottom)
 {
     StackScene& stack = Make(everyClass);
     const std::string expected = Head(stack, everyClass) + HideCalls(stack, "B", 3) +
@@ -74,7 +74,7 @@ TEST_F(EffectSelection, TwirlingGoesTheSameWay)
     EXPECT_FALSE(stack.host.IsOpen("M"));
 }
 
-TEST_F(EffectSelection, HidingWithTheMainEffectShowsItLastBehindItsLine)
+TEST_F(EffectSelection, HidingShowsTheMainEffectLast)
 {
     StackScene& stack = Make(everyClass);
     const std::string expected = Head(stack, everyClass) + HideCalls(stack, "B", 3) +
@@ -87,7 +87,7 @@ TEST_F(EffectSelection, HidingWithTheMainEffectShowsItLastBehindItsLine)
     EXPECT_EQ(stack.Calls(), expected);
 }
 
-TEST_F(EffectSelection, TheLineIsPrintedBeforeTheMainEffectIsTouched)
+TEST_F(EffectSelection, TheLineIsPrintedBeforeTheMainEffect)
 {
     // Without a suite for the undo group there is no call of the touch, but the line.
     for (const bool useHide : {hideThem, twirlThem})
@@ -101,7 +101,7 @@ TEST_F(EffectSelection, TheLineIsPrintedBeforeTheMainEffectIsTouched)
     }
 }
 
-TEST_F(EffectSelection, TwirlingWithTheMainEffectOpensItLastBehindItsLine)
+TEST_F(EffectSelection, TwirlingOpensTheMainEffectLast)
 {
     StackScene& stack = Make(everyClass);
     const std::string expected = Head(stack, everyClass) + TwirlClosedCalls("B", 3) +
@@ -115,7 +115,7 @@ TEST_F(EffectSelection, TwirlingWithTheMainEffectOpensItLastBehindItsLine)
     EXPECT_TRUE(stack.host.IsOpen("M"));
 }
 
-TEST_F(EffectSelection, WithNothingSelectedEveryObjectGoesOutOfSightAndKitAndMainKeepWhatTheyHad)
+TEST_F(EffectSelection, NothingSelectedHidesAllButKitAndMain)
 {
     StackScene& stack = Make("A K M B Z");
     stack.host.Effect("K").groupHidden = true;
@@ -129,7 +129,7 @@ TEST_F(EffectSelection, WithNothingSelectedEveryObjectGoesOutOfSightAndKitAndMai
                               "B: B, group 0, on, hidden\nZ: Z, group 0, on\n");
 }
 
-TEST_F(EffectSelection, WithAllSelectedNothingIsHiddenAndAllRunTheShowSequenceFromTheBottomUp)
+TEST_F(EffectSelection, AllSelectedShowsAllFromTheBottom)
 {
     StackScene& stack = Make("A K M B");
     const std::string expected = Head(stack, "A K M B") + ShowCalls(stack, "B", 3) +
@@ -141,7 +141,7 @@ TEST_F(EffectSelection, WithAllSelectedNothingIsHiddenAndAllRunTheShowSequenceFr
     EXPECT_EQ(stack.Calls(), expected);
 }
 
-TEST_F(EffectSelection, TheOrderOfTheSelectedItemsDoesNotMatter)
+TEST_F(EffectSelection, TheOrderOfSelectedItemsDoesNotMatter)
 {
     StackScene& stack = Make("A B C");
     const std::string expected =
@@ -154,7 +154,7 @@ TEST_F(EffectSelection, TheOrderOfTheSelectedItemsDoesNotMatter)
     EXPECT_EQ(stack.Calls(), expected);
 }
 
-TEST_F(EffectSelection, ASelectedKitEffectIsShownOnTheOrdinaryPath)
+TEST_F(EffectSelection, ASelectedKitIsShownLikeAnyOther)
 {
     StackScene& stack = Make("K A");
     const std::string expected = Head(stack, "K A") + HideCalls(stack, "A", 1) + ShowCalls(stack, "K", 0);
@@ -164,7 +164,7 @@ TEST_F(EffectSelection, ASelectedKitEffectIsShownOnTheOrdinaryPath)
     EXPECT_EQ(stack.Calls(), expected);
 }
 
-TEST_F(EffectSelection, ASelectedMainEffectIsShownTwiceWhenItIsTouchedToo)
+TEST_F(EffectSelection, ASelectedTouchedMainIsShownTwice)
 {
     StackScene& stack = Make("M A");
     const std::string expected =
@@ -176,7 +176,7 @@ TEST_F(EffectSelection, ASelectedMainEffectIsShownTwiceWhenItIsTouchedToo)
     EXPECT_EQ(stack.Calls(), expected);
 }
 
-TEST_F(EffectSelection, ASelectedMainEffectThatIsNotTouchedIsShownOnce)
+TEST_F(EffectSelection, ASelectedUntouchedMainIsShownOnce)
 {
     StackScene& stack = Make("M");
     const std::string expected = Head(stack, "M") + ShowCalls(stack, "M", 0);
@@ -227,7 +227,7 @@ TEST_F(EffectSelection, MatchNamesAreComparedWhole)
         EXPECT_TRUE(effect.groupHidden) << effect.label;
 }
 
-TEST_F(EffectSelection, AnUnknownAndAZeroIdentityAmongTheSelectedHaveNoEffect)
+TEST_F(EffectSelection, UnknownAndZeroIdentitiesHaveNoEffect)
 {
     StackScene& stack = Make("Z A");
     const std::string expected = Head(stack, "Z A") + HideCalls(stack, "A", 1);
@@ -262,7 +262,7 @@ TEST_F(EffectSelection, OnlyTheIdentityOfASelectedItemCounts)
     EXPECT_EQ(stack.Calls(), expected);
 }
 
-TEST_F(EffectSelection, TwoEffectsWithOneSelectedIdentityAreBothShown)
+TEST_F(EffectSelection, TwinsOfASelectedIdentityAreBothShown)
 {
     StackScene& stack = Make("A B C");
     stack.host.Effect("C").family.uuid = stack.host.Effect("A").family.uuid;
@@ -274,7 +274,7 @@ TEST_F(EffectSelection, TwoEffectsWithOneSelectedIdentityAreBothShown)
     EXPECT_EQ(stack.Calls(), expected);
 }
 
-TEST_F(EffectSelection, AnOutsideEffectIsNotCalledForOnceTheLayerIsRead)
+TEST_F(EffectSelection, OutsideEffectsAreNotCalledAfterTheRead)
 {
     StackScene& stack = Make("Z1 Z2");
 
@@ -285,7 +285,7 @@ TEST_F(EffectSelection, AnOutsideEffectIsNotCalledForOnceTheLayerIsRead)
                                  "Layer 5 AEGP_GetLayerParentComp(layer 1) -> comp 101\n");
 }
 
-TEST_F(EffectSelection, AFamilyEffectThatDoesNotAnswerIsLeftAloneAsAnOutsideOne)
+TEST_F(EffectSelection, SilentFamilyEffectsCountAsOutside)
 {
     StackScene& stack = Make("A M");
     stack.host.Effect("A").behaviour = FailsWith(errGeneric);
@@ -296,7 +296,7 @@ TEST_F(EffectSelection, AFamilyEffectThatDoesNotAnswerIsLeftAloneAsAnOutsideOne)
     EXPECT_EQ(stack.Report(), "A: A, group 0, on\nM: M, group 0, on\n");
 }
 
-TEST_F(EffectSelection, ASwitchedOffEffectIsShownAndHiddenLikeAnyOther)
+TEST_F(EffectSelection, EffectsThatAreOffCountLikeOthers)
 {
     StackScene& stack = Make("A B");
     stack.host.Effect("A").flags = 0;
@@ -341,7 +341,7 @@ TEST_F(EffectSelection, ANullLayerMakesNoHostCall)
     }
 }
 
-TEST_F(EffectSelection, ANullBasicSuiteIsThrownWithALayerAndNotMissedWithout)
+TEST_F(EffectSelection, ANullBasicSuiteThrowsIfLayerGiven)
 {
     StackScene& stack = Make("A");
     const AEGP_LayerH layer = stack.Layer();

@@ -69,7 +69,7 @@ TEST_F(LayerEffectChangesOverALiar, MovesAReferenceThatComesWithAnError)
                                { suite.AEGP_GetLayerEffectByIndex = referenceAndErrorInTheOrder; });
 }
 
-TEST_F(LayerEffectChangesOverALiar, ReadsTheIdentitiesOfACountThatComesWithAnError)
+TEST_F(LayerEffectChangesOverALiar, ReadsIdentitiesOfACountWithError)
 {
     ExpectTheCallsOfASoundHost([](AEGP_EffectSuite1& suite)
                                { suite.AEGP_GetLayerNumEffects = firstCountAndError; });

@@ -9,7 +9,7 @@ namespace
 {
 using LayerEffectChangesActive = StackTest;
 
-TEST_F(LayerEffectChangesActive, AnEffectSwitchedOffInTheTreeIsSwitchedOffByItsFlag)
+TEST_F(LayerEffectChangesActive, AnEffectIsSwitchedOffByItsFlag)
 {
     StackScene& stack = Make("A B", EveryGroupShows());
     Items tree = stack.Tree("A B");
@@ -48,7 +48,7 @@ TEST_F(LayerEffectChangesActive, ASwitchHoldsSuitesOfItsOwn)
         << stack.CallsWithSuites();
 }
 
-TEST_F(LayerEffectChangesActive, SwitchingOnAndOffFollowsTheOrderOfTheTree)
+TEST_F(LayerEffectChangesActive, SwitchesFollowTheOrderOfTheTree)
 {
     StackScene& stack = Make("A B");
     stack.host.Effect("A").flags = 0;
@@ -102,7 +102,7 @@ TEST_F(LayerEffectChangesActive, TheOtherFlagsOfTheEffectStay)
     EXPECT_EQ(stack.host.Effect("A").flags, effectActive | effectAudioToo);
 }
 
-TEST_F(LayerEffectChangesActive, AnEffectThatHasLeftTheLayerLeavesTheOrderWithoutAName)
+TEST_F(LayerEffectChangesActive, AnEffectThatLeftLeavesTheOrderUnnamed)
 {
     StackScene& stack = Make("A B", EveryGroupShows());
     const Items before = stack.LayerItems();
@@ -118,7 +118,7 @@ TEST_F(LayerEffectChangesActive, AnEffectThatHasLeftTheLayerLeavesTheOrderWithou
     EXPECT_EQ(stack.Steps(), "[Delete Effect][]");
 }
 
-TEST_F(LayerEffectChangesActive, ANullLayerIsAskedForItsEffectsAllTheSame)
+TEST_F(LayerEffectChangesActive, ANullLayerIsAskedForItsEffects)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A");

@@ -124,7 +124,7 @@ std::vector<std::string> cleanCalls(const std::string& labels, const std::string
 const std::vector<FaultLength> justOnce = {FaultLength::once};
 } // namespace
 
-TEST(LayerEffectChangesFaults, EveryCallOfAChangeOfEverythingFailsInTurn)
+TEST(LayerEffectChangesFaults, EveryCallFailsInTurn)
 {
     const std::size_t swept = SweepFaults([] { return makeStack("A Z B C", "C A ? B", editAll); },
                                           [](ChangedStack& stack) { stack.Run(); }, checkChange);
@@ -139,7 +139,7 @@ TEST(LayerEffectChangesFaults, EveryCallOfAReorderFailsInTurn)
     EXPECT_GT(swept, 30U);
 }
 
-TEST(LayerEffectChangesFaults, ARenameIsDoneUnlessACallBeforeItFails)
+TEST(LayerEffectChangesFaults, ARenameNeedsTheCallsBeforeIt)
 {
     const std::vector<std::string> calls = cleanCalls("A", "A", rename);
     const std::size_t start = ordinalOf(calls, "AEGP_StartUndoGroup(\"Rename Effect(s)\")");
@@ -165,7 +165,7 @@ TEST(LayerEffectChangesFaults, ARenameIsDoneUnlessACallBeforeItFails)
     EXPECT_EQ(leftOpen, 6U) << "the effect, two acquires, two streams, the name";
 }
 
-TEST(LayerEffectChangesFaults, AGroupIsToldUnlessACallBeforeTheMessageFails)
+TEST(LayerEffectChangesFaults, AGroupNeedsTheCallsBeforeItsMessage)
 {
     const std::size_t told = ordinalOf(cleanCalls("A", "A", changeGroup), "VORT 3 group 3");
     SweepFaults([] { return makeStack("A", "A", changeGroup); }, [](ChangedStack& stack) { stack.Run(); },
@@ -180,7 +180,7 @@ TEST(LayerEffectChangesFaults, AGroupIsToldUnlessACallBeforeTheMessageFails)
                 justOnce);
 }
 
-TEST(LayerEffectChangesFaults, ASwitchIsDoneUnlessACallBeforeItFails)
+TEST(LayerEffectChangesFaults, ASwitchNeedsTheCallsBeforeIt)
 {
     const std::size_t switched = ordinalOf(cleanCalls("A", "A", switchOff), "AEGP_SetEffectFlags");
     SweepFaults([] { return makeStack("A", "A", switchOff); }, [](ChangedStack& stack) { stack.Run(); },
@@ -194,7 +194,7 @@ TEST(LayerEffectChangesFaults, ASwitchIsDoneUnlessACallBeforeItFails)
                 justOnce);
 }
 
-TEST(LayerEffectChangesFaults, AFailureInOneItemStopsNeitherTheLaterItemsNorTheLaterSteps)
+TEST(LayerEffectChangesFaults, AFailureStopsNoLaterItemOrStep)
 {
     for (const char* function :
          {"AEGP_GetNewEffectStreamByIndex", "AEGP_GetNewParentStreamRef", "AEGP_SetStreamName"})
@@ -213,7 +213,7 @@ TEST(LayerEffectChangesFaults, AFailureInOneItemStopsNeitherTheLaterItemsNorTheL
     }
 }
 
-TEST(LayerEffectChangesFaults, TheOrderHasNoNameThoughTheRenameFailed)
+TEST(LayerEffectChangesFaults, TheOrderIsUnnamedAfterAFailedRename)
 {
     const auto stack = makeStack("A B", "B A", rename);
     const std::string reading = ReadIdentities(*stack, "A B");
@@ -250,7 +250,7 @@ TEST(LayerEffectChangesFaults, AMoveThatFailsIsTakenForDone)
     EXPECT_EQ(stack->host.FindingsReport(), "");
 }
 
-TEST(LayerEffectChangesFaults, AnEffectThatCannotBeHadIsMovedByItsNullReference)
+TEST(LayerEffectChangesFaults, AnEffectNotObtainedIsMovedByNull)
 {
     const auto stack = makeStack("A B", "B A", editNothing);
     const std::string reading = ReadIdentities(*stack, "A B");
@@ -267,7 +267,7 @@ TEST(LayerEffectChangesFaults, AnEffectThatCannotBeHadIsMovedByItsNullReference)
     EXPECT_EQ(stack->host.FindingsReport(), "");
 }
 
-TEST(LayerEffectChangesFaults, AnEffectThatCannotBeHadKeepsItsFlags)
+TEST(LayerEffectChangesFaults, AnEffectNotObtainedKeepsItsFlags)
 {
     const auto stack = makeStack("A", "A", switchOff);
     const std::string reading = ReadIdentities(*stack, "A");

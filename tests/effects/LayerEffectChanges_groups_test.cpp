@@ -10,7 +10,7 @@ namespace
 {
 using LayerEffectChangesGroups = StackTest;
 
-TEST_F(LayerEffectChangesGroups, ADifferentGroupIsALineAMessageAndANamelessStepThatMovesNothing)
+TEST_F(LayerEffectChangesGroups, ADifferenceIsLineMessageUnnamedStep)
 {
     StackScene& stack = Make("A B", EveryGroupShows());
     Items tree = stack.Tree("A B");
@@ -36,7 +36,7 @@ TEST_F(LayerEffectChangesGroups, ADifferentGroupIsALineAMessageAndANamelessStepT
     EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
 }
 
-TEST_F(LayerEffectChangesGroups, AGroupChangeHoldsTheThreeSuitesOfTheMessage)
+TEST_F(LayerEffectChangesGroups, AChangeHoldsTheMessagesThreeSuites)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A");
@@ -54,7 +54,7 @@ TEST_F(LayerEffectChangesGroups, AGroupChangeHoldsTheThreeSuitesOfTheMessage)
     EXPECT_NE(stack.CallsWithSuites().find(toldAndGivenBack), std::string::npos) << stack.CallsWithSuites();
 }
 
-TEST_F(LayerEffectChangesGroups, EachDifferenceIsALineInTheOrderOfTheTree)
+TEST_F(LayerEffectChangesGroups, EachDifferenceIsALineInTreeOrder)
 {
     StackScene& stack = Make("A B C");
     Items tree = stack.Tree("C A B");
@@ -68,7 +68,7 @@ TEST_F(LayerEffectChangesGroups, EachDifferenceIsALineInTheOrderOfTheTree)
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesGroups, TheLineShowsTheNameOfTheTreeAsItStands)
+TEST_F(LayerEffectChangesGroups, TheLineShowsTheTreesName)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A");
@@ -78,7 +78,7 @@ TEST_F(LayerEffectChangesGroups, TheLineShowsTheNameOfTheTreeAsItStands)
     EXPECT_EQ(OutputOf([&] { (void)stack.Change(tree); }), "Setting Group: 50% %s\xFF\n");
 }
 
-TEST_F(LayerEffectChangesGroups, AnEmptyNameLeavesTheLineEmptyBehindItsBlank)
+TEST_F(LayerEffectChangesGroups, AnEmptyNameLeavesTheLineEmpty)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A");
@@ -88,7 +88,7 @@ TEST_F(LayerEffectChangesGroups, AnEmptyNameLeavesTheLineEmptyBehindItsBlank)
     EXPECT_EQ(OutputOf([&] { (void)stack.Change(tree); }), "Setting Group: \n");
 }
 
-TEST_F(LayerEffectChangesGroups, AnEffectToldMinusOneIsAtTheTopLevelAgain)
+TEST_F(LayerEffectChangesGroups, MinusOneMeansTheTopLevel)
 {
     StackScene& stack = Make("A");
     stack.host.Effect("A").family.group = 2;
@@ -106,7 +106,7 @@ TEST_F(LayerEffectChangesGroups, AnEffectToldMinusOneIsAtTheTopLevelAgain)
     EXPECT_EQ(stack.host.Effect("A").family.group, 2);
 }
 
-TEST_F(LayerEffectChangesGroups, AnEffectThatStoresMinusOneIsToldItAllTheSame)
+TEST_F(LayerEffectChangesGroups, AnEffectThatStoresMinusOneIsTold)
 {
     HostOptions options;
     options.groupMinusOne = GroupMinusOne::isStored;
@@ -121,7 +121,7 @@ TEST_F(LayerEffectChangesGroups, AnEffectThatStoresMinusOneIsToldItAllTheSame)
     EXPECT_EQ(stack.Steps(), "");
 }
 
-TEST_F(LayerEffectChangesGroups, ARigidEffectIsToldAndKeepsToItself)
+TEST_F(LayerEffectChangesGroups, ARigidEffectKeepsItsGroup)
 {
     StackScene& stack = Make("A");
     stack.host.Effect("A").family.rigidity = Rigidity::rigid;
@@ -136,7 +136,7 @@ TEST_F(LayerEffectChangesGroups, ARigidEffectIsToldAndKeepsToItself)
     ASSERT_EQ(stack.LayerItems()[0].group, -1);
 }
 
-TEST_F(LayerEffectChangesGroups, ANullLayerPrintsBothLinesAndLeavesTheHostAlone)
+TEST_F(LayerEffectChangesGroups, ANullLayerPrintsLinesAndCallsNobody)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A");
@@ -149,7 +149,7 @@ TEST_F(LayerEffectChangesGroups, ANullLayerPrintsBothLinesAndLeavesTheHostAlone)
     EXPECT_EQ(stack.CallsWithSuites(), "");
 }
 
-TEST_F(LayerEffectChangesGroups, AnEffectThatHasLeftTheLayerIsAnnouncedAndNobodyIsTold)
+TEST_F(LayerEffectChangesGroups, ALostEffectIsPrintedButNotTold)
 {
     StackScene& stack = Make("A B", EveryGroupShows());
     const Items before = stack.LayerItems();
@@ -169,7 +169,7 @@ TEST_F(LayerEffectChangesGroups, AnEffectThatHasLeftTheLayerIsAnnouncedAndNobody
                                  "Utility 3 AEGP_EndUndoGroup()\n");
 }
 
-TEST_F(LayerEffectChangesGroups, AnEffectThatFailsItsMessageStopsNothingBehindIt)
+TEST_F(LayerEffectChangesGroups, AFailedMessageStopsNothingAfterIt)
 {
     StackScene& stack = Make("A B");
     stack.host.Effect("A").behaviour = AnswersAndFailsWith(errGeneric);

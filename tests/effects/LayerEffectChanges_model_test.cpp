@@ -331,7 +331,7 @@ void walk(unsigned seed, Coverage& coverage)
 }
 } // namespace
 
-TEST(LayerEffectChangesModel, RandomTreesLeaveTheLayerAsTheModelSays)
+TEST(LayerEffectChangesModel, RandomTreesChangeTheLayerAsModelled)
 {
     Coverage coverage;
     if (const char* seed = std::getenv("VORTAN_SEED"))

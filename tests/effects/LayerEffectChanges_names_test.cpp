@@ -10,7 +10,7 @@ namespace
 {
 using LayerEffectChangesNames = StackTest;
 
-TEST_F(LayerEffectChangesNames, ADifferentNameIsOneUndoStepThroughTheStreams)
+TEST_F(LayerEffectChangesNames, ADifferentNameIsOneStreamUndoStep)
 {
     StackScene& stack = Make("A B");
     Items tree = stack.Tree("A B");
@@ -37,7 +37,7 @@ TEST_F(LayerEffectChangesNames, ADifferentNameIsOneUndoStepThroughTheStreams)
     EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
 }
 
-TEST_F(LayerEffectChangesNames, ARenameHoldsSuitesOfItsOwnAndGivesThemBackBeforeTheOrderTakesOthers)
+TEST_F(LayerEffectChangesNames, ARenameHoldsItsOwnSuites)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A");
@@ -100,7 +100,7 @@ TEST_F(LayerEffectChangesNames, ARenameHoldsSuitesOfItsOwnAndGivesThemBackBefore
               "Basic ReleaseSuite(\"AEGP Utility Suite\", 3)\n");
 }
 
-TEST_F(LayerEffectChangesNames, TwoRenamesAreTwoUndoStepsInTheOrderOfTheTree)
+TEST_F(LayerEffectChangesNames, TwoRenamesAreTwoStepsInTreeOrder)
 {
     StackScene& stack = Make("A B C", EveryGroupShows());
     Items tree = stack.Tree("C A B");
@@ -125,7 +125,7 @@ TEST_F(LayerEffectChangesNames, TwoRenamesAreTwoUndoStepsInTheOrderOfTheTree)
     EXPECT_EQ(stack.host.NameOf("C"), "C");
 }
 
-TEST_F(LayerEffectChangesNames, ARenameAndAMoveAreANamedAndANamelessStep)
+TEST_F(LayerEffectChangesNames, RenameAndMoveAreNamedAndUnnamedSteps)
 {
     StackScene& stack = Make("A B");
     Items tree = stack.Tree("B A");
@@ -139,7 +139,7 @@ TEST_F(LayerEffectChangesNames, ARenameAndAMoveAreANamedAndANamelessStep)
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesNames, AnEmptyNameGoesToTheHostAsItStands)
+TEST_F(LayerEffectChangesNames, AnEmptyNameGoesToTheHost)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A");
@@ -156,7 +156,7 @@ TEST_F(LayerEffectChangesNames, AnEmptyNameGoesToTheHostAsItStands)
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesNames, AnEmptyNameBringsBackTheDefaultOnAHostThatTakesItSo)
+TEST_F(LayerEffectChangesNames, AnEmptyNameCanBringBackTheDefault)
 {
     HostOptions options;
     options.emptyName = EmptyName::resetsToDefault;
@@ -170,7 +170,7 @@ TEST_F(LayerEffectChangesNames, AnEmptyNameBringsBackTheDefaultOnAHostThatTakesI
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesNames, BytesThatAreNotUtf8GoToTheHostUnconverted)
+TEST_F(LayerEffectChangesNames, NonUtf8BytesGoToTheHostUnchanged)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A");
@@ -182,7 +182,7 @@ TEST_F(LayerEffectChangesNames, BytesThatAreNotUtf8GoToTheHostUnconverted)
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesNames, AVeryLongNameGoesToTheHostUncut)
+TEST_F(LayerEffectChangesNames, AVeryLongNameGoesUncut)
 {
     StackScene& stack = Make("A");
     const std::string longName(100000, 'x');
@@ -195,7 +195,7 @@ TEST_F(LayerEffectChangesNames, AVeryLongNameGoesToTheHostUncut)
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesNames, ANameEndsForTheHostAtItsFirstZeroByte)
+TEST_F(LayerEffectChangesNames, ANameEndsAtItsFirstZeroByte)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A");
@@ -206,7 +206,7 @@ TEST_F(LayerEffectChangesNames, ANameEndsForTheHostAtItsFirstZeroByte)
     EXPECT_EQ(stack.host.NameOf("A"), "Fro");
 }
 
-TEST_F(LayerEffectChangesNames, ARenameFindsTheEffectWhereItStandsNow)
+TEST_F(LayerEffectChangesNames, ARenameFindsTheEffectsPresentIndex)
 {
     StackScene& stack = Make("A B C");
     const Items before = stack.LayerItems();
@@ -219,7 +219,7 @@ TEST_F(LayerEffectChangesNames, ARenameFindsTheEffectWhereItStandsNow)
     EXPECT_EQ(stack.Report(), "A: Front, group 0, on\nB: B, group 0, on\nC: C, group 0, on\n");
 }
 
-TEST_F(LayerEffectChangesNames, AStackReorderedInsideAMessageHasAnotherEffectRenamed)
+TEST_F(LayerEffectChangesNames, ReorderInsideAMessageRenamesAnotherEffect)
 {
     StackScene& stack = Make("A B C");
     Items tree = stack.Tree("A B C");
@@ -234,7 +234,7 @@ TEST_F(LayerEffectChangesNames, AStackReorderedInsideAMessageHasAnotherEffectRen
     EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 
-TEST_F(LayerEffectChangesNames, AnEffectThatHasLeftTheLayerIsNotRenamedAndOpensNoGroup)
+TEST_F(LayerEffectChangesNames, AnEffectThatLeftIsNotRenamed)
 {
     StackScene& stack = Make("A B", EveryGroupShows());
     const Items before = stack.LayerItems();
@@ -263,7 +263,7 @@ TEST_F(LayerEffectChangesNames, ANullLayerMakesNoHostCall)
     EXPECT_EQ(stack.Steps(), "");
 }
 
-TEST_F(LayerEffectChangesNames, TheOtherStepsLeaveNoTraceOfARename)
+TEST_F(LayerEffectChangesNames, OtherStepsLeaveNoTraceOfARename)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A");

@@ -13,7 +13,7 @@ using LayerEffectChangesOrder = StackTest;
 const std::string startNamed = "Utility 3 AEGP_StartUndoGroup(\"Reorder Effect(s)\")\n";
 const std::string endGroup = "Utility 3 AEGP_EndUndoGroup()\n";
 
-TEST_F(LayerEffectChangesOrder, TheLastEffectComesToTheTopAndTheOthersAreMovedToTheirOwnPlaces)
+TEST_F(LayerEffectChangesOrder, TheLastEffectComesToTheTop)
 {
     StackScene& stack = Make("A B C");
     const std::string reading = ReadIdentities(stack, "A B C");
@@ -51,7 +51,7 @@ TEST_F(LayerEffectChangesOrder, AnOutsideEffectSinksBelowTheFamily)
     EXPECT_EQ(stack.Stack(), "Z A B");
 }
 
-TEST_F(LayerEffectChangesOrder, AnObjectThatIsNotOnTheLayerKeepsItsPositionAndTheNextAimsPastTheStacksOrder)
+TEST_F(LayerEffectChangesOrder, AMissingObjectKeepsItsPosition)
 {
     StackScene& stack = Make("A B C");
     const std::string reading = ReadIdentities(stack, "A B C");
@@ -63,7 +63,7 @@ TEST_F(LayerEffectChangesOrder, AnObjectThatIsNotOnTheLayerKeepsItsPositionAndTh
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesOrder, AfterSuchAPositionTheBeliefTakesAnotherEffectThanTheOneWanted)
+TEST_F(LayerEffectChangesOrder, AfterAMissingPositionAnotherEffectIsTaken)
 {
     // After B went to 2 the layer holds A C B D. The belief is still A B C D, so C is looked for at 2, where
     // B stands, and D at 3, where B has gone.
@@ -78,7 +78,7 @@ TEST_F(LayerEffectChangesOrder, AfterSuchAPositionTheBeliefTakesAnotherEffectTha
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesOrder, AnEntryThatJumpsDownTwoPlacesIsBelievedOneShortOfWhereItIs)
+TEST_F(LayerEffectChangesOrder, AJumpOfTwoIsTrackedOneShort)
 {
     // A goes from 0 to 2: the layer holds B C A, and the belief is B A C. So C is looked for at 2.
     StackScene& stack = Make("A B C D");
@@ -114,7 +114,7 @@ TEST_F(LayerEffectChangesOrder, AStackIsTurnedAround)
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesOrder, ListsThatAgreeMoveEveryEffectToItsOwnPlace)
+TEST_F(LayerEffectChangesOrder, EqualListsMoveEveryEffectInPlace)
 {
     StackScene& stack = Make("A B", EveryGroupShows());
 
@@ -125,7 +125,7 @@ TEST_F(LayerEffectChangesOrder, ListsThatAgreeMoveEveryEffectToItsOwnPlace)
     EXPECT_EQ(stack.Steps(), "[Reorder Effect(s)]");
 }
 
-TEST_F(LayerEffectChangesOrder, AnEmptyTreeChangesNothingAndOpensAndClosesOneNamedGroup)
+TEST_F(LayerEffectChangesOrder, AnEmptyTreeMakesANamedEmptyGroup)
 {
     StackScene& stack = Make("A Z", EveryGroupShows());
 
@@ -138,7 +138,7 @@ TEST_F(LayerEffectChangesOrder, AnEmptyTreeChangesNothingAndOpensAndClosesOneNam
     EXPECT_EQ(stack.Steps(), "[Reorder Effect(s)]");
 }
 
-TEST_F(LayerEffectChangesOrder, AnEmptyTreeOnAnEmptyLayerOpensAndClosesTheGroupToo)
+TEST_F(LayerEffectChangesOrder, AnEmptyTreeOnAnEmptyLayerToo)
 {
     StackScene& stack = Make("");
 
@@ -153,7 +153,7 @@ TEST_F(LayerEffectChangesOrder, AnEmptyTreeOnAnEmptyLayerOpensAndClosesTheGroupT
                                        "Basic ReleaseSuite(\"AEGP Utility Suite\", 3)\n");
 }
 
-TEST_F(LayerEffectChangesOrder, AZeroIdentityInTheTreeFillsItsPositionAndMovesNobody)
+TEST_F(LayerEffectChangesOrder, AZeroIdentityFillsAPositionMovesNobody)
 {
     StackScene& stack = Make("A Z B");
 
@@ -164,7 +164,7 @@ TEST_F(LayerEffectChangesOrder, AZeroIdentityInTheTreeFillsItsPositionAndMovesNo
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesOrder, AnEffectWithoutATreeItemIsOnlyPushedAside)
+TEST_F(LayerEffectChangesOrder, AnEffectOutsideTheTreeIsPushedAside)
 {
     StackScene& stack = Make("A B C");
 
@@ -176,7 +176,7 @@ TEST_F(LayerEffectChangesOrder, AnEffectWithoutATreeItemIsOnlyPushedAside)
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesOrder, APositionBehindTheStackIsRefusedByTheHostAndTheRestGoesOn)
+TEST_F(LayerEffectChangesOrder, APositionPastTheStackIsRefused)
 {
     // The refused move of A is believed: A is taken to stand at the end.
     StackScene& stack = Make("A B");
@@ -196,7 +196,7 @@ TEST_F(LayerEffectChangesOrder, APositionBehindTheStackIsRefusedByTheHostAndTheR
     EXPECT_EQ(stack.Steps(), "");
 }
 
-TEST_F(LayerEffectChangesOrder, OfTwoEffectsWithOneIdentityTheUpperIsMovedBothTimes)
+TEST_F(LayerEffectChangesOrder, OfTwinsTheUpperIsMovedTwice)
 {
     StackScene& stack = Make("A B C");
     stack.host.Effect("B").family.uuid = stack.host.Effect("A").family.uuid;
@@ -210,7 +210,7 @@ TEST_F(LayerEffectChangesOrder, OfTwoEffectsWithOneIdentityTheUpperIsMovedBothTi
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesOrder, TheOrderIsOneNamelessStepWhenAnythingElseDiffered)
+TEST_F(LayerEffectChangesOrder, TheOrderIsUnnamedAfterAnyOtherDifference)
 {
     for (const std::string what : {"name", "group", "active"})
     {
@@ -232,7 +232,7 @@ TEST_F(LayerEffectChangesOrder, TheOrderIsOneNamelessStepWhenAnythingElseDiffere
     }
 }
 
-TEST_F(LayerEffectChangesOrder, ANullLayerStopsBeforeASuiteIsAcquired)
+TEST_F(LayerEffectChangesOrder, ANullLayerAcquiresNoSuite)
 {
     StackScene& stack = Make("A B");
     const Items layerItems = stack.LayerItems();

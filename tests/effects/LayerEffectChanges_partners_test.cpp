@@ -32,7 +32,7 @@ std::string onlyInPlace(StackScene& stack, const std::string& labels)
     return text + "Utility 3 AEGP_EndUndoGroup()\n";
 }
 
-TEST_F(LayerEffectChangesPartners, AnItemThatDiffersInEverythingIsNamedThenGroupedThenSwitchedThenMoved)
+TEST_F(LayerEffectChangesPartners, AnItemIsNamedGroupedSwitchedMoved)
 {
     StackScene& stack = Make("A B");
     Items tree = stack.Tree("B A");
@@ -52,7 +52,7 @@ TEST_F(LayerEffectChangesPartners, AnItemThatDiffersInEverythingIsNamedThenGroup
     EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
 }
 
-TEST_F(LayerEffectChangesPartners, EachStepGoesOverTheWholeListBeforeTheNextBegins)
+TEST_F(LayerEffectChangesPartners, EachStepCoversTheWholeListFirst)
 {
     StackScene& stack = Make("A B");
     Items tree = stack.Tree("A B");
@@ -66,7 +66,7 @@ TEST_F(LayerEffectChangesPartners, EachStepGoesOverTheWholeListBeforeTheNextBegi
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesPartners, AZeroIdentityInTheTreeHasNoPartner)
+TEST_F(LayerEffectChangesPartners, AZeroIdentityHasNoPartner)
 {
     StackScene& stack = Make("Z A");
     Items tree = stack.Tree("0 A");
@@ -80,7 +80,7 @@ TEST_F(LayerEffectChangesPartners, AZeroIdentityInTheTreeHasNoPartner)
     EXPECT_EQ(stack.Report(), "Z: Z, group 0, on\nA: A, group 0, on\n");
 }
 
-TEST_F(LayerEffectChangesPartners, AnUnknownIdentityInTheTreeHasNoPartner)
+TEST_F(LayerEffectChangesPartners, AnUnknownIdentityHasNoPartner)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A ?");
@@ -91,8 +91,7 @@ TEST_F(LayerEffectChangesPartners, AnUnknownIdentityInTheTreeHasNoPartner)
     EXPECT_EQ(stack.Calls(), onlyInPlace(stack, "A"));
 }
 
-TEST_F(LayerEffectChangesPartners,
-       AnIdentityThatTheLayerListDoesNotHoldHasNoPartnerThoughItsEffectStandsThere)
+TEST_F(LayerEffectChangesPartners, AnIdentityOutsideTheListHasNoPartner)
 {
     StackScene& stack = Make("A B");
     Items layerItems = stack.LayerItems();
@@ -142,7 +141,7 @@ TEST_F(LayerEffectChangesPartners, AnIdentityInCapitalsIsAnother)
     EXPECT_EQ(stack.host.NameOf("A"), "A");
 }
 
-TEST_F(LayerEffectChangesPartners, OfTwoLayerItemsWithOneIdentityTheFirstIsThePartner)
+TEST_F(LayerEffectChangesPartners, OfLayerTwinsTheFirstIsThePartner)
 {
     StackScene& stack = Make("A B");
     stack.host.Effect("B").family.uuid = stack.host.Effect("A").family.uuid;
@@ -156,7 +155,7 @@ TEST_F(LayerEffectChangesPartners, OfTwoLayerItemsWithOneIdentityTheFirstIsThePa
     EXPECT_EQ(stack.Steps(), "[Rename Effect(s)]");
 }
 
-TEST_F(LayerEffectChangesPartners, AgreementWithTheFirstOfTwoLayerItemsIsAgreement)
+TEST_F(LayerEffectChangesPartners, AgreementWithTheFirstTwinIsAgreement)
 {
     StackScene& stack = Make("A B");
     stack.host.Effect("B").family.uuid = stack.host.Effect("A").family.uuid;
@@ -170,7 +169,7 @@ TEST_F(LayerEffectChangesPartners, AgreementWithTheFirstOfTwoLayerItemsIsAgreeme
     EXPECT_EQ(stack.Steps(), "");
 }
 
-TEST_F(LayerEffectChangesPartners, OfTwoEffectsWithOneIdentityEveryChangeGoesToTheFirst)
+TEST_F(LayerEffectChangesPartners, OfEffectTwinsTheFirstIsChanged)
 {
     StackScene& stack = Make("A B");
     stack.host.Effect("B").family.uuid = stack.host.Effect("A").family.uuid;
@@ -183,7 +182,7 @@ TEST_F(LayerEffectChangesPartners, OfTwoEffectsWithOneIdentityEveryChangeGoesToT
     EXPECT_EQ(stack.Report(), "A: Front, group 3, off\nB: B, group 0, on\n");
 }
 
-TEST_F(LayerEffectChangesPartners, TwoTreeItemsWithOneIdentityAreCarriedOutOneAfterTheOther)
+TEST_F(LayerEffectChangesPartners, TreeTwinsAreCarriedOutInTurn)
 {
     StackScene& stack = Make("A");
     Items tree = stack.Tree("A A");
@@ -222,7 +221,7 @@ TEST_F(LayerEffectChangesPartners, TheLayersListServesForComparingAlone)
     EXPECT_EQ(stack.Calls(), onlyInPlace(stack, "A B"));
 }
 
-TEST_F(LayerEffectChangesPartners, AnEffectThatHidesItsIdentityForOnePassIsTakenForGone)
+TEST_F(LayerEffectChangesPartners, AnEffectHidingItsIdentityCountsAsGone)
 {
     StackScene& stack = Make("A B");
     const Items layerItems = stack.LayerItems();

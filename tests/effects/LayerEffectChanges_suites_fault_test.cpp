@@ -40,7 +40,7 @@ class LayerEffectChangesMissingSuite : public ::testing::TestWithParam<Withheld>
 {
 };
 
-TEST_P(LayerEffectChangesMissingSuite, WithheldFromTheStartIsThrownThroughARename)
+TEST_P(LayerEffectChangesMissingSuite, ThrowsThroughARename)
 {
     for (const MissingSuite& missing : missingInRename)
     {
@@ -58,7 +58,7 @@ TEST_P(LayerEffectChangesMissingSuite, WithheldFromTheStartIsThrownThroughARenam
     }
 }
 
-TEST_P(LayerEffectChangesMissingSuite, WithheldFromTheStartIsThrownThroughTheOtherSteps)
+TEST_P(LayerEffectChangesMissingSuite, ThrowsThroughTheOtherSteps)
 {
     for (const char* edit : {"group", "active", "order"})
     {
@@ -92,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(EachRefusal, LayerEffectChangesMissingSuite,
                          ::testing::Values(Withheld::asError, Withheld::asNullTable,
                                            Withheld::asPoisonedPointer));
 
-TEST(LayerEffectChangesMissingSuites, TheParameterStreamStaysOutIfItsDisposingSuiteIsMissingToo)
+TEST(LayerEffectChangesMissingSuites, BothMissingLeakTheParameterStream)
 {
     StackScene stack("A");
     Items tree = stack.Tree("A");
@@ -112,7 +112,7 @@ TEST(LayerEffectChangesMissingSuites, TheParameterStreamStaysOutIfItsDisposingSu
         << "the effect is given back all the same, and last";
 }
 
-TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteIsNotMissedWithoutALayer)
+TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteIsUnusedWithoutLayer)
 {
     StackScene stack("A B");
     Items tree = stack.Tree("B A");
@@ -128,7 +128,7 @@ TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteIsNotMissedWithoutALayer)
     EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 
-TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteIsThrownBeforeAnyHostCall)
+TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteThrowsBeforeAnyCall)
 {
     StackScene stack("A");
     for (const char* edit : {"name", "group", "active", "order"})
@@ -158,7 +158,7 @@ TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteIsThrownBeforeAnyHostCall)
     }
 }
 
-TEST(LayerEffectChangesMissingSuites, ASuiteThatGoesAwayBetweenTwoRenamesLeavesTheFirstOnTheLayer)
+TEST(LayerEffectChangesMissingSuites, LostBetweenRenamesKeepsTheFirst)
 {
     for (const char* suite : {"AEGP Stream Suite", "AEGP Dynamic Stream Suite"})
     {
@@ -180,7 +180,7 @@ TEST(LayerEffectChangesMissingSuites, ASuiteThatGoesAwayBetweenTwoRenamesLeavesT
     }
 }
 
-TEST(LayerEffectChangesMissingSuites, ASuiteThatGoesAwayBeforeTheOrderLeavesTheOtherChangesOnTheLayer)
+TEST(LayerEffectChangesMissingSuites, LostBeforeTheOrderKeepsOtherChanges)
 {
     StackScene stack("A B");
     stack.host.Effect("A").behaviour =

@@ -10,7 +10,7 @@
 using namespace standin;
 using ::testing::ElementsAre;
 
-TEST(LayerItems, OfAnEffectThatAnswersLateGetItsGroupOnlyAtTheNextRead)
+TEST(LayerItems, OfALateEffectGetTheirGroupLater)
 {
     LiarHost product;
     product.host.Effect("B").behaviour = AnswersLate(1);
@@ -22,7 +22,7 @@ TEST(LayerItems, OfAnEffectThatAnswersLateGetItsGroupOnlyAtTheNextRead)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, OfAnEffectThatIsNotSetUpYetLookLikeThoseOfAnOutsideEffect)
+TEST(LayerItems, OfAnUnfinishedEffectLookLikeAnOutsiders)
 {
     LiarHost product;
     product.host.Effect("B").behaviour = AnswersLate(2);
@@ -34,7 +34,7 @@ TEST(LayerItems, OfAnEffectThatIsNotSetUpYetLookLikeThoseOfAnOutsideEffect)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, OfANewEffectHaveTheZeroIdentityUntilItHasMadeOne)
+TEST(LayerItems, OfANewEffectHaveAZeroIdentity)
 {
     HostOptions options;
     options.identityBirth = IdentityBirth::atNextIdle;
@@ -48,7 +48,7 @@ TEST(LayerItems, OfANewEffectHaveTheZeroIdentityUntilItHasMadeOne)
                 ElementsAre(TextOf(identity) + " Vortan Sheets Object group 0 active 1 tag " + sheets));
 }
 
-TEST(LayerItems, OfAnEffectThatFailsLookLikeThoseOfAnOutsideEffectAndTheOthersAreWhole)
+TEST(LayerItems, OfAFailingEffectLookLikeAnOutsiders)
 {
     for (const auto& behaviour : {FailsWith(4), Throws(13)})
     {
@@ -62,7 +62,7 @@ TEST(LayerItems, OfAnEffectThatFailsLookLikeThoseOfAnOutsideEffectAndTheOthersAr
     }
 }
 
-TEST(LayerItems, TakeTheAnswerOfAnEffectThatAnswersAndFails)
+TEST(LayerItems, TakeAnAnswerThatComesWithAnError)
 {
     LiarHost product;
     product.host.Effect("A").behaviour = AnswersAndFailsWith(4);
@@ -101,7 +101,7 @@ TEST(LayerItems, RepeatAnIdentityThatTwoEffectsBear)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, OfAnEffectThatIsNotInstalledHaveNoIdentity)
+TEST(LayerItems, OfAnUninstalledEffectHaveNoIdentity)
 {
     LiarHost product;
     product.host.Effect("B").flags = AEGP_EffectFlags_ACTIVE | 8;
@@ -114,7 +114,7 @@ TEST(LayerItems, OfAnEffectThatIsNotInstalledHaveNoIdentity)
 
 // The stack changes inside a message. Each part of an item is what stood at its index when it was asked.
 
-TEST(LayerItems, KeepTheirNumberWhenAnEffectIsDeletedInsideAMessage)
+TEST(LayerItems, KeepTheirNumberAfterADeletionInside)
 {
     LiarHost product;
     product.host.Effect("A").behaviour = ActsInMessage([](Host& host) { host.User().Delete("C"); });
@@ -128,7 +128,7 @@ TEST(LayerItems, KeepTheirNumberWhenAnEffectIsDeletedInsideAMessage)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, KeepTheirNumberWhenAnEffectDeletesItselfInsideItsMessage)
+TEST(LayerItems, KeepTheirNumberAfterASelfDeletionInside)
 {
     LiarHost product;
     product.host.Effect("A").behaviour = ActsInMessage([](Host& host) { host.User().Delete("A"); });
@@ -142,7 +142,7 @@ TEST(LayerItems, KeepTheirNumberWhenAnEffectDeletesItselfInsideItsMessage)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, DoNotGrowWhenAnEffectIsAddedInsideAMessage)
+TEST(LayerItems, DoNotGrowAfterAnAddInside)
 {
     LiarHost product;
     product.host.Effect("C").behaviour =
@@ -152,7 +152,7 @@ TEST(LayerItems, DoNotGrowWhenAnEffectIsAddedInsideAMessage)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, AreMixedWhenTheStackIsReorderedBetweenTheQuestions)
+TEST(LayerItems, AreMixedAfterAReorderBetweenQuestions)
 {
     LiarHost product;
     // The fourth message of the read is the first one about an identity.

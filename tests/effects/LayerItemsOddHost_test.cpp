@@ -31,7 +31,7 @@ void install(ProductHost& product, const std::string& matchName, int parameterCo
 
 // Effects that the host cannot tell everything about.
 
-TEST(LayerItems, BelowAnEffectWithoutAParameterHaveNoNamesOfTheirOwn)
+TEST(LayerItems, BelowAMissingParameterHaveNoNames)
 {
     LiarHost product;
     install(product, "QVK VORTEFF Bare", 1, InstalledEffect::MatchNameEnding::terminated);
@@ -56,7 +56,7 @@ TEST(LayerItems, BelowAnEffectWithoutAParameterHaveNoNamesOfTheirOwn)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, EndATagAt128CharactersIfTheHostDoesNot)
+TEST(LayerItems, EndATagAt128Characters)
 {
     LiarHost product;
     const std::string longName = "QVK VORTEFF Endless";
@@ -73,7 +73,7 @@ TEST(LayerItems, EndATagAt128CharactersIfTheHostDoesNot)
 
 // A host that lies.
 
-TEST(LayerItems, OfALayerWithANegativeCountAreNone)
+TEST(LayerItems, OfANegativeCountAreNone)
 {
     LiarHost product;
     PatchedBasic<AEGP_EffectSuite1> basic(product.host,
@@ -91,7 +91,7 @@ TEST(LayerItems, OfALayerWithANegativeCountAreNone)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, AskNoHostForNamesIfCountingGaveACountAndAnError)
+TEST(LayerItems, AskNoNamesAfterACountWithError)
 {
     LiarHost product;
     // Sound from the second call on, so that the messages find the stack.
@@ -115,7 +115,7 @@ TEST(LayerItems, AskNoHostForNamesIfCountingGaveACountAndAnError)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, DisposeOfAParameterStreamThatCameWithAnError)
+TEST(LayerItems, DisposeOfAParameterStreamWithError)
 {
     LiarHost product;
     PatchedBasic<AEGP_StreamSuite1> basic(
@@ -163,7 +163,7 @@ TEST(LayerItems, BearANameThatCameWithAnError)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, EndANameAt128CharactersIfTheHostDoesNot)
+TEST(LayerItems, EndANameAt128Characters)
 {
     LiarHost product;
     PatchedBasic<AEGP_StreamSuite1> basic(product.host,
@@ -181,7 +181,7 @@ TEST(LayerItems, EndANameAt128CharactersIfTheHostDoesNot)
     product.ExpectCleanEnd();
 }
 
-TEST(LayerItems, DisposeOfAReferenceThatCameWithAnError)
+TEST(LayerItems, DisposeOfAReferenceWithError)
 {
     LiarHost product;
     PatchedBasic<AEGP_DynamicStreamSuite2> basic(

@@ -212,7 +212,7 @@ protected:
 };
 } // namespace
 
-TEST_F(LayerItemsFaults, FailingOneCallGivesTheListThatItsPlaceDemands)
+TEST_F(LayerItemsFaults, AfterOneFailedCallDependOnItsPlace)
 {
     const std::size_t swept = SweepFaults(
         Make, Run, [this](FaultyRead& scenario, const SweptFault& fault) { Check(scenario, fault); },
@@ -222,7 +222,7 @@ TEST_F(LayerItemsFaults, FailingOneCallGivesTheListThatItsPlaceDemands)
     EXPECT_EQ(missingSuites, 6) << "every acquire";
 }
 
-TEST_F(LayerItemsFaults, FailingAFunctionForGoodGivesTheListThatItsFirstPlaceDemands)
+TEST_F(LayerItemsFaults, AfterAFailingFunctionDependOnFirstPlace)
 {
     const std::size_t swept = SweepFaults(
         Make, Run, [this](FaultyRead& scenario, const SweptFault& fault) { Check(scenario, fault); },
@@ -231,7 +231,7 @@ TEST_F(LayerItemsFaults, FailingAFunctionForGoodGivesTheListThatItsFirstPlaceDem
     EXPECT_EQ(missingSuites, 6);
 }
 
-TEST_F(LayerItemsFaults, FailingEverythingFromACallOnGivesTheListThatThePlaceDemands)
+TEST_F(LayerItemsFaults, AfterLastingFailureDependOnItsPlace)
 {
     const std::size_t swept = SweepFaults(
         Make, Run, [this](FaultyRead& scenario, const SweptFault& fault) { Check(scenario, fault); },
@@ -241,7 +241,7 @@ TEST_F(LayerItemsFaults, FailingEverythingFromACallOnGivesTheListThatThePlaceDem
     EXPECT_GT(lists, 90);
 }
 
-TEST(LayerItems, WithoutOneOfTheirSuitesLeaveAsTheInteger516)
+TEST(LayerItems, WithoutOneSuiteThrow516)
 {
     struct Row
     {
@@ -275,7 +275,7 @@ TEST(LayerItems, WithoutOneOfTheirSuitesLeaveAsTheInteger516)
     }
 }
 
-TEST(LayerItems, WithoutTheSuiteOfTheParentStreamGiveBackWhatTheyHold)
+TEST(LayerItems, WithoutTheParentSuiteDisposeOfTheRest)
 {
     FaultyRead scenario;
     scenario.host.Faults().Withhold("AEGP Dynamic Stream Suite", 2);
@@ -294,7 +294,7 @@ TEST(LayerItems, WithoutTheSuiteOfTheParentStreamGiveBackWhatTheyHold)
 
 // The same by hand, for a reader.
 
-TEST(LayerItems, BelowTheThirdEffectRepeatTheTextsOfTheSecondIfItCannotBeHad)
+TEST(LayerItems, BelowAFailedEffectRepeatTheTextsAbove)
 {
     FaultyRead scenario;
     // Each effect is had three times: for its group, for its identity, and for the host read.
@@ -311,7 +311,7 @@ TEST(LayerItems, BelowTheThirdEffectRepeatTheTextsOfTheSecondIfItCannotBeHad)
     EXPECT_EQ(scenario.host.FindingsReport(), "");
 }
 
-TEST(LayerItems, HaveNoTextsIfTheFirstEffectCannotBeHad)
+TEST(LayerItems, HaveNoTextsIfTheFirstFails)
 {
     FaultyRead scenario;
     scenario.host.Faults().FailFunction("AEGP_GetLayerEffectByIndex", 5 + 5 + 1);
@@ -323,7 +323,7 @@ TEST(LayerItems, HaveNoTextsIfTheFirstEffectCannotBeHad)
     EXPECT_EQ(scenario.host.FindingsReport(), "");
 }
 
-TEST(LayerItems, OfAStackThatCannotBeCountedAreNoneAndNoMessageIsSent)
+TEST(LayerItems, OfAnUncountableStackAreNone)
 {
     FaultyRead scenario;
     scenario.host.Faults().FailFunction("AEGP_GetLayerNumEffects");

@@ -42,7 +42,7 @@ void expectNoTraceOfTheRead(ProductHost& product)
 }
 } // namespace
 
-TEST(LayerItems, OfANullLayerAreNoneAndCostNoHostCall)
+TEST(LayerItems, OfANullLayerCostNoCall)
 {
     ProductHost product;
     std::vector<ObjectItem> items(1);
@@ -54,7 +54,7 @@ TEST(LayerItems, OfANullLayerAreNoneAndCostNoHostCall)
     expectNoTraceOfTheRead(product);
 }
 
-TEST(LayerItems, OfALayerWithoutEffectsAreNoneAndNoMessageIsSent)
+TEST(LayerItems, OfAnEmptyLayerSendNoMessage)
 {
     ProductHost product;
     EXPECT_THAT(Read(product).items, IsEmpty());
@@ -71,7 +71,7 @@ TEST(LayerItems, WithoutABasicSuiteThrow516)
     EXPECT_THAT(product.host.CallTexts(), IsEmpty());
 }
 
-TEST(LayerItems, OfOneOutsideEffectHaveItsNamesAndItsSwitchAndTheZeroIdentity)
+TEST(LayerItems, OfAnOutsiderHaveNameSwitchZeroIdentity)
 {
     ProductHost product;
     product.Add(fill, "F");
@@ -159,7 +159,7 @@ TEST(LayerItems, AreReadWithExactlyTheseCalls)
     expectNoTraceOfTheRead(product);
 }
 
-TEST(LayerItems, AreReadInTheSameWayForEachEffectOfALongStack)
+TEST(LayerItems, AreReadAlikeOnALongStack)
 {
     ProductHost product;
     for (const char* label : {"A", "B", "C"})
@@ -167,14 +167,13 @@ TEST(LayerItems, AreReadInTheSameWayForEachEffectOfALongStack)
     product.Add(fill, "F");
     product.Add(mainEffect, "M");
     (void)Read(product);
-    EXPECT_EQ(product.host.CallTexts(),
-              CallsOfReadWithSuites(TracedStackOf(product, {"A", "B", "C", "F", "M"})));
-    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut),
-              CallsOfRead(TracedStackOf(product, {"A", "B", "C", "F", "M"})));
+    const Calls read = TracedStackOf(product, {"A", "B", "C", "F", "M"}).Read();
+    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut), read);
+    EXPECT_EQ(product.host.CallTexts().size(), read.size() + 12) << "six suites, acquired and released once";
     expectNoTraceOfTheRead(product);
 }
 
-TEST(LayerItems, CostTwoMessagesAndTenHostCallsForEachEffect)
+TEST(LayerItems, CostTwoMessagesAndTenCallsEach)
 {
     for (const int n : {1, 2, 7, 40})
     {
@@ -233,7 +232,7 @@ TEST(LayerItems, TakeNoFlagButTheActiveOne)
     EXPECT_EQ(items[1].active, 1);
 }
 
-TEST(LayerItems, OfTwoEffectsOfAKindHaveIdentitiesOfTheirOwnAndOneTag)
+TEST(LayerItems, OfOneKindHaveOwnIdentitiesOneTag)
 {
     ProductHost product;
     product.Add(sheets, "A");
@@ -267,7 +266,7 @@ TEST(LayerItems, LeaveNoEffectOut)
     EXPECT_EQ(product.host.FindingsReport(), "");
 }
 
-TEST(LayerItems, CarryTheGroupThatTheEffectAnswersWidenedWithItsSign)
+TEST(LayerItems, CarryTheAnsweredGroupSignExtended)
 {
     ProductHost product;
     for (const char* label : {"A", "B", "C", "D", "E"})
@@ -297,7 +296,7 @@ TEST(LayerItems, AreTheSameWhateverTheLastArgumentIs)
     }
 }
 
-TEST(LayerItems, AskTheEffectsAtTheCompositionTimeOfTheLayersStart)
+TEST(LayerItems, AskAtTheLayersStartInCompTime)
 {
     ProductHost product;
     product.Add(sheets, "A");
@@ -321,7 +320,7 @@ TEST(LayerItems, PrintNothingAndChangeNothing)
     expectNoTraceOfTheRead(product);
 }
 
-TEST(LayerItems, KeepTheBytesOfANameThatIsNoText)
+TEST(LayerItems, KeepTheBytesOfANonUtf8Name)
 {
     ProductHost product;
     product.Add(sheets, "A");

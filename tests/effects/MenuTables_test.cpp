@@ -64,7 +64,7 @@ TEST(MenuTables, FamiliesHaveTheseMatchNames)
     EXPECT_STREQ(KIT_MATCH_NAME, "QVK VORTKIT");
 }
 
-TEST(MenuTables, PrefixIsTestedOverItsWholeLengthAndWithCase)
+TEST(MenuTables, PrefixMatchesWholeAndByCase)
 {
     EXPECT_TRUE(StartsWith("QVK VORTAN TWO", "QVK VORTAN"));
     EXPECT_TRUE(StartsWith("QVK VORTAN", "QVK VORTAN"));
@@ -84,20 +84,20 @@ TEST(DisplayName, IsTheTextOfTheFirstEqualRow)
     EXPECT_EQ(GetDisplayName("B", 2, matchNames, displayNames), "second");
 }
 
-TEST(DisplayName, IsNotFoundBehindTheRowsThatCountAllows)
+TEST(DisplayName, IsNotFoundPastTheCountedRows)
 {
     EXPECT_EQ(GetDisplayName("QVK VORTSRC Routes", 1, src_match_name_array, src_display_array), "Not Found");
     EXPECT_EQ(GetDisplayName("QVK VORTSRC Routes", 2, src_match_name_array, src_display_array), "Routes");
 }
 
-TEST(DisplayName, IsNotFoundForNoRowsWhateverTheTablesHold)
+TEST(DisplayName, IsNotFoundForNoRows)
 {
     EXPECT_EQ(GetDisplayName("QVK VORTSRC Lamps", 0, src_match_name_array, src_display_array), "Not Found");
     EXPECT_EQ(GetDisplayName("QVK VORTSRC Lamps", -1, src_match_name_array, src_display_array), "Not Found");
     EXPECT_EQ(GetDisplayName("QVK VORTSRC Lamps", 0, nullptr, nullptr), "Not Found");
 }
 
-TEST(DisplayName, IsNotFoundUnlessTheWholeNameIsEqual)
+TEST(DisplayName, IsNotFoundUnlessNamesAreEqual)
 {
     EXPECT_EQ(GetDisplayName("QVK VORTSRC Lamps 2", 6, src_match_name_array, src_display_array), "Not Found");
     EXPECT_EQ(GetDisplayName("QVK VORTSRC Lamp", 6, src_match_name_array, src_display_array), "Not Found");

@@ -12,7 +12,7 @@ namespace standin
 {
 // The texts of a menu.
 
-TEST_F(Catalogue, MenuTextsStandInTheOrderOfTheKeys)
+TEST_F(Catalogue, MenuTextsFollowTheKeys)
 {
     Install(11, "QVK VORTSRC Lamps");
     Install(12, "QVK VORTSRC Routes");
@@ -27,13 +27,13 @@ TEST_F(Catalogue, MenuTextsStandInTheOrderOfTheKeys)
                             "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
 }
 
-TEST_F(Catalogue, NoKeysGiveNoTextsAndNoHostCall)
+TEST_F(Catalogue, NoKeysGiveNoTextsAndNoCall)
 {
     EXPECT_THAT(Popup({}, src_match_name_array, src_display_array), IsEmpty());
     EXPECT_THAT(host.CallTexts(), IsEmpty());
 }
 
-TEST_F(Catalogue, NameThatCannotBeReadGivesNotFoundFromThereOnAndNoFurtherCall)
+TEST_F(Catalogue, UnreadableNameGivesNotFoundFromThere)
 {
     Install(11, "QVK VORTSRC Lamps");
     Install(12, "QVK VORTSRC Routes");
@@ -46,7 +46,7 @@ TEST_F(Catalogue, NameThatCannotBeReadGivesNotFoundFromThereOnAndNoFurtherCall)
                             "Effect 1 AEGP_GetEffectMatchName(12) = 1"));
 }
 
-TEST_F(Catalogue, OnlyTheSecondRowOfAFamilyInstalledIsNotFound)
+TEST_F(Catalogue, OnlyASecondRowInstalledIsNotFound)
 {
     Install(12, "QVK VORTSRC Routes");
     EXPECT_EQ(Find("QVK VORTSRC"), 0);
@@ -54,7 +54,7 @@ TEST_F(Catalogue, OnlyTheSecondRowOfAFamilyInstalledIsNotFound)
     EXPECT_THAT(Popup(keys, src_match_name_array, src_display_array), ElementsAre("Not Found"));
 }
 
-TEST_F(Catalogue, PartOfAFamilyFindsOnlyTheRowsInFrontOfTheNumberOfKeys)
+TEST_F(Catalogue, PartOfAFamilyFindsOnlyEarlyRows)
 {
     Install(15, "QVK VORTEFF Tint Table");
     Install(11, "QVK VORTEFF Round Zone");
@@ -64,7 +64,7 @@ TEST_F(Catalogue, PartOfAFamilyFindsOnlyTheRowsInFrontOfTheNumberOfKeys)
                 ElementsAre("Not Found", "Round Zone", "Enclosure"));
 }
 
-TEST_F(Catalogue, LongerMatchNamePassesThePrefixAndFailsTheTable)
+TEST_F(Catalogue, LongerNamePassesPrefixFailsTable)
 {
     Install(11, "QVK VORTSRC Lamps Extra");
     EXPECT_EQ(Find("QVK VORTSRC"), 0);
@@ -72,7 +72,7 @@ TEST_F(Catalogue, LongerMatchNamePassesThePrefixAndFailsTheTable)
     EXPECT_THAT(Popup(keys, src_match_name_array, src_display_array), ElementsAre("Not Found"));
 }
 
-TEST_F(Catalogue, MoreEffectsOfAFamilyThanRowsEndTheSearchAtTheTablesEnd)
+TEST_F(Catalogue, MoreEffectsThanRowsEndTheSearch)
 {
     Install(11, "QVK VORTREN Panes");
     for (int i = 0; i < 9; ++i)
@@ -108,7 +108,7 @@ TEST_F(Catalogue, WholeFamilyGivesEveryMenuItsTexts)
     EXPECT_EQ(KeyOf(MAIN_MATCH_NAME), host.FindInstalled("QVK VORTAN TWO")->key);
 }
 
-TEST_F(Catalogue, NoneOfTheFamilyInstalledGivesEmptyMenusAndNoMainEffect)
+TEST_F(Catalogue, NoneInstalledGivesEmptyMenus)
 {
     InstallOutsiders(host);
     EXPECT_EQ(Find("QVK VORTEFF"), 0);
@@ -126,7 +126,7 @@ TEST_F(Catalogue, LegacyEffectIsNotAmongTheRenderers)
     EXPECT_THAT(keys, ElementsAre(12));
 }
 
-TEST(NameBuffer, IsEmptyAtFirstAndEndsBehindAllThatTheHostMayWrite)
+TEST(NameBuffer, IsEmptyAndAlwaysTerminated)
 {
     NameBuffer name;
     EXPECT_STREQ(name.text, "");

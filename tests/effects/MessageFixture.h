@@ -83,7 +83,6 @@ HookResult Send(ProductHost& product, Operation operation)
     return SendOver(product, product.Basic(), operation);
 }
 
-constexpr const char* zeroUuid = "00000000-0000-0000-0000-000000000000";
 constexpr const char* sheets = "QVK VORTSRC Lamps";
 constexpr const char* fill = "ADBE Fill";
 

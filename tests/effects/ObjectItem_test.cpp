@@ -39,7 +39,7 @@ TEST(UuidText, OfZeroIsTheZeroIdentityText)
     EXPECT_STREQ(GetUUIDStr(ZeroUUID()).text, ZERO_UUID_TEXT);
 }
 
-TEST(UuidText, WritesTheBytesInMemoryOrderInLowerCase)
+TEST(UuidText, WritesBytesInMemoryOrderInLowerCase)
 {
     const VN_UUID uuid = {
         {0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF, 0x10, 0x32, 0x54, 0x76, 0x98, 0xBA, 0xDC, 0xFE}};
@@ -69,7 +69,7 @@ TEST(ItemsHash, OfAnEmptyListIsTheSeed)
     EXPECT_EQ(CalcItemsHash(~0ULL, {}), ~0ULL);
 }
 
-TEST(ItemsHash, FoldsUuidNameGroupAndActiveInThisOrder)
+TEST(ItemsHash, FoldsUuidNameGroupActiveInOrder)
 {
     const std::uint64_t seed = 0x123456789abcdefULL;
     std::uint64_t expected = seed;
@@ -139,7 +139,7 @@ TEST(ItemsHash, ChangesWhenTwoItemsAreSwapped)
     EXPECT_NE(CalcItemsHash(0, {a, b}), CalcItemsHash(0, {b, a}));
 }
 
-TEST(ItemsHash, TellsAListWithAnOutsideEffectFromTheListWithoutIt)
+TEST(ItemsHash, DependsOnAnOutsideEffect)
 {
     const ObjectItem a = item(uuidA, "a", 0, 1);
     const ObjectItem outside = item(ZERO_UUID_TEXT, "Blur", -1, 1);

@@ -196,7 +196,7 @@ TEST_F(OddHostTest, InstalledEffectsBelowZeroAreNoWalk)
     EXPECT_THAT(odd->calls, ElementsAre("installed", "installed"));
 }
 
-TEST_F(OddHostTest, CountThatComesWithAnErrorIsWalkedWithoutAStep)
+TEST_F(OddHostTest, CountWithErrorIsWalkedWithoutStep)
 {
     odd->installed = 2;
     odd->errorOfInstalled = 4;
@@ -206,7 +206,7 @@ TEST_F(OddHostTest, CountThatComesWithAnErrorIsWalkedWithoutAStep)
     EXPECT_THAT(odd->calls, ElementsAre("installed = 4", "name 0", "name 0"));
 }
 
-TEST_F(OddHostTest, NameThatComesWithAnErrorIsGoodEnoughForAWalk)
+TEST_F(OddHostTest, NameWithErrorServesAWalk)
 {
     odd->installed = 2;
     odd->errorOfName = 4;
@@ -217,14 +217,14 @@ TEST_F(OddHostTest, NameThatComesWithAnErrorIsGoodEnoughForAWalk)
     EXPECT_EQ(GetEffectKeyFromMatchName(&basic, "QVK VORTREN"), 1);
 }
 
-TEST_F(OddHostTest, EffectsBelowZeroAreAnEmptyStackForANewObject)
+TEST_F(OddHostTest, NegativeCountIsAnEmptyStackForAdding)
 {
     odd->effects = -2;
     EXPECT_EQ(GetIndexOfNewEffectToLayer(7, &basic, 5, layer, Idle_Cmd_Apply), 0);
     EXPECT_THAT(odd->calls, ElementsAre("count", "name 5"));
 }
 
-TEST_F(OddHostTest, ReferenceThatComesWithAnErrorIsDisposedOfInTheScan)
+TEST_F(OddHostTest, ReferenceWithErrorIsDisposedOfWhenScanning)
 {
     odd->effects = 2;
     odd->errorOfFetch1 = 4;
@@ -232,14 +232,14 @@ TEST_F(OddHostTest, ReferenceThatComesWithAnErrorIsDisposedOfInTheScan)
     EXPECT_THAT(odd->calls, ElementsAre("count", "name 5", "fetch1 0 = 4", "dispose1 effect"));
 }
 
-TEST_F(OddHostTest, NewEffectThatComesWithAnErrorIsNotMovedAndItsReferenceIsDisposedOf)
+TEST_F(OddHostTest, NewEffectWithErrorIsDisposedOfUnmoved)
 {
     odd->errorOfApply = 4;
     EXPECT_EQ(ApplyEffectToLayerAtIndex(7, &basic, 5, layer, 0), 4);
     EXPECT_THAT(odd->calls, ElementsAre("apply = 4", "dispose1 effect"));
 }
 
-TEST_F(OddHostTest, NewEffectThatComesWithoutAReferenceIsMovedThroughNull)
+TEST_F(OddHostTest, NewEffectWithoutReferenceIsMovedThroughNull)
 {
     odd->appliesWithReference = false;
     EXPECT_EQ(ApplyEffectToLayerAtIndex(7, &basic, 5, layer, 0), 0);
@@ -252,7 +252,7 @@ TEST_F(OddHostTest, LayerWithTheIdZeroGetsNoEffect)
     EXPECT_THAT(odd->calls, ElementsAre("layer id"));
 }
 
-TEST_F(OddHostTest, LayerIdThatComesWithAnErrorIsGoodEnough)
+TEST_F(OddHostTest, LayerIdWithErrorIsGoodEnough)
 {
     odd->layerId = 3;
     odd->errorOfLayerId = 4;
@@ -261,14 +261,14 @@ TEST_F(OddHostTest, LayerIdThatComesWithAnErrorIsGoodEnough)
                                         "dispose1 effect"));
 }
 
-TEST_F(OddHostTest, EffectsBelowZeroAreAnEmptyStackForADeletion)
+TEST_F(OddHostTest, NegativeCountIsAnEmptyStackForDeleting)
 {
     odd->effects = -2;
     EXPECT_EQ(RemoveMultipleEffectsByUUID(7, &basic, {identityText}, layer), 0);
     EXPECT_THAT(odd->calls, ElementsAre("count"));
 }
 
-TEST_F(OddHostTest, ReferenceThatComesWithAnErrorIsNotMovedByADeletion)
+TEST_F(OddHostTest, ReferenceWithErrorIsNotMovedByDeletion)
 {
     odd->effects = 1;
     odd->errorsOfFetch3 = {4};
@@ -277,7 +277,7 @@ TEST_F(OddHostTest, ReferenceThatComesWithAnErrorIsNotMovedByADeletion)
                                         "fetch3 0 = 4", "dispose3 effect", "delete null"));
 }
 
-TEST_F(OddHostTest, ReferenceThatComesWithAnErrorIsWhatADeletionDeletes)
+TEST_F(OddHostTest, ReferenceWithErrorIsDeleted)
 {
     odd->effects = 1;
     odd->errorsOfFetch3 = {0, 4};

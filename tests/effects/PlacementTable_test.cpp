@@ -164,7 +164,7 @@ TEST_P(Placement, IsWorkedOutAndChangesNothing)
     EXPECT_THAT(product.host.UndoNames(), ::testing::IsEmpty());
 }
 
-TEST_P(Placement, IsWhereTheEffectStandsAfterwardsWhereverTheHostPutIt)
+TEST_P(Placement, IsTheFinalIndexInTheStack)
 {
     const Cell& cell = GetParam();
     for (const ApplyPlace place : {ApplyPlace::end, ApplyPlace::afterSelected, ApplyPlace::start})

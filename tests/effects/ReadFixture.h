@@ -12,8 +12,6 @@
 
 namespace standin
 {
-constexpr const char* zeroUuid = "00000000-0000-0000-0000-000000000000";
-
 /// "UUID NAME group GROUP active ACTIVE tag TAG".
 inline std::string LineOf(const ObjectItem& item)
 {
@@ -51,30 +49,5 @@ inline ReadOutcome ReadOver(ProductHost& product, SPBasicSuite* basic, int ignor
 inline ReadOutcome Read(ProductHost& product, int ignored = -1)
 {
     return ReadOver(product, product.Basic(), ignored);
-}
-
-/// The stack of the layer as it stands in the project, for the expected calls.
-inline TracedStack TracedStackOf(ProductHost& product, const std::vector<std::string>& labels)
-{
-    TracedStack stack{"layer " + std::to_string(product.layerId), {}};
-    for (const std::string& label : labels)
-    {
-        const EffectInstance& effect = product.host.Effect(label);
-        const InstalledEffect& installed = *product.host.FindInstalled(effect.key);
-        const bool answers = installed.behaviour != nullptr || effect.behaviour != nullptr;
-        TracedEffect traced;
-        traced.label = label;
-        traced.key = effect.key;
-        traced.matchName = installed.matchName;
-        traced.name = effect.customName.value_or(installed.defaultName);
-        traced.flags = effect.flags;
-        if (answers)
-        {
-            traced.group = effect.family.rigidity == Rigidity::rigid ? -1 : effect.family.group;
-            traced.uuid = TextOf(effect.family.uuid);
-        }
-        stack.effects.push_back(traced);
-    }
-    return stack;
 }
 } // namespace standin

@@ -37,7 +37,7 @@ bool startsWith(const std::string& text, const std::string& start) { return text
 
 // The calls are the count, six for each of the three identities, six for the telling. B is the third effect.
 
-TEST(SetEffectGroup, TellsNobodyIfTheCountOrTheIdentityOrTheMessageFails)
+TEST(SetEffectGroup, TellsNobodyIfAnEarlierCallFails)
 {
     Calls clean;
     int told = 0;
@@ -79,7 +79,7 @@ TEST(SetEffectGroup, TellsNobodyIfTheCountOrTheIdentityOrTheMessageFails)
     EXPECT_EQ(told, 1 + 25 - 11 + 3) << "the clean run, what spoils nothing, the releases";
 }
 
-TEST(SetEffectGroup, WithoutOneOfItsSuitesLeavesAsTheInteger516)
+TEST(SetEffectGroup, WithoutOneSuiteThrows516)
 {
     struct Row
     {
@@ -124,7 +124,7 @@ TEST(SetEffectGroup, WithoutABasicSuiteLeavesAsTheInteger516)
 
 // The position that was found is the position that is told, whoever stands there by then.
 
-TEST(SetEffectGroup, TellsWhoeverStandsAtTheFoundPositionByThen)
+TEST(SetEffectGroup, TellsWhoeverIsAtTheFoundIndex)
 {
     Telling scenario;
     scenario.Add(sheets, "C");
@@ -136,7 +136,7 @@ TEST(SetEffectGroup, TellsWhoeverStandsAtTheFoundPositionByThen)
     scenario.ExpectCleanEnd();
 }
 
-TEST(SetEffectGroup, TellsNobodyIfTheFoundPositionIsGoneByThen)
+TEST(SetEffectGroup, TellsNobodyIfTheFoundIndexIsGone)
 {
     Telling scenario;
     scenario.host.Effect("B").behaviour = ActsInMessage([](Host& host) { host.User().Delete("A"); });
@@ -148,7 +148,7 @@ TEST(SetEffectGroup, TellsNobodyIfTheFoundPositionIsGoneByThen)
     scenario.ExpectCleanEnd();
 }
 
-TEST(SetEffectGroup, DoesNotMindAnEffectThatFailsWhenItIsTold)
+TEST(SetEffectGroup, IgnoresAnEffectThatFailsWhenTold)
 {
     Telling scenario;
     scenario.host.Effect("B").behaviour = AnswersAndFailsWith(4);
@@ -173,7 +173,7 @@ int errorOfTelling(Telling& scenario, SPBasicSuite* basic)
 }
 } // namespace
 
-TEST(SetEffectGroup, ReportsNoErrorOfAnEffectThatAnswersAndThenFails)
+TEST(SetEffectGroup, ReportsNoErrorOfAnAnsweringEffect)
 {
     Telling scenario;
     scenario.host.Effect("B").behaviour = AnswersAndFailsWith(4);
@@ -265,7 +265,7 @@ TEST(SetEffectGroup, TakesACountThatComesWithAnError)
     scenario.ExpectCleanEnd();
 }
 
-TEST(SetEffectGroup, OnALayerWithANegativeCountTellsNobody)
+TEST(SetEffectGroup, OnANegativeCountTellsNobody)
 {
     Telling scenario;
     PatchedBasic<AEGP_EffectSuite1> basic(scenario.host, [](AEGP_EffectSuite1& suite)
@@ -279,7 +279,7 @@ TEST(SetEffectGroup, OnALayerWithANegativeCountTellsNobody)
     scenario.ExpectCleanEnd();
 }
 
-TEST(PingEffectIndex, SendsNothingOnALayerWithANegativeCount)
+TEST(PingEffectIndex, OnANegativeCountSendsNothing)
 {
     MessageHost product;
     PatchedBasic<AEGP_EffectSuite1> basic(product.host, [](AEGP_EffectSuite1& suite)
@@ -290,7 +290,7 @@ TEST(PingEffectIndex, SendsNothingOnALayerWithANegativeCount)
     product.ExpectCleanEnd();
 }
 
-TEST(PingEffectIndex, TakesNoEffectIfCountingGaveACountAndAnError)
+TEST(PingEffectIndex, TakesNoEffectAfterACountWithError)
 {
     MessageHost product;
     PatchedBasic<AEGP_EffectSuite1> basic(product.host, [](AEGP_EffectSuite1& suite)
@@ -300,7 +300,7 @@ TEST(PingEffectIndex, TakesNoEffectIfCountingGaveACountAndAnError)
     product.ExpectCleanEnd();
 }
 
-TEST(PingEffectIndex, DisposesOfAReferenceThatCameWithAnErrorAndSendsNothing)
+TEST(PingEffectIndex, DisposesOfAReferenceWithErrorUnsent)
 {
     MessageHost product;
     PatchedBasic<AEGP_EffectSuite1> basic(product.host, [](AEGP_EffectSuite1& suite)
@@ -314,7 +314,7 @@ TEST(PingEffectIndex, DisposesOfAReferenceThatCameWithAnErrorAndSendsNothing)
     product.ExpectCleanEnd();
 }
 
-TEST(PingEffectIndex, SendsNothingAndDisposesOfNothingIfTheHostGivesNoReference)
+TEST(PingEffectIndex, WithoutAReferenceSendsAndDisposesNothing)
 {
     MessageHost product;
     PatchedBasic<AEGP_EffectSuite1> basic(product.host,

@@ -17,13 +17,12 @@ TEST(SetEffectGroup, TellsTheEffectWithTheseCalls)
     product.SetGroup(product.Uuid("B"), 7);
     EXPECT_EQ(product.host.Effect("B").family.group, 7);
     EXPECT_EQ(product.host.Effect("A").family.group, 0);
-    const TracedStack stack = {"layer 1",
-                               {{"A", 0, "", "", 0, "01010101-0101-0101-0101-010100000001", 1},
-                                {"F", 0, "", "", -1, zeroUuid, 1},
-                                {"B", 0, "", "", 0, "02020202-0202-0202-0202-020200000002", 1}}};
+    TracedStack stack = {7,
+                         {{"A", "01010101-0101-0101-0101-010100000001"},
+                          {"F"},
+                          {"B", "02020202-0202-0202-0202-020200000002"}}};
     EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut),
-              (Calls{"Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3"} + CallsOfIdentityQuestions(stack) +
-               CallsOfGroupOrder(stack, 2, 7)));
+              Sequence({stack.ReadIdentities(), stack.TellGroup(2, 7)}));
     const std::vector<std::string> calls = product.host.CallTexts();
     EXPECT_EQ(calls.front(), "Basic AcquireSuite(\"AEGP Effect Suite\", 1)");
     EXPECT_THAT(std::vector<std::string>(calls.end() - 3, calls.end()),
@@ -36,7 +35,7 @@ TEST(SetEffectGroup, TellsTheEffectWithTheseCalls)
     EXPECT_EQ(product.host.Effect("B").family.group, 0);
 }
 
-TEST(SetEffectGroup, SendsNothingForAnIdentityThatIsNotOnTheLayer)
+TEST(SetEffectGroup, SendsNothingForAnUnknownIdentity)
 {
     MessageHost product;
     const ProjectState before = product.host.State();
@@ -51,7 +50,7 @@ TEST(SetEffectGroup, SendsNothingForAnIdentityThatIsNotOnTheLayer)
     product.ExpectCleanEnd();
 }
 
-TEST(SetEffectGroup, OfTheZeroTextGoesToTheFirstEffectThatDoesNotAnswerAndChangesNothing)
+TEST(SetEffectGroup, OfTheZeroTextChangesNothing)
 {
     MessageHost product;
     product.Add(fill, "G");
@@ -65,7 +64,7 @@ TEST(SetEffectGroup, OfTheZeroTextGoesToTheFirstEffectThatDoesNotAnswerAndChange
     product.ExpectCleanEnd();
 }
 
-TEST(SetEffectGroup, GoesToTheUpperOfTwoEffectsWithOneIdentity)
+TEST(SetEffectGroup, GoesToTheUpperOfTwins)
 {
     MessageHost product;
     product.host.Effect("B").family.uuid = product.host.Effect("A").family.uuid;
@@ -105,7 +104,7 @@ TEST(SetEffectGroup, OfMinusOneIsSentAsItIs)
     EXPECT_EQ(product.host.Effect("A").family.group, -1);
 }
 
-TEST(SetEffectGroup, OnANullLayerPrintsALineAndMakesNoCall)
+TEST(SetEffectGroup, OnANullLayerPrintsAndCallsNobody)
 {
     MessageHost product;
     testing::internal::CaptureStdout();

@@ -33,7 +33,7 @@ namespace
 {
 using ::testing::IsEmpty;
 
-TEST(IdleSuiteWithoutMemory, ForTheQueueIsPublishedAndRegisteredWithoutOne)
+TEST(IdleSuiteWithoutMemory, ForTheQueueRegistersWithoutOne)
 {
     Host host;
     refusals = 0;

@@ -14,13 +14,13 @@ namespace
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-TEST_F(IdleQueue, AnEmptyQueueEndsTheHookAtOnceAndMakesNoHostCall)
+TEST_F(IdleQueue, AnEmptyQueueMakesNoCall)
 {
     EXPECT_THAT(RunIdle(), IsEmpty());
     EXPECT_THAT(host.CallTexts(), IsEmpty());
 }
 
-TEST_F(IdleQueue, AQueuedFunctionRunsOnceAtTheNextIdle)
+TEST_F(IdleQueue, AFunctionRunsOnceAtTheNextIdle)
 {
     Job job = MakeJob("A");
     EXPECT_EQ(Queue(job), 0);
@@ -29,7 +29,7 @@ TEST_F(IdleQueue, AQueuedFunctionRunsOnceAtTheNextIdle)
     EXPECT_THAT(RunIdle(), IsEmpty());
 }
 
-TEST_F(IdleQueue, AFunctionGetsTheBundlesOwnIdAndBasicSuiteAndItsRefcon)
+TEST_F(IdleQueue, AFunctionGetsIdBasicSuiteAndRefcon)
 {
     struct Arguments
     {
@@ -49,7 +49,7 @@ TEST_F(IdleQueue, AFunctionGetsTheBundlesOwnIdAndBasicSuiteAndItsRefcon)
     EXPECT_EQ(seen.refcon, &seen);
 }
 
-TEST_F(IdleQueue, FunctionsRunInTheOrderInWhichTheyWereQueued)
+TEST_F(IdleQueue, FunctionsRunInTheOrderQueued)
 {
     Job a = MakeJob("A");
     Job b = MakeJob("B");
@@ -91,7 +91,7 @@ TEST_F(IdleQueue, TheThirtyThirdEntryIsReportedAndDropped)
     EXPECT_THAT(RunIdle(), IsEmpty());
 }
 
-TEST_F(IdleQueue, AfterTheIdleThereIsRoomForThirtyTwoMore)
+TEST_F(IdleQueue, AnIdleMakesRoomForThirtyTwoMore)
 {
     Job first = MakeJob("first");
     Job second = MakeJob("second");
@@ -102,7 +102,7 @@ TEST_F(IdleQueue, AfterTheIdleThereIsRoomForThirtyTwoMore)
     EXPECT_EQ(RunIdle(), Names(32, "second"));
 }
 
-TEST_F(IdleQueue, AFullQueueWithoutTheUtilitySuiteDropsTheEntryInSilenceAndReleasesAllTheSame)
+TEST_F(IdleQueue, AFullQueueReleasesAMissingUtilitySuite)
 {
     host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released whether or not it was obtained");
     Job job = MakeJob("A");
@@ -117,7 +117,7 @@ TEST_F(IdleQueue, AFullQueueWithoutTheUtilitySuiteDropsTheEntryInSilenceAndRelea
     EXPECT_EQ(RunIdle(), Names(32, "A"));
 }
 
-TEST_F(IdleQueue, AFullQueueWithAHostThatLeavesThePointerAloneDropsTheEntryInSilence)
+TEST_F(IdleQueue, AFullQueueSurvivesAnUntouchedPointer)
 {
     host.Options().failedAcquire = FailedAcquire::leavesPointerAlone;
     host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released whether or not it was obtained");
@@ -128,7 +128,7 @@ TEST_F(IdleQueue, AFullQueueWithAHostThatLeavesThePointerAloneDropsTheEntryInSil
     EXPECT_THAT(AlertTexts(), IsEmpty());
 }
 
-TEST_F(IdleQueue, AFullQueueReportsThroughAUtilitySuiteThatIsHandedOutWithAnError)
+TEST_F(IdleQueue, AFullQueueUsesASuiteWithError)
 {
     Job job = MakeJob("A");
     QueueTimes(32, job);
@@ -164,7 +164,7 @@ TEST_F(IdleQueue, AnEntryOfTwoNullsIsNotStored)
     EXPECT_THAT(RunIdle(), ElementsAre("A"));
 }
 
-TEST_F(IdleQueue, AnEntryWithANullFunctionTakesASlotIsNotCalledAndIsClearedAtTheNextPass)
+TEST_F(IdleQueue, ANullFunctionTakesASlotOnce)
 {
     int refcon = 0;
     Job job = MakeJob("A");
@@ -178,7 +178,7 @@ TEST_F(IdleQueue, AnEntryWithANullFunctionTakesASlotIsNotCalledAndIsClearedAtThe
     EXPECT_EQ(ref.idleSlots[1].refcon, nullptr);
 }
 
-TEST_F(IdleQueue, AnEntryWithANullRefconIsStoredAndCalled)
+TEST_F(IdleQueue, ANullRefconIsStoredAndPassed)
 {
     static int calls = 0;
     calls = 0;
@@ -195,7 +195,7 @@ TEST_F(IdleQueue, AnEntryWithANullRefconIsStoredAndCalled)
     EXPECT_EQ(ref.idleSlots[1].func, nullptr);
 }
 
-TEST_F(IdleQueue, TheFirstFreeSlotEndsThePassAndWhatLiesBehindItWaits)
+TEST_F(IdleQueue, TheFirstFreeSlotEndsThePass)
 {
     Job a = MakeJob("A");
     Job c = MakeJob("C");
@@ -211,7 +211,7 @@ TEST_F(IdleQueue, TheFirstFreeSlotEndsThePassAndWhatLiesBehindItWaits)
     EXPECT_THAT(RunIdle(), ElementsAre("D", "E", "C"));
 }
 
-TEST_F(IdleQueue, TheFirstFunctionThatQueuesAnotherSeesItRunInTheSamePass)
+TEST_F(IdleQueue, TheFirstFunctionsEntryRunsInThatPass)
 {
     Job b = MakeJob("B");
     Job a = MakeJob("A");
@@ -223,7 +223,7 @@ TEST_F(IdleQueue, TheFirstFunctionThatQueuesAnotherSeesItRunInTheSamePass)
     EXPECT_THAT(RunIdle(), IsEmpty());
 }
 
-TEST_F(IdleQueue, ALaterFunctionThatQueuesAnotherSeesItRunInTheNextPass)
+TEST_F(IdleQueue, ALaterFunctionsEntryRunsNextPass)
 {
     Job c = MakeJob("C");
     Job a = MakeJob("A");
@@ -239,7 +239,7 @@ TEST_F(IdleQueue, ALaterFunctionThatQueuesAnotherSeesItRunInTheNextPass)
     EXPECT_THAT(RunIdle(), ElementsAre("C"));
 }
 
-TEST_F(IdleQueue, AFunctionThatQueuesItselfRunsTwiceInEveryPass)
+TEST_F(IdleQueue, AFunctionThatQueuesItselfRunsTwice)
 {
     Job a = MakeJob("A");
     a.inside = [&] { EXPECT_EQ(AddFuncToIdleStack(&ref, &runJob, &a), 0); };
@@ -249,7 +249,7 @@ TEST_F(IdleQueue, AFunctionThatQueuesItselfRunsTwiceInEveryPass)
     EXPECT_THAT(RunIdle(), ElementsAre("A", "A"));
 }
 
-TEST_F(IdleQueue, TheFirstOfThirtyTwoFunctionsFindsNoRoomFromInsideItsOwnCall)
+TEST_F(IdleQueue, AFullQueueHasNoRoomMeanwhile)
 {
     Job late = MakeJob("late");
     Job a = MakeJob("A");
@@ -264,7 +264,7 @@ TEST_F(IdleQueue, TheFirstOfThirtyTwoFunctionsFindsNoRoomFromInsideItsOwnCall)
     EXPECT_THAT(RunIdle(), IsEmpty());
 }
 
-TEST_F(IdleQueue, ASlotIsClearedOnlyAfterItsFunctionHasReturned)
+TEST_F(IdleQueue, ASlotIsClearedAfterItsFunctionReturns)
 {
     Job a = MakeJob("A");
     a.inside = [&]

@@ -43,7 +43,7 @@ protected:
     int calls = 0;
 };
 
-TEST_F(IdleQueueInside, CallsAFunctionAgainThatLetsTheHostIdle)
+TEST_F(IdleQueueInside, CallsAgainAFunctionThatIdles)
 {
     Job a = MakeJob("A");
     IdleInside(a, 5);
@@ -52,7 +52,7 @@ TEST_F(IdleQueueInside, CallsAFunctionAgainThatLetsTheHostIdle)
     EXPECT_THAT(RunIdle(), IsEmpty());
 }
 
-TEST_F(IdleQueueInside, RunsWhatComesAfterItInTheInnermostHook)
+TEST_F(IdleQueueInside, RunsTheRestInTheInnermostHook)
 {
     Job a = MakeJob("A");
     Job b = MakeJob("B");
@@ -63,7 +63,7 @@ TEST_F(IdleQueueInside, RunsWhatComesAfterItInTheInnermostHook)
     EXPECT_THAT(RunIdle(), IsEmpty());
 }
 
-TEST_F(IdleQueueInside, DropsWhatIsQueuedIntoASlotThatAnOuterHookStillRuns)
+TEST_F(IdleQueueInside, DropsEntriesOfSlotsStillRunning)
 {
     Job a = MakeJob("A");
     Job b = MakeJob("B");
@@ -81,7 +81,7 @@ TEST_F(IdleQueueInside, DropsWhatIsQueuedIntoASlotThatAnOuterHookStillRuns)
     EXPECT_THAT(RunIdle(), IsEmpty());
 }
 
-TEST_F(IdleQueueInside, IsReachedThroughAnyCallThatLetsTheHostIdle)
+TEST_F(IdleQueueInside, IsReachedThroughAnyIdlingCall)
 {
     RegisterHook();
     Job a = MakeJob("A");
@@ -98,7 +98,7 @@ TEST_F(IdleQueueInside, IsReachedThroughAnyCallThatLetsTheHostIdle)
     EXPECT_THAT(ran, ElementsAre("A", "A"));
 }
 
-TEST_F(IdleQueueInside, IsEmptiedByTheAlertOfAFullQueueWhichDropsItsEntryAllTheSame)
+TEST_F(IdleQueueInside, IsEmptiedByTheFullQueuesAlert)
 {
     RegisterHook();
     Job job = MakeJob("A");
@@ -135,7 +135,7 @@ protected:
     Job tame = MakeJob("tame");
 };
 
-TEST_F(IdleQueueThrowing, CallsTheFunctionAtEveryIdleAndNothingAfterIt)
+TEST_F(IdleQueueThrowing, CallsTheThrowerAtEveryIdleOnly)
 {
     Queue(wild);
     Queue(tame);
@@ -146,7 +146,7 @@ TEST_F(IdleQueueThrowing, CallsTheFunctionAtEveryIdleAndNothingAfterIt)
     EXPECT_THAT(RunIdle(), IsEmpty());
 }
 
-TEST_F(IdleQueueThrowing, WaitsWithAFunctionThatThrewInALaterSlotForTheSlotsBeforeIt)
+TEST_F(IdleQueueThrowing, WaitsForTheSlotsBeforeALaterThrower)
 {
     Queue(tame);
     Queue(wild);

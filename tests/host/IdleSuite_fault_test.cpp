@@ -86,7 +86,7 @@ protected:
 
 using IdleSuiteEntryDeathTest = IdleSuiteEntryFault;
 
-TEST_F(IdleSuiteEntryFault, AFailureToRegisterTheHookIsReportedAndReturned)
+TEST_F(IdleSuiteEntryFault, AFailedRegistrationIsReportedAndReturned)
 {
     host.Faults().FailFunction("AEGP_RegisterIdleHook", 1, FaultLength::once, A_Err_ALLOC);
     const LoadedPlugin loaded = host.Load(&EffectorAEGP);
@@ -109,14 +109,14 @@ TEST_F(IdleSuiteEntryFault, AFailureToRegisterTheHookIsReportedAndReturned)
     host.CheckSuiteBalance();
 }
 
-TEST_F(IdleSuiteEntryFault, AFailureToRegisterOutlivesTheResultsOfTheReleases)
+TEST_F(IdleSuiteEntryFault, AFailedRegistrationOutlivesTheReleases)
 {
     host.Faults().FailFunction("AEGP_RegisterIdleHook", 1, FaultLength::once, A_Err_ALLOC);
     host.Faults().FailFunction("ReleaseSuite", 3, FaultLength::functionForGood, A_Err_STRUCT);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_ALLOC);
 }
 
-TEST_F(IdleSuiteEntryFault, AReleaseOfTheRegisterSuiteThatFailsIsReturnedWithoutAReport)
+TEST_F(IdleSuiteEntryFault, AFailedRegisterSuiteReleaseIsReturnedUnreported)
 {
     host.Faults().FailFunction("ReleaseSuite", 3, FaultLength::once, A_Err_STRUCT);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_STRUCT);
@@ -124,21 +124,21 @@ TEST_F(IdleSuiteEntryFault, AReleaseOfTheRegisterSuiteThatFailsIsReturnedWithout
     EXPECT_EQ(host.CallTexts().back(), R"(Basic ReleaseSuite("AEGP Utility Suite", 7))");
 }
 
-TEST_F(IdleSuiteEntryFault, AReleaseOfTheUtilitySuiteThatFailsIsReturnedWithoutAReport)
+TEST_F(IdleSuiteEntryFault, AFailedUtilitySuiteReleaseIsReturnedUnreported)
 {
     host.Faults().FailFunction("ReleaseSuite", 4, FaultLength::once, A_Err_STRUCT);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_STRUCT);
     EXPECT_THAT(AlertTexts(), IsEmpty());
 }
 
-TEST_F(IdleSuiteEntryFault, OfTwoReleasesThatFailTheFirstIsReturned)
+TEST_F(IdleSuiteEntryFault, OfTwoFailedReleasesTheFirstIsReturned)
 {
     host.Faults().FailFunction("ReleaseSuite", 3, FaultLength::once, A_Err_STRUCT);
     host.Faults().FailFunction("ReleaseSuite", 4, FaultLength::once, A_Err_PARAMETER);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_STRUCT);
 }
 
-TEST_F(IdleSuiteEntryFault, AReportThatFailsDoesNotHideTheFirstError)
+TEST_F(IdleSuiteEntryFault, AFailedReportKeepsTheFirstError)
 {
     host.Faults().FailFunction("AEGP_RegisterIdleHook", 1, FaultLength::once, A_Err_ALLOC);
     host.Faults().FailFunction("AEGP_ReportInfo", 1, FaultLength::once, A_Err_STRUCT);
@@ -146,68 +146,68 @@ TEST_F(IdleSuiteEntryFault, AReportThatFailsDoesNotHideTheFirstError)
     host.CheckSuiteBalance();
 }
 
-TEST_F(IdleSuiteEntryDeathTest, WithoutTheSuiteForPublishingTheReportGoesThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, WithoutThePublishingSuiteTheReportCrashes)
 {
     host.Faults().Withhold("SP Suites Suite", 2);
     EXPECT_DEATH(LoadAndDie(), deathAfter("Basic AcquireSuite.*SP Suites Suite"));
 }
 
-TEST_F(IdleSuiteEntryDeathTest, APublishingThatFailsIsReportedThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, AFailedPublishingCrashesTheReport)
 {
     host.Faults().FailFunction("AddSuite");
     EXPECT_DEATH(LoadAndDie(), deathAfter("Suites 2 AddSuite"));
 }
 
-TEST_F(IdleSuiteEntryDeathTest, AFirstReleaseThatFailsIsReportedThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, AFailedFirstReleaseCrashesTheReport)
 {
     host.Faults().FailFunction("ReleaseSuite", 1);
     EXPECT_DEATH(LoadAndDie(), deathAfter("Basic ReleaseSuite.*SP Suites Suite"));
 }
 
-TEST_F(IdleSuiteEntryDeathTest, ASecondAcquireThatFailsIsReportedThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, AFailedSecondAcquireCrashesTheReport)
 {
     host.Faults().FailFunction("AcquireSuite", 2);
     EXPECT_DEATH(LoadAndDie(), deathAfter("Basic AcquireSuite.*SP Suites Suite"));
 }
 
-TEST_F(IdleSuiteEntryDeathTest, ASecondReleaseThatFailsIsReportedThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, AFailedSecondReleaseCrashesTheReport)
 {
     host.Faults().FailFunction("ReleaseSuite", 2);
     EXPECT_DEATH(LoadAndDie(), deathAfter("Basic ReleaseSuite.*SP Suites Suite"));
 }
 
-TEST_F(IdleSuiteEntryDeathTest, WithoutTheRegisterSuiteTheReportGoesThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, WithoutTheRegisterSuiteTheReportCrashes)
 {
     host.Faults().Withhold("AEGP Register Suite", 6);
     EXPECT_DEATH(LoadAndDie(), deathAfter("Basic AcquireSuite.*AEGP Register Suite"));
 }
 
-TEST_F(IdleSuiteEntryDeathTest, WithoutTheUtilitySuiteTheReportGoesThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, WithoutTheUtilitySuiteTheReportCrashes)
 {
     host.Faults().Withhold("AEGP Utility Suite", 7);
     EXPECT_DEATH(LoadAndDie(), deathAfter("Basic AcquireSuite.*AEGP Utility Suite"));
 }
 
-TEST_F(IdleSuiteEntryDeathTest, AUtilitySuiteWithoutATableAndAHookThatCannotBeRegisteredEndAtTheNullTable)
+TEST_F(IdleSuiteEntryDeathTest, ANullUtilityTableCrashesAFailedRegistration)
 {
     host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asNullTable);
     host.Faults().FailFunction("AEGP_RegisterIdleHook");
     EXPECT_DEATH(LoadAndDie(), deathAfter("Register 6 AEGP_RegisterIdleHook"));
 }
 
-TEST_F(IdleSuiteEntryDeathTest, ASuiteForPublishingThatIsHandedOutWithAnErrorIsNotUsed)
+TEST_F(IdleSuiteEntryDeathTest, APublishingSuiteWithErrorIsNotUsed)
 {
     EXPECT_DEATH(LoadAndDieWith([this] { return LoadGrudged("SP Suites Suite"); }),
                  deathAfter("Basic AcquireSuite.*SP Suites Suite"));
 }
 
-TEST_F(IdleSuiteEntryDeathTest, ARegisterSuiteThatIsHandedOutWithAnErrorIsNotUsed)
+TEST_F(IdleSuiteEntryDeathTest, ARegisterSuiteWithErrorIsNotUsed)
 {
     EXPECT_DEATH(LoadAndDieWith([this] { return LoadGrudged("AEGP Register Suite"); }),
                  deathAfter("Basic AcquireSuite.*AEGP Register Suite"));
 }
 
-TEST_F(IdleSuiteEntryDeathTest, APoisonedSuiteForPublishingOrRegisteringIsNotUsed)
+TEST_F(IdleSuiteEntryDeathTest, APoisonedSuiteIsNotUsed)
 {
     host.Faults().Withhold("SP Suites Suite", 2, Withheld::asPoisonedPointer);
     EXPECT_DEATH(LoadAndDie(), deathAfter("Basic AcquireSuite.*SP Suites Suite"));
@@ -216,7 +216,7 @@ TEST_F(IdleSuiteEntryDeathTest, APoisonedSuiteForPublishingOrRegisteringIsNotUse
     EXPECT_DEATH(LoadAndDie(), deathAfter("Basic AcquireSuite.*AEGP Register Suite"));
 }
 
-TEST_F(IdleSuiteEntryFault, AUtilitySuiteThatIsHandedOutWithAnErrorServesForTheReportOfThatError)
+TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithErrorServesTheReport)
 {
     const LoadedPlugin loaded = LoadGrudged("AEGP Utility Suite");
     EXPECT_EQ(loaded.result.error, GrudgingBasic::GRUDGE);
@@ -235,7 +235,7 @@ TEST_F(IdleSuiteEntryFault, AUtilitySuiteThatIsHandedOutWithAnErrorServesForTheR
     host.CheckSuiteBalance();
 }
 
-TEST_F(IdleSuiteEntryFault, APoisonedUtilitySuiteIsCalledForTheReport)
+TEST_F(IdleSuiteEntryFault, APoisonedUtilitySuiteIsCalled)
 {
     host.Expect(finding::poisonedTable, "", "the report is made through the pointer as it stands");
     host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released also when it was never acquired");
@@ -244,7 +244,7 @@ TEST_F(IdleSuiteEntryFault, APoisonedUtilitySuiteIsCalledForTheReport)
     EXPECT_THAT(AlertTexts(), IsEmpty());
 }
 
-TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutATableIsNotMissedWhileAllGoesWell)
+TEST_F(IdleSuiteEntryFault, ANullUtilityTableIsNotMissed)
 {
     host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released also when it was never acquired");
     host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asNullTable);
@@ -254,7 +254,7 @@ TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutATableIsNotMissedWhileAllGoesWel
     EXPECT_THAT(AlertTexts(), IsEmpty());
 }
 
-TEST_F(IdleSuiteEntryFault, ASuiteForPublishingWithoutATableIsPassedOverAndTheRestGoesOn)
+TEST_F(IdleSuiteEntryFault, ANullPublishingTableIsSkipped)
 {
     // The release of what was not acquired is made to succeed, so that nothing else goes wrong.
     struct Patient
@@ -286,7 +286,7 @@ TEST_F(IdleSuiteEntryFault, ASuiteForPublishingWithoutATableIsPassedOverAndTheRe
                                               R"(Basic ReleaseSuite("AEGP Utility Suite", 7))"));
 }
 
-TEST_F(IdleSuiteEntryFault, ARegisterSuiteWithoutATableIsReportedAndReturnedAsMissing)
+TEST_F(IdleSuiteEntryFault, ANullRegisterTableIsReportedAsMissing)
 {
     host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released also when it was never acquired");
     host.Faults().Withhold("AEGP Register Suite", 6, Withheld::asNullTable);

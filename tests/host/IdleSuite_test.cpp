@@ -77,7 +77,7 @@ TEST_F(IdleSuiteEntry, PublishesRegistersAndReleasesInThisOrder)
                             R"(Basic ReleaseSuite("AEGP Utility Suite", 7))"));
 }
 
-TEST_F(IdleSuiteEntry, GivesTheHostABlockWithItsIdAndBasicSuite)
+TEST_F(IdleSuiteEntry, GivesTheHostABlock)
 {
     struct GlobalBlock
     {
@@ -91,7 +91,7 @@ TEST_F(IdleSuiteEntry, GivesTheHostABlockWithItsIdAndBasicSuite)
     EXPECT_EQ(block->basicSuite, host.BasicSuite());
 }
 
-TEST_F(IdleSuiteEntry, PublishesATableOfTwoWordsWithAnEmptyQueueBehindIt)
+TEST_F(IdleSuiteEntry, PublishesATwoWordTableWithEmptyQueue)
 {
     EXPECT_EQ(sizeof(VnIdleSuite), 16u);
     EXPECT_EQ(offsetof(VnIdleSuite, ref), 0u);
@@ -121,7 +121,7 @@ TEST_F(IdleSuiteEntry, IgnoresTheVersionOfTheHost)
     EXPECT_NE(Published(), nullptr);
 }
 
-TEST_F(IdleSuiteEntry, ASiblingsFunctionRunsAtTheHostsNextIdle)
+TEST_F(IdleSuiteEntry, ASiblingsFunctionRunsAtTheNextIdle)
 {
     LoadWell();
     Sibling sibling(host);
@@ -135,7 +135,7 @@ TEST_F(IdleSuiteEntry, ASiblingsFunctionRunsAtTheHostsNextIdle)
     EXPECT_EQ(runs, 2);
 }
 
-TEST_F(IdleSuiteEntry, WhatIsStillQueuedWhenTheHostQuitsNeverRuns)
+TEST_F(IdleSuiteEntry, WhatIsQueuedAtTheEndNeverRuns)
 {
     LoadWell();
     int runs = 0;
@@ -144,7 +144,7 @@ TEST_F(IdleSuiteEntry, WhatIsStillQueuedWhenTheHostQuitsNeverRuns)
     EXPECT_EQ(runs, 0);
 }
 
-TEST_F(IdleSuiteEntry, AnIdleWithAnEmptyQueueMakesNoHostCall)
+TEST_F(IdleSuiteEntry, AnEmptyQueueMakesNoHostCall)
 {
     LoadWell();
     host.ClearTrace();

@@ -78,7 +78,7 @@ TEST(SuiteHandler, WithNothingAcquiredMakesNoHostCall)
     EXPECT_THAT(basic.calls, IsEmpty());
 }
 
-TEST(SuiteHandler, AcquiresEachSuiteUnderItsOwnNameAndVersionAndReleasesItSo)
+TEST(SuiteHandler, AcquiresEachSuiteByNameAndVersion)
 {
     for (const SuiteRow& row : suiteRows)
     {
@@ -92,7 +92,7 @@ TEST(SuiteHandler, AcquiresEachSuiteUnderItsOwnNameAndVersionAndReleasesItSo)
     }
 }
 
-TEST(SuiteHandler, HandsOutTheTableOfTheFirstUseWithoutAnotherCall)
+TEST(SuiteHandler, HandsOutTheFirstTableAgain)
 {
     HandMadeBasic basic;
     AEGP_SuiteHandler handler(basic.Suite());
@@ -103,7 +103,7 @@ TEST(SuiteHandler, HandsOutTheTableOfTheFirstUseWithoutAnotherCall)
     EXPECT_THAT(basic.calls, ElementsAre("acquire AEGP Effect Suite 1"));
 }
 
-TEST(SuiteHandler, AcquiresTwoVersionsOfASuiteTwiceAndReleasesBoth)
+TEST(SuiteHandler, AcquiresAndReleasesBothVersions)
 {
     HandMadeBasic basic;
     {
@@ -115,7 +115,7 @@ TEST(SuiteHandler, AcquiresTwoVersionsOfASuiteTwiceAndReleasesBoth)
                                          "release AEGP Effect Suite 1", "release AEGP Effect Suite 3"));
 }
 
-TEST(SuiteHandler, ReleasesEverySuiteOnceInAFixedOrderWhateverTheOrderOfUse)
+TEST(SuiteHandler, ReleasesEachSuiteOnceInFixedOrder)
 {
     std::vector<std::string> expected;
     for (const SuiteRow& row : suiteRows)
@@ -138,7 +138,7 @@ TEST(SuiteHandler, ReleasesEverySuiteOnceInAFixedOrderWhateverTheOrderOfUse)
     EXPECT_EQ(releasesIn(basic.calls), expected);
 }
 
-TEST(SuiteHandler, ThrowsTheInteger516ForASuiteThatIsRefused)
+TEST(SuiteHandler, Throws516ForARefusedSuite)
 {
     for (const SuiteRow& row : suiteRows)
     {
@@ -151,7 +151,7 @@ TEST(SuiteHandler, ThrowsTheInteger516ForASuiteThatIsRefused)
     }
 }
 
-TEST(SuiteHandler, LooksAtTheErrorAndNotAtThePointer)
+TEST(SuiteHandler, LooksAtTheErrorNotThePointer)
 {
     HandMadeBasic basic;
     basic.acquireResult = -108;
@@ -184,7 +184,7 @@ TEST(SuiteHandler, AsksAgainForASuiteThatWasMissing)
     EXPECT_THAT(basic.calls, ElementsAre("acquire AEGP Layer Suite 5", "acquire AEGP Layer Suite 5"));
 }
 
-TEST(SuiteHandler, ReleasesWhatItHoldsWhenALaterSuiteIsMissing)
+TEST(SuiteHandler, ReleasesWhatItHoldsOnAMissingSuite)
 {
     HandMadeBasic basic;
     const int thrown = ThrownBy(
@@ -213,7 +213,7 @@ TEST(SuiteHandler, IgnoresTheResultsOfReleasing)
                 ElementsAre("release AEGP Effect Suite 1", "release AEGP Layer Suite 5"));
 }
 
-TEST(SuiteHandler, ReleasesAgainWhenDestroyedSinceReleasingClearsNoSlot)
+TEST(SuiteHandler, ReleasesAgainWhenDestroyed)
 {
     HandMadeBasic basic;
     {
@@ -235,7 +235,7 @@ TEST(SuiteHandler, ThrowsTheInteger516OnRequest)
     EXPECT_THAT(basic.calls, IsEmpty());
 }
 
-TEST(SuiteHandler, SharesNothingWithAnotherHandlerOverTheSameBasicSuite)
+TEST(SuiteHandler, SharesNothingWithAnotherHandler)
 {
     HandMadeBasic basic;
     {
@@ -270,7 +270,7 @@ TEST(SuiteHandlerDeathTest, TerminatesWhenAReleaseThrowsInItsDestructor)
     EXPECT_EXIT(destroyWithThrowingRelease(), ::testing::KilledBySignal(SIGABRT), "");
 }
 
-TEST(SuiteHandler, FindsEverySuiteAtTheHostAndLeavesNoneBehind)
+TEST(SuiteHandler, FindsEverySuiteAndLeavesNone)
 {
     Host host;
     const HookResult result = host.RunInHook(
@@ -290,7 +290,7 @@ TEST(SuiteHandler, FindsEverySuiteAtTheHostAndLeavesNoneBehind)
     EXPECT_EQ(host.FindingsReport(), "");
 }
 
-TEST(SuiteHandler, Throws516ForEachWayInWhichTheHostWithholdsASuite)
+TEST(SuiteHandler, Throws516HoweverASuiteIsWithheld)
 {
     for (const Withheld how : {Withheld::asError, Withheld::asNullTable, Withheld::asPoisonedPointer})
     {

@@ -63,7 +63,7 @@ TEST(SuiteHelper, HoldsTheAppSuiteForItsWholeLife)
     EXPECT_THAT(basic.calls, ElementsAre("acquire PF AE App Suite 6", "release PF AE App Suite 6"));
 }
 
-TEST(SuiteHelper, ThrowsTheInteger13ForASuiteThatIsRefused)
+TEST(SuiteHelper, Throws13ForARefusedSuite)
 {
     HandMadeBasic basic;
     basic.acquireResult = 0x53214664;
@@ -72,7 +72,7 @@ TEST(SuiteHelper, ThrowsTheInteger13ForASuiteThatIsRefused)
     EXPECT_THAT(basic.calls, ElementsAre("acquire AEGP Workspace Panel Suite 1"));
 }
 
-TEST(SuiteHelper, LooksAtTheErrorAndNotAtThePointer)
+TEST(SuiteHelper, LooksAtTheErrorNotThePointer)
 {
     HandMadeBasic basic;
     basic.acquireResult = -108;
@@ -101,7 +101,7 @@ TEST(SuiteHelper, ThatIsMissingUnwindsTheHandlerBesideIt)
     EXPECT_EQ(host.FindingsReport(), "");
 }
 
-TEST(SuiteHelper, UnderAPolicyThatReturnsIsEmptyAndReleasesNothing)
+TEST(SuiteHelper, UnderAReturningPolicyIsEmpty)
 {
     HandMadeBasic basic;
     basic.acquireResult = 1;
@@ -130,7 +130,7 @@ TEST(SuiteHelperDeathTest, TerminatesWhenAReleaseThrowsInItsDestructor)
     EXPECT_EXIT(destroyWithThrowingRelease(), ::testing::KilledBySignal(SIGABRT), "");
 }
 
-TEST(SuiteHelper, FindsBothSuitesAtTheHostAndLeavesNoneBehind)
+TEST(SuiteHelper, FindsBothSuitesAndLeavesNone)
 {
     Host host;
     const HookResult result = host.RunInHook(

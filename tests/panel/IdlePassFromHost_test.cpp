@@ -101,28 +101,28 @@ TEST_F(FromHost, SeveralChangesBetweenTwoPassesComeAtOnce)
     ExpectTree("Points B");
 }
 
-TEST_F(FromHost, AChangeThatWasTakenBackBeforeThePassIsNotSeen)
+TEST_F(FromHost, AChangeTakenBackIsNotSeen)
 {
     host.User().Rename("B", "Shaker");
     host.Undo();
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(FromHost, NothingOfItWritesToTheLayerButTheSelection)
+TEST_F(FromHost, NothingButTheSelectionIsWritten)
 {
     host.User().Rename("B", "Shaker");
     ExpectTree("A Shaker C");
     EXPECT_THAT(host.UndoNames(), ElementsAre("Rename Effect"));
 }
 
-TEST_F(FromHost, AnEffectThatGetsItsIdentityAtTheHostsIdleIsAnObjectInTheSamePass)
+TEST_F(FromHost, AnIdentityMadeAtIdleCountsAtOnce)
 {
     host.Options().identityBirth = IdentityBirth::atNextIdle;
     (void)host.User().Apply(bench.on.layerId, "QVK VORTEFF Enclosure");
     ExpectTree("A B C Vortan Enclosure");
 }
 
-TEST_F(FromHost, AnEffectThatDoesNotAnswerYetIsAnOutsideOneUntilItDoes)
+TEST_F(FromHost, ASilentEffectCountsAsOutside)
 {
     bench.Add("QVK VORTEFF Enclosure", "D");
     host.Effect("D").behaviour = AnswersLate(1000);
@@ -131,7 +131,7 @@ TEST_F(FromHost, AnEffectThatDoesNotAnswerYetIsAnOutsideOneUntilItDoes)
     ExpectTree("A B C D");
 }
 
-TEST_F(FromHost, AnEffectWhoseMessageFailsIsAnOutsideOneForAsLongAsThatLasts)
+TEST_F(FromHost, AFailingEffectCountsAsOutside)
 {
     const std::shared_ptr<const Behaviour> ordinary = host.Effect("C").behaviour;
     host.Effect("C").behaviour = FailsWith(A_Err_GENERIC);
@@ -213,7 +213,7 @@ TEST_F(TwoLayers, TwinStacksAreTwoLayersAllTheSame)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(TwoLayers, AnEditThatWasMadeJustBeforeTheLayerChangedIsGone)
+TEST_F(TwoLayers, AnEditBeforeALayerChangeIsGone)
 {
     bench.TreeItem("B").name = "Shaker";
     host.User().SelectLayers({second});

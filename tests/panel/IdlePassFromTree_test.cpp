@@ -37,7 +37,7 @@ protected:
 
 // ---- One edit, two passes
 
-TEST_F(FromTree, ARenameIsCarriedOutInOnePassAndConfirmedInTheNext)
+TEST_F(FromTree, ARenameTakesOnePassAndIsConfirmed)
 {
     bench.TreeItem("B").name = "X";
     EXPECT_EQ(bench.Pass().printed, Mismatch("A X C"));
@@ -50,7 +50,7 @@ TEST_F(FromTree, ARenameIsCarriedOutInOnePassAndConfirmedInTheNext)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Rename Effect(s)"));
 }
 
-TEST_F(FromTree, AReorderIsCarriedOutInOnePassAndConfirmedInTheNext)
+TEST_F(FromTree, AReorderTakesOnePassAndIsConfirmed)
 {
     bench.MoveInTree("C", 0);
     EXPECT_EQ(bench.Pass().printed, Mismatch("C A B"));
@@ -60,7 +60,7 @@ TEST_F(FromTree, AReorderIsCarriedOutInOnePassAndConfirmedInTheNext)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Reorder Effect(s)"));
 }
 
-TEST_F(FromTree, AGroupIsCarriedOutInOnePassAndConfirmedInTheNext)
+TEST_F(FromTree, AGroupTakesOnePassAndIsConfirmed)
 {
     bench.TreeItem("B").group = 2;
     EXPECT_EQ(bench.Pass().printed, Mismatch("A B C") + "Setting Group: B\n");
@@ -69,7 +69,7 @@ TEST_F(FromTree, AGroupIsCarriedOutInOnePassAndConfirmedInTheNext)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(FromTree, ASwitchIsCarriedOutInOnePassAndConfirmedInTheNext)
+TEST_F(FromTree, ASwitchTakesOnePassAndIsConfirmed)
 {
     bench.TreeItem("B").active = 0;
     EXPECT_EQ(bench.Pass().printed, Mismatch("A B C"));
@@ -78,7 +78,7 @@ TEST_F(FromTree, ASwitchIsCarriedOutInOnePassAndConfirmedInTheNext)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(FromTree, AnUndoOfTheEditComesBackIntoTheTree)
+TEST_F(FromTree, AnUndoOfTheEditReachesTheTree)
 {
     bench.TreeItem("B").name = "X";
     bench.Settle();
@@ -88,7 +88,7 @@ TEST_F(FromTree, AnUndoOfTheEditComesBackIntoTheTree)
     EXPECT_EQ(NamesOnLayer(), "A B C");
 }
 
-TEST_F(FromTree, TheSelectionSurvivesTheRebuildThatConfirmsTheEdit)
+TEST_F(FromTree, TheSelectionSurvivesTheConfirmingRebuild)
 {
     bench.SelectInTree({"C"});
     bench.Settle();
@@ -116,7 +116,7 @@ Calls writesOf(const Calls& calls)
     return writes;
 }
 
-TEST_F(FromTree, AddsComeFirstInTheirOrderThenDeletesThenTheReading)
+TEST_F(FromTree, AddsComeFirstThenDeletesThenTheReading)
 {
     const int rays = bench.on.Key("QVK VORTREN Rays");
     const int panes = bench.on.Key("QVK VORTREN Panes");
@@ -141,7 +141,7 @@ TEST_F(FromTree, AddsComeFirstInTheirOrderThenDeletesThenTheReading)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(FromTree, AnAddShowsInTheTreeInTheSamePass)
+TEST_F(FromTree, AnAddShowsInTheSamePass)
 {
     bench.Tree()->keysToBeAdded = {bench.on.Key("QVK VORTSRC Solids")};
     (void)bench.Pass();
@@ -149,7 +149,7 @@ TEST_F(FromTree, AnAddShowsInTheTreeInTheSamePass)
     EXPECT_EQ(StackText(), "A e4 B C");
 }
 
-TEST_F(FromTree, ADeleteIsOneUndoStepThatBringsTheObjectsBack)
+TEST_F(FromTree, ADeleteIsOneUndoStep)
 {
     bench.DeleteInTree("A");
     bench.DeleteInTree("C");
@@ -161,7 +161,7 @@ TEST_F(FromTree, ADeleteIsOneUndoStepThatBringsTheObjectsBack)
     EXPECT_EQ(bench.TreeText(), "A B C");
 }
 
-TEST_F(FromTree, AnAddThatTheHostRefusesIsDroppedWithoutATrace)
+TEST_F(FromTree, ARefusedAddIsDroppedSilently)
 {
     bench.Tree()->keysToBeAdded = {bench.on.Key("QVK VORTSRC Solids")};
     host.Faults().FailFunction("AEGP_ApplyEffect");
@@ -172,7 +172,7 @@ TEST_F(FromTree, AnAddThatTheHostRefusesIsDroppedWithoutATrace)
 
 // ---- Both sides
 
-TEST_F(FromTree, AnEditIsDiscardedIfTheLayerChangedInTheSameInterval)
+TEST_F(FromTree, AnEditIsDiscardedIfTheLayerChanged)
 {
     bench.TreeItem("B").name = "X";
     host.User().Rename("A", "A2");
@@ -183,7 +183,7 @@ TEST_F(FromTree, AnEditIsDiscardedIfTheLayerChangedInTheSameInterval)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Rename Effect"));
 }
 
-TEST_F(FromTree, ARenameIsDiscardedIfADeleteWentThroughInTheSameInterval)
+TEST_F(FromTree, ARenameIsDiscardedAfterADelete)
 {
     bench.DeleteInTree("A");
     bench.TreeItem("B").name = "X";
@@ -194,7 +194,7 @@ TEST_F(FromTree, ARenameIsDiscardedIfADeleteWentThroughInTheSameInterval)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Delete Effect(s)"));
 }
 
-TEST_F(FromTree, TheSameChangeOnBothSidesIsNoMismatch)
+TEST_F(FromTree, TheSameChangeTwiceIsNoMismatch)
 {
     bench.TreeItem("B").name = "X";
     host.User().Rename("B", "X");
@@ -204,7 +204,7 @@ TEST_F(FromTree, TheSameChangeOnBothSidesIsNoMismatch)
 
 // ---- Refused edits
 
-TEST_F(FromTree, ARefusedEditStaysInTheTreeUntilEitherSideChanges)
+TEST_F(FromTree, ARefusedEditStaysUntilEitherSideChanges)
 {
     host.Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup", "a failed rename leaves its group open");
     host.Faults().FailFunction("AEGP_SetStreamName");
@@ -221,7 +221,7 @@ TEST_F(FromTree, ARefusedEditStaysInTheTreeUntilEitherSideChanges)
     EXPECT_EQ(bench.TreeText(), "A B C");
 }
 
-TEST_F(FromTree, ARefusedEditIsTriedAgainWithTheNextEditOfTheTree)
+TEST_F(FromTree, ARefusedEditIsRetriedWithTheNext)
 {
     host.Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup", "a failed rename leaves its group open");
     host.Faults().FailFunction("AEGP_SetStreamName");
@@ -233,7 +233,7 @@ TEST_F(FromTree, ARefusedEditIsTriedAgainWithTheNextEditOfTheTree)
     EXPECT_EQ(host.Effect("C").flags & effectActive, 0);
 }
 
-TEST_F(FromTree, AnEditOfWhichAPartWasRefusedReturnsToTheTruthInTheSecondPass)
+TEST_F(FromTree, APartlyRefusedEditIsCorrectedNextPass)
 {
     host.Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup", "a failed rename leaves its group open");
     host.Faults().FailFunction("AEGP_SetStreamName");
@@ -246,7 +246,7 @@ TEST_F(FromTree, AnEditOfWhichAPartWasRefusedReturnsToTheTruthInTheSecondPass)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(FromTree, ARigidObjectThatRefusesItsGroupIsLeftShownInIt)
+TEST_F(FromTree, ARigidObjectStaysInItsRefusedGroup)
 {
     host.Effect("B").family.rigidity = Rigidity::rigid;
     bench.Settle();
@@ -258,7 +258,7 @@ TEST_F(FromTree, ARigidObjectThatRefusesItsGroupIsLeftShownInIt)
 
 // ---- The tree's state
 
-TEST_F(FromTree, AChangeOfSelectionGoesToTheLayerOnce)
+TEST_F(FromTree, AChangeOfSelectionReachesTheLayerOnce)
 {
     bench.SelectInTree({"A", "C"});
     EXPECT_EQ(bench.Pass().printed, "State Changed\n");
@@ -269,7 +269,7 @@ TEST_F(FromTree, AChangeOfSelectionGoesToTheLayerOnce)
     EXPECT_THAT(host.UndoNames(), IsEmpty());
 }
 
-TEST_F(FromTree, AChangeOfOpennessIsCachedAndPushesTheSelectionAgain)
+TEST_F(FromTree, AChangeOfOpennessPushesTheSelectionAgain)
 {
     bench.Tree()->openness = "all closed";
     EXPECT_EQ(bench.Pass().printed, "State Changed\n");
@@ -277,7 +277,7 @@ TEST_F(FromTree, AChangeOfOpennessIsCachedAndPushesTheSelectionAgain)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(FromTree, AnEditAndASelectionInOneIntervalAreCarriedOutInOnePass)
+TEST_F(FromTree, AnEditAndASelectionTakeOnePass)
 {
     bench.TreeItem("B").name = "X";
     bench.SelectInTree({"X"});

@@ -32,7 +32,7 @@ class PassHashOfIds : public PassHash, public ::testing::WithParamInterface<Ids>
 {
 };
 
-TEST_P(PassHashOfIds, AnEmptyStackHashesToTheSeedOfTheTwoIds)
+TEST_P(PassHashOfIds, AnEmptyStackHashesToTheIdsSeed)
 {
     bench.Show();
     Renumber(GetParam().item, GetParam().layer);
@@ -40,7 +40,7 @@ TEST_P(PassHashOfIds, AnEmptyStackHashesToTheSeedOfTheTwoIds)
     EXPECT_EQ(bench.plugin->layerHash, GetParam().layerHash);
 }
 
-TEST_P(PassHashOfIds, AnEmptyTreeHashesToTheLayersIdWidenedWithItsSign)
+TEST_P(PassHashOfIds, AnEmptyTreeHashesToTheLayerId)
 {
     bench.Show();
     Renumber(GetParam().item, GetParam().layer);
@@ -57,7 +57,7 @@ INSTANTIATE_TEST_SUITE_P(Ids, PassHashOfIds,
                                            Ids{-2147483647 - 1, -2147483647 - 1, 0x00000007ad94bfdeu},
                                            Ids{1, 101, 0x00000028cd94beb6u}));
 
-TEST_F(PassHash, WithoutAnActiveLayerTheSeedIsFormedWithZero)
+TEST_F(PassHash, WithoutALayerTheSeedUsesZero)
 {
     bench.Show();
     host.User().SelectLayers({});
@@ -66,7 +66,7 @@ TEST_F(PassHash, WithoutAnActiveLayerTheSeedIsFormedWithZero)
     EXPECT_EQ(bench.plugin->treeHash, 0u);
 }
 
-TEST_F(PassHash, BothStartAtZeroAndStayThereUntilAPassGetsPastTheItem)
+TEST_F(PassHash, BothStayZeroUntilAnItemIsThere)
 {
     EXPECT_EQ(bench.plugin->layerHash, 0u);
     EXPECT_EQ(bench.plugin->treeHash, 0u);
@@ -78,7 +78,7 @@ TEST_F(PassHash, BothStartAtZeroAndStayThereUntilAPassGetsPastTheItem)
     EXPECT_EQ(bench.plugin->treeHash, 0u);
 }
 
-TEST_F(PassHash, TheContentsAreFoldedIntoTheSeedOnTheLayersSideAndIntoTheBareLayerIdOnTheTrees)
+TEST_F(PassHash, TheLayersSeedAndTheTreesDiffer)
 {
     bench.AddThree();
     host.Effect("B").family.group = 4;
@@ -90,7 +90,7 @@ TEST_F(PassHash, TheContentsAreFoldedIntoTheSeedOnTheLayersSideAndIntoTheBareLay
     EXPECT_EQ(bench.plugin->treeHash, CalcItemsHash(1, items));
 }
 
-TEST_F(PassHash, ANegativeLayerIdIsNotTakenForNone)
+TEST_F(PassHash, ANegativeLayerIdCounts)
 {
     bench.AddThree();
     bench.Show();
@@ -100,7 +100,7 @@ TEST_F(PassHash, ANegativeLayerIdIsNotTakenForNone)
     EXPECT_EQ(calls.back(), "Tree DidLayerStateChange(-3)");
 }
 
-TEST_F(PassHash, AnotherItemWithTheSameLayerContentsIsAChangeOfTheLayersSideAlone)
+TEST_F(PassHash, AnotherItemChangesTheLayersSideAlone)
 {
     bench.AddThree();
     bench.ShowAndSettle();

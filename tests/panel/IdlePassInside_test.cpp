@@ -90,7 +90,7 @@ TEST_F(HookInsidePass, ConsumesNoRequest)
     EXPECT_EQ(host.FindPanel(PANEL_NAME)->state, PanelState::absent);
 }
 
-TEST_F(HookInsidePass, LeavesThePendingAddsAndDeletesToThePass)
+TEST_F(HookInsidePass, LeavesPendingAddsAndDeletesToThePass)
 {
     IdleInMessage("A", 1,
                   [this]
@@ -114,7 +114,7 @@ TEST_F(HookInsidePass, WorksAgainWhenThePassHasReturned)
     EXPECT_EQ(host.NameOf("B"), "Shaker");
 }
 
-TEST_F(HookInsidePass, WorksAgainWhenThePassIsLeftByAMissingSuite)
+TEST_F(HookInsidePass, WorksAgainAfterAMissingSuite)
 {
     host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");
     for (const char* suite : {"AEGP Layer Suite", "AEGP Effect Suite"})
@@ -134,7 +134,7 @@ TEST_F(HookInsidePass, WorksAgainWhenThePassIsLeftByAMissingSuite)
     }
 }
 
-TEST_F(HookInsidePass, DoesNothingInAnyOfThePassesThatEndEarly)
+TEST_F(HookInsidePass, DoesNothingInPassesThatEndEarly)
 {
     host.Options().idleInCalls = IdleInCalls::always;
     host.User().OpenComposition(0);
@@ -151,7 +151,7 @@ TEST_F(HookInsidePass, DoesNothingInAnyOfThePassesThatEndEarly)
 
 // ---- Inside the command of an open request
 
-TEST_F(HookInsidePass, RunsWholePassesInsideTheCommandOfAnOpenRequest)
+TEST_F(HookInsidePass, RunsWholePassesInsideTheOpenCommand)
 {
     bench.TreeItem("B").name = "Shaker";
     (void)OpenPanel(&bench.Inbox(), 1);
@@ -164,7 +164,7 @@ TEST_F(HookInsidePass, RunsWholePassesInsideTheCommandOfAnOpenRequest)
     EXPECT_EQ(bench.Inbox().openPending, 1) << "cleared by the inner pass and flipped by the outer one";
 }
 
-TEST_F(HookInsidePass, LeavesTheOuterPassUnguardedWhenAPassInsideTheCommandHasReturned)
+TEST_F(HookInsidePass, LeavesTheOuterPassUnguardedAfterTheCommand)
 {
     (void)OpenPanel(&bench.Inbox(), 1);
     // Inside the command hook's question and inside the command itself, when the hook has returned. The

@@ -26,17 +26,17 @@ protected:
     {
         return Sequence({PassHead(),
                          NoAddsAndDeletes(),
-                         LayerRead(three),
+                         three.Read(),
                          {"Tree GetItemsFromTree(tree)"},
-                         LayerRead(three),
+                         three.Read(),
                          {"Tree GetItemsFromTree(tree)"},
-                         IdentityRead(three),
+                         three.ReadIdentities(),
                          {"Utility 3 AEGP_StartUndoGroup(\"Reorder Effect(s)\")",
                           "Utility 3 AEGP_EndUndoGroup()", "Tree DidLayerStateChange(1)"}});
     }
 };
 
-TEST_F(ClearedTree, AnItemThatComesBackWithAnUnchangedLayerFindsTheTreeEmptyAndLeavesItSo)
+TEST_F(ClearedTree, StaysEmptyForAnItemThatComesBack)
 {
     host.User().OpenComposition(0);
     (void)bench.Pass();
@@ -49,13 +49,12 @@ TEST_F(ClearedTree, AnItemThatComesBackWithAnUnchangedLayerFindsTheTreeEmptyAndL
     EXPECT_EQ(bench.plugin->treeHash, 1u) << "the bare id of the layer";
     for (int later = 0; later < 3; ++later)
     {
-        EXPECT_EQ(bench.Pass().calls,
-                  Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()}));
+        EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
         EXPECT_EQ(bench.TreeText(), "");
     }
 }
 
-TEST_F(ClearedTree, APanelThatIsShownAgainByAnotherRouteStaysEmpty)
+TEST_F(ClearedTree, StaysEmptyIfThePanelIsShownOtherwise)
 {
     bench.Hide();
     (void)bench.Pass();
@@ -94,7 +93,7 @@ TEST_F(ClearedTree, IsFilledAgainByARefreshRequest)
     EXPECT_EQ(bench.TreeText(), "A B C");
 }
 
-TEST_F(ClearedTree, IsFilledAgainIfThePanelIsShownByItsMenuEntry)
+TEST_F(ClearedTree, IsFilledAgainByTheMenuEntry)
 {
     ASSERT_TRUE(bench.Choose());
     bench.Settle();
@@ -105,7 +104,7 @@ TEST_F(ClearedTree, IsFilledAgainIfThePanelIsShownByItsMenuEntry)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(ClearedTree, AnEmptyLayerIsNoMismatchWhenThePanelIsShownAgain)
+TEST_F(ClearedTree, AnEmptyLayerShownAgainIsNoMismatch)
 {
     for (const char* label : {"A", "B", "C"})
         host.User().Delete(label);
@@ -116,7 +115,7 @@ TEST_F(ClearedTree, AnEmptyLayerIsNoMismatchWhenThePanelIsShownAgain)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(ClearedTree, APanelThatIsCreatedAnewDoesNotResetTheHashes)
+TEST_F(ClearedTree, ARecreatedPanelDoesNotResetTheHashes)
 {
     host.Options().closedPanel = ClosedPanel::destroysView;
     const std::uint64_t layerHash = bench.plugin->layerHash;
@@ -128,7 +127,7 @@ TEST_F(ClearedTree, APanelThatIsCreatedAnewDoesNotResetTheHashes)
     EXPECT_EQ(bench.TreeText(), "");
 }
 
-TEST_F(ClearedTree, APanelBehindAnotherTabComesBackWithItsTree)
+TEST_F(ClearedTree, APanelInTheBackgroundKeepsItsTree)
 {
     bench.Cover();
     (void)bench.Pass();
@@ -137,7 +136,7 @@ TEST_F(ClearedTree, APanelBehindAnotherTabComesBackWithItsTree)
     EXPECT_EQ(bench.TreeText(), "A B C");
 }
 
-TEST_F(ClearedTree, AnEditBehindAnotherTabWaitsAndIsThenCarriedOut)
+TEST_F(ClearedTree, AnEditInTheBackgroundWaits)
 {
     bench.Cover();
     bench.TreeItem("B").name = "X";
@@ -156,7 +155,7 @@ class OutsideEffects : public PanelTest
 {
 };
 
-TEST_F(OutsideEffects, AboveTheFamilySinkBelowItWhenTheLayerIsFirstShown)
+TEST_F(OutsideEffects, AboveTheFamilySinkAtTheFirstShowing)
 {
     bench.Add("ADBE Fill", "X");
     bench.AddThree();
@@ -171,7 +170,7 @@ TEST_F(OutsideEffects, AboveTheFamilySinkBelowItWhenTheLayerIsFirstShown)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(OutsideEffects, BelowTheFamilyAreAMismatchThatMovesNothing)
+TEST_F(OutsideEffects, BelowTheFamilyMismatchAndMoveNothing)
 {
     bench.AddThree();
     bench.Add("ADBE Fill", "X");
@@ -185,7 +184,7 @@ TEST_F(OutsideEffects, BelowTheFamilyAreAMismatchThatMovesNothing)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(OutsideEffects, AloneOnALayerLeaveATreeWithoutObjectsAndAMismatchOnce)
+TEST_F(OutsideEffects, AloneOnALayerMismatchOnce)
 {
     bench.Add("ADBE Fill", "X");
     bench.Show();
@@ -195,7 +194,7 @@ TEST_F(OutsideEffects, AloneOnALayerLeaveATreeWithoutObjectsAndAMismatchOnce)
     EXPECT_THAT(bench.Tree()->objects, IsEmpty());
 }
 
-TEST_F(OutsideEffects, AnUndoOfTheirSinkingSinksThemAgainOnlyWithTheNextComparison)
+TEST_F(OutsideEffects, SinkAgainOnlyWithTheNextComparison)
 {
     bench.Add("ADBE Fill", "X");
     bench.AddThree();

@@ -24,21 +24,21 @@ protected:
 TEST_F(PassOutcome, NothingChangedSoNothingHappens)
 {
     const PassRecord pass = bench.Pass();
-    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()}));
+    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
     EXPECT_EQ(pass.printed, "");
 }
 
-TEST_F(PassOutcome, OnlyTheTreesStateChangedSoTheSelectionGoesToTheLayer)
+TEST_F(PassOutcome, AChangedTreeStatePushesTheSelection)
 {
     bench.SelectInTree({"B"});
     const PassRecord pass = bench.Pass();
-    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree(),
+    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree(),
                                     SelectionPush(three, {1})}));
     EXPECT_EQ(pass.printed, "State Changed\n");
     EXPECT_EQ(bench.Pass().printed, "") << "the new state is the cached one";
 }
 
-TEST_F(PassOutcome, ATreeThatWasTouchedButSaysTheSameIsTakenOverInSilence)
+TEST_F(PassOutcome, AnEqualTouchedTreeIsAcceptedSilently)
 {
     host.Faults().FailFunction("AEGP_SetStreamName");
     host.Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup", "a failed rename leaves its group open");
@@ -50,24 +50,24 @@ TEST_F(PassOutcome, ATreeThatWasTouchedButSaysTheSameIsTakenOverInSilence)
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
-                                    LayerRead(three),
+                                    three.Read(),
                                     {"Tree GetItemsFromTree(tree)"},
-                                    LayerRead(three),
+                                    three.Read(),
                                     {"Tree GetItemsFromTree(tree)", "Tree DidLayerStateChange(1)"}}));
     EXPECT_EQ(pass.printed, "");
     EXPECT_NE(bench.plugin->treeHash, refused);
-    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()}));
+    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
 }
 
-TEST_F(PassOutcome, AnEditInTheTreeIsReportedAndCarriedToTheLayer)
+TEST_F(PassOutcome, AnEditIsReportedAndCarriedOut)
 {
     bench.TreeItem("B").name = "X";
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
-                                    LayerRead(three),
+                                    three.Read(),
                                     {"Tree GetItemsFromTree(tree)"},
-                                    LayerRead(three),
+                                    three.Read(),
                                     {"Tree GetItemsFromTree(tree)"},
                                     RenameChange(three, 1, "X"),
                                     ReorderInPlace(three, ""),
@@ -79,7 +79,7 @@ TEST_F(PassOutcome, AnEditInTheTreeIsReportedAndCarriedToTheLayer)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Rename Effect(s)"));
 }
 
-TEST_F(PassOutcome, AMismatchIsReportedBeforeTheLayerIsChanged)
+TEST_F(PassOutcome, AMismatchIsReportedBeforeTheChange)
 {
     // The messages of the pass's two readings are 1 to 4; the fifth is the first of the change.
     std::string printed;
@@ -93,25 +93,26 @@ TEST_F(PassOutcome, AMismatchIsReportedBeforeTheLayerIsChanged)
 
 // ---- The layer changed
 
-TEST_F(PassOutcome, AForcedRefreshRebuildsATreeThatHashesAsBefore)
+TEST_F(PassOutcome, AForcedRefreshKeepsTheTreesHash)
 {
     bench.Inbox().refreshPending = 1;
     const PassRecord pass = bench.Pass();
-    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), LayerRead(three),
+    EXPECT_EQ(pass.calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), three.Read(),
                                     TreeRebuild("A B C"), QuietTree(), SelectionPush(three, {})}));
     EXPECT_EQ(pass.printed, "State Changed\n");
 }
 
-TEST_F(PassOutcome, AnEffectFromOutsideTheFamilyRebuildsATreeThatHashesAsBefore)
+TEST_F(PassOutcome, AnOutsideEffectRebuildsWithoutChangingTheHash)
 {
     bench.Add("ADBE Fill", "X");
-    EffectRows rows = three;
-    rows.push_back({"X", "00000000-0000-0000-0000-000000000000", "ADBE Fill", bench.on.Key("ADBE Fill"), -1});
+    TracedStack rows = three;
+    rows.effects.push_back(
+        {"X", "00000000-0000-0000-0000-000000000000", "ADBE Fill", bench.on.Key("ADBE Fill"), -1});
     const std::uint64_t treeHash = bench.plugin->treeHash;
 
     const PassRecord pass = bench.Pass();
-    const Calls head = Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(rows), LayerRead(rows),
-                                 TreeRebuild("A B C X"), QuietTree()});
+    const Calls head = Sequence(
+        {PassHead(), NoAddsAndDeletes(), rows.Read(), rows.Read(), TreeRebuild("A B C X"), QuietTree()});
     ASSERT_GT(pass.calls.size(), head.size());
     EXPECT_EQ(Calls(pass.calls.begin(), pass.calls.begin() + static_cast<std::ptrdiff_t>(head.size())), head);
     EXPECT_EQ(pass.printed, "State Changed\n");
@@ -119,46 +120,46 @@ TEST_F(PassOutcome, AnEffectFromOutsideTheFamilyRebuildsATreeThatHashesAsBefore)
     EXPECT_FALSE(host.Effect("X").groupHidden) << "an outside effect is never put out of sight";
 }
 
-TEST_F(PassOutcome, AChangedLayerRebuildsTheTreeAndTakesItsHashOver)
+TEST_F(PassOutcome, AChangedLayerRebuildsAndTakesItsHash)
 {
     host.User().Rename("B", "B2");
-    EffectRows rows = three;
-    rows[1].name = "B2";
+    TracedStack rows = three;
+    rows.effects[1].name = "B2";
     const std::uint64_t treeHash = bench.plugin->treeHash;
 
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
-                                    LayerRead(rows),
-                                    LayerRead(rows),
+                                    rows.Read(),
+                                    rows.Read(),
                                     TreeRebuild("A B2 C"),
                                     {"Tree GetItemsFromTree(tree)"},
-                                    LayerRead(rows),
+                                    rows.Read(),
                                     {"Tree GetItemsFromTree(tree)", "Tree DidLayerStateChange(1)"},
                                     SelectionPush(rows, {})}));
     EXPECT_EQ(pass.printed, "State Changed\n");
     EXPECT_NE(bench.plugin->treeHash, treeHash);
-    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(rows), QuietTree()}));
+    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), rows.Read(), QuietTree()}));
 }
 
-TEST_F(PassOutcome, ALayerThatMovesBetweenTheReadingsIsBroughtBackToWhatTheTreeShows)
+TEST_F(PassOutcome, AChangeBetweenReadingsIsUndone)
 {
     // Five messages: two in each of the first two readings, then the first of the third.
     host.User().Rename("A", "A2");
     bench.ActInMessage("A", 5, [&] { host.Effect("B").customName = "moved"; });
-    EffectRows rows = three;
-    rows[0].name = "A2";
-    EffectRows moved = rows;
-    moved[1].name = "moved";
+    TracedStack rows = three;
+    rows.effects[0].name = "A2";
+    TracedStack moved = rows;
+    moved.effects[1].name = "moved";
 
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
-                                    LayerRead(rows),
-                                    LayerRead(rows),
+                                    rows.Read(),
+                                    rows.Read(),
                                     TreeRebuild("A2 B C"),
                                     {"Tree GetItemsFromTree(tree)"},
-                                    LayerRead(moved),
+                                    moved.Read(),
                                     {"Tree GetItemsFromTree(tree)"},
                                     RenameChange(moved, 1, "B"),
                                     ReorderInPlace(moved, ""),
@@ -169,10 +170,10 @@ TEST_F(PassOutcome, ALayerThatMovesBetweenTheReadingsIsBroughtBackToWhatTheTreeS
                             "Tree Item - A2\nTree Item - B\nTree Item - C\n"
                             "State Changed\n");
     EXPECT_EQ(host.NameOf("B"), "B");
-    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(rows), QuietTree()}));
+    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), rows.Read(), QuietTree()}));
 }
 
-TEST_F(PassOutcome, TheStoredHashOfTheLayerIsThatOfTheFirstReading)
+TEST_F(PassOutcome, TheStoredHashIsTheFirstReadings)
 {
     // The third message is the first of the second reading: the tree gets the new name, the hash the old.
     host.User().Rename("A", "A2");
@@ -186,20 +187,20 @@ TEST_F(PassOutcome, TheStoredHashOfTheLayerIsThatOfTheFirstReading)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(PassOutcome, TheStateTableIsAskedThoughTheLayerChangedAlready)
+TEST_F(PassOutcome, TheStateTableIsAskedAfterLayerChanges)
 {
     bench.Inbox().refreshPending = 1;
     const Calls calls = bench.Pass().calls;
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "Tree DidLayerStateChange(1)"), 1);
 }
 
-TEST_F(PassOutcome, TheSelectionThatWasCachedComesBackAfterARebuildAndGoesToTheLayer)
+TEST_F(PassOutcome, TheCachedSelectionReturnsAfterARebuild)
 {
     bench.SelectInTree({"B", "C"});
     (void)bench.Pass();
     host.User().Rename("A", "A2");
-    EffectRows rows = three;
-    rows[0].name = "A2";
+    TracedStack rows = three;
+    rows.effects[0].name = "A2";
     const PassRecord pass = bench.Pass();
     const Calls push = SelectionPush(rows, {2, 1});
     ASSERT_GT(pass.calls.size(), push.size());
@@ -209,7 +210,7 @@ TEST_F(PassOutcome, TheSelectionThatWasCachedComesBackAfterARebuildAndGoesToTheL
     EXPECT_FALSE(host.Effect("C").groupHidden);
 }
 
-TEST_F(PassOutcome, TheMainAndTheKitEffectKeepTheirVisibilityUnlessTheyAreSelected)
+TEST_F(PassOutcome, MainAndKitKeepTheirVisibilityUnlessSelected)
 {
     bench.Add("QVK VORTAN TWO", "M");
     bench.Add("QVK VORTKIT", "K");
@@ -226,18 +227,18 @@ TEST_F(PassOutcome, TheMainAndTheKitEffectKeepTheirVisibilityUnlessTheyAreSelect
     EXPECT_TRUE(host.Effect("K").groupHidden);
 }
 
-TEST_F(PassOutcome, TheFirstPassOfAPanelBuildsTheTreeByTheOrdinaryPath)
+TEST_F(PassOutcome, AFirstPassBuildsTheTreeAsUsual)
 {
     bench.plugin->layerHash = 0;
     bench.plugin->treeHash = 0;
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls, Sequence({PassHead(),
                                     NoAddsAndDeletes(),
-                                    LayerRead(three),
-                                    LayerRead(three),
+                                    three.Read(),
+                                    three.Read(),
                                     TreeRebuild("A B C"),
                                     {"Tree GetItemsFromTree(tree)"},
-                                    LayerRead(three),
+                                    three.Read(),
                                     {"Tree GetItemsFromTree(tree)", "Tree DidLayerStateChange(1)"},
                                     SelectionPush(three, {})}));
 }

@@ -16,7 +16,7 @@ class QuietPass : public PanelTest
 {
 };
 
-TEST_F(QuietPass, OverAnEmptyStackReadsTheLayerOnceAndTheTreeOnce)
+TEST_F(QuietPass, OverAnEmptyStackReadsBothOnce)
 {
     bench.ShowAndSettle();
     EXPECT_THAT(
@@ -32,7 +32,7 @@ TEST_F(QuietPass, OverAnEmptyStackReadsTheLayerOnceAndTheTreeOnce)
                     "Tree DidLayerStateChange(1)", R"(Basic ReleaseSuite("AEGP Layer Suite", 5))"));
 }
 
-TEST_F(QuietPass, OverOneEffectSendsItTwoMessagesAndReadsItFromTheHost)
+TEST_F(QuietPass, OverOneEffectSendsTwoMessagesAndReads)
 {
     bench.Add("QVK VORTSRC Lamps", "A");
     bench.ShowAndSettle();
@@ -103,7 +103,7 @@ Calls withFirstAcquires(Calls message)
     return message;
 }
 
-TEST_F(QuietPass, OverThreeEffectsAsksForAllGroupsThenAllIdentitiesThenTheHostsFacts)
+TEST_F(QuietPass, OverThreeEffectsAsksGroupsIdentitiesFacts)
 {
     bench.AddThree();
     bench.ShowAndSettle();
@@ -114,12 +114,12 @@ TEST_F(QuietPass, OverThreeEffectsAsksForAllGroupsThenAllIdentitiesThenTheHostsF
          "Layer 5 AEGP_GetActiveLayer() -> layer 1", "Layer 5 AEGP_GetLayerID(layer 1) -> 1",
          "Tree GetKeysToBeAddedToLayer(tree)", "Tree GetEffectsToBeRemoved(tree)",
          R"(Basic AcquireSuite("AEGP Effect Suite", 1))", "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3"},
-        withFirstAcquires(GroupMessage(three, 0)),
-        GroupMessage(three, 1),
-        GroupMessage(three, 2),
-        IdentityMessage(three, 0),
-        IdentityMessage(three, 1),
-        IdentityMessage(three, 2),
+        withFirstAcquires(three.AskGroup(0)),
+        three.AskGroup(1),
+        three.AskGroup(2),
+        three.AskIdentity(0),
+        three.AskIdentity(1),
+        three.AskIdentity(2),
         {"Effect 1 AEGP_GetLayerEffectByIndex(id 8, layer 1, 0) -> effect A",
          "Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect A) -> 201",
          R"(Effect 1 AEGP_GetEffectMatchName(201) -> "QVK VORTSRC Lamps")",
@@ -130,8 +130,8 @@ TEST_F(QuietPass, OverThreeEffectsAsksForAllGroupsThenAllIdentitiesThenTheHostsF
          "Effect 1 AEGP_GetEffectFlags(effect A) -> 1", R"(Stream 4 AEGP_GetStreamName(stream A, 1) -> "A")",
          R"(Basic AcquireSuite("AEGP Stream Suite", 7))", "Stream 7 AEGP_DisposeStream(stream A.1)",
          "Stream 7 AEGP_DisposeStream(stream A)", "Effect 1 AEGP_DisposeEffect(effect A)"},
-        HostRead(three, 1),
-        HostRead(three, 2),
+        three.ReadEffect(1),
+        three.ReadEffect(2),
         {R"(Basic ReleaseSuite("AEGP Dynamic Stream Suite", 2))",
          R"(Basic ReleaseSuite("AEGP Effect Suite", 1))", R"(Basic ReleaseSuite("AEGP Effect Suite", 3))",
          R"(Basic ReleaseSuite("AEGP Layer Suite", 5))", R"(Basic ReleaseSuite("AEGP Stream Suite", 4))",
@@ -141,7 +141,7 @@ TEST_F(QuietPass, OverThreeEffectsAsksForAllGroupsThenAllIdentitiesThenTheHostsF
     EXPECT_EQ(bench.Pass(SuiteTraffic::included).calls, expected);
 }
 
-TEST_F(QuietPass, CostsTwentyTwoHostCallsForEachEffectAndSevenForItself)
+TEST_F(QuietPass, CostsSevenCallsAndTwentyTwoPerEffect)
 {
     bench.ShowAndSettle();
     for (int count = 0; count <= 12; ++count)
@@ -202,7 +202,7 @@ TEST_F(QuietPass, OfAHiddenPanelReadsNoLayer)
                             "Command 1 AEGP_CheckMarkMenuCommand(1001, 0)", "Tree ClearTree(tree)"));
 }
 
-TEST_F(QuietPass, OfAPanelBehindAnotherTabReadsNoLayerAndKeepsTheTree)
+TEST_F(QuietPass, InTheBackgroundReadsNoLayer)
 {
     bench.AddThree();
     bench.ShowAndSettle();

@@ -44,7 +44,7 @@ TEST_F(PassRequests, AnyNonZeroValueAsksForARefresh)
     EXPECT_EQ(bench.Inbox().refreshPending, 0);
 }
 
-TEST_F(PassRequests, ARefreshOfAHiddenPanelIsConsumedAndLost)
+TEST_F(PassRequests, ARefreshWhileHiddenIsLost)
 {
     bench.Hide();
     bench.Inbox().refreshPending = 1;
@@ -55,7 +55,7 @@ TEST_F(PassRequests, ARefreshOfAHiddenPanelIsConsumedAndLost)
     EXPECT_EQ(bench.TreeText(), "") << "nothing asks for a rebuild any more";
 }
 
-TEST_F(PassRequests, ARefreshOfAPanelBehindAnotherTabIsConsumedAndLost)
+TEST_F(PassRequests, ARefreshInTheBackgroundIsLost)
 {
     bench.Cover();
     bench.Inbox().refreshPending = 1;
@@ -65,7 +65,7 @@ TEST_F(PassRequests, ARefreshOfAPanelBehindAnotherTabIsConsumedAndLost)
     EXPECT_EQ(bench.Pass().printed, "");
 }
 
-TEST_F(PassRequests, ARefreshWithoutAnActiveItemIsConsumedAndLost)
+TEST_F(PassRequests, ARefreshWithoutAnItemIsLost)
 {
     host.User().OpenComposition(0);
     bench.Inbox().refreshPending = 1;
@@ -73,7 +73,7 @@ TEST_F(PassRequests, ARefreshWithoutAnActiveItemIsConsumedAndLost)
     EXPECT_EQ(bench.Inbox().refreshPending, 0);
 }
 
-TEST_F(PassRequests, ARefreshWithoutATreeIsConsumedAndLost)
+TEST_F(PassRequests, ARefreshWithoutATreeIsLost)
 {
     ValueTreesDemo* const tree = std::exchange(bench.plugin->tree, nullptr);
     bench.Inbox().refreshPending = 1;
@@ -84,7 +84,7 @@ TEST_F(PassRequests, ARefreshWithoutATreeIsConsumedAndLost)
 
 // ---- Open
 
-TEST_F(PassRequests, AnOpenOfAHiddenPanelRunsTheCommandBeforeThePanelIsLookedAt)
+TEST_F(PassRequests, AnOpenRunsItsCommandBeforeTheLook)
 {
     bench.Hide();
     (void)bench.Pass();
@@ -106,7 +106,7 @@ TEST_F(PassRequests, AnOpenOfAHiddenPanelRunsTheCommandBeforeThePanelIsLookedAt)
     EXPECT_EQ(bench.Inbox().openPending, 0);
 }
 
-TEST_F(PassRequests, TheRefreshThatTheCommandAsksForBelongsToTheNextPass)
+TEST_F(PassRequests, TheCommandsRefreshBelongsToTheNextPass)
 {
     bench.Hide();
     (void)bench.Pass();
@@ -121,7 +121,7 @@ TEST_F(PassRequests, TheRefreshThatTheCommandAsksForBelongsToTheNextPass)
     EXPECT_EQ(bench.Inbox().refreshPending, 0);
 }
 
-TEST_F(PassRequests, AnOpenOfAPanelThatIsUpClosesIt)
+TEST_F(PassRequests, AnOpenOfAShownPanelClosesIt)
 {
     bench.Inbox().openPending = 1;
     EXPECT_EQ(bench.Pass().printed, "Make Panel Visible\n");
@@ -129,7 +129,7 @@ TEST_F(PassRequests, AnOpenOfAPanelThatIsUpClosesIt)
     EXPECT_FALSE(bench.Tree()->hasRoot);
 }
 
-TEST_F(PassRequests, AnOpenIsConsumedAlsoIfTheCommandFails)
+TEST_F(PassRequests, AnOpenIsConsumedIfTheCommandFails)
 {
     host.Faults().FailFunction("AEGP_DoCommand");
     bench.Inbox().openPending = 1;
@@ -177,7 +177,7 @@ private:
     bool hasIdled = false;
 };
 
-TEST_F(PassRequests, AnOpenWhoseCommandLetsTheHostIdleRunsTheCommandOnceMoreAtTheNextPass)
+TEST_F(PassRequests, AnIdlingCommandRunsOnceMoreNextPass)
 {
     const IdlesInsideACommand neighbour(bench);
     bench.Hide();
@@ -236,7 +236,7 @@ TEST_F(PassRequests, ATextWithoutTheFlagIsNotShown)
     EXPECT_EQ(bench.Inbox().notifyText, "Saved");
 }
 
-TEST_F(PassRequests, ANotificationIsShownAlsoWithoutAnActiveItem)
+TEST_F(PassRequests, ANotificationIsShownWithoutAnItem)
 {
     host.User().OpenComposition(0);
     PanelNotify(&bench.Inbox(), "Saved");
@@ -259,7 +259,7 @@ TEST_F(PassRequests, ANotificationWaitsWhileThePanelIsHidden)
     EXPECT_THAT(Notifications(), ElementsAre("second"));
 }
 
-TEST_F(PassRequests, ANotificationWaitsWhileThePanelIsBehindAnotherTab)
+TEST_F(PassRequests, ANotificationWaitsInTheBackground)
 {
     bench.Cover();
     PanelNotify(&bench.Inbox(), "Saved");
@@ -287,7 +287,7 @@ class PassRequestsBeforeThePanel : public PanelTest
 {
 };
 
-TEST_F(PassRequestsBeforeThePanel, TheFirstOpenCreatesThePanelInsideThePass)
+TEST_F(PassRequestsBeforeThePanel, TheFirstOpenCreatesThePanel)
 {
     bench.AddThree();
     bench.Inbox().openPending = 1;
@@ -299,7 +299,7 @@ TEST_F(PassRequestsBeforeThePanel, TheFirstOpenCreatesThePanelInsideThePass)
     EXPECT_EQ(bench.TreeText(), "A B C");
 }
 
-TEST_F(PassRequestsBeforeThePanel, AllThreeRequestsAreCarriedOutInOnePass)
+TEST_F(PassRequestsBeforeThePanel, AllThreeAreCarriedOutInOnePass)
 {
     bench.AddThree();
     bench.Inbox().openPending = 1;

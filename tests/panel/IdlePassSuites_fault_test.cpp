@@ -69,7 +69,7 @@ protected:
     const MissingSuite suite = std::get<MissingSuite>(GetParam());
 };
 
-TEST_P(PassWithoutSuite, IsLeftByTheNumberOfAMissingSuiteWithWhatItTookTaken)
+TEST_P(PassWithoutSuite, ThrowsItsNumberWithRequestsConsumed)
 {
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.result.thrownNumber, 516);
@@ -111,7 +111,7 @@ TEST_P(PassWithoutSuite, RecoversWhenTheSuiteIsBack)
     host.Faults().GiveBack(suite.name, suite.version);
     bench.Settle();
     EXPECT_EQ(bench.TreeText(), "A B C");
-    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()}));
+    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Suites, PassWithoutSuite,
@@ -137,7 +137,7 @@ protected:
     }
 };
 
-TEST_F(PassThatLosesASuite, BetweenTheFirstTwoReadingsLeavesTreeAndHashAloneAndTheNextPassRebuilds)
+TEST_F(PassThatLosesASuite, BetweenReadingsLeavesTheRebuildToTheNext)
 {
     host.User().Rename("B", "X");
     const std::uint64_t layerHash = bench.plugin->layerHash;
@@ -151,7 +151,7 @@ TEST_F(PassThatLosesASuite, BetweenTheFirstTwoReadingsLeavesTreeAndHashAloneAndT
     EXPECT_EQ(bench.TreeText(), "A X C");
 }
 
-TEST_F(PassThatLosesASuite, BehindTheRebuildLosesThatPassesSelectionAndNothingElse)
+TEST_F(PassThatLosesASuite, AfterTheRebuildLosesOnlyTheSelection)
 {
     host.User().Rename("B", "X");
     LoseInMessage(5, "AEGP Stream Suite", 4);
@@ -167,7 +167,7 @@ TEST_F(PassThatLosesASuite, BehindTheRebuildLosesThatPassesSelectionAndNothingEl
     EXPECT_NE(bench.plugin->treeHash, treeHash);
 }
 
-TEST_F(PassThatLosesASuite, BeforeAnEditIsCarriedOutTriesItAgainInTheNextPass)
+TEST_F(PassThatLosesASuite, BeforeAnEditTriesAgainNextPass)
 {
     bench.TreeItem("B").name = "X";
     host.Faults().Withhold("AEGP Utility Suite", 3);
@@ -181,7 +181,7 @@ TEST_F(PassThatLosesASuite, BeforeAnEditIsCarriedOutTriesItAgainInTheNextPass)
     EXPECT_EQ(host.NameOf("B"), "X");
 }
 
-TEST_F(PassThatLosesASuite, DuringTheAddsLosesTheKeysThatWereTaken)
+TEST_F(PassThatLosesASuite, DuringTheAddsLosesTheKeys)
 {
     const int solids = bench.on.Key("QVK VORTSRC Solids");
     bench.Tree()->keysToBeAdded = {solids, solids};
@@ -196,7 +196,7 @@ TEST_F(PassThatLosesASuite, DuringTheAddsLosesTheKeysThatWereTaken)
     EXPECT_EQ(StackText(), "A C");
 }
 
-TEST_F(PassThatLosesASuite, DuringTheDeletesLeavesTheLayerAsItWas)
+TEST_F(PassThatLosesASuite, DuringTheDeletesLeavesTheLayer)
 {
     bench.DeleteInTree("B");
     host.Faults().Withhold("AEGP Utility Suite", 3);
@@ -211,7 +211,7 @@ class OpenWithoutSuite : public PanelTest
 {
 };
 
-TEST_F(OpenWithoutSuite, ACommandThatIsLeftByTheNumberIsAFailedCommandAndTheRequestIsConsumed)
+TEST_F(OpenWithoutSuite, AThrowingCommandConsumesTheRequest)
 {
     host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");
     host.Faults().Withhold("AEGP Layer Suite", 5);

@@ -21,7 +21,7 @@ protected:
 
 // ---- Without a panel
 
-TEST_F(PassVisibility, BeforeThePanelWasEverOpenedThePassEndsAtThePanelWithNoTreeToClear)
+TEST_F(PassVisibility, BeforeTheFirstOpeningThePassEndsEarly)
 {
     EXPECT_THAT(bench.Pass(SuiteTraffic::included).calls,
                 ElementsAre("Tree DispatchPlatformEvents()",
@@ -29,7 +29,7 @@ TEST_F(PassVisibility, BeforeThePanelWasEverOpenedThePassEndsAtThePanelWithNoTre
                             "Command 1 AEGP_CheckMarkMenuCommand(1001, 0)", "Tree ClearTree(null)"));
 }
 
-TEST_F(PassVisibility, APanelThatIsUpWithoutATreeIsReportedAtEveryPass)
+TEST_F(PassVisibility, AShownPanelWithoutTreeIsAlwaysReported)
 {
     bench.ShowAndSettle();
     ValueTreesDemo* const tree = std::exchange(bench.plugin->tree, nullptr);
@@ -46,7 +46,7 @@ TEST_F(PassVisibility, APanelThatIsUpWithoutATreeIsReportedAtEveryPass)
 
 // ---- Hidden and behind
 
-TEST_F(PassVisibility, AHiddenPanelLosesItsTreeAndItsMark)
+TEST_F(PassVisibility, AHiddenPanelLosesTreeAndMark)
 {
     bench.ShowAndSettle();
     EXPECT_TRUE(IsTicked());
@@ -56,7 +56,7 @@ TEST_F(PassVisibility, AHiddenPanelLosesItsTreeAndItsMark)
     EXPECT_FALSE(IsTicked());
 }
 
-TEST_F(PassVisibility, APanelBehindAnotherTabKeepsItsTreeAndLosesItsMark)
+TEST_F(PassVisibility, ABackgroundPanelLosesOnlyItsMark)
 {
     bench.ShowAndSettle();
     bench.Cover();
@@ -68,7 +68,7 @@ TEST_F(PassVisibility, APanelBehindAnotherTabKeepsItsTreeAndLosesItsMark)
     EXPECT_TRUE(IsTicked());
 }
 
-TEST_F(PassVisibility, AHostThatCallsATabBehindNotShownHasTheTreeCleared)
+TEST_F(PassVisibility, ATabReportedAsHiddenHasNoTree)
 {
     host.Options().tabBehind = TabBehind::isNotShown;
     bench.ShowAndSettle();
@@ -79,7 +79,7 @@ TEST_F(PassVisibility, AHostThatCallsATabBehindNotShownHasTheTreeCleared)
     EXPECT_FALSE(bench.Tree()->hasRoot);
 }
 
-TEST_F(PassVisibility, APanelThatTheHostCannotTellOfCountsAsHidden)
+TEST_F(PassVisibility, APanelOfUnknownStateCountsAsHidden)
 {
     bench.ShowAndSettle();
     host.Faults().FailFunction("AEGP_IsShown");
@@ -94,14 +94,14 @@ TEST_F(PassVisibility, AMarkThatCannotBeSetChangesNothing)
     bench.ShowAndSettle();
     host.Faults().FailFunction("AEGP_CheckMarkMenuCommand");
     const PassRecord pass = bench.Pass();
-    Calls expected = Sequence({PassHead(), NoAddsAndDeletes(), LayerRead(three), QuietTree()});
+    Calls expected = Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()});
     expected[2] = "Command 1 AEGP_CheckMarkMenuCommand(1001, 1) = 1";
     EXPECT_EQ(pass.calls, expected);
 }
 
 // ---- No active item
 
-TEST_F(PassVisibility, WithoutAnActiveItemTheTreeAndAllCachedStatesGoAtEveryPass)
+TEST_F(PassVisibility, WithoutAnItemTreeAndStatesGo)
 {
     bench.ShowAndSettle();
     bench.plugin->stateTable->states[77] = "another layer";
@@ -120,7 +120,7 @@ TEST_F(PassVisibility, WithoutAnActiveItemTheTreeAndAllCachedStatesGoAtEveryPass
     EXPECT_THAT(bench.plugin->stateTable->states, IsEmpty());
 }
 
-TEST_F(PassVisibility, AnItemThatTheHostCannotTellCountsAsNone)
+TEST_F(PassVisibility, AnUnreadableItemCountsAsNone)
 {
     bench.ShowAndSettle();
     host.Faults().FailFunction("AEGP_GetActiveItem");
@@ -130,7 +130,7 @@ TEST_F(PassVisibility, AnItemThatTheHostCannotTellCountsAsNone)
     EXPECT_EQ(pass.printed, "No active item\n");
 }
 
-TEST_F(PassVisibility, ThePassesWithoutAnItemLeaveTheStoredHashesAlone)
+TEST_F(PassVisibility, PassesWithoutAnItemKeepTheHashes)
 {
     bench.ShowAndSettle();
     const std::uint64_t layerHash = bench.plugin->layerHash;
@@ -162,7 +162,7 @@ protected:
                         "Layer 5 AEGP_GetActiveLayer() -> layer null"};
 };
 
-TEST_F(PassWithoutLayer, TheTreeShowsItsEmptyStateAndNoLayerIsReadOrWritten)
+TEST_F(PassWithoutLayer, TheTreeIsEmptyAndNoLayerTouched)
 {
     const PassRecord pass = bench.Pass();
     EXPECT_EQ(pass.calls,
@@ -174,7 +174,7 @@ TEST_F(PassWithoutLayer, TheTreeShowsItsEmptyStateAndNoLayerIsReadOrWritten)
     EXPECT_FALSE(bench.Tree()->hasRoot);
 }
 
-TEST_F(PassWithoutLayer, TheNextPassIsQuietAndAsksNoStateTable)
+TEST_F(PassWithoutLayer, TheNextPassIsQuiet)
 {
     (void)bench.Pass();
     const PassRecord pass = bench.Pass(SuiteTraffic::included);
@@ -188,7 +188,7 @@ TEST_F(PassWithoutLayer, TheNextPassIsQuietAndAsksNoStateTable)
     EXPECT_EQ(pass.printed, "");
 }
 
-TEST_F(PassWithoutLayer, AddsAndDeletesWaitInTheTreeUntilALayerIsActive)
+TEST_F(PassWithoutLayer, AddsAndDeletesWaitForALayer)
 {
     bench.Tree()->keysToBeAdded = {bench.on.Key("QVK VORTREN Rays")};
     bench.Tree()->effectsToBeRemoved = {a.uuid};
@@ -204,7 +204,7 @@ TEST_F(PassWithoutLayer, AddsAndDeletesWaitInTheTreeUntilALayerIsActive)
     EXPECT_EQ(StackText(), "B C e4");
 }
 
-TEST_F(PassWithoutLayer, ALayerThatTheHostCannotTellCountsAsNone)
+TEST_F(PassWithoutLayer, AnUnreadableLayerCountsAsNone)
 {
     host.User().SelectLayers({bench.on.layerId});
     host.Faults().FailFunction("AEGP_GetActiveLayer");
@@ -232,7 +232,7 @@ TEST_F(PassWithoutLayer, AFootageItemShowsTheEmptyState)
     EXPECT_EQ(pass.calls.at(6), "Tree RefreshTree([])");
 }
 
-TEST_F(PassWithoutLayer, TheStateOfALayerSurvivesAWhileWithoutOne)
+TEST_F(PassWithoutLayer, TheStateOfALayerSurvives)
 {
     host.User().SelectLayers({bench.on.layerId});
     bench.SelectInTree({"B"});
@@ -247,7 +247,7 @@ TEST_F(PassWithoutLayer, TheStateOfALayerSurvivesAWhileWithoutOne)
 
 // ---- Ids that cannot be had
 
-TEST_F(PassVisibility, ALayerWhoseIdCannotBeHadIsReadButItsStateIsNotAskedFor)
+TEST_F(PassVisibility, ALayerWithoutIdIsReadButStateless)
 {
     bench.ShowAndSettle();
     host.Faults().FailFunction("AEGP_GetLayerID");
@@ -259,7 +259,7 @@ TEST_F(PassVisibility, ALayerWhoseIdCannotBeHadIsReadButItsStateIsNotAskedFor)
     bench.Settle();
 }
 
-TEST_F(PassVisibility, AnItemWhoseIdCannotBeHadLooksLikeAnotherItemForThatPass)
+TEST_F(PassVisibility, AnItemWithoutIdLooksLikeAnother)
 {
     bench.ShowAndSettle();
     host.Faults().FailFunction("AEGP_GetItemID");

@@ -164,22 +164,22 @@ void checkPass(Scenario& scenario, const SweptFault& fault)
     EXPECT_EQ(scenario.host.FindingsReport(), "");
 }
 
-TEST(IdlePassFaults, AQuietPassOutlivesTheFailureOfEachOfItsCalls)
+TEST(IdlePassFaults, AQuietPassSurvivesEachFailedCall)
 {
     EXPECT_EQ(SweepFaults(&atRest, &runPass, &checkPass), 87u);
 }
 
-TEST(IdlePassFaults, TheFirstPassOutlivesTheFailureOfEachOfItsCalls)
+TEST(IdlePassFaults, AFirstPassSurvivesEachFailedCall)
 {
     EXPECT_GT(SweepFaults(&beforeTheFirstPass, &runPass, &checkPass), 400u);
 }
 
-TEST(IdlePassFaults, APassOverAnEditedTreeOutlivesTheFailureOfEachOfItsCalls)
+TEST(IdlePassFaults, AnEditsPassSurvivesEachFailedCall)
 {
     EXPECT_GT(SweepFaults(&withAnEditedTree, &runPass, &checkPass), 400u);
 }
 
-TEST(IdlePassFaults, APassWithAddsAndDeletesOutlivesTheFailureOfEachOfItsCalls)
+TEST(IdlePassFaults, AddsAndDeletesSurviveEachFailedCall)
 {
     EXPECT_GT(SweepFaults(&withAddsAndDeletes, &runPass, &checkPass), 400u);
 }

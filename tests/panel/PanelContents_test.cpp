@@ -114,7 +114,7 @@ Calls walkToMain()
     return calls;
 }
 
-TEST_F(PanelContents, AreCollectedFromTheHostAndHandedToTheWidgetInThisOrder)
+TEST_F(PanelContents, AreCollectedAndHandedOverInThisOrder)
 {
     for (const char* name :
          {"QVK VORTREN Dots", "QVK VORTSRC Lamps", "QVK VORTEFF Round Zone", "QVK VORTAN TWO", "ADBE Fill"})
@@ -147,7 +147,7 @@ TEST_F(PanelContents, AreCollectedFromTheHostAndHandedToTheWidgetInThisOrder)
         }));
 }
 
-TEST_F(PanelContents, ListTheEffectsOfEachKindInTheHostsOrderWithTheMenusNames)
+TEST_F(PanelContents, ListEachKindInTheHostsOrder)
 {
     for (const char* name :
          {"QVK VORTSRC GEO", "QVK VORTSRC Lamps", "QVK VORTEFF Jitter", "QVK VORTSRC Routes",
@@ -161,7 +161,7 @@ TEST_F(PanelContents, ListTheEffectsOfEachKindInTheHostsOrderWithTheMenusNames)
         << "neither the legacy effect nor the kit effect is offered";
 }
 
-TEST_F(PanelContents, OfferAnEffectBeyondTheNamesThatAreSearchedAsNotFound)
+TEST_F(PanelContents, OfferUnsearchedEffectsAsNotFound)
 {
     Install("QVK VORTSRC Routes");
     Fill();
@@ -182,7 +182,7 @@ TEST_F(PanelContents, OfAHostWithNothingInstalledOfferNothing)
     EXPECT_THAT(Entries(), IsEmpty());
 }
 
-TEST_F(PanelContents, DoNotOfferAMainEffectWithAnUnreadName)
+TEST_F(PanelContents, DoNotOfferAMainEffectWithoutName)
 {
     Install("QVK VORTAN TWO");
     host.Faults().FailFunction("AEGP_GetEffectMatchName", 4); // Each of the three menus has asked once.
@@ -203,7 +203,7 @@ std::uint32_t bitsOf(float value)
     return bits;
 }
 
-TEST_F(PanelContents, MultiplyEachChannelByTheSinglePrecisionValueOfOneByItsGreatestValue)
+TEST_F(PanelContents, MultiplyEachChannelInSinglePrecision)
 {
     host.SetBackgroundColour({1, 0x8000, 0xffff});
     Fill();
@@ -213,7 +213,7 @@ TEST_F(PanelContents, MultiplyEachChannelByTheSinglePrecisionValueOfOneByItsGrea
     EXPECT_EQ(bitsOf(tree->background[3]), 0x3f800000u);
 }
 
-TEST_F(PanelContents, DoNotDivideTheChannelsWhichWouldRoundOtherwise)
+TEST_F(PanelContents, DoNotDivideTheChannels)
 {
     host.SetBackgroundColour({257, 4112, 64640});
     Fill();
@@ -222,7 +222,7 @@ TEST_F(PanelContents, DoNotDivideTheChannelsWhichWouldRoundOtherwise)
     EXPECT_EQ(bitsOf(tree->background[2]), 0x3f7c80fcu);
 }
 
-TEST_F(PanelContents, AreBlackIfTheHostDoesNotTellItsColour)
+TEST_F(PanelContents, AreBlackWithoutTheHostsColour)
 {
     host.Faults().FailFunction("PF_AppGetBgColor");
     Fill();
@@ -231,7 +231,7 @@ TEST_F(PanelContents, AreBlackIfTheHostDoesNotTellItsColour)
 
 // ---- Former panels, and addresses that are not there
 
-TEST_F(PanelContents, TakeThePlaceOfTheFormerWidgetAndTable)
+TEST_F(PanelContents, ReplaceTheFormerWidgetAndTable)
 {
     Fill();
     table->states[1] = "former";
@@ -274,7 +274,7 @@ TEST_F(PanelContents, DoWithoutAnAddressForTheTable)
 
 // ---- Faults
 
-TEST_F(PanelContents, IgnoreAHostThatDoesNotTellItsVersion)
+TEST_F(PanelContents, IgnoreAHostWithoutAVersion)
 {
     host.Faults().FailFunction("AEGP_GetDriverPluginInitFuncVersion");
     Fill();
@@ -282,7 +282,7 @@ TEST_F(PanelContents, IgnoreAHostThatDoesNotTellItsVersion)
     EXPECT_EQ(record.back(), R"(Basic ReleaseSuite("PF AE App Suite", 6))");
 }
 
-TEST_F(PanelContents, WithoutASuiteAreLeftByTheNumberWithWidgetAndTableStored)
+TEST_F(PanelContents, WithoutASuiteThrowWithBothStored)
 {
     host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");
     struct Missing
@@ -339,7 +339,7 @@ void checkFilling(Filling& filling, const SweptFault& fault)
     EXPECT_EQ(filling.host.FindingsReport(), "");
 }
 
-TEST(PanelContentsFaults, TheFillingOutlivesTheFailureOfEachOfItsCalls)
+TEST(PanelContentsFaults, FillingSurvivesEachFailedCall)
 {
     EXPECT_EQ(SweepFaults(&withThree, &fillPlainly, &checkFilling), 40u);
 }

@@ -84,7 +84,7 @@ TEST_F(PanelFilling, OfferNothingInAHostWithoutTheFamily)
     EXPECT_EQ(fakes.TakeCalls(), lookups + nothingInstalled + ending);
 }
 
-TEST_F(PanelFilling, ReplaceTheFormerWidgetAndThenTheFormerTable)
+TEST_F(PanelFilling, ReplaceTheWidgetThenTheTable)
 {
     ValueTreesDemo formerTree;
     _TreeStateTable_Internal formerTable;
@@ -100,7 +100,7 @@ TEST_F(PanelFilling, ReplaceTheFormerWidgetAndThenTheFormerTable)
                                   lookups + nothingInstalled + ending));
 }
 
-TEST_F(PanelFilling, HaveSetTheFormerPointersToNullBeforeNewOnesAreMade)
+TEST_F(PanelFilling, ClearTheFormerPointersFirst)
 {
     ValueTreesDemo formerTree;
     _TreeStateTable_Internal formerTable;
@@ -126,14 +126,14 @@ TEST_F(PanelFilling, ReplaceAFormerTableAlone)
               Calls{"DeleteTreeStateTable " + ToText(&formerTable)} + lookups + nothingInstalled + ending);
 }
 
-TEST_F(PanelFilling, AreMadeAlsoWithoutAPlaceToStoreThem)
+TEST_F(PanelFilling, AreMadeWithoutAPlaceToStoreThem)
 {
     EXPECT_EQ(CreatePanelContents(&fakes.basicSuite, nullptr, nullptr), &fakes.widget);
 
     EXPECT_EQ(fakes.TakeCalls(), lookups + nothingInstalled + ending);
 }
 
-TEST_F(PanelFilling, WithFewerNamesThanKeysThrowOutOfRangeAndStayStored)
+TEST_F(PanelFilling, WithTooFewNamesThrowOutOfRange)
 {
     fakes.keys = {{"QVK VORTEFF", {21}}, {"QVK VORTSRC", {11, 12}}};
     fakes.names = {{"eff", {"Jitter"}}, {"src", {"Sheets"}}};
@@ -158,7 +158,7 @@ TEST_F(PanelFilling, WithoutTheUtilitySuiteThrow516AndStayStored)
     EXPECT_EQ(fakes.TakeCalls(), (lookups + nothingInstalled + Calls{"AcquireSuite AEGP Utility Suite 7"}));
 }
 
-TEST_F(PanelFilling, WithoutTheAppSuiteThrow516AndReleaseTheUtilitySuite)
+TEST_F(PanelFilling, WithoutTheAppSuiteThrow516AndRelease)
 {
     fakes.missingSuites = {"PF AE App Suite"};
 
@@ -171,7 +171,7 @@ TEST_F(PanelFilling, WithoutTheAppSuiteThrow516AndReleaseTheUtilitySuite)
                      "AcquireSuite PF AE App Suite 6", "ReleaseSuite AEGP Utility Suite 7"}));
 }
 
-TEST_F(PanelFilling, WithoutABasicSuiteThrow516AfterTheWidgetIsStored)
+TEST_F(PanelFilling, WithoutABasicSuiteThrow516WithTheWidget)
 {
     EXPECT_THROW((void)CreatePanelContents(nullptr, &stateTable, &tree), int);
 
@@ -194,7 +194,7 @@ TEST_F(PanelFilling, TakeOverTheHostsColourChannelByChannel)
     EXPECT_EQ(fakes.background[3], 1.0f);
 }
 
-TEST_F(PanelFilling, StayBlackIfTheHostDoesNotTellItsColour)
+TEST_F(PanelFilling, StayBlackWithoutTheHostsColour)
 {
     fakes.colour = {65535, 65535, 65535};
     fakes.colourError = 1;
@@ -207,7 +207,7 @@ TEST_F(PanelFilling, StayBlackIfTheHostDoesNotTellItsColour)
     EXPECT_EQ(fakes.background[3], 1.0f);
 }
 
-TEST_F(PanelFilling, DoNotMindAHostThatDoesNotTellItsVersion)
+TEST_F(PanelFilling, IgnoreAHostWithoutItsVersion)
 {
     fakes.versionError = 1;
 

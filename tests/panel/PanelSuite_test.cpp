@@ -14,7 +14,7 @@ namespace
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-TEST(PanelStrings, AreFourRowsOfAnIndexAndATextOfFixedLength)
+TEST(PanelStrings, AreFourRowsOfFixedLength)
 {
     EXPECT_EQ(sizeof(PanelString), 264u);
     EXPECT_EQ(offsetof(PanelString, text), 8u);
@@ -36,7 +36,7 @@ TEST(PanelSuiteTable, IsFourWords)
     EXPECT_EQ(offsetof(VnPanelSuite, PanelNotify), 24u);
 }
 
-TEST(PanelSuiteInbox, HoldsItsFieldsInTheOrderAndWidthThatSiblingsAreBuiltWith)
+TEST(PanelSuiteInbox, HoldsItsFieldsAsSiblingsExpect)
 {
     EXPECT_EQ(offsetof(VnPanelRef, pluginId), 0u);
     EXPECT_EQ(sizeof(VnPanelRef::pluginId), 4u);
@@ -61,7 +61,7 @@ protected:
     int Pending() const { return bench.Inbox().openPending; }
 };
 
-TEST_F(PanelSuiteTest, TheControllerDeclaresItsMembersFromTheHostsSuiteToThePublishedTable)
+TEST_F(PanelSuiteTest, TheControllersMembersAreInOrder)
 {
     Panelator& panel = *bench.plugin;
     const std::vector<const void*> members = {
@@ -76,7 +76,7 @@ TEST_F(PanelSuiteTest, TheControllerDeclaresItsMembersFromTheHostsSuiteToThePubl
 
 // ---- OpenPanel
 
-TEST_F(PanelSuiteTest, AForcedOpenAsksWithoutALookAtThePanel)
+TEST_F(PanelSuiteTest, AForcedOpenAsksWithoutLooking)
 {
     for (const unsigned char force : {static_cast<unsigned char>(1), static_cast<unsigned char>(255)})
     {
@@ -87,7 +87,7 @@ TEST_F(PanelSuiteTest, AForcedOpenAsksWithoutALookAtThePanel)
     }
 }
 
-TEST_F(PanelSuiteTest, AnOpenAsksForAPanelThatIsNotShown)
+TEST_F(PanelSuiteTest, AnOpenAsksForAHiddenPanel)
 {
     const PassRecord record = Open(0);
     EXPECT_THAT(record.calls, ElementsAre(R"(Basic AcquireSuite("AEGP Workspace Panel Suite", 1))",
@@ -97,7 +97,7 @@ TEST_F(PanelSuiteTest, AnOpenAsksForAPanelThatIsNotShown)
     EXPECT_EQ(Pending(), 1);
 }
 
-TEST_F(PanelSuiteTest, AnOpenAsksForAPanelBehindAnotherTab)
+TEST_F(PanelSuiteTest, AnOpenAsksForABackgroundPanel)
 {
     bench.Show();
     bench.Cover();
@@ -105,7 +105,7 @@ TEST_F(PanelSuiteTest, AnOpenAsksForAPanelBehindAnotherTab)
     EXPECT_EQ(Pending(), 1);
 }
 
-TEST_F(PanelSuiteTest, AnOpenOfAPanelThatIsUpAsksForNothing)
+TEST_F(PanelSuiteTest, AnOpenOfAShownPanelAsksNothing)
 {
     bench.Show();
     const PassRecord record = Open(0);
@@ -114,7 +114,7 @@ TEST_F(PanelSuiteTest, AnOpenOfAPanelThatIsUpAsksForNothing)
     EXPECT_EQ(Pending(), 0);
 }
 
-TEST_F(PanelSuiteTest, AnOpenOfAPanelThatIsUpLeavesAnEarlierRequestAlone)
+TEST_F(PanelSuiteTest, AnOpenKeepsEarlierRequests)
 {
     bench.Show();
     bench.Inbox().openPending = 1;
@@ -122,7 +122,7 @@ TEST_F(PanelSuiteTest, AnOpenOfAPanelThatIsUpLeavesAnEarlierRequestAlone)
     EXPECT_EQ(Pending(), 1);
 }
 
-TEST_F(PanelSuiteTest, AnOpenAsksForAPanelThatTheHostCannotTellOf)
+TEST_F(PanelSuiteTest, AnOpenAsksIfTheStateIsUnknown)
 {
     bench.Show();
     host.Faults().FailFunction("AEGP_IsShown");
@@ -130,7 +130,7 @@ TEST_F(PanelSuiteTest, AnOpenAsksForAPanelThatTheHostCannotTellOf)
     EXPECT_EQ(Pending(), 1);
 }
 
-TEST_F(PanelSuiteTest, AnOpenWithoutTheHostsPanelSuiteIsLeftByTheNumber)
+TEST_F(PanelSuiteTest, AnOpenWithoutThePanelSuiteThrows)
 {
     host.Expect(finding::exceptionLeftHook, "", "goes to the sibling that called");
     for (const Withheld how : {Withheld::asError, Withheld::asNullTable, Withheld::asPoisonedPointer})
@@ -144,7 +144,7 @@ TEST_F(PanelSuiteTest, AnOpenWithoutTheHostsPanelSuiteIsLeftByTheNumber)
     }
 }
 
-TEST_F(PanelSuiteTest, AForcedOpenDoesWithoutTheHostsPanelSuite)
+TEST_F(PanelSuiteTest, AForcedOpenNeedsNoPanelSuite)
 {
     host.Faults().Withhold("AEGP Workspace Panel Suite", 1);
     EXPECT_EQ(Open(1).result.thrown, "");
@@ -170,7 +170,7 @@ struct ThrowingHost
     static inline std::vector<std::string> released;
 };
 
-TEST(PanelSuiteOpen, ReleasesTheSuiteBeforeWhatTheHostThrowsGoesOn)
+TEST(PanelSuiteOpen, ReleasesTheSuiteBeforeAnExceptionPasses)
 {
     ThrowingHost::released.clear();
     SPBasicSuite basic{};
@@ -204,7 +204,7 @@ TEST_F(PanelSuiteTest, ANotificationKeepsACopyOfItsText)
     EXPECT_EQ(bench.Inbox().openPending, 0);
 }
 
-TEST_F(PanelSuiteTest, ASecondNotificationTakesThePlaceOfTheFirst)
+TEST_F(PanelSuiteTest, ASecondNotificationReplacesTheFirst)
 {
     (void)PanelNotify(&bench.Inbox(), "first");
     (void)PanelNotify(&bench.Inbox(), "2");
@@ -217,7 +217,7 @@ TEST_F(PanelSuiteTest, AnEmptyNotificationIsOneToo)
     EXPECT_EQ(bench.Inbox().notifyPending, 1);
 }
 
-TEST_F(PanelSuiteTest, ANotificationWithoutATextIsAnEmptyOne)
+TEST_F(PanelSuiteTest, ANotificationWithoutTextIsEmpty)
 {
     (void)PanelNotify(&bench.Inbox(), "first");
     EXPECT_EQ(PanelNotify(&bench.Inbox(), nullptr), 0);
@@ -229,7 +229,7 @@ TEST(PanelSuiteWithoutRef, ANotificationDoesNothing) { EXPECT_EQ(PanelNotify(nul
 
 TEST(PanelSuiteWithoutRefDeathTest, ARefreshIsNotGuarded) { EXPECT_DEATH((void)RefreshPanel(nullptr), ""); }
 
-TEST_F(PanelSuiteTest, NoneOfTheThreeTouchesTheTreeOrTheHost)
+TEST_F(PanelSuiteTest, NoneTouchesTheTreeOrTheHost)
 {
     bench.AddThree();
     bench.ShowAndSettle();
@@ -246,7 +246,7 @@ TEST_F(PanelSuiteTest, NoneOfTheThreeTouchesTheTreeOrTheHost)
 
 // ---- As a sibling sees it
 
-TEST_F(PanelSuiteTest, ASiblingOpensRefreshesAndNotifiesThePanelAtTheNextIdle)
+TEST_F(PanelSuiteTest, ASiblingsRequestsAreDoneNextIdle)
 {
     bench.AddThree();
     Sibling sibling(host);
@@ -261,7 +261,7 @@ TEST_F(PanelSuiteTest, ASiblingOpensRefreshesAndNotifiesThePanelAtTheNextIdle)
     EXPECT_THAT(bench.Tree()->notifications, ElementsAre("Saved"));
 }
 
-TEST_F(PanelSuiteTest, AForcedOpenOfAPanelThatIsUpClosesIt)
+TEST_F(PanelSuiteTest, AForcedOpenClosesAShownPanel)
 {
     bench.ShowAndSettle();
     (void)Sibling(host).OpenPanel(Force::always);

@@ -37,9 +37,9 @@ protected:
     Host& host = bench.host;
 
     // What PanelBench::AddThree puts on the layer.
-    const EffectRow a{"A", "01010101-0101-0101-0101-010100000001", "QVK VORTSRC Lamps", 201};
-    const EffectRow b{"B", "02020202-0202-0202-0202-020200000002", "QVK VORTEFF Jitter", 222};
-    const EffectRow c{"C", "03030303-0303-0303-0303-030300000003", "QVK VORTREN Dots", 240};
-    const EffectRows three = {a, b, c};
+    const TracedEffect a{"A", "01010101-0101-0101-0101-010100000001", "QVK VORTSRC Lamps", 201};
+    const TracedEffect b{"B", "02020202-0202-0202-0202-020200000002", "QVK VORTEFF Jitter", 222};
+    const TracedEffect c{"C", "03030303-0303-0303-0303-030300000003", "QVK VORTREN Dots", 240};
+    const TracedStack three = {8, {a, b, c}};
 };
 } // namespace standin

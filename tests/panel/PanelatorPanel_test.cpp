@@ -33,7 +33,7 @@ protected:
     }
 };
 
-TEST_F(CreatePanel, StoresTheWidgetAndTheTableInTheControllerAndThePanelInTheHost)
+TEST_F(CreatePanel, StoresWidgetTableAndPanel)
 {
     const PassRecord record = Show();
     EXPECT_EQ(record.result.error, errNone);
@@ -79,7 +79,7 @@ TEST_F(CreatePanel, LeavesTheHostsFunctionTableAlone)
     EXPECT_EQ(functions.doFlyoutCommand, nullptr);
 }
 
-TEST_F(CreatePanel, AnewDeletesTheFormerWidgetAndForgetsTheFormerStates)
+TEST_F(CreatePanel, AgainDeletesTheWidgetAndTheStates)
 {
     host.Options().closedPanel = ClosedPanel::destroysView;
     bench.AddThree();
@@ -95,7 +95,7 @@ TEST_F(CreatePanel, AnewDeletesTheFormerWidgetAndForgetsTheFormerStates)
     EXPECT_NE(host.FindPanel(PANEL_NAME)->panelRefcon, former) << "the former object is not deleted";
 }
 
-TEST_F(CreatePanel, OfAHostThatKeepsTheViewIsNotAskedForAgain)
+TEST_F(CreatePanel, IsCalledOnceIfTheViewIsKept)
 {
     (void)Show();
     bench.Hide();
@@ -103,7 +103,7 @@ TEST_F(CreatePanel, OfAHostThatKeepsTheViewIsNotAskedForAgain)
     EXPECT_EQ(host.FindPanel(PANEL_NAME)->created, 1);
 }
 
-TEST_F(CreatePanel, WritesToTheControllerOfItsRefconWithTheBasicSuiteOfTheGlobalOne)
+TEST_F(CreatePanel, WritesToItsRefconsController)
 {
     host.Expect(finding::duplicateSuite, "AddSuite", "this test runs the entry point twice");
     const LoadedPlugin second = host.Load(&PanelEntryPointFunc);
@@ -145,7 +145,7 @@ class CreatePanelWithoutSuite : public CreatePanel,
 {
 };
 
-TEST_P(CreatePanelWithoutSuite, IsLeftByTheNumberAndKeepsWhatItHadStored)
+TEST_P(CreatePanelWithoutSuite, ThrowsAndKeepsWhatIsStored)
 {
     const auto& [suite, how] = GetParam();
     host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");

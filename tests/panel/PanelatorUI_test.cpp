@@ -37,7 +37,7 @@ protected:
     PanelFakes fakes;
 };
 
-TEST_F(PanelatorUIBase, HoldsTheAppSuiteAndThePanelSuiteForItsLife)
+TEST_F(PanelatorUIBase, HoldsTheAppAndThePanelSuite)
 {
     {
         const PanelatorUI panel(&fakes.basicSuite, nullptr, nullptr, nullptr);
@@ -67,7 +67,7 @@ TEST_F(PanelatorUIBase, WithoutTheAppSuiteThrows13)
     EXPECT_EQ(fakes.TakeCalls(), Calls{"AcquireSuite PF AE App Suite 6"});
 }
 
-TEST_F(PanelatorUIBase, WithoutThePanelSuiteThrows13AndReleasesTheAppSuite)
+TEST_F(PanelatorUIBase, WithoutThePanelSuiteThrows13AndReleases)
 {
     fakes.missingSuites = {"AEGP Workspace Panel Suite"};
 

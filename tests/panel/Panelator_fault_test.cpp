@@ -34,7 +34,7 @@ protected:
     std::unique_ptr<PanelBench> bench;
 };
 
-TEST_F(PanelatorFault, WithoutACommandAllIsSetUpButThePanelSuiteIsNotPublished)
+TEST_F(PanelatorFault, WithoutACommandThePanelSuiteIsUnpublished)
 {
     LoadWith(
         [](Host& host)
@@ -97,7 +97,7 @@ class PanelatorWithoutSuite : public PanelatorFault,
 {
 };
 
-TEST_P(PanelatorWithoutSuite, IsLeftByTheNumberAndUnwindsWhatItHad)
+TEST_P(PanelatorWithoutSuite, ThrowsItsNumberAndUnwinds)
 {
     const auto& [suite, how] = GetParam();
     LoadWith(
@@ -128,7 +128,7 @@ INSTANTIATE_TEST_SUITE_P(
                        ::testing::Values(Withheld::asError, Withheld::asNullTable,
                                          Withheld::asPoisonedPointer)));
 
-TEST_F(PanelatorFault, WithoutThePanelSuiteOfTheHostNothingIsRegistered)
+TEST_F(PanelatorFault, WithoutTheHostsPanelSuiteNothingIsRegistered)
 {
     LoadWith(
         [](Host& host)
@@ -248,7 +248,7 @@ void checkLoading(Loading& loading, const SweptFault& fault)
     EXPECT_EQ(loading.host.FindingsReport(), "");
 }
 
-TEST(PanelatorFaults, TheEntryPointOutlivesTheFailureOfEachOfItsCalls)
+TEST(PanelatorFaults, TheEntryPointSurvivesEachFailedCall)
 {
     EXPECT_EQ(SweepFaults([] { return std::make_unique<Loading>(); }, &load, &checkLoading), 13u);
 }

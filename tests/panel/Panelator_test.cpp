@@ -38,7 +38,7 @@ protected:
 
 // ---- The entry point
 
-TEST_F(PanelatorTest, TheEntryPointRegistersPublishesAndStartsTheUserInterfaceInThisOrder)
+TEST_F(PanelatorTest, TheEntryPointRegistersPublishesAndStarts)
 {
     EXPECT_THAT(bench.loading.calls,
                 ElementsAre(R"(Basic AcquireSuite("AEGP Workspace Panel Suite", 1))",
@@ -59,7 +59,7 @@ TEST_F(PanelatorTest, TheEntryPointRegistersPublishesAndStartsTheUserInterfaceIn
     EXPECT_EQ(bench.loading.result.error, errNone);
 }
 
-TEST_F(PanelatorTest, TheControllerStartsWithoutAPanelAndWithZeroHashes)
+TEST_F(PanelatorTest, TheControllerStartsWithZeroHashes)
 {
     EXPECT_EQ(bench.plugin->basicSuite, host.BasicSuite());
     EXPECT_EQ(bench.plugin->pluginId, 8);
@@ -71,7 +71,7 @@ TEST_F(PanelatorTest, TheControllerStartsWithoutAPanelAndWithZeroHashes)
     EXPECT_EQ(bench.plugin->tree, nullptr);
 }
 
-TEST_F(PanelatorTest, TheInboxStartsEmptyWithTheIdAndTheBasicSuite)
+TEST_F(PanelatorTest, TheInboxStartsEmpty)
 {
     EXPECT_EQ(bench.Inbox().pluginId, 8);
     EXPECT_EQ(bench.Inbox().basicSuite, host.BasicSuite());
@@ -98,7 +98,7 @@ TEST_F(PanelatorTest, ThePublishedTableLiesInsideTheController)
     EXPECT_EQ(words[3], reinterpret_cast<void*>(&::PanelNotify));
 }
 
-TEST_F(PanelatorTest, TheEntryStandsInTheWindowMenuAndThePanelIsNotPaintedByTheHost)
+TEST_F(PanelatorTest, TheEntryIsInTheWindowMenu)
 {
     ASSERT_EQ(host.MenuItems().size(), 1u);
     EXPECT_EQ(host.MenuItems().at(0).name, "Vortan Object Panel");
@@ -110,7 +110,7 @@ TEST_F(PanelatorTest, TheEntryStandsInTheWindowMenuAndThePanelIsNotPaintedByTheH
     EXPECT_EQ(panel->refcon, bench.plugin);
 }
 
-TEST_F(PanelatorTest, TheIdleHookIsTheOneThatReadsTheInbox)
+TEST_F(PanelatorTest, TheIdleHookReadsTheInbox)
 {
     Sibling(host).RefreshPanel();
     EXPECT_EQ(bench.Inbox().refreshPending, 1);
@@ -120,7 +120,7 @@ TEST_F(PanelatorTest, TheIdleHookIsTheOneThatReadsTheInbox)
 
 // ---- The command
 
-TEST_F(PanelatorTest, TheCommandSavesTheTreesStateAndTogglesThePanel)
+TEST_F(PanelatorTest, TheCommandSavesTheStateAndToggles)
 {
     bench.AddThree();
     bench.ShowAndSettle();
@@ -136,7 +136,7 @@ TEST_F(PanelatorTest, TheCommandSavesTheTreesStateAndTogglesThePanel)
     EXPECT_EQ(host.FindPanel(PANEL_NAME)->state, PanelState::absent);
 }
 
-TEST_F(PanelatorTest, TheLineOfTheCommandIsFlushedBeforeThePanelIsToggled)
+TEST_F(PanelatorTest, TheCommandsLineIsFlushedBeforeTheToggle)
 {
     std::string flushed;
     A_Boolean handled = 0;
@@ -150,7 +150,7 @@ TEST_F(PanelatorTest, TheLineOfTheCommandIsFlushedBeforeThePanelIsToggled)
     EXPECT_EQ(flushed, "Make Panel Visible\n");
 }
 
-TEST_F(PanelatorTest, TheCommandAcquiresTheLayerSuiteOnceAndKeepsIt)
+TEST_F(PanelatorTest, TheCommandKeepsTheLayerSuite)
 {
     bench.Show();
     (void)Command(1001, 0, 0, nullptr);
@@ -170,7 +170,7 @@ TEST_F(PanelatorTest, ACommandOfSomebodyElseIsLeftAlone)
     }
 }
 
-TEST_F(PanelatorTest, ACommandThatWasHandledAlreadyIsHandledOnceMore)
+TEST_F(PanelatorTest, AHandledCommandIsHandledOnceMore)
 {
     bench.Show();
     EXPECT_EQ(Command(1001, 1, 1, &bench.Inbox()), 1);
@@ -194,7 +194,7 @@ TEST_F(PanelatorTest, TheCommandWithoutAnActiveLayerCachesNothing)
                                           R"(Panel 1 AEGP_ToggleVisibility("Vortan Object Panel"))"));
 }
 
-TEST_F(PanelatorTest, TheCommandBeforeAnyPanelExistsCachesIntoNoTableAndCreatesThePanel)
+TEST_F(PanelatorTest, TheFirstCommandCreatesThePanel)
 {
     ASSERT_EQ(bench.plugin->stateTable, nullptr);
     EXPECT_EQ(Command(1001, 0, 0, &bench.Inbox()), 1);
@@ -205,7 +205,7 @@ TEST_F(PanelatorTest, TheCommandBeforeAnyPanelExistsCachesIntoNoTableAndCreatesT
     EXPECT_NE(bench.Tree(), nullptr);
 }
 
-TEST_F(PanelatorTest, TheCommandOnAHiddenPanelReplacesTheSavedStateByAnEmptyOne)
+TEST_F(PanelatorTest, TheCommandOnAHiddenPanelSavesNothing)
 {
     bench.AddThree();
     bench.ShowAndSettle();
@@ -220,7 +220,7 @@ TEST_F(PanelatorTest, TheCommandOnAHiddenPanelReplacesTheSavedStateByAnEmptyOne)
     EXPECT_THAT(bench.Tree()->selectedUuids, IsEmpty()) << "what was selected at the hide is gone";
 }
 
-TEST_F(PanelatorTest, TheCommandWithoutAPassInBetweenFindsTheTreeStillThere)
+TEST_F(PanelatorTest, TheCommandBeforeAPassFindsTheTree)
 {
     bench.AddThree();
     bench.ShowAndSettle();
@@ -231,7 +231,7 @@ TEST_F(PanelatorTest, TheCommandWithoutAPassInBetweenFindsTheTreeStillThere)
     EXPECT_THAT(bench.Tree()->selectedUuids, ElementsAre(b.uuid));
 }
 
-TEST_F(PanelatorTest, FailuresOfTheHostInTheCommandAreIgnored)
+TEST_F(PanelatorTest, FailuresInTheCommandAreIgnored)
 {
     bench.AddThree();
     bench.ShowAndSettle();
@@ -246,7 +246,7 @@ TEST_F(PanelatorTest, FailuresOfTheHostInTheCommandAreIgnored)
     }
 }
 
-TEST_F(PanelatorTest, TheMenuEntryTogglesThePanelFromEveryState)
+TEST_F(PanelatorTest, TheMenuEntryTogglesFromEveryState)
 {
     const auto stateAfterChoice = [this](PanelState before)
     {
@@ -261,7 +261,7 @@ TEST_F(PanelatorTest, TheMenuEntryTogglesThePanelFromEveryState)
     EXPECT_EQ(stateAfterChoice(PanelState::behind), PanelState::frontmost);
 }
 
-TEST_F(PanelatorTest, WithoutTheLayerSuiteTheCommandIsLeftByTheNumberBeforeAnythingIsToggled)
+TEST_F(PanelatorTest, WithoutTheLayerSuiteTheCommandThrowsFirst)
 {
     host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");
     host.Faults().Withhold("AEGP Layer Suite", 5);
@@ -273,7 +273,7 @@ TEST_F(PanelatorTest, WithoutTheLayerSuiteTheCommandIsLeftByTheNumberBeforeAnyth
 
 // ---- The menu
 
-TEST_F(PanelatorTest, TheMenuUpdateEnablesTheEntryAndThenAsksForItsMark)
+TEST_F(PanelatorTest, TheMenuUpdateEnablesAndMarks)
 {
     const PassRecord update =
         bench.Record(SuiteTraffic::included, [this] { return host.UpdateMenus(WindowType::project); });
@@ -292,7 +292,7 @@ TEST_F(PanelatorTest, TheEntryIsEnabledWhateverWindowIsActive)
     }
 }
 
-TEST_F(PanelatorTest, TheMarkIsOnOnlyWhileThePanelIsShownAndFrontmost)
+TEST_F(PanelatorTest, TheMarkIsOnOnlyInFront)
 {
     const auto isTicked = [this](PanelState state)
     {
@@ -309,7 +309,7 @@ TEST_F(PanelatorTest, TheMarkIsOnOnlyWhileThePanelIsShownAndFrontmost)
     bench.Pass();
 }
 
-TEST_F(PanelatorTest, FailuresOfTheHostInTheMenuUpdateAreIgnored)
+TEST_F(PanelatorTest, FailuresInTheMenuUpdateAreIgnored)
 {
     host.Faults().FailFunction("AEGP_EnableCommand");
     host.Faults().FailFunction("AEGP_CheckMarkMenuCommand");
@@ -334,7 +334,7 @@ protected:
     }
 };
 
-TEST_F(PanelatorAtDeath, TheTreeAndTheStateTableGoAndThenTheUserInterface)
+TEST_F(PanelatorAtDeath, TreeAndTableGoBeforeTheUserInterface)
 {
     bench.Show();
     EXPECT_THAT(Quit().calls, ElementsAre("Tree ClearTree(tree)", "Tree DeleteTreeWidget(tree)",
@@ -343,7 +343,7 @@ TEST_F(PanelatorAtDeath, TheTreeAndTheStateTableGoAndThenTheUserInterface)
     EXPECT_EQ(bench.plugin->stateTable, nullptr);
 }
 
-TEST_F(PanelatorAtDeath, WithoutAPanelTheUserInterfaceIsEndedAllTheSame)
+TEST_F(PanelatorAtDeath, TheUserInterfaceEndsWithoutAPanelToo)
 {
     EXPECT_THAT(Quit().calls, ElementsAre("Tree JuceGlobalShutDown()"));
 }
@@ -355,7 +355,7 @@ TEST_F(PanelatorAtDeath, AStateTableWithoutATreeGoesToo)
     EXPECT_THAT(Quit().calls, ElementsAre("Tree DeleteTreeStateTable(table)", "Tree JuceGlobalShutDown()"));
 }
 
-TEST_F(PanelatorAtDeath, ASuiteCallInTheDeathHookIsNotMade)
+TEST_F(PanelatorAtDeath, NoSuiteIsCalled)
 {
     host.Options().suitesAtDeath = SuitesAtDeath::fail;
     bench.AddThree();

@@ -4,113 +4,218 @@ namespace standin
 {
 namespace
 {
-std::string textOf(std::size_t number) { return std::to_string(number); }
-std::string textOf(int number) { return std::to_string(number); }
+std::string number(int value) { return std::to_string(value); }
+
+std::string disposeOfEffect(const std::string& label)
+{
+    return "Effect 1 AEGP_DisposeEffect(effect " + label + ")";
+}
+
+std::string hiddenFlag(int suite, const std::string& stream, const std::string& hidden)
+{
+    return "DynamicStream " + number(suite) + " AEGP_SetDynamicStreamFlag(stream " + stream + ", 2, 0, " +
+           hidden + ")";
+}
+
+std::string readFlag(const TracedEffect& effect)
+{
+    return "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream " + effect.label + ".1) -> " +
+           (effect.parameterHidden ? "2" : "0");
+}
 } // namespace
 
-Calls operator+(Calls first, const Calls& second)
+Calls Sequence(const std::vector<Calls>& groups)
 {
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
+    Calls all;
+    for (const Calls& group : groups)
+        all.insert(all.end(), group.begin(), group.end());
+    return all;
 }
 
-Calls CallsOfMessage(const TracedStack& stack, std::size_t index, const std::string& sent,
-                     const std::string& answer)
+std::string TextOf(const Calls& calls)
 {
-    const std::string& layer = stack.layer;
-    const std::string count = textOf(stack.effects.size());
-    const std::string effect = "effect " + stack.effects.at(index).label;
-    const std::string flags = textOf(stack.effects.at(index).flags);
-    return {
-        "Layer 5 AEGP_ConvertLayerToCompTime(" + layer + ", time 0/100) -> time 0/100",
-        "Effect 1 AEGP_GetLayerNumEffects(" + layer + ") -> " + count,
-        "Effect 1 AEGP_GetLayerEffectByIndex(id 7, " + layer + ", " + textOf(index) + ") -> " + effect,
-        "Effect 1 AEGP_GetEffectFlags(" + effect + ") -> " + flags,
-        "Effect 3 AEGP_EffectCallGeneric(id 7, " + effect + ", time 0/100, 17, " + sent + ")" +
-            (answer.empty() ? "" : " -> " + answer),
-        "Effect 3 AEGP_DisposeEffect(" + effect + ")",
-    };
+    std::string text;
+    for (const std::string& call : calls)
+        text += call + "\n";
+    return text;
 }
 
-Calls CallsOfGroupQuestion(const TracedStack& stack, std::size_t index)
+Calls TracedStack::Count() const
 {
-    return CallsOfMessage(stack, index, "VORT 1 group -1", "group " + textOf(stack.effects.at(index).group));
+    return {"Effect 1 AEGP_GetLayerNumEffects(layer 1) -> " + std::to_string(effects.size())};
 }
 
-Calls CallsOfIdentityQuestion(const TracedStack& stack, std::size_t index)
+std::string TracedStack::take(const std::string& label, int index) const
 {
-    return CallsOfMessage(stack, index, "VORT 5 uuid 00000000-0000-0000-0000-000000000000",
-                          "uuid " + stack.effects.at(index).uuid);
+    return "Effect 1 AEGP_GetLayerEffectByIndex(id " + number(pluginId) + ", layer 1, " + number(index) +
+           ") -> effect " + label;
 }
 
-Calls CallsOfGroupOrder(const TracedStack& stack, std::size_t index, int group)
+Calls TracedStack::message(int index, const std::string& sent, const std::string& answer) const
 {
-    return CallsOfMessage(stack, index, "VORT 3 group " + textOf(group), "");
+    const std::string effect = "effect " + at(index).label;
+    return Sequence({{"Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100"},
+                     Count(),
+                     {take(at(index).label, index),
+                      "Effect 1 AEGP_GetEffectFlags(" + effect + ") -> " + number(at(index).flags),
+                      "Effect 3 AEGP_EffectCallGeneric(id " + number(pluginId) + ", " + effect +
+                          ", time 0/100, 17, VORT " + sent + ")" + answer,
+                      "Effect 3 AEGP_DisposeEffect(" + effect + ")"}});
 }
 
-Calls CallsOfIdentityQuestions(const TracedStack& stack)
+Calls TracedStack::AskGroup(int index) const
 {
-    Calls calls;
-    for (std::size_t i = 0; i < stack.effects.size(); ++i)
-        calls = calls + CallsOfIdentityQuestion(stack, i);
-    return calls;
+    return message(index, "1 group -1", " -> group " + number(at(index).group));
 }
 
-Calls CallsOfHostRead(const TracedStack& stack, std::size_t index)
+Calls TracedStack::AskIdentity(int index) const
 {
-    const TracedEffect& traced = stack.effects.at(index);
-    const std::string& label = traced.label;
-    const std::string key = textOf(traced.key);
-    return {
-        "Effect 1 AEGP_GetLayerEffectByIndex(id 7, " + stack.layer + ", " + textOf(index) + ") -> effect " +
-            label,
-        "Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect " + label + ") -> " + key,
-        "Effect 1 AEGP_GetEffectMatchName(" + key + ") -> \"" + traced.matchName + "\"",
-        "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect " + label + ", 1) -> stream " + label + ".1",
-        "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream " + label + ".1) -> stream " + label,
-        "Effect 1 AEGP_GetEffectFlags(effect " + label + ") -> " + textOf(traced.flags),
-        "Stream 4 AEGP_GetStreamName(stream " + label + ", 1) -> \"" + traced.name + "\"",
-        "Stream 7 AEGP_DisposeStream(stream " + label + ".1)",
-        "Stream 7 AEGP_DisposeStream(stream " + label + ")",
-        "Effect 1 AEGP_DisposeEffect(effect " + label + ")",
-    };
+    return message(index, std::string("5 uuid ") + zeroUuid, " -> uuid " + at(index).uuid);
 }
 
-Calls CallsOfRead(const TracedStack& stack)
+Calls TracedStack::TellGroup(int index, int group) const
 {
-    Calls calls = {"Effect 1 AEGP_GetLayerNumEffects(" + stack.layer + ") -> " +
-                   textOf(stack.effects.size())};
-    for (std::size_t i = 0; i < stack.effects.size(); ++i)
-        calls = calls + CallsOfGroupQuestion(stack, i);
-    calls = calls + CallsOfIdentityQuestions(stack);
-    for (std::size_t i = 0; i < stack.effects.size(); ++i)
-        calls = calls + CallsOfHostRead(stack, i);
-    return calls;
+    return message(index, "3 group " + number(group), "");
 }
 
-Calls CallsOfReadWithSuites(const TracedStack& stack)
+Calls TracedStack::ReadIdentities() const
 {
-    Calls calls = CallsOfRead(stack);
-    const std::size_t host = 1 + 12 * stack.effects.size(); // Where the first host read starts.
-    const auto insert = [&calls](std::size_t place, const std::string& suite)
+    std::vector<Calls> groups = {Count()};
+    for (int index = 0; index < static_cast<int>(effects.size()); ++index)
+        groups.push_back(AskIdentity(index));
+    return Sequence(groups);
+}
+
+Calls TracedStack::takeStreams(int index) const
+{
+    const std::string& label = at(index).label;
+    return {"Stream 4 AEGP_GetNewEffectStreamByIndex(id " + number(pluginId) + ", effect " + label +
+                ", 1) -> stream " + label + ".1",
+            "DynamicStream 2 AEGP_GetNewParentStreamRef(id " + number(pluginId) + ", stream " + label +
+                ".1) -> stream " + label};
+}
+
+Calls TracedStack::disposeOfAll(int index) const
+{
+    const std::string& label = at(index).label;
+    return {"Stream 7 AEGP_DisposeStream(stream " + label + ".1)",
+            "Stream 7 AEGP_DisposeStream(stream " + label + ")", disposeOfEffect(label)};
+}
+
+Calls TracedStack::ReadMatchName(int index) const
+{
+    const TracedEffect& effect = at(index);
+    return {take(effect.label, index),
+            "Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect " + effect.label + ") -> " +
+                number(effect.key),
+            "Effect 1 AEGP_GetEffectMatchName(" + number(effect.key) + ") -> \"" + effect.matchName + "\"",
+            disposeOfEffect(effect.label)};
+}
+
+Calls TracedStack::ReadEffect(int index) const
+{
+    const TracedEffect& effect = at(index);
+    Calls head = ReadMatchName(index);
+    head.pop_back();
+    return Sequence(
+        {head,
+         takeStreams(index),
+         {"Effect 1 AEGP_GetEffectFlags(effect " + effect.label + ") -> " + number(effect.flags),
+          "Stream 4 AEGP_GetStreamName(stream " + effect.label + ", 1) -> \"" + effect.name + "\""},
+         disposeOfAll(index)});
+}
+
+Calls TracedStack::Read() const
+{
+    const int count = static_cast<int>(effects.size());
+    std::vector<Calls> groups = {Count()};
+    for (int index = 0; index < count; ++index)
+        groups.push_back(AskGroup(index));
+    for (int index = 0; index < count; ++index)
+        groups.push_back(AskIdentity(index));
+    for (int index = 0; index < count; ++index)
+        groups.push_back(ReadEffect(index));
+    return Sequence(groups);
+}
+
+Calls TracedStack::inUndoGroup(const std::string& undoName, int index, const Calls& calls) const
+{
+    return Sequence({{"Utility 3 AEGP_StartUndoGroup(\"" + undoName + "\")", take(at(index).label, index)},
+                     takeStreams(index),
+                     calls,
+                     {"Utility 3 AEGP_EndUndoGroup()"},
+                     disposeOfAll(index)});
+}
+
+Calls TracedStack::Rename(int index, const std::string& name) const
+{
+    return inUndoGroup(
+        "Rename Effect(s)", index,
+        {"DynamicStream 2 AEGP_SetStreamName(stream " + at(index).label + ", \"" + name + "\")"});
+}
+
+Calls TracedStack::SwitchTo(int index, int active) const
+{
+    const std::string& label = at(index).label;
+    return {take(label, index),
+            "Effect 1 AEGP_SetEffectFlags(effect " + label + ", 1, " + number(active) + ")",
+            disposeOfEffect(label)};
+}
+
+Calls TracedStack::Move(const std::string& label, int from, int to) const
+{
+    return {take(label, from), "Effect 1 AEGP_ReorderEffect(effect " + label + ", " + number(to) + ")",
+            disposeOfEffect(label)};
+}
+
+Calls TracedStack::Hide(int index) const
+{
+    const std::string& stream = at(index).label;
+    return inUndoGroup("", index,
+                       {readFlag(at(index)), hiddenFlag(5, stream, "0"), hiddenFlag(5, stream, "1")});
+}
+
+Calls TracedStack::Show(int index) const
+{
+    const std::string& stream = at(index).label;
+    const std::string parameter = stream + ".1";
+    const char* wasHidden = at(index).parameterHidden ? "1" : "0";
+    return inUndoGroup("", index,
+                       {readFlag(at(index)), hiddenFlag(2, stream, "0"), hiddenFlag(2, parameter, "1"),
+                        hiddenFlag(2, parameter, "0"), hiddenFlag(2, parameter, wasHidden)});
+}
+
+Calls TracedStack::TwirlOpen(int index) const
+{
+    const std::string parameter = at(index).label + ".1";
+    return inUndoGroup("", index, {hiddenFlag(2, parameter, "1"), hiddenFlag(2, parameter, "0")});
+}
+
+Calls TracedStack::TwirlClosed(int index) const
+{
+    const std::string& stream = at(index).label;
+    return inUndoGroup("", index, {hiddenFlag(2, stream, "1"), hiddenFlag(2, stream, "0")});
+}
+
+TracedStack TracedStackOf(ProductHost& product, const std::vector<std::string>& labels)
+{
+    TracedStack stack{product.Id(), {}};
+    for (const std::string& label : labels)
     {
-        calls.insert(calls.begin() + static_cast<std::ptrdiff_t>(place),
-                     "Basic AcquireSuite(\"AEGP " + suite + ")");
-    };
-    // From the end to the start, so that the places in front keep their numbers.
-    insert(host + 7, "Stream Suite\", 7");         // The first disposal of a stream.
-    insert(host + 4, "Dynamic Stream Suite\", 2"); // The first parent.
-    insert(host + 3, "Stream Suite\", 4");         // The first parameter stream.
-    insert(1 + 4, "Effect Suite\", 3");            // The first general command.
-    insert(1, "Layer Suite\", 5");                 // The first conversion of a time.
-    insert(0, "Effect Suite\", 1");                // The count.
-    return calls + Calls{
-                       "Basic ReleaseSuite(\"AEGP Dynamic Stream Suite\", 2)",
-                       "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)",
-                       "Basic ReleaseSuite(\"AEGP Effect Suite\", 3)",
-                       "Basic ReleaseSuite(\"AEGP Layer Suite\", 5)",
-                       "Basic ReleaseSuite(\"AEGP Stream Suite\", 4)",
-                       "Basic ReleaseSuite(\"AEGP Stream Suite\", 7)",
-                   };
+        const EffectInstance& effect = product.host.Effect(label);
+        const InstalledEffect& installed = *product.host.FindInstalled(effect.key);
+        TracedEffect traced{label};
+        traced.matchName = installed.matchName;
+        traced.key = effect.key;
+        traced.flags = effect.flags;
+        traced.name = effect.customName.value_or(installed.defaultName);
+        traced.parameterHidden = effect.parameters.size() > 1 && effect.parameters[1].hidden;
+        const bool answers = installed.behaviour != nullptr || effect.behaviour != nullptr;
+        traced.group = answers && effect.family.rigidity != Rigidity::rigid ? effect.family.group : -1;
+        if (answers)
+            traced.uuid = TextOf(effect.family.uuid);
+        stack.effects.push_back(traced);
+    }
+    return stack;
 }
 } // namespace standin

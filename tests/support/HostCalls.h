@@ -1,6 +1,9 @@
 #pragma once
-// The host calls of a message and of a read, written out as the trace of the stand-in writes them.
-// Tests put them together to whole expected sequences; plug-in id 7 makes the calls.
+// The one writer of expected host calls: a stack as the trace of the stand-in host shows it, and for each
+// operation of the product the calls of which it consists, a line each, without the suites' acquires and
+// releases. A test puts the groups together.
+
+#include "tests/support/ProductHost.h"
 
 #include <string>
 #include <vector>
@@ -9,46 +12,69 @@ namespace standin
 {
 using Calls = std::vector<std::string>;
 
-/// Puts sequences behind each other.
-Calls operator+(Calls first, const Calls& second);
+/// All the groups in one list.
+Calls Sequence(const std::vector<Calls>& groups);
+/// The calls, a line each.
+std::string TextOf(const Calls& calls);
 
-/// What the trace tells about one effect of a stack.
+constexpr const char* zeroUuid = "00000000-0000-0000-0000-000000000000";
+
+/// One effect of the layer as the calls show it.
 struct TracedEffect
 {
-    std::string label;
+    std::string label;           ///< Also its name on the layer, unless another is given.
+    std::string uuid = zeroUuid; ///< Its answer.
+    std::string matchName = {};
     int key = 0;
-    std::string matchName;
-    std::string name;
-    int group = -1;                                            ///< Its answer.
-    std::string uuid = "00000000-0000-0000-0000-000000000000"; ///< Its answer.
+    int group = 0; ///< Its answer.
     int flags = 1;
+    std::string name = label;
+    bool parameterHidden = false; ///< The first parameter's flag.
 };
 
-/// A layer's stack from the top, for a layer whose time 0 lies at the composition's.
+/// The stack of layer 1 from the top, and the plug-in that makes the calls. Time 0 of the layer is the
+/// composition's. `index` counts from the top.
 struct TracedStack
 {
-    std::string layer; ///< "layer 1".
+    int pluginId;
     std::vector<TracedEffect> effects;
+
+    /// The messages: the question for the group, the question for the identity, and the telling of a group.
+    Calls AskGroup(int index) const;
+    Calls AskIdentity(int index) const;
+    Calls TellGroup(int index, int group) const;
+
+    Calls Count() const;
+    /// The layer is counted and every effect is asked for its identity.
+    Calls ReadIdentities() const;
+    /// What the host is asked about one effect in a read.
+    Calls ReadEffect(int index) const;
+    /// The whole read of the layer.
+    Calls Read() const;
+    /// The host is asked for the match name.
+    Calls ReadMatchName(int index) const;
+
+    /// One rename with its undo group, after the identities were read.
+    Calls Rename(int index, const std::string& name) const;
+    /// One switching of the active state, after the identities were read.
+    Calls SwitchTo(int index, int active) const;
+    /// One move within the undo group of the order. The effect is at `from` by then, whatever its place here.
+    Calls Move(const std::string& label, int from, int to) const;
+
+    Calls Hide(int index) const;
+    Calls Show(int index) const;
+    Calls TwirlOpen(int index) const;
+    Calls TwirlClosed(int index) const;
+
+private:
+    const TracedEffect& at(int index) const { return effects.at(static_cast<std::size_t>(index)); }
+    Calls message(int index, const std::string& sent, const std::string& answer) const;
+    std::string take(const std::string& label, int index) const;
+    Calls takeStreams(int index) const;
+    Calls disposeOfAll(int index) const;
+    Calls inUndoGroup(const std::string& undoName, int index, const Calls& calls) const;
 };
 
-/// One message to the effect at `index`: `sent` as "VORT 1 group -1", `answer` as "group 3", empty for none.
-Calls CallsOfMessage(const TracedStack& stack, std::size_t index, const std::string& sent,
-                     const std::string& answer);
-
-/// The question for the group, the question for the identity, and the telling of a group.
-Calls CallsOfGroupQuestion(const TracedStack& stack, std::size_t index);
-Calls CallsOfIdentityQuestion(const TracedStack& stack, std::size_t index);
-Calls CallsOfGroupOrder(const TracedStack& stack, std::size_t index, int group);
-
-/// The identity questions to the whole stack.
-Calls CallsOfIdentityQuestions(const TracedStack& stack);
-
-/// What the host is asked about the effect at `index` in a read.
-Calls CallsOfHostRead(const TracedStack& stack, std::size_t index);
-
-/// A whole read: the count, all groups, all identities, then the host reads. Without suite traffic.
-Calls CallsOfRead(const TracedStack& stack);
-
-/// The same with the suites acquired at first use and released at the end. For a stack that is not empty.
-Calls CallsOfReadWithSuites(const TracedStack& stack);
+/// The stack of the layer as it stands in the project, from the top.
+TracedStack TracedStackOf(ProductHost& product, const std::vector<std::string>& labels);
 } // namespace standin

@@ -2,6 +2,7 @@
 
 #include "effects/EffectSelection.h"
 #include "effects/LayerEffectChanges.h"
+#include "tests/support/HostCalls.h"
 
 #include <algorithm>
 #include <sstream>
@@ -28,16 +29,7 @@ const char* matchNameOf(const std::string& label)
     }
 }
 
-constexpr const char* zeroText = "00000000-0000-0000-0000-000000000000";
 constexpr const char* unknownText = "99999999-9999-9999-9999-999999999999";
-
-std::string linesOf(const std::vector<std::string>& lines)
-{
-    std::string text;
-    for (const std::string& line : lines)
-        text += line + "\n";
-    return text;
-}
 } // namespace
 
 std::vector<std::string> Words(const std::string& text)
@@ -71,7 +63,7 @@ ObjectItem StackScene::itemOf(const EffectInstance& effect)
 {
     const InstalledEffect& installed = *host.FindInstalled(effect.key);
     ObjectItem item;
-    item.uuid = installed.behaviour == nullptr ? zeroText : TextOf(effect.family.uuid);
+    item.uuid = installed.behaviour == nullptr ? zeroUuid : TextOf(effect.family.uuid);
     item.name = effect.customName.value_or(installed.defaultName);
     item.group = installed.behaviour == nullptr || effect.family.rigidity == Rigidity::rigid
                      ? -1
@@ -97,7 +89,7 @@ Items StackScene::Tree(const std::string& labels)
         if (label == "?")
             items.push_back({unknownText, label, 0, 1, ""});
         else if (label == "0")
-            items.push_back({zeroText, label, 0, 1, ""});
+            items.push_back({zeroUuid, label, 0, 1, ""});
         else
             items.push_back(itemOf(host.Effect(label)));
         items.back().tag.clear();
@@ -171,7 +163,7 @@ std::vector<std::string> StackScene::Found()
     return found;
 }
 
-std::string StackScene::Calls() { return linesOf(host.CallTexts(SuiteTraffic::leftOut)); }
+std::string StackScene::Calls() { return TextOf(host.CallTexts(SuiteTraffic::leftOut)); }
 
-std::string StackScene::CallsWithSuites() { return linesOf(host.CallTexts()); }
+std::string StackScene::CallsWithSuites() { return TextOf(host.CallTexts()); }
 } // namespace standin
