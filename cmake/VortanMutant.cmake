@@ -1,22 +1,26 @@
-# Known-bad bundles. A mutant is the bundle with one mistake in one of its sources, and a test that the
-# stand-in's check of that kind of mistake finds it. Each costs one compilation and one link.
+# Known-bad bundles. A mutant is the bundle with one mistake in one of its sources, and a test that the stand-in's check
+# of that kind of mistake finds it. Each costs one compilation and one link. VortanChecks.cmake says where they come from.
 
 set(vortan_mutant_scripts ${CMAKE_CURRENT_LIST_DIR}/mutant)
 set(vortan_mutant_folder ${CMAKE_BINARY_DIR}/mutants)
 
-# vortan_mutant(NAME CHECK id SOURCE file WAS text IS text SAYS text [EXPORTS function...])
-#   CHECK   the check that has to fail
-#   SOURCE  the product's file, from the root of the project
-#   WAS     stands exactly once in that file; anything else is an error of the build
-#   IS      takes its place
-#   SAYS    what the failed check has to say; a bundle that does not even load says something else
-#   EXPORTS what the bundle exports beside its entry points
-function(vortan_mutant name)
-  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "CHECK;SOURCE;WAS;IS;SAYS" "EXPORTS")
-  vortan_mutant_source(${name} ${ARG_SOURCE} "${ARG_WAS}" "${ARG_IS}" source)
-  vortan_mutant_bundle(mutant-${name} ${name} ${source} ${ARG_EXPORTS})
-  vortan_mutant_test(${name} ${ARG_CHECK} "${ARG_SAYS}")
-  set_property(GLOBAL APPEND PROPERTY VORTAN_CHECKS_WITH_MUTANT ${ARG_CHECK})
+# vortan_mutant(CHECK): the known-bad bundle of this check, and the test that the check finds its mistake.
+function(vortan_mutant check)
+  foreach(field NAME SOURCE WAS IS EXPORTS FOUND)
+    vortan_check_field(${check} ${field})
+  endforeach()
+  vortan_mutant_source(${NAME} ${SOURCE} "${WAS}" "${IS}" source)
+  vortan_mutant_bundle(mutant-${NAME} ${NAME} ${source} ${EXPORTS})
+  vortan_finds_mistake(mutant.${NAME} check mutant-${NAME} ${check} "${FOUND}")
+endfunction()
+
+# vortan_finds_mistake(TEST COMMAND TARGET CHECK FOUND): the check of `standin COMMAND` fails the target and says this.
+function(vortan_finds_mistake test command target check found)
+  add_test(NAME ${test}
+    COMMAND ${CMAKE_COMMAND} -D STANDIN=$<TARGET_FILE:standin> -D COMMAND=${command}
+      -D MUTANT=$<TARGET_FILE:${target}> -D CHECK=${check} -D FOUND=${found}
+      -P ${vortan_mutant_scripts}/ExpectFailure.cmake)
+  set_tests_properties(${test} PROPERTIES TIMEOUT 200 LABELS mutants)
 endfunction()
 
 # The copy of the source that has the mistake.
@@ -50,30 +54,10 @@ function(vortan_mutant_bundle target name source)
     PREFIX "" OUTPUT_NAME ${name} LIBRARY_OUTPUT_DIRECTORY ${vortan_mutant_folder})
 endfunction()
 
-function(vortan_mutant_test name check says)
-  add_test(NAME mutant.${name}
-    COMMAND ${CMAKE_COMMAND} -D STANDIN=$<TARGET_FILE:standin> -D MUTANT=$<TARGET_FILE:mutant-${name}>
-      -D CHECK=${check} -D SAYS=${says} -P ${vortan_mutant_scripts}/ExpectFailure.cmake)
-  set_tests_properties(mutant.${name} PROPERTIES TIMEOUT 200 LABELS mutants)
-endfunction()
-
 # A test that a mistake is only made where its text stands once.
 function(vortan_mutants_must_fit)
   add_test(NAME mutants.mistake-must-fit
     COMMAND ${CMAKE_COMMAND} -D WORK=${CMAKE_CURRENT_BINARY_DIR}/mistake-must-fit
       -D SCRIPTS=${vortan_mutant_scripts} -P ${vortan_mutant_scripts}/MistakeMustFit.cmake)
   set_tests_properties(mutants.mistake-must-fit PROPERTIES LABELS mutants)
-endfunction()
-
-# A test that every check of the program has a mutant, and that no mutant is for a check that there is not.
-function(vortan_mutants_cover_checks)
-  get_property(checks GLOBAL PROPERTY VORTAN_CHECKS_WITH_MUTANT)
-  list(REMOVE_DUPLICATES checks)
-  list(JOIN checks "\n" lines)
-  set(file ${CMAKE_CURRENT_BINARY_DIR}/checks-with-mutant.txt)
-  file(CONFIGURE OUTPUT ${file} CONTENT "@lines@\n" @ONLY)
-  add_test(NAME mutants.cover-every-check
-    COMMAND ${CMAKE_COMMAND} -D STANDIN=$<TARGET_FILE:standin> -D COVERED=${file}
-      -P ${vortan_mutant_scripts}/ExpectCover.cmake)
-  set_tests_properties(mutants.cover-every-check PROPERTIES LABELS mutants)
 endfunction()

@@ -1,9 +1,12 @@
-# A mistake whose text is not in the source, or is there twice, is an error; one that fits is made. WORK is a
-# folder for scratch files, SCRIPTS that of MakeMistake.cmake.
+# A mistake whose text is not in the source, or is there twice, is an error, and so is one in a header; one that fits is
+# made. WORK is a folder for scratch files, SCRIPTS that of MakeMistake.cmake.
 cmake_minimum_required(VERSION 3.25)
 
 file(MAKE_DIRECTORY ${WORK})
-file(WRITE ${WORK}/original.cpp "int a = f(x); // [1;2]\nint b = \"\\n\" ? 1 : 2;\nint c = 1;\n")
+foreach(original original.cpp original.h)
+  file(WRITE ${WORK}/${original} "int a = f(x); // [1;2]\nint b = \"\\n\" ? 1 : 2;\nint c =\n    g( 1 );\n")
+endforeach()
+set(original original.cpp)
 
 # make(WAS IS RESULT): the script's exit code.
 function(make was is result)
@@ -11,7 +14,7 @@ function(make was is result)
   file(WRITE ${WORK}/was.txt "${was}")
   file(WRITE ${WORK}/is.txt "${is}")
   execute_process(
-    COMMAND ${CMAKE_COMMAND} -D ORIGINAL=${WORK}/original.cpp -D WORK=${WORK} -D COPY=${WORK}/copy.cpp
+    COMMAND ${CMAKE_COMMAND} -D ORIGINAL=${WORK}/${original} -D WORK=${WORK} -D COPY=${WORK}/copy.cpp
       -P ${SCRIPTS}/MakeMistake.cmake
     RESULT_VARIABLE code OUTPUT_QUIET ERROR_VARIABLE errors)
   # CMake breaks the lines of its messages, and where depends on the folders' names.
@@ -32,11 +35,22 @@ make("" "x" code)
 if(code EQUAL 0 OR EXISTS ${WORK}/copy.cpp)
   message(FATAL_ERROR "no text was taken")
 endif()
-make("f(x); // [1;2]\nint b" "g(); // [2;1]\nint b" code)
+set(original original.h)
+make("f(x)" "g()" code)
+if(code EQUAL 0 OR EXISTS ${WORK}/copy.cpp OR NOT errors MATCHES "is not compiled by itself")
+  message(FATAL_ERROR "a header was taken: ${errors}")
+endif()
+set(original original.cpp)
+make("f(x); // [1;2] int  b" "g(); // [2;1]\nint b" code)
 if(NOT code EQUAL 0)
   message(FATAL_ERROR "a text that fits was refused: ${errors}")
 endif()
 file(READ ${WORK}/copy.cpp copy)
-if(NOT copy STREQUAL "int a = g(); // [2;1]\nint b = \"\\n\" ? 1 : 2;\nint c = 1;\n")
+if(NOT copy STREQUAL "int a = g(); // [2;1]\nint b = \"\\n\" ? 1 : 2;\nint c =\n    g( 1 );\n")
   message(FATAL_ERROR "the copy is not the original with the mistake: ${copy}")
+endif()
+make("int c = g(1);" "" code)
+file(READ ${WORK}/copy.cpp copy)
+if(NOT code EQUAL 0 OR NOT copy STREQUAL "int a = f(x); // [1;2]\nint b = \"\\n\" ? 1 : 2;\n\n")
+  message(FATAL_ERROR "a text with other line breaks was not found: ${errors}${copy}")
 endif()

@@ -1,6 +1,5 @@
 // What is taken is given back: references, suites and undo groups, over a session of changes from both sides.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/PanelScene.h"
 #include "standin/core/HostParts.h"
 

@@ -1,18 +1,13 @@
 #include "standin/checks/CheckAlone.h"
 
-#include "standin/checks/CheckReport.h"
+#include "standin/checks/Trial.h"
+#include "standin/process/ExitCodes.h"
 #if STANDIN_HAS_SCREEN
 #include "standin/x11/Xvfb.h"
 #endif
 
-#include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
 #include <unistd.h>
-
-#ifdef __linux__
-#include <sys/prctl.h>
-#endif
 
 namespace standin
 {
@@ -32,24 +27,24 @@ void runInside(const CheckBook& book, const std::string& id, Trial& trial)
     RunCheck(*check, trial);
 }
 
-/// What the check found becomes its word.
-Word judge(const CheckBook& book, const std::string& id, Trial& trial, std::string& found)
+/// The verdict, and what the check has found.
+int judge(const CheckBook& book, const std::string& id, Trial& trial, std::string& found)
 {
     try
     {
         runInside(book, id, trial);
-        return Word::passed;
+        return exit_code::well;
     }
     catch (const CheckFailure& failure)
     {
         found = failure.what();
-        return Word::failed;
+        return exit_code::failed;
     }
 #if STANDIN_HAS_SCREEN
     catch (const DisplayMissing& missing)
     {
         found = missing.what();
-        return Word::noDisplay;
+        return exit_code::noDisplay;
     }
 #endif
     catch (const std::exception& error)
@@ -64,7 +59,7 @@ Word judge(const CheckBook& book, const std::string& id, Trial& trial, std::stri
     {
         found = "something was thrown that is no exception";
     }
-    return id == onlyLoad ? Word::noBundle : Word::failed;
+    return id == onlyLoad ? exit_code::noBundle : exit_code::failed;
 }
 } // namespace
 
@@ -75,19 +70,18 @@ void RunCheck(const Check& check, Trial& trial)
         throw std::logic_error("the check has looked at nothing");
 }
 
-void RunCheckAlone(const CheckBook& book, const std::string& file, const std::string& id, std::uint64_t seed)
+void RunCheckAlone(const CheckJob& job, const std::string& id, int reportTo)
 {
-    // The X server of a check must not hold the pipe open, nor may a check outlive who judges.
-    (void)fcntl(reportDescriptor, F_SETFD, FD_CLOEXEC);
-#ifdef __linux__
-    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
-#endif
-    const ReportWriter writer(reportDescriptor);
+    const auto tell = [reportTo](const char* field, const std::string& value)
+    { process::Tell(field, value, reportTo); };
     Trial trial(
-        file, seed, [&](const std::string& place) { writer.Place(place); }, [&] { writer.SeedUsed(); });
+        job.file, job.seed, [&](const std::string& place) { tell(told::place, place); },
+        [&] { tell(told::seed, std::to_string(job.seed)); });
     std::string found;
-    const Word word = judge(book, id, trial, found);
-    writer.End(trial, word, found);
+    const int verdict = judge(*job.book, id, trial, found);
+    tell(told::looked, std::to_string(trial.Looked()));
+    tell(told::found, found);
+    tell(told::verdict, std::to_string(verdict));
     // A check that looks at the end of the process has said so by its place.
     if (trial.Place() == endOfProcess)
         std::exit(0); // NOLINT(concurrency-mt-unsafe)

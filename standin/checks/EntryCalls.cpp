@@ -1,6 +1,5 @@
 // What the two entry points ask of the host, call by call.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/Scene.h"
 #include "standin/checks/Trial.h"
 

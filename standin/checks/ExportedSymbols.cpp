@@ -1,7 +1,6 @@
 // Names that a bundle offers beside its entry points could be taken for those of the host or of another
 // bundle: the host has a copy of JUCE of its own, and so may others.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/ExportedNames.h"
 #include "standin/checks/Trial.h"
 

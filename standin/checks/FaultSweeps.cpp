@@ -1,7 +1,6 @@
 // Each host call of a change fails once, and each function for good; the pass has to go on or to stop as it
 // should, and the next pass without a fault has to bring layer and panel together again.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/FaultAudit.h"
 #include "standin/checks/PanelScene.h"
 #include "standin/family/Sibling.h"

@@ -1,6 +1,5 @@
 // The queue behind "Vortan Idle Suite v1".
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/Scene.h"
 #include "standin/checks/Trial.h"
 #include "standin/sensors/FindingIds.h"

@@ -1,7 +1,6 @@
 // What a strict host reports and the bundle does on purpose: each has to appear in its situation, and nothing
 // else may.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/PanelScene.h"
 #include "standin/checks/Scene.h"
 #include "standin/sensors/FindingIds.h"

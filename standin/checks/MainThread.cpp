@@ -1,6 +1,5 @@
 // When and where the bundle calls the host: inside a hook, on the host's main thread.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/PanelScene.h"
 
 #include <thread>

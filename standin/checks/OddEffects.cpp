@@ -1,6 +1,5 @@
 // Effects that do not behave, and names that nobody would choose.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/PanelScene.h"
 #include "standin/family/Liars.h"
 #include "standin/sensors/FindingIds.h"

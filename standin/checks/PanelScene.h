@@ -22,7 +22,7 @@ public:
     void Do(const std::string& line);
     /// Presses keys of which the panel knows nothing before its next idle.
     void PressUnseen(const std::vector<std::string>& keys);
-    /// Requires what a line of a scenario expects, with some patience.
+    /// Requires what a line of a scenario expects, within some seconds.
     void Expect(const std::string& line);
     /// Idle passes until all is quiet.
     void Settle();

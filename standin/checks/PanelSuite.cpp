@@ -1,6 +1,5 @@
 // "Vortan Panel Suite v1", and what its requests do at the next idle while the panel is closed.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/Scene.h"
 #include "standin/checks/Trial.h"
 

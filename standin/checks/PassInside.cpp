@@ -1,6 +1,5 @@
 // The host idles inside each call of a change in turn: nothing may come of it.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/PanelScene.h"
 #include "standin/core/HostParts.h"
 #include "standin/family/Sibling.h"

@@ -8,22 +8,10 @@
 
 namespace standin
 {
-namespace
+void PlayCheck(Trial& trial, const std::string& name, const std::string& text)
 {
-constexpr const char* threeObjects = R"(composition "Comp 1"
-layer "Solid 1"
-effect "Vortan Sheets Object" named "lamp"
-effect "Vortan Route Object" named "route"
-effect "Vortan Dots Renderer" named "dots"
-open the panel
-expect rows "Layer" "- lamp" "- route" "- dots"
-)";
-} // namespace
-
-void PlayCheck(Trial& trial, const std::string& name, const std::string& lines)
-{
-    std::istringstream text(lines);
-    const std::vector<Step> steps = BindPhrases(ParseScenario(text, name));
+    std::istringstream lines(text);
+    const std::vector<Step> steps = BindPhrases(ParseScenario(lines, name));
     PlayOptions options;
     options.bundleFile = trial.File();
     options.display = DisplayChoice::own;
@@ -38,10 +26,5 @@ void PlayCheck(Trial& trial, const std::string& name, const std::string& lines)
     for (const Step& step : steps)
         if (step.phrase->kind == Phrase::Kind::expectation)
             trial.Require(true, "");
-}
-
-void PlayCheckWithThreeObjects(Trial& trial, const std::string& name, const std::string& lines)
-{
-    PlayCheck(trial, name, threeObjects + lines);
 }
 } // namespace standin

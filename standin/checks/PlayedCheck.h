@@ -7,10 +7,7 @@ namespace standin
 {
 class Trial;
 
-/// Plays the lines on an X server of their own, and fails with the line that does not go as it should.
-void PlayCheck(Trial& trial, const std::string& name, const std::string& lines);
-
-/// The same behind the beginning that most have in common: one layer with the objects "lamp", "route" and
-/// "dots", and the panel open.
-void PlayCheckWithThreeObjects(Trial& trial, const std::string& name, const std::string& lines);
+/// Plays the text on an X server of its own, and fails with the line that does not go as it should. `name` is
+/// what messages call the scenario.
+void PlayCheck(Trial& trial, const std::string& name, const std::string& text);
 } // namespace standin

@@ -1,7 +1,6 @@
 // The host's end: the death hooks, and the process behind them.
 
 #include "standin/checks/CheckAlone.h"
-#include "standin/checks/Checks.h"
 #if STANDIN_HAS_SCREEN
 #include "standin/checks/PanelScene.h"
 #endif

@@ -1,7 +1,6 @@
 // What an idle pass does when nothing has changed: it looks, and that is all. And what many passes leave
 // behind: nothing.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/PanelScene.h"
 #include "standin/suites/SuiteDescription.h"
 

@@ -1,6 +1,5 @@
 // How the bundle starts when things are not as usual.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/Scene.h"
 #include "standin/checks/Trial.h"
 #include "standin/core/HostParts.h"

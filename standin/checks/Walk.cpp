@@ -1,16 +1,9 @@
 #include "standin/checks/Walk.h"
 
 #include "standin/checks/Walker.h"
+#include "standin/process/Child.h"
 
 #include <algorithm>
-#include <csignal>
-#include <cstdio>
-#include <cstring>
-#include <sys/mman.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <thread>
-#include <unistd.h>
 
 namespace standin
 {
@@ -19,97 +12,45 @@ namespace
 using Clock = std::chrono::steady_clock;
 using Steps = std::vector<WalkStep>;
 
-/// What both processes see, so that the word of the one outlives its end.
-struct Board
-{
-    int stepsDone;
-    char failure[8192];
-};
-
-class SharedBoard
-{
-public:
-    SharedBoard()
-        : board(static_cast<Board*>(
-              mmap(nullptr, sizeof(Board), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)))
-    {
-        if (board == MAP_FAILED)
-            throw std::runtime_error("no memory to share with the walker");
-    }
-    ~SharedBoard() { (void)munmap(board, sizeof(Board)); }
-    SharedBoard(const SharedBoard&) = delete;
-    SharedBoard& operator=(const SharedBoard&) = delete;
-
-    Board* operator->() const { return board; }
-
-private:
-    Board* board;
-};
-
 /// The first thing that is wrong, empty if nothing is.
-std::string walk(const std::string& bundleFile, const Steps& steps, const SharedBoard& board)
+std::string walk(const std::string& bundleFile, const Steps& steps)
 {
-    Walker walker(bundleFile);
-    for (const WalkStep& step : steps)
-    {
-        std::string wrong = walker.Take(step);
-        if (!wrong.empty())
-            return wrong;
-        ++board->stepsDone;
-    }
-    return walker.End();
-}
-
-[[noreturn]] void runWalker(const std::string& bundleFile, const Steps& steps, const SharedBoard& board)
-{
-    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
-    std::string wrong;
     try
     {
-        wrong = walk(bundleFile, steps, board);
+        Walker walker(bundleFile);
+        int done = 0;
+        for (const WalkStep& step : steps)
+        {
+            std::string wrong = walker.Take(step);
+            if (!wrong.empty())
+                return wrong;
+            process::Tell("steps", std::to_string(++done));
+        }
+        return walker.End();
     }
     catch (const std::exception& error)
     {
-        wrong = error.what();
+        return error.what();
     }
-    (void)std::snprintf(board->failure, sizeof board->failure, "%s", wrong.c_str());
-    // What the bundle registered to run at the end of the process is no part of the walk.
-    _exit(0);
-}
-
-/// False when the time is over; the child is ended then.
-bool waitFor(pid_t child, Clock::time_point end, int& status)
-{
-    while (waitpid(child, &status, WNOHANG) == 0)
-    {
-        if (Clock::now() > end)
-        {
-            (void)kill(child, SIGKILL);
-            (void)waitpid(child, &status, 0);
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    return true;
 }
 
 WalkOutcome walkSeparately(const std::string& bundleFile, const Steps& steps, Clock::time_point end)
 {
-    const SharedBoard board;
-    (void)std::fflush(nullptr);
-    const pid_t child = fork();
-    if (child == 0)
-        runWalker(bundleFile, steps, board);
-    int status = 0;
-    if (child < 0)
-        return {0, "no process for the walker"};
-    if (!waitFor(child, end, status))
-        return {board->stepsDone, "the walk does not end in time"};
-    if (WIFSIGNALED(status))
-        return {board->stepsDone, std::string("the process has crashed: ") + strsignal(WTERMSIG(status))};
-    if (WEXITSTATUS(status) != 0)
-        return {board->stepsDone, "the process has ended by itself"};
-    return {board->stepsDone, board->failure};
+    const auto work = [&]
+    {
+        process::Tell("failure", walk(bundleFile, steps));
+        return 0;
+    };
+    process::Child child(work, process::Streams::inherited,
+                         std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now()));
+    child.Wait();
+    const process::Report report(child.Told());
+    const int done = report.Number("steps");
+    if (child.HowEnded() == process::Ending::timedOut)
+        return {done, "the walk does not end in time"};
+    if (child.ExitCode() != 0 || !report.Has("failure"))
+        return {done, child.EndText()};
+    return {done, report.Text("failure")};
 }
 
 /// Leaves steps out as long as the walk still fails and there is time.
@@ -148,9 +89,9 @@ private:
         }
     }
 
-    bool tryInstead(const Steps& wish)
+    bool tryInstead(const Steps& wanted)
     {
-        const Steps fewer = PossibleSteps(wish);
+        const Steps fewer = PossibleSteps(wanted);
         if (fewer.empty() || fewer.size() >= steps.size())
             return false;
         const WalkOutcome outcome = walkSeparately(bundleFile, fewer, end);

@@ -1,4 +1,3 @@
-#include "standin/checks/Checks.h"
 #include "standin/checks/Trial.h"
 #include "standin/checks/Walk.h"
 

@@ -48,7 +48,6 @@ std::vector<std::string> GroupTitles(const StackModel& model)
     return titles;
 }
 
-/// The effects in the order of their rows.
 ModelStack InRowOrder(const StackModel& model)
 {
     ModelStack all;
@@ -61,7 +60,11 @@ ModelStack InRowOrder(const StackModel& model)
     return all;
 }
 
-/// Where an effect's row stands.
+std::size_t RowCount(const StackModel& model)
+{
+    return 1 + InRowOrder(model).size() + GroupTitles(model).size();
+}
+
 StackModel::Target PlaceOf(const StackModel& model, int id)
 {
     for (std::size_t i = 0; i < model.Rows().size(); ++i)
@@ -75,5 +78,4 @@ StackModel::Target PlaceOf(const StackModel& model, int id)
     }
     return {};
 }
-
 } // namespace standin

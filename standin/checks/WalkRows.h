@@ -7,6 +7,11 @@
 
 namespace standin
 {
+// All rows stay in view.
+constexpr std::size_t mostEffects = 8;
+constexpr std::size_t mostGroups = 4;
+constexpr std::size_t mostRows = 15;
+
 /// What can be applied in a walk, and from which menu of the panel.
 struct Applicable
 {
@@ -26,6 +31,8 @@ std::optional<std::size_t> GroupRow(const StackModel& model, const std::string& 
 std::vector<std::string> GroupTitles(const StackModel& model);
 /// The effects in the order of their rows.
 ModelStack InRowOrder(const StackModel& model);
+/// The layer's own row included.
+std::size_t RowCount(const StackModel& model);
 /// Where an effect's row stands.
 StackModel::Target PlaceOf(const StackModel& model, int id);
 } // namespace standin

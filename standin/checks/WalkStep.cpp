@@ -1,43 +1,21 @@
 #include "standin/checks/WalkStep.h"
 
+#include "standin/checks/WalkActions.h"
 #include "standin/checks/WalkRows.h"
-
-#include <algorithm>
-#include <optional>
 
 namespace standin
 {
 namespace
 {
-using Deed = WalkStep::Deed;
-
 constexpr const char* newNames[] = {"lantern", "The Way (2)", "kite", "north", "a b c", "Walls", "x"};
-// All rows stay in view.
-constexpr std::size_t mostEffects = 8;
-constexpr std::size_t mostGroups = 4;
-constexpr std::size_t mostRows = 15;
 
-constexpr Deed hostDeeds[] = {Deed::apply,     Deed::rename,     Deed::move,         Deed::remove,
-                              Deed::duplicate, Deed::switchOver, Deed::putIntoGroup, Deed::undo,
-                              Deed::undo,      Deed::redo,       Deed::selectLayer};
-constexpr Deed panelDeeds[] = {
-    Deed::renameRow,      Deed::clickBox,      Deed::clickGroupBox, Deed::dragIntoGroup,
-    Deed::dragAbove,      Deed::dragBelow,     Deed::dragToEnd,     Deed::dragGroupAbove,
-    Deed::dragGroupToEnd, Deed::deleteRow,     Deed::deleteGroup,   Deed::addFromMenu,
-    Deed::addGroup,       Deed::dragIntoGroup, Deed::undo,          Deed::redo};
-constexpr Deed intervalDeeds[] = {Deed::cover, Deed::uncover, Deed::uncover,
-                                  Deed::hold,  Deed::goOn,    Deed::goOn};
-
-std::vector<Deed> deedsOf(WalkKind kind)
+/// Each action as often as its share of such walks.
+std::vector<const WalkAction*> hatOf(WalkKind kind)
 {
-    std::vector<Deed> deeds;
-    if (kind != WalkKind::panel)
-        deeds.insert(deeds.end(), std::begin(hostDeeds), std::end(hostDeeds));
-    if (kind != WalkKind::host)
-        deeds.insert(deeds.end(), std::begin(panelDeeds), std::end(panelDeeds));
-    if (kind == WalkKind::mixed)
-        deeds.insert(deeds.end(), std::begin(intervalDeeds), std::end(intervalDeeds));
-    return deeds;
+    std::vector<const WalkAction*> hat;
+    for (const WalkAction& action : WalkActions())
+        hat.insert(hat.end(), static_cast<std::size_t>(action.shares[static_cast<int>(kind)]), &action);
+    return hat;
 }
 
 /// The generator's own distributions differ between libraries; a seed has to give the same walk everywhere.
@@ -49,95 +27,19 @@ auto any(std::mt19937& random, const List& list)
     return *(std::begin(list) + static_cast<std::ptrdiff_t>(below(random, std::size(list))));
 }
 
-bool isObject(const StackModel& model, int id)
+std::string anyText(std::mt19937& random, const WalkState& state, WalkAction::Text text)
 {
-    const ModelStack rows = InRowOrder(model);
-    const ModelEffect* effect = FindEffect(rows, id);
-    return effect != nullptr && effect->kind != ModelKind::outside;
-}
-
-std::size_t rowCount(const StackModel& model)
-{
-    return 1 + InRowOrder(model).size() + GroupTitles(model).size();
-}
-
-bool hasRoom(const WalkState& state)
-{
-    return state.model.Stack().size() < mostEffects && rowCount(state.model) < mostRows;
-}
-
-/// Of what is done in the panel only the click on a box can do without the host's idle.
-bool isPossibleWhileHeld(Deed deed)
-{
-    if (deed == Deed::clickBox || deed == Deed::clickGroupBox)
-        return true;
-    return deed < Deed::renameRow && deed != Deed::cover && deed != Deed::uncover;
-}
-
-bool isPossibleInHost(const WalkState& state, const WalkStep& step)
-{
-    const StackModel& model = state.model;
-    const ModelEffect* const effect = FindEffect(model.Stack(), step.id);
-    switch (step.deed)
+    switch (text)
     {
-    case Deed::apply:
-        return hasRoom(state);
-    case Deed::duplicate:
-        return effect != nullptr && hasRoom(state);
-    case Deed::move:
-        return effect != nullptr && static_cast<std::size_t>(step.number) < model.Stack().size();
-    case Deed::putIntoGroup:
-        return effect != nullptr && effect->kind != ModelKind::outside &&
-               step.number <= static_cast<int>(mostGroups) && rowCount(model) < mostRows;
-    case Deed::undo:
-        return !model.UndoNames().empty();
-    case Deed::redo:
-        return !model.RedoNames().empty();
-    case Deed::selectLayer:
-        return step.number < StackModel::layerCount && step.number != model.ActiveLayer();
-    case Deed::cover:
-        return !state.isCovered;
-    case Deed::uncover:
-        return state.isCovered;
-    case Deed::hold:
-        return !state.isCovered && !state.isHeld;
-    case Deed::goOn:
-        return state.isHeld;
-    default: // A rename, a deletion or a switch.
-        return effect != nullptr;
+    case WalkAction::Text::newName:
+        return any(random, newNames);
+    case WalkAction::Text::applicable:
+        return any(random, Applicables()).defaultName;
+    case WalkAction::Text::groupTitle:
+        break;
     }
-}
-
-bool isPossibleInPanel(const WalkState& state, const WalkStep& step)
-{
-    const StackModel& model = state.model;
-    const bool isIt = isObject(model, step.id);
-    const bool isOther = isObject(model, step.otherId);
-    const std::optional<std::size_t> group = GroupRow(model, step.text);
-    switch (step.deed)
-    {
-    case Deed::dragToEnd:
-        return isIt && (PlaceOf(model, step.id).groupRow >= 0 ||
-                        PlaceOf(model, step.id).index + 1 != model.Rows().size());
-    case Deed::dragAbove:
-    case Deed::dragBelow:
-        return isIt && isOther && step.id != step.otherId;
-    case Deed::dragIntoGroup:
-        return isIt && group.has_value() && PlaceOf(model, step.id).groupRow != static_cast<int>(*group);
-    case Deed::clickGroupBox:
-        return group.has_value() && !model.Rows()[*group].objects.empty();
-    case Deed::deleteGroup:
-    case Deed::dragGroupToEnd:
-        return group.has_value();
-    case Deed::dragGroupAbove:
-        return group.has_value() && isOther && PlaceOf(model, step.otherId).groupRow < 0;
-    case Deed::addFromMenu:
-        return hasRoom(state) && !model.Rows().empty() && ApplicableOf(step.text)->button != nullptr;
-    case Deed::addGroup:
-        return !model.Rows().empty() && rowCount(model) < mostRows && GroupTitles(model).size() < mostGroups;
-    default: // A rename, a deletion or a click on a box.
-        return isIt;
-    }
+    const std::vector<std::string> titles = GroupTitles(state.model);
+    return titles.empty() ? "" : any(random, titles);
 }
 } // namespace
 
@@ -165,23 +67,19 @@ std::vector<std::string> WalkBeginLines()
             "effect \"Gaussian Blur\"",
             "\"pulse\" is in group 2",
             "\"sheet\" is in group 2",
-            "layer \"Solid 1\"",
-            "effect \"Vortan Sheets Object\" named \"lamp\"",
-            "effect \"Vortan Route Object\" named \"route\"",
-            "effect \"Vortan Dots Renderer\" named \"dots\"",
+            "layer \"Solid 1\" with three objects",
             "effect \"Vortan\"",
             "open the panel"};
 }
 
 WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, int newId)
 {
-    const std::vector<Deed> deeds = deedsOf(kind);
+    const std::vector<const WalkAction*> hat = hatOf(kind);
     const ModelStack& stack = state.model.Stack();
-    const std::vector<std::string> titles = GroupTitles(state.model);
     for (;;)
     {
         WalkStep step;
-        step.deed = any(random, deeds);
+        step.action = any(random, hat);
         step.newId = newId;
         if (!stack.empty())
         {
@@ -189,14 +87,7 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
             step.otherId = any(random, stack).id;
         }
         step.number = static_cast<int>(below(random, mostEffects));
-        const bool isNew = step.deed == Deed::apply || step.deed == Deed::addFromMenu;
-        const bool isName = step.deed == Deed::rename || step.deed == Deed::renameRow;
-        if (isNew)
-            step.text = any(random, Applicables()).defaultName;
-        else if (isName)
-            step.text = any(random, newNames);
-        else if (!titles.empty())
-            step.text = any(random, titles);
+        step.text = anyText(random, state, step.action->text);
         if (IsPossible(state, step))
             return step;
     }
@@ -204,10 +95,23 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 
 bool IsPossible(const WalkState& state, const WalkStep& step)
 {
-    if (state.isHeld && !isPossibleWhileHeld(step.deed))
-        return false;
-    if (step.deed < Deed::renameRow)
-        return isPossibleInHost(state, step);
-    return !state.isCovered && isPossibleInPanel(state, step);
+    const WalkAction& action = *step.action;
+    return (action.isPossibleWhileHeld || !state.isHeld) &&
+           (action.place == WalkAction::Place::host || !state.isCovered) && action.isPossible(state, step);
+}
+
+std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step)
+{
+    std::vector<std::string> lines = step.action->lines(state, step);
+    if (!step.idlesInside.empty())
+        lines.insert(lines.begin(), {"idle inside no call", "idle inside " + step.idlesInside});
+    return lines;
+}
+
+void CarryOut(WalkState& state, const WalkStep& step)
+{
+    step.action->carryOut(state, step);
+    if (!state.isCovered && !state.isHeld)
+        state.model.Settle();
 }
 } // namespace standin

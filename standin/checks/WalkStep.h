@@ -16,47 +16,16 @@ enum class WalkKind
     mixed
 };
 
+struct WalkAction;
+
 struct WalkStep
 {
-    enum class Deed
-    {
-        // In the host.
-        apply,
-        rename,
-        move,
-        remove,
-        duplicate,
-        switchOver,
-        putIntoGroup,
-        undo,
-        redo,
-        selectLayer,
-        cover,
-        uncover,
-        hold, ///< The host does not idle from here on, so that several things fall into one interval.
-        goOn,
-        // In the panel.
-        renameRow,
-        clickBox,
-        clickGroupBox,
-        dragIntoGroup,
-        dragAbove,
-        dragBelow,
-        dragToEnd,
-        dragGroupAbove,
-        dragGroupToEnd,
-        deleteRow,
-        deleteGroup,
-        addFromMenu,
-        addGroup
-    };
-
-    Deed deed = Deed::undo;
-    int id = 0;       ///< Of the effect that it is done to.
-    int newId = 0;    ///< Of the effect that comes of it.
-    int otherId = 0;  ///< Of the effect beside which it is put.
-    int number = 0;   ///< A place from 0, a group, or a layer from 0.
-    std::string text; ///< A name, what is applied, or a group's title.
+    const WalkAction* action = nullptr; ///< One of WalkActions().
+    int id = 0;                         ///< Of the effect that it is done to.
+    int newId = 0;                      ///< Of the effect that comes of it.
+    int otherId = 0;                    ///< Of the effect beside which it is put.
+    int number = 0;                     ///< A place from 0, a group, or a layer from 0.
+    std::string text;                   ///< A name, what is applied, or a group's title.
     /// Inside which calls the host idles from this step on, as a scenario says it: "each call of
     /// AEGP_ReorderEffect", "each call", "no call". Empty for the same as before. Nothing may come of it.
     std::string idlesInside{};

@@ -1,6 +1,5 @@
 // The panel as a window of the host: opening, covering, closing, and the entry in the Window menu.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/PanelScene.h"
 
 namespace standin::checks

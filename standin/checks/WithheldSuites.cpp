@@ -1,6 +1,5 @@
 // An open panel, and a suite that its passes need is not to be had.
 
-#include "standin/checks/Checks.h"
 #include "standin/checks/PanelScene.h"
 #include "standin/sensors/FindingIds.h"
 

@@ -4,107 +4,80 @@
 #include "standin/checks/CheckRun.h"
 #include "standin/cli/CheckPrinter.h"
 #include "standin/cli/Commands.h"
-#include "standin/cli/ExitCodes.h"
-#include "standin/cli/OwnFiles.h"
 #include "standin/effect_checks/EffectChecks.h"
+#include "standin/process/ExitCodes.h"
 
 #include <CLI/CLI.hpp>
 
 #include <filesystem>
 #include <iostream>
+#include <unistd.h>
 
 namespace standin
 {
 namespace
 {
-struct Wishes
+struct Options
 {
-    const CheckBook* book = nullptr;
-    std::string file;
+    CheckRunOptions run;
     std::vector<std::string> only;
-    std::uint64_t seed = 1;
-    int limit = 0;
-    int jobs = 2;
+    int timeout = 0;
     bool list = false;
     bool json = false;
+    bool here = false;
+
+    const CheckBook& Book() const { return *run.job.book; }
 };
 
-CheckRunOptions optionsFor(const Wishes& wishes)
-{
-    CheckRunOptions options;
-    options.job = {OwnProgram(), wishes.file, wishes.book, wishes.seed};
-    options.atATime = wishes.jobs;
-    if (wishes.limit > 0)
-        options.limit = std::chrono::seconds(wishes.limit);
-    return options;
-}
-
 /// The checks that are wanted, in the order of the table. False, with a line for the user, for an unknown id.
-bool choose(const Wishes& wishes, std::vector<Check>& chosen)
+bool choose(const Options& options, std::vector<Check>& chosen)
 {
-    for (const std::string& id : wishes.only)
-        if (wishes.book->Find(id) == nullptr)
+    for (const std::string& id : options.only)
+        if (options.Book().Find(id) == nullptr)
         {
             std::cerr << id << ": there is no such check; --list names them all\n";
             return false;
         }
-    for (const Check& check : *wishes.book->checks)
-        if (wishes.only.empty() ||
-            std::find(wishes.only.begin(), wishes.only.end(), check.id) != wishes.only.end())
+    for (const Check& check : options.Book().checks)
+        if (options.only.empty() ||
+            std::find(options.only.begin(), options.only.end(), check.id) != options.only.end())
             chosen.push_back(check);
     return true;
 }
 
-/// What is wrong with the file, as an exit code; `found` says it in words.
-int codeOf(const CheckOutcome& outcome)
-{
-    switch (outcome.ending)
-    {
-    case Ending::crashed:
-    case Ending::early:
-        return exit_code::crashed;
-    case Ending::tooLate:
-        return exit_code::timeOut;
-    case Ending::well:
-        break;
-    }
-    return outcome.IsPassed() ? exit_code::well : exit_code::noBundle;
-}
-
 /// Whether there is anything to judge. What is not is said on standard error.
-int tryFile(const Wishes& wishes)
+int tryFile(const Options& options)
 {
-    if (!std::filesystem::is_regular_file(wishes.file))
+    const std::string& file = options.run.job.file;
+    if (!std::filesystem::is_regular_file(file))
     {
-        std::cerr << wishes.file << ": there is no such file\n";
+        std::cerr << file << ": there is no such file\n";
         return exit_code::noFile;
     }
-    const CheckOutcome outcome = TryToLoad(optionsFor(wishes));
-    const int code = codeOf(outcome);
-    if (code == exit_code::noBundle)
+    const CheckOutcome outcome = TryToLoad(options.run);
+    if (outcome.code == exit_code::noBundle)
         std::cerr << outcome.found << "\n";
-    else if (code != exit_code::well)
-        std::cerr << wishes.file << " cannot be loaded: " << outcome.found << "\n";
-    return code;
+    else if (!outcome.IsPassed())
+        std::cerr << file << " cannot be loaded: " << outcome.found << "\n";
+    return outcome.code;
 }
 
 /// The run's own exit code: the first failure decides.
-int judge(const std::vector<Check>& chosen, const Wishes& wishes, CheckPrinter& printer)
+int judge(const std::vector<Check>& chosen, const Options& options, CheckPrinter& printer)
 {
     CheckSummary summary{chosen.size(), 0, 0};
     int code = exit_code::well;
-    const std::size_t told = RunChecks(chosen, optionsFor(wishes),
-                                       [&](const Check& check, const CheckOutcome& outcome)
-                                       {
-                                           printer.Tell(check, outcome);
-                                           ++summary.run;
-                                           summary.failed += outcome.IsPassed() ? 0 : 1;
-                                           if (code != exit_code::well || outcome.IsPassed())
-                                               return;
-                                           code = outcome.report.word == Word::noDisplay
-                                                      ? exit_code::noDisplay
-                                                      : exit_code::failed;
-                                       });
+    const std::size_t told =
+        RunChecks(chosen, options.run,
+                  [&](const Check& check, const CheckOutcome& outcome)
+                  {
+                      printer.Tell(check, outcome);
+                      ++summary.run;
+                      summary.failed += outcome.IsPassed() ? 0 : 1;
+                      if (code != exit_code::well || outcome.IsPassed())
+                          return;
+                      code = outcome.code == exit_code::noDisplay ? exit_code::noDisplay : exit_code::failed;
+                  });
     printer.End(summary);
     if (told == chosen.size() && summary.run == chosen.size())
         return code;
@@ -112,82 +85,82 @@ int judge(const std::vector<Check>& chosen, const Wishes& wishes, CheckPrinter& 
     return exit_code::failed;
 }
 
-int check(const Wishes& wishes)
+int check(const Options& options)
 {
-    if (wishes.list)
+    const CheckJob& job = options.run.job;
+    if (options.list)
     {
-        std::cout << (wishes.json ? CheckListAsJson(*wishes.book) : CheckList(*wishes.book));
+        std::cout << (options.json ? CheckListAsJson(*job.book) : CheckList(*job.book));
         return exit_code::well;
     }
     std::vector<Check> chosen;
-    if (wishes.file.empty() || !choose(wishes, chosen))
+    if (job.file.empty() || !choose(options, chosen))
     {
-        if (wishes.file.empty())
-            std::cerr << "name the " << wishes.book->kind << " that is to be judged\n";
+        if (job.file.empty())
+            std::cerr << "name the " << job.book->kind << " that is to be judged\n";
         return exit_code::usage;
     }
-    if (const int code = tryFile(wishes); code != exit_code::well)
+    if (options.here && chosen.size() != 1)
+    {
+        std::cerr << "--here runs one check; name it with --only\n";
+        return exit_code::usage;
+    }
+    if (options.here) // What the bundle prints is taken from standard output, the report is not.
+        RunCheckAlone(job, chosen.front().id, dup(STDOUT_FILENO));
+    if (const int code = tryFile(options); code != exit_code::well)
         return code;
-    const CheckJob job = optionsFor(wishes).job;
-    const auto printer = wishes.json ? MakeJsonPrinter(job) : MakeLinePrinter(job);
-    return judge(chosen, wishes, *printer);
+    const auto printer = options.json ? MakeJsonPrinter(job) : MakeLinePrinter(job);
+    return judge(chosen, options, *printer);
 }
-CLI::App& addCommand(CLI::App& app, int& exitCode, const CheckBook& book, const std::string& file,
-                     const std::string& help, const std::shared_ptr<Wishes>& wishes)
+
+CLI::App& addCommand(CLI::App& app, int& exitCode, const std::string& file, const std::string& help,
+                     const std::shared_ptr<Options>& options)
 {
-    wishes->book = &book;
-    CLI::App* command = app.add_subcommand(book.command, help);
-    command->add_option(file, wishes->file, std::string("The ") + book.kind + " that is judged");
-    command->add_flag("--list", wishes->list, "Print the checks' ids and sentences, and judge nothing");
-    command->add_option("--only", wishes->only, "Run these checks alone");
+    CheckRunOptions& run = options->run;
+    CLI::App* command = app.add_subcommand(options->Book().command, help);
+    command->add_option(file, run.job.file, std::string("The ") + options->Book().kind + " that is judged");
+    command->add_flag("--list", options->list, "Print the checks' ids and sentences, and judge nothing");
+    command->add_option("--only", options->only, "Run these checks alone");
     command
-        ->add_option("--limit", wishes->limit, "Seconds that each check may take, in place of its own limit")
+        ->add_option("--limit", options->timeout,
+                     "Seconds that each check may take, in place of its own limit")
         ->check(CLI::PositiveNumber);
-    command->add_option("--jobs", wishes->jobs, "Checks that run at a time")
+    command->add_option("--jobs", run.atATime, "Checks that run at a time")
         ->check(CLI::PositiveNumber)
         ->capture_default_str();
-    command->add_flag("--json", wishes->json, "Print one JSON document in place of lines");
-    command->callback([wishes, &exitCode] { exitCode = check(*wishes); });
+    command->add_flag("--json", options->json, "Print one JSON document in place of lines");
+    command->add_flag("--here", options->here, "Run the one check in this process, for a debugger");
+    command->callback(
+        [options, &exitCode]
+        {
+            if (options->timeout > 0)
+                options->run.timeout = std::chrono::seconds(options->timeout);
+            exitCode = check(*options);
+        });
     return *command;
 }
 
-/// No user sees it.
-void addAloneCommand(CLI::App& app, const CheckBook& book)
+std::shared_ptr<Options> optionsFor(const CheckBook& book)
 {
-    struct Wish
-    {
-        std::string file;
-        std::string id;
-        std::uint64_t seed = 1;
-    };
-    auto wish = std::make_shared<Wish>();
-    CLI::App* command = app.add_subcommand(book.aloneCommand, "")->group("");
-    command->add_option("FILE", wish->file)->required();
-    command->add_option("ID", wish->id)->required();
-    command->add_option("SEED", wish->seed)->required();
-    command->callback([wish, &book] { RunCheckAlone(book, wish->file, wish->id, wish->seed); });
+    auto options = std::make_shared<Options>();
+    options->run.job.book = &book;
+    return options;
 }
 } // namespace
 
 void AddCheckCommand(CLI::App& app, int& exitCode)
 {
-    auto wishes = std::make_shared<Wishes>();
-    addCommand(app, exitCode, BundleChecks(), "BUNDLE",
-               "Judge a build of the bundle, each check in a process of its own", wishes)
-        .add_option("--seed", wishes->seed, "The seed of the random walks")
+    const auto options = optionsFor(BundleChecks());
+    addCommand(app, exitCode, "BUNDLE", "Judge a build of the bundle, each check in a process of its own",
+               options)
+        .add_option("--seed", options->run.job.seed, "The seed of the random walks")
         ->capture_default_str();
 }
 
 void AddCheckEffectCommand(CLI::App& app, int& exitCode)
 {
-    (void)addCommand(app, exitCode, EffectChecks(), "MODULE",
+    (void)addCommand(app, exitCode, "MODULE",
                      "Judge an effect of the family, each check in a process of its own",
-                     std::make_shared<Wishes>());
-}
-
-void AddCheckAloneCommands(CLI::App& app)
-{
-    addAloneCommand(app, BundleChecks());
-    addAloneCommand(app, EffectChecks());
+                     optionsFor(EffectChecks()));
 }
 } // namespace standin

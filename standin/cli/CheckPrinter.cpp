@@ -25,14 +25,14 @@ std::string indented(const std::string& text)
 
 std::string againText(const CheckJob& job, const Check& check, const CheckOutcome& outcome)
 {
-    const std::string seedText = outcome.report.isSeedUsed ? " --seed " + std::to_string(job.seed) : "";
+    const std::string seedText = outcome.isSeedUsed ? " --seed " + std::to_string(job.seed) : "";
     return std::string("standin ") + job.book->command + " " + job.file + " --only " + check.id + seedText;
 }
 
 std::string padded(const std::string& id, const CheckBook& book)
 {
     std::size_t longest = id.size();
-    for (const Check& check : *book.checks)
+    for (const Check& check : book.checks)
         longest = std::max(longest, std::strlen(check.id));
     return id + std::string(longest - id.size() + 2, ' ');
 }
@@ -61,22 +61,6 @@ private:
     CheckJob job;
 };
 
-const char* endingText(Ending ending)
-{
-    switch (ending)
-    {
-    case Ending::well:
-        return "returned";
-    case Ending::crashed:
-        return "crashed";
-    case Ending::tooLate:
-        return "too late";
-    case Ending::early:
-        return "ended early";
-    }
-    return "";
-}
-
 class JsonPrinter : public CheckPrinter
 {
 public:
@@ -84,15 +68,11 @@ public:
 
     void Tell(const Check& check, const CheckOutcome& outcome) override
     {
-        Json one{{"id", check.id},
-                 {"sentence", check.sentence},
-                 {"passed", outcome.IsPassed()},
-                 {"ending", endingText(outcome.ending)},
-                 {"looked", outcome.report.looked},
-                 {"seconds", outcome.seconds}};
+        Json one{{"id", check.id},           {"sentence", check.sentence}, {"passed", outcome.IsPassed()},
+                 {"ending", outcome.ending}, {"looked", outcome.looked},   {"seconds", outcome.seconds}};
         if (!outcome.IsPassed())
             one["found"] = outcome.found;
-        if (outcome.report.isSeedUsed)
+        if (outcome.isSeedUsed)
             one["usesSeed"] = true;
         checks.push_back(std::move(one));
     }
@@ -128,7 +108,7 @@ std::unique_ptr<CheckPrinter> MakeJsonPrinter(const CheckJob& job)
 std::string CheckList(const CheckBook& book)
 {
     std::string list;
-    for (const Check& check : *book.checks)
+    for (const Check& check : book.checks)
         list += padded(check.id, book) + check.sentence + "\n";
     return list;
 }
@@ -136,7 +116,7 @@ std::string CheckList(const CheckBook& book)
 std::string CheckListAsJson(const CheckBook& book)
 {
     Json list = Json::array();
-    for (const Check& check : *book.checks)
+    for (const Check& check : book.checks)
         list.push_back({{"id", check.id}, {"sentence", check.sentence}});
     return asText(list) + "\n";
 }

@@ -20,7 +20,7 @@ class CheckPrinter
 public:
     virtual ~CheckPrinter() = default;
     virtual void Tell(const Check& check, const CheckOutcome& outcome) = 0;
-    /// Called once, behind the last check.
+    /// Called once, after the last check.
     virtual void End(const CheckSummary& summary) = 0;
 };
 

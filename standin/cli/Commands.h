@@ -15,6 +15,4 @@ void AddWordsCommand(CLI::App& app, int& exitCode);
 #endif
 void AddCheckCommand(CLI::App& app, int& exitCode);
 void AddCheckEffectCommand(CLI::App& app, int& exitCode);
-/// What the program calls itself with; no user sees them.
-void AddCheckAloneCommands(CLI::App& app);
 } // namespace standin

@@ -8,7 +8,10 @@
 
 namespace standin
 {
-std::string OwnProgram()
+namespace
+{
+/// The file of this program.
+std::string ownProgram()
 {
 #ifdef __APPLE__
     char name[4096];
@@ -19,10 +22,11 @@ std::string OwnProgram()
     return std::filesystem::read_symlink("/proc/self/exe", error).string();
 #endif
 }
+} // namespace
 
 std::string BuiltBundle()
 {
-    const auto build = std::filesystem::path(OwnProgram()).parent_path().parent_path();
+    const auto build = std::filesystem::path(ownProgram()).parent_path().parent_path();
 #ifdef __APPLE__
     return (build / "VortanObjectPanel.plugin/Contents/MacOS/VortanObjectPanel").string();
 #else

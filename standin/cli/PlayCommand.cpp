@@ -1,9 +1,9 @@
 // standin play FILE...: plays scenarios.
 
 #include "standin/cli/Commands.h"
-#include "standin/cli/ExitCodes.h"
 #include "standin/cli/OwnFiles.h"
 #include "standin/cli/SeparatePlay.h"
+#include "standin/process/ExitCodes.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,20 +16,20 @@ namespace standin
 {
 namespace
 {
-struct Wishes
+struct Options
 {
     std::vector<std::string> files;
-    PlayOptions options;
-    int limit = 120;
+    PlayOptions play;
+    int timeout = 120;
     bool ownDisplay = false;
     bool verbose = false;
     bool checkOnly = false;
 };
 
 /// A file that is not there is another matter than one that says nonsense.
-int readAll(const Wishes& wishes, std::vector<std::vector<Step>>& scenarios)
+int readAll(const Options& options, std::vector<std::vector<Step>>& scenarios)
 {
-    for (const std::string& file : wishes.files)
+    for (const std::string& file : options.files)
     {
         if (!std::filesystem::is_regular_file(file))
         {
@@ -43,16 +43,16 @@ int readAll(const Wishes& wishes, std::vector<std::vector<Step>>& scenarios)
         catch (const ScenarioError& error)
         {
             std::cerr << error.what() << "\n";
-            return exit_code::badScenario;
+            return exit_code::badInput;
         }
     }
     return exit_code::well;
 }
 
-int playOne(const std::string& file, const std::vector<Step>& steps, const Wishes& wishes)
+int playOne(const std::string& file, const std::vector<Step>& steps, const Options& options)
 {
-    const SeparateOutcome outcome = PlaySeparately(steps, wishes.options, std::chrono::seconds(wishes.limit),
-                                                   wishes.verbose ? StepsShown::yes : StepsShown::no);
+    const SeparateOutcome outcome = PlaySeparately(steps, options.play, std::chrono::seconds(options.timeout),
+                                                   options.verbose ? StepsShown::yes : StepsShown::no);
     if (outcome.exitCode == exit_code::well)
         std::cout << "passed  " << file << " (" << outcome.steps << " lines)" << std::endl;
     else
@@ -63,20 +63,20 @@ int playOne(const std::string& file, const std::vector<Step>& steps, const Wishe
     return outcome.exitCode;
 }
 
-int playAll(const Wishes& wishes)
+int playAll(const Options& options)
 {
     std::vector<std::vector<Step>> scenarios;
-    if (const int code = readAll(wishes, scenarios); code != exit_code::well)
+    if (const int code = readAll(options, scenarios); code != exit_code::well)
         return code;
-    if (wishes.checkOnly)
+    if (options.checkOnly)
         return exit_code::well;
-    if (!std::filesystem::is_regular_file(wishes.options.bundleFile))
+    if (!std::filesystem::is_regular_file(options.play.bundleFile))
     {
-        std::cerr << wishes.options.bundleFile << ": there is no such file; name the bundle with --bundle\n";
+        std::cerr << options.play.bundleFile << ": there is no such file; name the bundle with --bundle\n";
         return exit_code::noFile;
     }
-    // The scenarios' processes write behind each other.
-    if (const std::string& trace = wishes.options.traceFile; !trace.empty() && !std::ofstream(trace))
+    // The scenarios' processes write one after the other.
+    if (const std::string& trace = options.play.traceFile; !trace.empty() && !std::ofstream(trace))
     {
         std::cerr << trace << ": the trace cannot be written\n";
         return exit_code::noFile;
@@ -85,7 +85,7 @@ int playAll(const Wishes& wishes)
     int failed = 0;
     for (std::size_t i = 0; i < scenarios.size(); ++i)
     {
-        const int code = playOne(wishes.files[i], scenarios[i], wishes);
+        const int code = playOne(options.files[i], scenarios[i], options);
         first = first == exit_code::well ? code : first;
         failed += code == exit_code::well ? 0 : 1;
     }
@@ -97,31 +97,31 @@ int playAll(const Wishes& wishes)
 
 void AddPlayCommand(CLI::App& app, int& exitCode)
 {
-    auto wishes = std::make_shared<Wishes>();
-    wishes->options.bundleFile = BuiltBundle();
+    auto options = std::make_shared<Options>();
+    options->play.bundleFile = BuiltBundle();
     CLI::App* play =
         app.add_subcommand("play", "Play scenarios: plain text, one action or expectation a line");
-    play->add_option("FILE", wishes->files, "Scenarios, played one after the other")->required();
-    play->add_option("--bundle", wishes->options.bundleFile, "The bundle that is played with")
+    play->add_option("FILE", options->files, "Scenarios, played one after the other")->required();
+    play->add_option("--bundle", options->play.bundleFile, "The bundle that is played with")
         ->capture_default_str();
-    play->add_option("--pictures", wishes->options.pictures,
+    play->add_option("--pictures", options->play.pictures,
                      "The folder for pictures, and for the screen at a failure")
         ->capture_default_str();
-    play->add_option("--trace", wishes->options.traceFile,
+    play->add_option("--trace", options->play.traceFile,
                      "A file for all host calls, below the lines that began them");
-    play->add_option("--limit", wishes->limit, "Seconds that a scenario may take")
+    play->add_option("--limit", options->timeout, "Seconds that a scenario may take")
         ->check(CLI::PositiveNumber)
         ->capture_default_str();
-    play->add_flag("--own-display", wishes->ownDisplay,
+    play->add_flag("--own-display", options->ownDisplay,
                    "Start an X server without a screen even if DISPLAY names one");
-    play->add_flag("--verbose", wishes->verbose, "Print each line as it is carried out");
-    play->add_flag("--check", wishes->checkOnly, "Only read the scenarios");
+    play->add_flag("--verbose", options->verbose, "Print each line as it is carried out");
+    play->add_flag("--check", options->checkOnly, "Only read the scenarios");
     play->callback(
-        [wishes, &exitCode]
+        [options, &exitCode]
         {
-            if (wishes->ownDisplay)
-                wishes->options.display = DisplayChoice::own;
-            exitCode = playAll(*wishes);
+            if (options->ownDisplay)
+                options->play.display = DisplayChoice::own;
+            exitCode = playAll(*options);
         });
 }
 

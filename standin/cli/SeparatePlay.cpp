@@ -1,121 +1,62 @@
 #include "standin/cli/SeparatePlay.h"
 
-#include "standin/cli/ExitCodes.h"
+#include "standin/process/Child.h"
+#include "standin/process/ExitCodes.h"
 
-#include <algorithm>
-#include <csignal>
 #include <cstdio>
-#include <cstring>
-#include <sys/mman.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 namespace standin
 {
 namespace
 {
-/// What both processes see, so that the word of the one outlives its end.
-struct Board
+/// Gives the verdict, and what it is said with.
+std::pair<int, std::string> play(const std::vector<Step>& steps, const PlayOptions& options)
 {
-    int steps;
-    char place[512];    ///< The line that is being carried out.
-    char message[8192]; ///< Written last.
-};
-
-void put(char* target, std::size_t size, const std::string& text)
-{
-    (void)std::snprintf(target, size, "%s", text.c_str());
-}
-
-Board* makeBoard()
-{
-    void* memory = mmap(nullptr, sizeof(Board), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    if (memory == MAP_FAILED)
-        throw std::runtime_error("no memory to share with the player");
-    return static_cast<Board*>(memory);
-}
-
-int play(const std::vector<Step>& steps, PlayOptions options, Board& board, StepsShown shown, int terminal)
-{
-    options.onStep = [&](const Statement& statement)
-    {
-        put(board.place, sizeof board.place, statement.Place() + statement.text);
-        if (shown == StepsShown::yes)
-            (void)dprintf(terminal, "  %4d  %s\n", statement.line, statement.text.c_str());
-    };
     try
     {
         const Outcome outcome = PlayScenario(steps, options);
-        board.steps = outcome.steps;
-        put(board.message, sizeof board.message, outcome.failure);
-        return outcome.IsWell() ? exit_code::well : exit_code::failed;
+        process::Tell("steps", std::to_string(outcome.steps));
+        return {outcome.IsWell() ? exit_code::well : exit_code::failed, outcome.failure};
     }
     catch (const DisplayMissing& error)
     {
-        put(board.message, sizeof board.message, error.what());
-        return exit_code::noDisplay;
+        return {exit_code::noDisplay, error.what()};
     }
     catch (const std::exception& error)
     {
-        put(board.message, sizeof board.message, error.what());
-        return exit_code::noBundle;
+        return {exit_code::noBundle, error.what()};
     }
 }
 
-[[noreturn]] void runChild(const std::vector<Step>& steps, const PlayOptions& options, Board& board,
-                           StepsShown shown)
+int playInside(const std::vector<Step>& steps, PlayOptions options, StepsShown shown)
 {
-    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
     const int terminal = dup(STDOUT_FILENO);
-    const int code = play(steps, options, board, shown, terminal);
-    // What the bundle registered to run at the end of the process is no part of the play.
-    _exit(code);
-}
-
-/// The status of the child, or nothing when the time is over; it is ended then.
-bool waitFor(pid_t child, std::chrono::seconds limit, int& status)
-{
-    const auto end = std::chrono::steady_clock::now() + limit;
-    while (waitpid(child, &status, WNOHANG) == 0)
+    options.onStep = [&](const Statement& statement)
     {
-        if (std::chrono::steady_clock::now() > end)
-        {
-            (void)kill(child, SIGKILL);
-            (void)waitpid(child, &status, 0);
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    return true;
-}
-
-SeparateOutcome outcomeOf(const Board& board, bool inTime, int status, std::chrono::seconds limit)
-{
-    const std::string place = board.place[0] == '\0' ? "before the first line" : board.place;
-    if (!inTime)
-        return {exit_code::timeOut, board.steps,
-                place + "\n  the scenario took longer than " + std::to_string(limit.count()) + " seconds"};
-    if (WIFSIGNALED(status))
-        return {exit_code::crashed, board.steps,
-                place + "\n  the process has crashed: " + strsignal(WTERMSIG(status))};
-    return {WEXITSTATUS(status), board.steps, board.message};
+        process::Tell("place", statement.Place() + statement.text);
+        if (shown == StepsShown::yes)
+            (void)dprintf(terminal, "  %4d  %s\n", statement.line, statement.text.c_str());
+    };
+    const auto [verdict, message] = play(steps, options);
+    process::Tell("message", message);
+    process::Tell("verdict", std::to_string(verdict));
+    return 0;
 }
 } // namespace
 
 SeparateOutcome PlaySeparately(const std::vector<Step>& steps, const PlayOptions& options,
-                               std::chrono::seconds limit, StepsShown shown)
+                               std::chrono::seconds timeout, StepsShown shown)
 {
-    Board* const board = makeBoard();
-    (void)std::fflush(nullptr);
-    const pid_t child = fork();
-    if (child == 0)
-        runChild(steps, options, *board, shown);
-    int status = 0;
-    const bool inTime = child > 0 && waitFor(child, limit, status);
-    const SeparateOutcome outcome = outcomeOf(*board, inTime, status, limit);
-    (void)munmap(board, sizeof(Board));
-    return outcome;
+    process::Child child([&] { return playInside(steps, options, shown); }, process::Streams::inherited,
+                         timeout);
+    child.Wait();
+    const process::Report report(child.Told());
+    const int played = report.Number("steps");
+    if (child.ExitCode() == 0 && report.Has("verdict"))
+        return {report.Number("verdict"), played, report.Text("message")};
+    const std::string place = report.Has("place") ? report.Text("place") : "before the first line";
+    const bool isLate = child.HowEnded() == process::Ending::timedOut;
+    return {isLate ? exit_code::timeOut : exit_code::crashed, played, place + "\n  " + child.EndText()};
 }
 } // namespace standin

@@ -19,7 +19,7 @@ enum class StepsShown
     yes ///< Each line is printed before it is carried out.
 };
 
-/// The limit runs from the start of the process.
+/// The timeout runs from the start of the process.
 SeparateOutcome PlaySeparately(const std::vector<Step>& steps, const PlayOptions& options,
-                               std::chrono::seconds limit, StepsShown shown);
+                               std::chrono::seconds timeout, StepsShown shown);
 } // namespace standin

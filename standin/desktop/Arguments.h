@@ -2,9 +2,13 @@
 // What the program was called with.
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
+
+namespace CLI
+{
+class App;
+}
 
 namespace standin
 {
@@ -17,18 +21,8 @@ struct DesktopArguments
     std::string pictures = ".";        ///< The folder for its pictures and the bundle's calls.
     std::optional<std::string> record; ///< The scenario that is written.
     double scale = 1;                  ///< How much larger than usual everything is drawn.
-    bool isForHelp = false;
 };
 
-class ArgumentError : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
-
-/// Without the program's own name. Throws ArgumentError, in words for a user.
-DesktopArguments ReadArguments(const std::vector<std::string>& arguments);
-
-/// What --help prints.
-extern const char* const desktopHelp;
+/// Puts the program's options on its command line. `arguments` gets what the user gives.
+void AddArguments(CLI::App& app, DesktopArguments& arguments);
 } // namespace standin

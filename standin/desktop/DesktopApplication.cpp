@@ -1,6 +1,7 @@
 #include "standin/desktop/DesktopApplication.h"
 
 #include "standin/desktop/DesktopSession.h"
+#include "standin/process/ExitCodes.h"
 #include "standin/project/ProjectFile.h"
 #include "standin/scenario/Player.h"
 #include "standin/scenario/Stage.h"
@@ -15,12 +16,6 @@ namespace standin
 namespace
 {
 DesktopArguments nextArguments;
-constexpr int foundSomething = 1;
-constexpr int noFile = 3;
-constexpr int badProject = 4;
-constexpr int badBundle = 5;
-constexpr int noDisplay = 8;
-constexpr int noRecording = 9;
 const juce::Rectangle<int> usualBounds{60, 40, 1320, 820};
 
 class RecordingError : public std::runtime_error
@@ -64,7 +59,7 @@ void DesktopApplication::initialise(const juce::String&)
     }
     catch (const std::runtime_error&)
     {
-        return fail(noDisplay, "there is no display; --play has a screen of its own");
+        return fail(exit_code::noDisplay, "there is no display; --play has a screen of its own");
     }
     try
     {
@@ -72,21 +67,21 @@ void DesktopApplication::initialise(const juce::String&)
     }
     catch (const RecordingError& error)
     {
-        fail(noRecording, error.what());
+        fail(exit_code::noRecording, error.what());
     }
     catch (const ScenarioError& error)
     {
-        fail(isThere(arguments.scenario) ? badProject : noFile, error.what());
+        fail(isThere(arguments.scenario) ? exit_code::badInput : exit_code::noFile, error.what());
     }
     catch (const ProjectFileError& error)
     {
-        fail(isThere(arguments.project) ? badProject : noFile, error.what());
+        fail(isThere(arguments.project) ? exit_code::badInput : exit_code::noFile, error.what());
     }
     catch (const std::runtime_error& error)
     {
         const auto& effects = arguments.effects;
         const bool areThere = isThere(bundleFile()) && std::all_of(effects.begin(), effects.end(), &isThere);
-        fail(areThere ? badBundle : noFile, error.what());
+        fail(areThere ? exit_code::noBundle : exit_code::noFile, error.what());
     }
 }
 
@@ -143,7 +138,7 @@ void DesktopApplication::play(const std::vector<Step>& scenario)
     const Outcome outcome = PlayOn(stage, scenario, options);
     std::ofstream(options.pictures + "/calls.txt") << bench->Calls().Text();
     if (!outcome.IsWell())
-        return fail(foundSomething, outcome.failure);
+        return fail(exit_code::failed, outcome.failure);
     bench->Printed().PrintBehind("\nThat was all. The pictures and the calls of the bundle are in " +
                                  arguments.pictures + "\n");
     quit();
@@ -201,11 +196,11 @@ void DesktopApplication::shutdown()
     if (report.empty())
         return;
     std::fprintf(stderr, "%s", report.c_str());
-    setApplicationReturnValue(foundSomething);
+    setApplicationReturnValue(exit_code::failed);
 }
 
 void DesktopApplication::unhandledException(const std::exception* exception, const juce::String&, int)
 {
-    fail(foundSomething, exception != nullptr ? exception->what() : "an unknown exception");
+    fail(exit_code::failed, exception != nullptr ? exception->what() : "an unknown exception");
 }
 } // namespace standin

@@ -1,7 +1,10 @@
 // The program standin-desktop.
 
 #include "standin/desktop/DesktopApplication.h"
+#include "standin/process/ExitCodes.h"
 #include "standin/x11/Xvfb.h"
+
+#include <CLI/CLI.hpp>
 
 #include <cstdio>
 #include <cstdlib>
@@ -10,9 +13,6 @@
 
 namespace
 {
-constexpr int wrongUsage = 2;
-constexpr int noDisplay = 8;
-
 juce::JUCEApplicationBase* makeApplication() { return new standin::DesktopApplication(); }
 
 int run(const standin::DesktopArguments& arguments)
@@ -32,22 +32,21 @@ int run(const standin::DesktopArguments& arguments)
 
 int main(int argc, char* argv[])
 {
+    CLI::App app("Opens a window of the stand-in host with the panel docked in it.", "standin-desktop");
+    standin::DesktopArguments arguments;
+    standin::AddArguments(app, arguments);
     try
     {
-        const standin::DesktopArguments arguments = standin::ReadArguments({argv + 1, argv + argc});
-        if (!arguments.isForHelp)
-            return run(arguments);
-        std::printf("%s", standin::desktopHelp);
-        return 0;
+        app.parse(argc, argv);
+        return run(arguments);
     }
-    catch (const standin::ArgumentError& error)
+    catch (const CLI::ParseError& error)
     {
-        std::fprintf(stderr, "standin-desktop: %s\n", error.what());
-        return wrongUsage;
+        return app.exit(error) == 0 ? standin::exit_code::well : standin::exit_code::usage;
     }
     catch (const std::runtime_error& error)
     {
         std::fprintf(stderr, "standin-desktop: %s\n", error.what());
-        return noDisplay;
+        return standin::exit_code::noDisplay;
     }
 }

@@ -1,6 +1,5 @@
 // What an effect makes of the groups that it is told.
 
-#include "standin/effect_checks/EffectChecks.h"
 #include "standin/effect_checks/EffectScene.h"
 
 namespace standin::effect_checks

@@ -1,6 +1,5 @@
 // The identity of an effect over everything that a host does to it.
 
-#include "standin/effect_checks/EffectChecks.h"
 #include "standin/effect_checks/EffectScene.h"
 #include "standin/effect_checks/OtherRun.h"
 

@@ -1,6 +1,5 @@
 // What an effect is called, and how it deals with records.
 
-#include "standin/effect_checks/EffectChecks.h"
 #include "standin/effect_checks/EffectScene.h"
 #include "standin/family/Family.h"
 

@@ -1,6 +1,5 @@
 // How an effect uses the two suites of the panel's plug-in.
 
-#include "standin/effect_checks/EffectChecks.h"
 #include "standin/effect_checks/EffectScene.h"
 #include "standin/sensors/FindingIds.h"
 

@@ -44,6 +44,18 @@ void addNamed(Stage& stage, const std::string& kind, const std::string& name)
     stage.host().Effect(addEffect(stage, kind)).customName = name;
 }
 
+void addLayerWithThreeObjects(Stage& stage, const std::string& name)
+{
+    if (stage.composition == 0)
+        stage.composition = stage.host().AddComposition("Comp 1");
+    addLayer(stage, name);
+    addNamed(stage, "Vortan Sheets Object", "lamp");
+    addNamed(stage, "Vortan Route Object", "route");
+    addNamed(stage, "Vortan Dots Renderer", "dots");
+    for (const char* const text : {"lamp", "route", "dots"})
+        stage.AddCandidate(text);
+}
+
 EffectInstance& effect(Stage& stage, const std::string& name)
 {
     return stage.host().Effect(stage.EffectLabel(name));
@@ -128,6 +140,21 @@ PhraseBook ProjectPhrases()
                  [](Stage& s, const Arguments& a) { s.composition = s.host().AddComposition(a.texts[0]); }),
          Setting("layer TEXT", "The composition has this layer. It is selected, and effects go onto it.",
                  [](Stage& s, const Arguments& a) { addLayer(s, a.texts[0]); }),
+         Setting("layer TEXT with three objects",
+                 "The same, with \"lamp\" and \"route\", which are geometry, and below them \"dots\", a "
+                 "renderer, "
+                 "in \"Comp 1\" if "
+                 "there is no composition.",
+                 [](Stage& s, const Arguments& a) { addLayerWithThreeObjects(s, a.texts[0]); }),
+         {Phrase::Kind::action,
+          "open the panel on three objects",
+          "The layer \"Solid 1\" with these, and the panel in front.",
+          [](Stage& s, const Arguments&)
+          {
+              addLayerWithThreeObjects(s, "Solid 1");
+              (void)s.host().SetPanelState(Session::panelName, PanelState::frontmost);
+          },
+          {}},
          Setting("footage TEXT", "The project has a footage item.",
                  [](Stage& s, const Arguments& a) { (void)s.host().AddFootage(a.texts[0]); }),
          Setting("effect TEXT",

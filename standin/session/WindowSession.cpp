@@ -51,7 +51,7 @@ void WindowSession::End()
 
 void WindowSession::collect()
 {
-    append(heard.printed, output.Take());
+    append(heard.printed, output.TakeLines());
     append(heard.calls, host.CallTexts());
     host.ClearTrace();
     append(heard.keys, window.TakeKeys());

@@ -2,7 +2,7 @@
 // The bundle in a plain host: the stand-in with the family installed, and a bare X window for the panel. One
 // session lives at a time, and a process has one bundle.
 
-#include "standin/session/PrintedLines.h"
+#include "standin/process/CapturedOutput.h"
 #include "standin/session/Session.h"
 #include "standin/user/HostWindow.h"
 
@@ -37,7 +37,7 @@ private:
     HostWindow window;
     Host ownHost;
     Bundle bundle;
-    PrintedLines output;
+    process::CapturedOutput output;
     bool ended = false;
 };
 } // namespace standin

@@ -2,9 +2,10 @@
 // An X server of a test's own, without a screen. It takes a free display number by itself, so that any
 // number of tests can run at a time.
 
+#include "standin/process/Child.h"
+
 #include <stdexcept>
 #include <string>
-#include <sys/types.h>
 
 namespace standin
 {
@@ -31,7 +32,7 @@ public:
     const std::string& displayName() const { return display; }
 
 private:
-    pid_t process = -1;
+    process::Child server;
     std::string display;
 };
 } // namespace standin

@@ -4,7 +4,6 @@
 #include "effects/LayerItems.h"
 #include "standin/faults/Sweep.h"
 #include "tests/panel/PanelTest.h"
-#include "tests/support/OutputCapture.h"
 
 #include <algorithm>
 #include <memory>
@@ -115,9 +114,8 @@ void expectRecovery(Scenario& scenario)
 /// Without a record of its own, since the sweep counts the calls of the trace.
 void runPass(Scenario& scenario)
 {
-    OutputCapture::Start();
+    const process::CapturedOutput printed;
     scenario.result = scenario.host.RunIdle();
-    (void)OutputCapture::Stop();
 }
 
 bool lacksASuiteToDisposeWith(Scenario& scenario)

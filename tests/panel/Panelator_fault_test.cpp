@@ -3,7 +3,6 @@
 #include "standin/core/HostParts.h"
 #include "standin/faults/Sweep.h"
 #include "tests/panel/PanelTest.h"
-#include "tests/support/OutputCapture.h"
 
 #include <memory>
 
@@ -67,11 +66,10 @@ TEST(PanelatorWithoutCommand, SaysSoAtOnce)
     on.host.Expect(finding::unknownCommand, "AEGP_InsertMenuCommand", "goes on with the command 0");
     on.host.Faults().FailFunction("AEGP_GetUniqueCommand");
     std::string flushed;
-    OutputCapture::Start();
-    TreeLog().sink = [&](const std::string&) { flushed = OutputCapture::Flushed(); };
+    const process::CapturedOutput printed;
+    TreeLog().sink = [&](const std::string&) { flushed = printed.FlushedText(); };
     const LoadedPlugin loaded = on.host.Load(&PanelEntryPointFunc);
     TreeLog() = {};
-    (void)OutputCapture::Stop();
     EXPECT_EQ(flushed, "Command Not Found\n") << "seen by the user interface's start already";
     auto* plugin = static_cast<Panelator*>(loaded.globalRefcon);
     on.host.RunInHook(

@@ -2,7 +2,6 @@
 
 #include "standin/family/Sibling.h"
 #include "tests/panel/PanelTest.h"
-#include "tests/support/OutputCapture.h"
 
 #include <utility>
 
@@ -140,12 +139,11 @@ TEST_F(PanelatorTest, TheCommandsLineIsFlushedBeforeTheToggle)
 {
     std::string flushed;
     A_Boolean handled = 0;
-    OutputCapture::Start();
-    TreeLog().sink = [&](const std::string&) { flushed = OutputCapture::Flushed(); };
+    const process::CapturedOutput printed;
+    TreeLog().sink = [&](const std::string&) { flushed = printed.FlushedText(); };
     host.RunInHook(
         [&] { return Panelator::S_CommandHook(bench.plugin, nullptr, 1001, AEGP_HP_BeforeAE, 0, &handled); });
     TreeLog().sink = nullptr;
-    (void)OutputCapture::Stop();
     bench.Settle();
     EXPECT_EQ(flushed, "Make Panel Visible\n");
 }

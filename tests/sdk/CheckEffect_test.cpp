@@ -1,7 +1,7 @@
 // The program `standin check-effect` as authors meet it. What each check finds is tested with the bad
 // effects.
 
-#include "standin/cli/ExitCodes.h"
+#include "standin/process/ExitCodes.h"
 #include "tests/standin_programs/ProgramRun.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 // Scenarios with an effect that comes in a module.
 
-#include "standin/cli/ExitCodes.h"
+#include "standin/process/ExitCodes.h"
 #include "tests/standin_programs/ProgramRun.h"
 #include "tests/standin_programs_desktop/Scratch.h"
 

@@ -1,6 +1,6 @@
 // The program `standin check` as its users meet it: what it says, and what it tells the shell.
 
-#include "standin/cli/ExitCodes.h"
+#include "standin/process/ExitCodes.h"
 #include "tests/standin_programs/ProgramRun.h"
 
 #include <chrono>
@@ -13,7 +13,6 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::StartsWith;
 
 namespace standin
@@ -192,11 +191,18 @@ TEST(CheckCommand, HelpTellsOfEveryOptionAndOfNothingElse)
 {
     const ProgramRun run = check({"--help"});
     EXPECT_EQ(run.exitCode, exit_code::well);
-    for (const char* option : {"BUNDLE", "--list", "--only", "--seed", "--limit", "--jobs", "--json"})
+    for (const char* option :
+         {"BUNDLE", "--list", "--only", "--seed", "--limit", "--jobs", "--json", "--here"})
         EXPECT_THAT(run.output, HasSubstr(option));
-    const std::string all = RunProgram({VORTAN_STANDIN, "--help"}).output;
-    EXPECT_THAT(all, HasSubstr("check"));
-    EXPECT_THAT(all, Not(HasSubstr("check-alone")));
+    EXPECT_THAT(RunProgram({VORTAN_STANDIN, "--help"}).output, HasSubstr(exit_code::Help()));
+}
+
+TEST(CheckCommand, OneCheckRunsInTheProcessItself)
+{
+    const ProgramRun run = check({VORTAN_BUNDLE, "--only", "idle-queue-order", "--here"});
+    EXPECT_EQ(run.exitCode, exit_code::well);
+    EXPECT_EQ(process::Report(run.output).Text("verdict"), "0");
+    EXPECT_EQ(check({VORTAN_BUNDLE, "--here"}).exitCode, exit_code::usage) << "it has to be named";
 }
 } // namespace
 } // namespace standin

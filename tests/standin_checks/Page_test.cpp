@@ -1,6 +1,7 @@
 // The page on the stand-in lists the checks as the program has them.
 
 #include "standin/effect_checks/EffectChecks.h"
+#include "standin/process/ExitCodes.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -23,7 +24,7 @@ std::string tableOfChecks(const CheckBook& book)
     std::string table = std::string("| Check | What holds of ") +
                         (book.kind == std::string("effect") ? "an " : "a ") + book.kind +
                         " that passes |\n|---|---|\n";
-    for (const Check& check : *book.checks)
+    for (const Check& check : book.checks)
         table += std::string("| `") + check.id + "` | " + check.sentence + " |\n";
     return table;
 }
@@ -50,6 +51,14 @@ TEST(StandinPage, ListsEveryCheckWithItsSentence)
             writeTable(*book);
         EXPECT_THAT(page(), HasSubstr(beginningOf(*book) + tableOfChecks(*book) + end));
     }
+}
+
+TEST(StandinPage, ListsEveryExitCode)
+{
+    std::string table = "| Exit code | Meaning |\n|---|---|\n";
+    for (std::size_t code = 0; code < exit_code::Meanings().size(); ++code)
+        table += "| " + std::to_string(code) + " | " + exit_code::Meanings()[code] + " |\n";
+    EXPECT_THAT(page(), HasSubstr(table + "\n"));
 }
 } // namespace
 } // namespace standin

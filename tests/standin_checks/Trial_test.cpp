@@ -107,7 +107,7 @@ TEST_F(TrialTest, ACheckThatLooksAtNothingIsNoCheck)
 TEST(CheckTable, HoldsEachIdOnceWithOneWholeSentence)
 {
     std::set<std::string> ids;
-    for (const Check& check : AllChecks())
+    for (const Check& check : BundleChecks().checks)
     {
         EXPECT_TRUE(ids.insert(check.id).second) << check.id;
         EXPECT_THAT(check.id, MatchesRegex("[a-z]+(-[a-z]+)*"));

@@ -1,6 +1,6 @@
 // All checks of the stand-in on the bundle of this build, by the program as its users start it.
 
-#include "standin/cli/ExitCodes.h"
+#include "standin/process/ExitCodes.h"
 #include "tests/standin_programs/ProgramRun.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 // The program `standin play` as its users meet it: what it says, and what it tells the shell.
 
-#include "standin/cli/ExitCodes.h"
+#include "standin/process/ExitCodes.h"
 #include "tests/standin_programs/ProgramRun.h"
 #include "tests/support/Sanitized.h"
 
@@ -110,7 +110,7 @@ TEST_F(PlayCommand, ALineThatNobodyUnderstandsStopsItBeforeAnythingIsPlayed)
 {
     const std::string bad = write("bad.scenario", "composition \"Comp 1\"\nclik row \"lamp\"\n");
     const ProgramRun run = play({"--own-display", write("good.scenario", goodScenario), bad});
-    EXPECT_EQ(run.exitCode, exit_code::badScenario);
+    EXPECT_EQ(run.exitCode, exit_code::badInput);
     EXPECT_THAT(run.errors, StartsWith(bad + ":2: a scenario cannot say this"));
     EXPECT_EQ(run.output, "");
 }
@@ -166,7 +166,7 @@ TEST_F(PlayCommand, AScenarioThatTakesTooLongIsEnded)
     const ProgramRun run = play({"--own-display", "--limit", "3", slow});
     EXPECT_EQ(run.exitCode, exit_code::timeOut);
     EXPECT_THAT(run.errors, HasSubstr(slow + ":1: wait 60000 milliseconds\n"
-                                             "  the scenario took longer than 3 seconds"));
+                                             "  it took longer than 3 seconds"));
 }
 
 TEST_F(PlayCommand, AWrongCommandLineIsUsage)

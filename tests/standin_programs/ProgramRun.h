@@ -1,8 +1,7 @@
 #pragma once
 // A program run to its end, with what it wrote and how it ended.
 
-#include <string>
-#include <vector>
+#include "standin/process/Child.h"
 
 namespace standin
 {
@@ -13,7 +12,21 @@ struct ProgramRun
     std::string errors;
 };
 
+/// A debug build of JUCE greets on standard error.
+inline std::string WithoutGreeting(std::string text)
+{
+    const std::string greeting = "JUCE v7.0.5\n";
+    for (std::size_t at = text.find(greeting); at != std::string::npos; at = text.find(greeting))
+        text.erase(at, greeting.size());
+    return text;
+}
+
 /// `environment` holds "NAME=value" lines that are set for the program.
-ProgramRun RunProgram(const std::vector<std::string>& command,
-                      const std::vector<std::string>& environment = {});
+inline ProgramRun RunProgram(const std::vector<std::string>& command,
+                             const std::vector<std::string>& environment = {})
+{
+    process::Child child(process::Program(command, environment), process::Streams::kept);
+    child.Wait();
+    return {child.ExitCode(), child.Output(), WithoutGreeting(child.Errors())};
+}
 } // namespace standin

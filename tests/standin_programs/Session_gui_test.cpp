@@ -12,16 +12,6 @@ namespace standin
 {
 namespace
 {
-TEST(PrintedLines, AreTakenLineByLineAndTheRestLater)
-{
-    PrintedLines lines;
-    (void)std::printf("one\ntwo\nthr");
-    EXPECT_THAT(lines.Take(), ElementsAre("one", "two"));
-    (void)std::printf("ee\n");
-    EXPECT_THAT(lines.Take(), ElementsAre("three"));
-    EXPECT_THAT(lines.Take(), IsEmpty());
-}
-
 TEST(Typing, AModifierThatThereIsNotIsRefused)
 {
     EXPECT_EQ(ModifierKey("Control"), "Control_L");

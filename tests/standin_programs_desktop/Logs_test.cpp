@@ -3,12 +3,9 @@
 #include "standin/desktop/model/CallLog.h"
 #include "standin/desktop/model/IdleMeter.h"
 #include "standin/desktop/model/MessageLog.h"
-#include "standin/desktop/model/PrintedPipe.h"
 
-#include <cstdio>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <iostream>
 
 namespace standin
 {
@@ -92,25 +89,5 @@ TEST(IdleMeterTest, ThePassesOfTheLastSecondAreCounted)
         meter.Tick(i / 30.0);
     EXPECT_EQ(meter.PerSecond(2.0), 29) << "the one at 1.0 is a second old and counts no more";
     EXPECT_EQ(meter.PerSecond(10.0), 0);
-}
-
-TEST(PrintedLinesTest, WhatIsPrintedComesInWholeLines)
-{
-    PrintedPipe lines;
-    std::cout << "from a stream\nand ";
-    std::printf("half a line");
-    EXPECT_THAT(lines.Take(), ElementsAre("from a stream"));
-    std::puts(" more");
-    EXPECT_THAT(lines.Take(), ElementsAre("and half a line more"));
-    EXPECT_TRUE(lines.Take().empty());
-}
-
-TEST(PrintedLinesTest, MoreThanAPipeHoldsBlocksNobody)
-{
-    PrintedPipe lines;
-    const std::string line(999, 'x');
-    for (int i = 0; i < 2000; ++i)
-        std::puts(line.c_str());
-    EXPECT_EQ(lines.Take().size(), 2000u);
 }
 } // namespace standin

@@ -1,13 +1,14 @@
 // The program standin-desktop as it is called from a shell: what it says and how it ends.
 
+#include "standin/process/ExitCodes.h"
 #include "standin/x11/Xvfb.h"
+#include "tests/standin_programs/ProgramRun.h"
 #include "tests/standin_programs_desktop/Scratch.h"
 
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <optional>
-#include <sys/wait.h>
 
 namespace standin
 {
@@ -16,43 +17,20 @@ namespace
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-enum class Screen
-{
-    none,
-    own
-};
-
-struct Ending
-{
-    int exitCode = -1;
-    std::string output;
-    std::string errors;
-};
-
-/// Each copy of JUCE, the desktop's and the bundle's, greets on standard error in a debug build.
-std::string withoutGreeting(std::string text)
-{
-    const std::string greeting = "JUCE v7.0.5\n";
-    while (text.rfind(greeting, 0) == 0)
-        text.erase(0, greeting.size());
-    return text;
-}
-
 class ProgramTest : public testing::Test
 {
 protected:
-    Ending Run(const std::string& arguments, Screen wanted = Screen::none)
+    ProgramRun Run(std::vector<std::string> arguments)
     {
-        std::optional<Xvfb> screen;
-        if (wanted == Screen::own)
-            screen.emplace(800, 600);
-        else
-            (void)unsetenv("DISPLAY");
-        const std::string command = std::string(STANDIN_DESKTOP) + " " + arguments + " >" +
-                                    scratch.Path("out") + " 2>" + scratch.Path("err");
-        const int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, scratch.Read("out"),
-                withoutGreeting(scratch.Read("err"))};
+        arguments.insert(arguments.begin(), STANDIN_DESKTOP);
+        return RunProgram(arguments, {"DISPLAY="});
+    }
+
+    ProgramRun RunOnAScreen(std::vector<std::string> arguments)
+    {
+        const Xvfb screen(800, 600);
+        arguments.insert(arguments.begin(), STANDIN_DESKTOP);
+        return RunProgram(arguments);
     }
 
     Scratch scratch;
@@ -61,70 +39,76 @@ protected:
 
 TEST_F(ProgramTest, HelpNamesEveryOption)
 {
-    const Ending ending = Run("--help");
-    EXPECT_EQ(ending.exitCode, 0);
+    const ProgramRun run = Run({"--help"});
+    EXPECT_EQ(run.exitCode, exit_code::well);
     for (const char* option :
-         {"--bundle", "--effect", "--scale", "--play", "--pictures", "--record", "--help", "Exit codes"})
-        EXPECT_THAT(ending.output, HasSubstr(option));
-    EXPECT_THAT(ending.errors, IsEmpty());
+         {"PROJECT", "--bundle", "--effect", "--scale", "--play", "--pictures", "--record", "--help"})
+        EXPECT_THAT(run.output, HasSubstr(option));
+    EXPECT_THAT(run.output, HasSubstr(exit_code::Help()));
+    EXPECT_THAT(run.errors, IsEmpty());
 }
 
-TEST_F(ProgramTest, WrongUsageEndsWithTwo)
+TEST_F(ProgramTest, WrongUsageNamesTheWrongWord)
 {
-    EXPECT_EQ(Run("--colour").errors,
-              "standin-desktop: --colour: there is no such option; --help lists them\n");
-    EXPECT_EQ(Run("--colour").exitCode, 2);
-    EXPECT_EQ(Run("--bundle").errors, "standin-desktop: --bundle needs a value behind it\n");
-    EXPECT_EQ(Run("--scale nan").exitCode, 2);
-    EXPECT_EQ(Run("--scale 9").errors, "standin-desktop: --scale 9: a number from 0.5 to 4 belongs here\n");
-    EXPECT_EQ(Run("a.json b.json").errors, "standin-desktop: b.json: one project is open at a time\n");
+    const auto errorOf = [this](const std::vector<std::string>& arguments)
+    {
+        const ProgramRun run = Run(arguments);
+        EXPECT_EQ(run.exitCode, exit_code::usage) << arguments.front();
+        return run.errors;
+    };
+    EXPECT_THAT(errorOf({"--colour"}), HasSubstr("--colour"));
+    EXPECT_THAT(errorOf({"--bundle"}), HasSubstr("--bundle"));
+    EXPECT_THAT(errorOf({"--scale", "nan"}), HasSubstr("nan is no number from 0.5 to 4"));
+    EXPECT_THAT(errorOf({"--scale", "9"}), HasSubstr("9 is no number from 0.5 to 4"));
+    EXPECT_THAT(errorOf({"a.json", "b.json"}), HasSubstr("b.json"));
+    EXPECT_THAT(errorOf({"--effect", "a.so", "a.json", "b.json"}), HasSubstr("b.json"));
 }
 
 TEST_F(ProgramTest, WithoutADisplayItEndsWithEight)
 {
     // Takes the number 0 where that is free, the display that is anybody's.
     const Xvfb server(64, 64);
-    const Ending ending = Run("");
-    EXPECT_EQ(ending.exitCode, 8);
-    EXPECT_EQ(ending.errors, "standin-desktop: there is no display; --play has a screen of its own\n");
+    const ProgramRun run = Run({});
+    EXPECT_EQ(run.exitCode, exit_code::noDisplay);
+    EXPECT_EQ(run.errors, "standin-desktop: there is no display; --play has a screen of its own\n");
 }
 
 TEST_F(ProgramTest, AFileThatIsMissingOrWrongIsNamedAndHasItsOwnExitCode)
 {
-    const Ending noBundle = Run("--bundle " + scratch.Path("none.so"), Screen::own);
-    EXPECT_EQ(noBundle.exitCode, 3);
+    const ProgramRun noBundle = RunOnAScreen({"--bundle", scratch.Path("none.so")});
+    EXPECT_EQ(noBundle.exitCode, exit_code::noFile);
     EXPECT_EQ(noBundle.errors, "standin-desktop: " + scratch.Path("none.so") + ": there is no such file\n");
 
     scratch.Write("text.so", "no code");
-    const Ending noCode = Run("--bundle " + scratch.Path("text.so"), Screen::own);
-    EXPECT_EQ(noCode.exitCode, 5);
+    const ProgramRun noCode = RunOnAScreen({"--bundle", scratch.Path("text.so")});
+    EXPECT_EQ(noCode.exitCode, exit_code::noBundle);
     EXPECT_THAT(noCode.errors, HasSubstr("text.so is no bundle"));
 
     scratch.Write("bad.json", "{}");
-    const Ending badProject = Run(scratch.Path("bad.json"), Screen::own);
-    EXPECT_EQ(badProject.exitCode, 4);
-    EXPECT_EQ(Run(scratch.Path("none.json"), Screen::own).exitCode, 3);
+    const ProgramRun badProject = RunOnAScreen({scratch.Path("bad.json")});
+    EXPECT_EQ(badProject.exitCode, exit_code::badInput);
+    EXPECT_EQ(RunOnAScreen({scratch.Path("none.json")}).exitCode, exit_code::noFile);
     EXPECT_THAT(badProject.errors, HasSubstr("bad.json: the field \"format\" is missing"));
 }
 
 TEST_F(ProgramTest, AnEffectThatIsMissingOrNoneIsNamed)
 {
-    const Ending missing = Run("--effect " + scratch.Path("none.so"), Screen::own);
-    EXPECT_EQ(missing.exitCode, 3);
+    const ProgramRun missing = RunOnAScreen({"--effect", scratch.Path("none.so")});
+    EXPECT_EQ(missing.exitCode, exit_code::noFile);
     EXPECT_EQ(missing.errors, "standin-desktop: " + scratch.Path("none.so") + ": there is no such file\n");
 
     scratch.Write("text.so", "no code");
-    const Ending noEffect =
-        Run("--effect " VORTAN_EXAMPLE " --effect " + scratch.Path("text.so"), Screen::own);
-    EXPECT_EQ(noEffect.exitCode, 5);
+    const ProgramRun noEffect =
+        RunOnAScreen({"--effect", VORTAN_EXAMPLE, "--effect", scratch.Path("text.so")});
+    EXPECT_EQ(noEffect.exitCode, exit_code::noBundle);
     EXPECT_THAT(noEffect.errors, HasSubstr("text.so is no effect"));
 }
 
 TEST_F(ProgramTest, ARecordingThatCannotBeWrittenIsToldAtTheStart)
 {
     const std::string file = scratch.Path("no/such/folder.scenario");
-    const Ending ending = Run("--record " + file, Screen::own);
-    EXPECT_EQ(ending.exitCode, 9);
-    EXPECT_EQ(ending.errors, "standin-desktop: " + file + ": cannot be written\n");
+    const ProgramRun run = RunOnAScreen({"--record", file});
+    EXPECT_EQ(run.exitCode, exit_code::noRecording);
+    EXPECT_EQ(run.errors, "standin-desktop: " + file + ": cannot be written\n");
 }
 } // namespace standin

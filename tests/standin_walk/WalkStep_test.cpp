@@ -1,5 +1,5 @@
 #include "standin/checks/Walk.h"
-#include "standin/checks/WalkStep.h"
+#include "standin/checks/WalkActions.h"
 #include "standin/scenario/Parser.h"
 #include "standin/scenario/Phrase.h"
 
@@ -36,11 +36,11 @@ TEST(WalkStepTest, ASeedGivesOneWalkAndAnotherSeedAnother)
 
 TEST(WalkStepTest, WalksOfAllSeedsTogetherDoEverything)
 {
-    std::set<WalkStep::Deed> done;
+    std::set<const WalkAction*> done;
     for (unsigned seed = 1; seed <= 20; ++seed)
         for (const WalkStep& step : DrawWalk(WalkKind::mixed, seed, 40))
-            done.insert(step.deed);
-    EXPECT_EQ(done.size(), static_cast<std::size_t>(WalkStep::Deed::addGroup) + 1);
+            done.insert(step.action);
+    EXPECT_EQ(done.size(), WalkActions().size());
 }
 
 TEST(WalkStepTest, TheHostIdlesInsideAllKindsOfCalls)
@@ -55,7 +55,7 @@ TEST(WalkStepTest, TheHostIdlesInsideAllKindsOfCalls)
 TEST(WalkStepTest, WhereTheHostIdlesStandsBeforeTheStep)
 {
     WalkStep step;
-    step.deed = WalkStep::Deed::remove;
+    step.action = &WalkActionOf("delete");
     step.id = 2;
     step.idlesInside = "each call of AEGP_ReorderEffect";
     EXPECT_THAT(LinesOf(WalkBegin(), step),
@@ -79,7 +79,7 @@ TEST(WalkStepTest, EveryLineOfAWalkIsALineOfTheLanguage)
 TEST(WalkStepTest, AWalkInTheHostLeavesThePanelAlone)
 {
     for (const WalkStep& step : DrawWalk(WalkKind::host, 3, 100))
-        EXPECT_LT(step.deed, WalkStep::Deed::cover);
+        EXPECT_EQ(step.action->place, WalkAction::Place::host) << step.action->name;
 }
 
 TEST(WalkStepTest, StepsThatHaveLostTheirGroundAreLeftOut)
@@ -87,10 +87,10 @@ TEST(WalkStepTest, StepsThatHaveLostTheirGroundAreLeftOut)
     std::vector<WalkStep> steps = DrawWalk(WalkKind::mixed, 5, 40);
     EXPECT_EQ(script(PossibleSteps(steps)), script(steps));
     WalkStep deletion;
-    deletion.deed = WalkStep::Deed::remove;
+    deletion.action = &WalkActionOf("delete");
     deletion.id = 2;
     WalkStep rename;
-    rename.deed = WalkStep::Deed::rename;
+    rename.action = &WalkActionOf("rename");
     rename.id = 2;
     rename.text = "gone";
     EXPECT_EQ(PossibleSteps({rename, deletion}).size(), 2U);
@@ -101,12 +101,12 @@ TEST(WalkStepTest, TheSecondOfANameIsCalledSo)
 {
     WalkState state = WalkBegin();
     WalkStep copy;
-    copy.deed = WalkStep::Deed::duplicate;
+    copy.action = &WalkActionOf("duplicate");
     copy.id = 3;
     copy.newId = 100;
     CarryOut(state, copy);
     WalkStep deletion;
-    deletion.deed = WalkStep::Deed::remove;
+    deletion.action = &WalkActionOf("delete");
     deletion.id = 100;
     EXPECT_THAT(LinesOf(state, deletion), ::testing::ElementsAre("delete \"dots#2\""));
 }

@@ -32,8 +32,8 @@ TEST(WalkGuiTest, AMistakeIsToldWithItsSeedAndTheShortestScenario)
 {
     const WalkOutcome outcome = TakeWalk(planFor(VORTAN_MUTANT));
     EXPECT_THAT(outcome.failure, HasSubstr("the stack of layer \"Solid 1\" should be"));
-    EXPECT_THAT(outcome.failure, HasSubstr("seed 1, step 1;"));
-    EXPECT_THAT(outcome.failure, HasSubstr("    open the panel\n    drag row \"Vortan\" below \"lamp\""));
+    EXPECT_THAT(outcome.failure, HasSubstr("seed 1, step 3;"));
+    EXPECT_THAT(outcome.failure, HasSubstr("    open the panel\n    drag row \"route\" above \"lamp\""));
 }
 
 TEST(WalkGuiTest, AWalkThatTakesTooLongIsEnded)

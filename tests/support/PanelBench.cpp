@@ -3,7 +3,6 @@
 #include "panel/platform/PanelatorUI_Plat.h"
 #include "standin/core/Behaviour.h"
 #include "standin/family/Liars.h"
-#include "tests/support/OutputCapture.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -60,9 +59,8 @@ void PanelBench::Cover() { (void)host.SetPanelState(PANEL_NAME, PanelState::behi
 
 bool PanelBench::Choose()
 {
-    OutputCapture::Start();
+    const process::CapturedOutput quiet;
     const bool taken = host.ChooseMenuItem(PANEL_NAME);
-    (void)OutputCapture::Stop();
     notePanel();
     return taken;
 }
@@ -73,10 +71,10 @@ void PanelBench::Settle()
     {
         const std::uint64_t layerHash = plugin->layerHash;
         const std::uint64_t treeHash = plugin->treeHash;
-        OutputCapture::Start();
+        const process::CapturedOutput quiet;
         (void)host.RunIdle();
         host.ClearTrace();
-        if (OutputCapture::Stop().empty() && plugin->layerHash == layerHash && plugin->treeHash == treeHash)
+        if (quiet.Text().empty() && plugin->layerHash == layerHash && plugin->treeHash == treeHash)
             return;
     }
     throw std::logic_error("the panel does not come to rest");
@@ -103,7 +101,7 @@ void PanelBench::startRecording(SuiteTraffic traffic)
         moveHostCalls(traffic);
         record.push_back(call);
     };
-    OutputCapture::Start();
+    printed.emplace();
 }
 
 PassRecord PanelBench::stopRecording(SuiteTraffic traffic, HookResult result)
@@ -111,7 +109,9 @@ PassRecord PanelBench::stopRecording(SuiteTraffic traffic, HookResult result)
     moveHostCalls(traffic);
     TreeLog().sink = nullptr;
     notePanel();
-    return {std::move(record), OutputCapture::Stop(), std::move(result)};
+    const std::string text = printed->Text();
+    printed.reset();
+    return {std::move(record), text, std::move(result)};
 }
 
 void PanelBench::moveHostCalls(SuiteTraffic traffic)
@@ -128,7 +128,7 @@ void PanelBench::ActInMessage(const std::string& label, int nth, std::function<v
     effect.behaviour = ActsInMessage([act = std::move(action)](Host&) { act(); }, nth);
 }
 
-std::string PanelBench::PrintedSoFar() const { return OutputCapture::SoFar(); }
+std::string PanelBench::PrintedSoFar() const { return printed->Text(); }
 
 void PanelBench::notePanel()
 {

@@ -6,10 +6,12 @@
 // layer 1.
 
 #include "panel/Panelator.h"
+#include "standin/process/CapturedOutput.h"
 #include "tests/support/FakeTree.h"
 #include "tests/support/ProductHost.h"
 
 #include <functional>
+#include <optional>
 
 namespace standin
 {
@@ -95,6 +97,7 @@ private:
     void moveHostCalls(SuiteTraffic traffic);
     void notePanel();
 
+    std::optional<process::CapturedOutput> printed; ///< While a record is made.
     std::vector<std::string> record;
     std::vector<void*> panels; ///< The panel refcons that the create hook gave.
 };

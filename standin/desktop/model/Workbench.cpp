@@ -61,7 +61,7 @@ void Workbench::Collect(const std::string& origin)
         std::for_each(news.begin(), news.end(), onCall);
     calls.Add(origin, news);
     host.ClearTrace();
-    for (const std::string& line : printed.Take())
+    for (const std::string& line : printed.TakeLines())
     {
         if (onPrinted)
             onPrinted(line);

@@ -13,8 +13,8 @@
 #include "standin/desktop/model/DockState.h"
 #include "standin/desktop/model/IdleMeter.h"
 #include "standin/desktop/model/MessageLog.h"
-#include "standin/desktop/model/PrintedPipe.h"
 #include "standin/family/Sibling.h"
+#include "standin/process/CapturedOutput.h"
 #include "standin/session/Bundle.h"
 
 namespace standin
@@ -46,7 +46,7 @@ public:
     DockState& TheDock() { return dock; }
     MessageLog& Messages() { return messages; }
     CallLog& Calls() { return calls; }
-    PrintedPipe& Printed() { return printed; }
+    process::CapturedOutput& Printed() { return printed; }
 
     /// One idle of the host, at this time in seconds. The host does not idle while the user holds a mouse
     /// button down in its own windows.
@@ -92,7 +92,7 @@ private:
     static int noteQueued(int pluginId, void* basicSuite, void* refcon);
 
     // The lines come first and go last: the host's end prints as well.
-    PrintedPipe printed;
+    process::CapturedOutput printed;
     MessageLog messages;
     Host host;
     std::unique_ptr<Bundle> bundle;
