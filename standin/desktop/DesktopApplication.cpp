@@ -132,15 +132,15 @@ void DesktopApplication::play(const std::vector<Step>& scenario)
     options.pictures = arguments.pictures;
     options.otherwise = ActsInWindows(session);
     options.onSay = [&](const std::string& text)
-    { bench->Printed().PrintBehind("\n" + std::to_string(++sentence) + ". " + text + "\n"); };
+    { bench->Printed().WriteToTerminal("\n" + std::to_string(++sentence) + ". " + text + "\n"); };
     std::filesystem::create_directories(options.pictures);
     session.Settle(); // The windows are painted by then.
     const Outcome outcome = PlayOn(stage, scenario, options);
     std::ofstream(options.pictures + "/calls.txt") << bench->Calls().Text();
     if (!outcome.IsWell())
         return fail(exit_code::failed, outcome.failure);
-    bench->Printed().PrintBehind("\nThat was all. The pictures and the calls of the bundle are in " +
-                                 arguments.pictures + "\n");
+    bench->Printed().WriteToTerminal("\nThat was all. The pictures and the calls of the bundle are in " +
+                                     arguments.pictures + "\n");
     quit();
 }
 
