@@ -61,9 +61,15 @@ function(vortan_precompile target)
   target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
 endfunction()
 
-# vortan_library(NAME SOURCES...): a static library whose headers are included by their path from the root.
+# vortan_library(NAME [OBJECT] SOURCES...): a static library, or the bare objects, whose headers are included by their
+# path from the root.
 function(vortan_library name)
-  add_library(${name} STATIC ${ARGN})
+  cmake_parse_arguments(ARG "OBJECT" "" "" ${ARGN})
+  if(ARG_OBJECT)
+    add_library(${name} OBJECT ${ARG_UNPARSED_ARGUMENTS})
+  else()
+    add_library(${name} STATIC ${ARG_UNPARSED_ARGUMENTS})
+  endif()
   target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE vortan-warnings)
 endfunction()

@@ -19,6 +19,8 @@ void CustomTextEditor::escapePressed()
     onRename = nullptr;
 }
 
+bool CustomTextEditor::keyStateChanged(bool) { return false; }
+
 void CustomTextEditor::focusGained(FocusChangeType cause)
 {
     juce::TextEditor::focusGained(cause);

@@ -21,6 +21,9 @@ public:
     /// Hides the editor and forgets the rename.
     void escapePressed() override;
 
+    /// The base class would take every key for used that it is told of in this way.
+    bool keyStateChanged(bool isKeyDown) override;
+
     void focusGained(FocusChangeType) override;
     void focusLost(FocusChangeType) override;
 

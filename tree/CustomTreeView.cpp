@@ -94,6 +94,11 @@ void CustomTreeView::mouseDown(const juce::MouseEvent&) { clearSelectedItems(); 
 
 bool CustomTreeView::keyPressed(const juce::KeyPress& key)
 {
+    return keyDeliveries.once(key, [this, &key] { return actOnKey(key); });
+}
+
+bool CustomTreeView::actOnKey(const juce::KeyPress& key)
+{
     PrintLine("Key Pressed");
     if (isDeleteKey(key))
     {

@@ -4,6 +4,7 @@
 
 #include "tree/CustomTextEditor.h"
 #include "tree/HeldPress.h"
+#include "tree/KeyDeliveries.h"
 #include "tree/RetiredRows.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
@@ -61,10 +62,12 @@ private:
 public:
     std::unique_ptr<CustomTextEditor> renameEditor;
     std::vector<std::string> effectsToBeRemoved; ///< uuids, waiting for the next idle pass
+    KeyDeliveries keyDeliveries;
 
 private:
     void componentMovedOrResized(juce::Component&, bool wasMoved, bool wasResized) override;
     void forgetHoveredBox();
+    bool actOnKey(const juce::KeyPress&);
     void deleteNode(juce::ValueTree node);
 
     RetiredRows retiredRows;

@@ -1,36 +1,5 @@
 #include "tree/Keyboard.h"
 
-#if JUCE_LINUX
-#include <X11/Xlib.h>
-
-namespace
-{
-bool isWindowOfOurs(Window window)
-{
-    for (int i = 0; i < juce::ComponentPeer::getNumPeers(); ++i)
-        if (reinterpret_cast<Window>(juce::ComponentPeer::getPeer(i)->getNativeHandle()) == window)
-            return true;
-    return false;
-}
-} // namespace
-
-// What JUCE knows is what has been delivered so far; the X server knows better.
-bool IsKeyboardElsewhere()
-{
-    Display* display = XOpenDisplay(nullptr);
-    if (display == nullptr)
-        return false;
-    Window focused = None;
-    int revertTo = 0;
-    (void)XGetInputFocus(display, &focused, &revertTo);
-    const bool isNobodys = focused == None || focused == PointerRoot || focused == DefaultRootWindow(display);
-    (void)XCloseDisplay(display);
-    return !isNobodys && !isWindowOfOurs(focused);
-}
-#else
-bool IsKeyboardElsewhere() { return !juce::Process::isForegroundProcess(); }
-#endif
-
 DragFocus::DragFocus(juce::Component& target) : component(target) {}
 
 DragFocus::~DragFocus()

@@ -4,10 +4,6 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-/// True while the keyboard is with a window that is none of ours: the user has turned away, and whoever
-/// took the focus now would take it from him.
-bool IsKeyboardElsewhere();
-
 /// Gives the keyboard back to a component at the end of a drag: at the moment of the release, when the
 /// user cannot have turned to anything else yet.
 class DragFocus : private juce::MouseListener, private juce::AsyncUpdater

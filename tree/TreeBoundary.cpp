@@ -1,7 +1,6 @@
 // The widget functions of the public header: plain data on one side, JUCE components on the other.
 
 #include "tree/NameText.h"
-#include "tree/PanelBase.h"
 #include "tree/Tree.h"
 #include "tree/TreeModel.h"
 #include "tree/ValueTreeItem.h"

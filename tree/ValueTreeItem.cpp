@@ -3,6 +3,8 @@
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
 
+#include <JuceText.h>
+
 namespace
 {
 // JUCE finds no place in its state document for a row without a name. This noncharacter stands in for the
@@ -84,7 +86,7 @@ void ValueTreeItem::paintItem(juce::Graphics& g, int width, int height)
     if (isSelected())
     {
         // The highlight hugs the text instead of running across the row.
-        const int textWidth = g.getCurrentFont().getStringWidth(text) + 2 * textX;
+        const int textWidth = TextWidth(g.getCurrentFont(), text) + 2 * textX;
         g.setColour(juce::Colour::greyLevel(0.6f));
         g.fillRect(0, 0, juce::jmin(textWidth, width), height);
     }

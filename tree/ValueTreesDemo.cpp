@@ -22,7 +22,7 @@ private:
 } // namespace
 
 ValueTreesDemo::ValueTreesDemo(bool hideToolbar)
-    : toolbarHidden(hideToolbar), notifyLabel(notifyTimeMs), dragFocus(treeView)
+    : toolbarHidden(hideToolbar), notifyLabel(notifyTimeMs), panelKeys(*this, treeView), dragFocus(treeView)
 {
     setSize(400, 200);
     bgColour = juce::Colours::blue;
@@ -109,6 +109,8 @@ void ValueTreesDemo::mouseDown(const juce::MouseEvent& event)
     treeView.clearSelectedItems();
     juce::Component::mouseDown(event);
 }
+
+bool ValueTreesDemo::keyPressed(const juce::KeyPress& key) { return panelKeys.offer(key); }
 
 void ValueTreesDemo::resized()
 {

@@ -6,8 +6,9 @@
 #include "tree/CustomTreeView.h"
 #include "tree/Keyboard.h"
 #include "tree/NotifyLabel.h"
-#include "tree/PanelBase.h"
+#include "tree/PanelKeys.h"
 #include "tree/SimpleButton.h"
+#include "tree/platform/Platform.h"
 
 #include <string>
 #include <vector>
@@ -32,6 +33,7 @@ public:
     ~ValueTreesDemo() override;
 
     void mouseDown(const juce::MouseEvent&) override;
+    bool keyPressed(const juce::KeyPress&) override;
     void paint(juce::Graphics&) override;
     void resized() override;
     void dragOperationStarted(const juce::DragAndDropTarget::SourceDetails&) override;
@@ -70,6 +72,7 @@ public:
     std::vector<int> keysToBeAdded; ///< oldest first, waiting for the next idle pass
     bool toolbarHidden;
     NotifyLabel notifyLabel;
+    PanelKeys panelKeys;
 
 private:
     std::vector<SimpleButton*> buttons();

@@ -4,6 +4,8 @@
 
 #import "panel/platform/mac/SurfaceView.h"
 
+#include "tree/TreeKeys.h"
+
 #include <functional>
 #include <vector>
 
@@ -53,6 +55,22 @@ struct HostScene
     /// The event that was made last.
     NSEvent* lastEvent = nil;
 };
+
+/// What the tree has been told of an event.
+struct Announcement
+{
+    void* view;
+    KeyboardOwner owner;
+    std::size_t keysBefore; ///< How many keys JUCE's view had been sent by then.
+
+    bool operator==(const Announcement& other) const
+    {
+        return view == other.view && owner == other.owner && keysBefore == other.keysBefore;
+    }
+};
+
+/// Since the last time that it was asked.
+std::vector<Announcement> TakeAnnouncements();
 
 /// A key press of which the parts that matter are given.
 struct Key

@@ -4,6 +4,20 @@
 #include "tests/appkit/VirtualScreen.h"
 
 #include <stdexcept>
+#include <utility>
+
+namespace
+{
+std::vector<standin::Announcement> announcements;
+}
+
+// The tree is not in this program.
+void AnnounceTreeEvent(void* view, KeyboardOwner owner)
+{
+    NSView* const told = static_cast<NSView*>(view);
+    const bool isRecording = [told isKindOfClass:[RecordingView class]];
+    announcements.push_back({view, owner, isRecording ? static_cast<RecordingView*>(told)->keys.size() : 0});
+}
 
 @implementation RecordingView
 
@@ -99,6 +113,8 @@ NSEvent* HostScene::ClickThatTells(NSPoint toldInWindow, NSPoint pointerInWindow
 NSEvent* HostScene::ClickInside() { return Click(NSMakePoint(150, 100)); }
 
 NSEvent* HostScene::ClickOutside() { return Click(NSMakePoint(300, 250)); }
+
+std::vector<Announcement> TakeAnnouncements() { return std::exchange(announcements, {}); }
 
 NSEvent* MakeKeyPress(const HostScene& scene, const Key& key)
 {

@@ -97,7 +97,10 @@ protected:
         scene.BecomeKeyWindow();
         scene.AddSurface();
         (void)scene.ClickInside();
+        (void)TakeAnnouncements();
     }
+
+    std::vector<Announcement> AnnouncedFor(KeyboardOwner owner) { return {{scene.juceView, owner, 0}}; }
 
     HostScene scene;
 };
@@ -114,11 +117,13 @@ TEST_P(SurfaceViewKey, GoesWhereItBelongsWhileThePanelHoldsTheKeyboard)
     EXPECT_EQ(passedOn, isForTree ? nil : key);
     EXPECT_EQ(scene.juceView->keys, isForTree ? std::vector<NSEvent*>{key} : std::vector<NSEvent*>{});
     EXPECT_TRUE(scene.container->keys.empty());
+    EXPECT_EQ(TakeAnnouncements(), AnnouncedFor(KeyboardOwner::panel));
 }
 
 TEST_P(SurfaceViewKey, GoesToTheHostAfterAClickElsewhere)
 {
     (void)scene.ClickOutside();
+    EXPECT_EQ(TakeAnnouncements(), AnnouncedFor(KeyboardOwner::host));
     NSEvent* const key = MakeKeyPress(scene, GetParam().key);
 
     CaptureStdout();
@@ -127,6 +132,7 @@ TEST_P(SurfaceViewKey, GoesToTheHostAfterAClickElsewhere)
     EXPECT_EQ(GetCapturedStdout(), "");
     EXPECT_EQ(passedOn, key);
     EXPECT_TRUE(scene.juceView->keys.empty());
+    EXPECT_EQ(TakeAnnouncements(), AnnouncedFor(KeyboardOwner::host));
 }
 
 TEST_P(SurfaceViewKey, GoesToTheHostWhileAnotherWindowIsTheKeyWindow)
@@ -140,6 +146,7 @@ TEST_P(SurfaceViewKey, GoesToTheHostWhileAnotherWindowIsTheKeyWindow)
     EXPECT_EQ(GetCapturedStdout(), "");
     EXPECT_EQ(passedOn, key);
     EXPECT_TRUE(scene.juceView->keys.empty());
+    EXPECT_EQ(TakeAnnouncements(), std::vector<Announcement>{});
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryRow, SurfaceViewKey, testing::ValuesIn(rows),

@@ -316,6 +316,17 @@ TEST_F(SurfaceViewFocus, GoesWithAnyClickWhileTheViewIsHidden)
     EXPECT_FALSE(TakesDelete());
 }
 
+TEST_F(SurfaceViewFocus, ComesWithAClickWhileOnlyTheContainerIsHidden)
+{
+    [scene.container setHidden:YES];
+
+    CaptureStdout();
+    (void)scene.ClickInside();
+
+    EXPECT_EQ(GetCapturedStdout(), "Click happened in View\n");
+    EXPECT_TRUE(TakesDelete());
+}
+
 TEST_F(SurfaceViewFocus, IsNotChangedByAClickInAWindowThatIsNotTheKeyWindow)
 {
     scene.ResignKeyWindow();

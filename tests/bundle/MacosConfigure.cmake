@@ -36,6 +36,7 @@ function(configure_for_macos folder)
   if(NOT result EQUAL 0)
     message(FATAL_ERROR "It does not configure for macOS:\n${output}")
   endif()
+  set(output "${output}" PARENT_SCOPE)
 endfunction()
 
 function(commands_of target folder variable)
@@ -54,6 +55,8 @@ demand("${commands}" "-arch x86_64 -arch arm64 [^\n]*-mmacosx-version-min=10.15"
 demand("${commands}" "-fno-objc-arc [^\n]*/panel/platform/mac/SurfaceView.mm")
 demand("${commands}" "-fvisibility=hidden [^\n]*/juce_gui_extra.mm")
 demand("${commands}" "-bundle [^\n]*-exported_symbols_list,[^\n]*/exports.txt [^\n]*-o VortanObjectPanel.plugin/Contents/MacOS/VortanObjectPanel ")
+# Nothing refers to this class, so that an archive would keep it.
+demand("${commands}" "-bundle [^\n]*-o VortanObjectPanel.plugin/[^\n]*/mac/PluginView.mm.o ")
 demand("${commands}" "write-resource [^\n]*/VortanObjectPanel.rsrc EffectorAEGP PanelEntryPointFunc")
 demand("${commands}" "codesign --force --sign - [^\n]*/VortanObjectPanel.plugin")
 string(REPLACE "${SOURCE}" "" paths "${commands}")
@@ -65,6 +68,23 @@ file(READ ${WORK}/whole/bundle/VortanObjectPanel/exports.txt exports)
 demand("${exports}" "^_EffectorAEGP\n_PanelEntryPointFunc\n$")
 file(READ ${WORK}/whole/bundle/cmake_install.cmake installation)
 demand("${installation}" "REMOVE_RECURSE [^\n]*/VortanObjectPanel.plugin.*file\\(INSTALL DESTINATION")
+
+# The later generation of JUCE, as far as a build asks for it: its files, with nothing in them.
+set(later ${WORK}/later-juce)
+foreach(module core events data_structures graphics gui_basics gui_extra)
+  file(MAKE_DIRECTORY ${later}/modules/juce_${module}/system)
+  file(TOUCH ${later}/modules/juce_${module}/juce_${module}.h ${later}/modules/juce_${module}/juce_${module}.mm)
+endforeach()
+file(TOUCH ${later}/modules/juce_core/juce_core_CompilationTime.cpp
+  ${later}/modules/juce_graphics/juce_graphics_Harfbuzz.cpp ${later}/modules/juce_graphics/juce_graphics_Sheenbidi.c)
+file(WRITE ${later}/modules/juce_core/system/juce_StandardHeader.h
+  "#define JUCE_MAJOR_VERSION      8\n#define JUCE_MINOR_VERSION      0\n#define JUCE_BUILDNUMBER        12\n")
+configure_for_macos(${WORK}/later -DBUILD_TESTING=OFF -DVORTAN_JUCE_DIR=${later})
+demand("${output}" "JUCE 8\\.0\\.12 in ${later}\n")
+commands_of(VortanObjectPanel-signed ${WORK}/later commands)
+foreach(file juce_graphics.mm juce_graphics_Harfbuzz.cpp juce_graphics_Sheenbidi.c juce_core_CompilationTime.cpp)
+  demand("${commands}" " -c [^\n]*/${file}\n")
+endforeach()
 
 configure_for_macos(${WORK}/split -DBUILD_TESTING=OFF -DVORTAN_SPLIT_BUNDLES=ON "-DVORTAN_SIGNING_IDENTITY=Developer ID")
 commands_of(VortanIdleSuite-signed ${WORK}/split commands)

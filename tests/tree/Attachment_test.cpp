@@ -1,5 +1,5 @@
 #include "tests/tree/support/TreeTest.h"
-#include "tree/TreeX11.h"
+#include "tree/platform/x11/TreeX11.h"
 
 #include <gtest/gtest.h>
 

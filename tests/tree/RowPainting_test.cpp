@@ -1,6 +1,7 @@
 #include "tests/tree/support/Pump.h"
 #include "tests/tree/support/TreeTest.h"
 
+#include <JuceText.h>
 #include <gtest/gtest.h>
 
 using namespace standin;
@@ -165,7 +166,7 @@ TEST_F(RowPainting, HugsTheTextOfASelectedRow)
     build({object(1, "MMM", 0, 0), object(2, "b")});
     select({"MMM"});
     const auto image = picture("MMM");
-    const int textWidth = juce::Font(15.0f).getStringWidth("MMM");
+    const int textWidth = TextWidth(FontOfHeight(15.0f), "MMM");
     EXPECT_EQ(image.getPixelAt(0, 0), highlight);
     EXPECT_EQ(image.getPixelAt(textWidth + 31, 19), highlight);
     EXPECT_EQ(inkWidth(image), textWidth + 32);
@@ -177,7 +178,7 @@ TEST_F(RowPainting, HugsTheTextOfTheSelectedLayerRow)
 {
     build({object(1, "a")});
     select({"Layer"});
-    EXPECT_EQ(inkWidth(picture("Layer")), juce::Font(15.0f).getStringWidth("Layer") + 16);
+    EXPECT_EQ(inkWidth(picture("Layer")), TextWidth(FontOfHeight(15.0f), "Layer") + 16);
 }
 
 TEST_F(RowPainting, LimitsTheHighlightToTheRow)
@@ -252,9 +253,9 @@ TEST_F(RowPainting, EndsNoNameWithDotsThatFits)
 {
     build({object(1, "M", 0, 0)});
     const int room = picture("M").getWidth() - 16; // The text begins behind the box.
-    const juce::Font font(15.0f);
+    const juce::Font font = FontOfHeight(15.0f);
     std::string longest = "M";
-    while (font.getStringWidth(longest + "M") <= room)
+    while (TextWidth(font, longest + "M") <= room)
         longest += 'M';
     build({object(1, longest, 0, 0), object(2, longest + "M", 0, 0)});
     EXPECT_EQ(dotsAtTheEnd(picture(longest)), 0);

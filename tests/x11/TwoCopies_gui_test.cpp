@@ -1,13 +1,9 @@
 // A host that has a copy of JUCE of its own, besides the one in the bundle.
 
 #include "tests/x11/support/PanelInHost.h"
+#include "tree/platform/x11/JuceInternals.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
-
-namespace juce
-{
-extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
-}
 
 using namespace standin;
 
@@ -50,7 +46,7 @@ protected:
 
     void pumpHost()
     {
-        for (int i = 0; i < 100 && juce::dispatchNextMessageOnSystemQueue(true); ++i)
+        for (int i = 0; i < 100 && DispatchJuceMessages(); ++i)
         {
         }
     }

@@ -1,5 +1,7 @@
 #import "panel/platform/mac/SurfaceView.h"
 
+#include "tree/TreeKeys.h"
+
 #include <cstdio>
 
 namespace
@@ -167,6 +169,8 @@ bool isKeyOfTree(NSEvent* event)
     const NSUInteger type = static_cast<NSUInteger>([event type]);
     if (type == leftMouseDownType)
         [self followClick:event];
+    // JUCE's view holds this one.
+    AnnounceTreeEvent([self superview], _eventFocus ? KeyboardOwner::panel : KeyboardOwner::host);
     if (!_eventFocus || type != keyDownType || !isKeyOfTree(event))
         return event;
 
@@ -178,6 +182,7 @@ bool isKeyOfTree(NSEvent* event)
 - (void)followClick:(NSEvent*)event
 {
     const NSPoint pointer = [self pointerInSuperview];
+    // Kept: the view's own flag counts, whatever hides a container of it.
     if ([self isHidden])
     {
         std::puts("View is Hidden");

@@ -1,5 +1,5 @@
 #include "panel/platform/PlatformEvents.h"
-#include "tree/TreeX11.h"
+#include "tree/platform/x11/TreeX11.h"
 
 #include <X11/Xlib.h>
 

@@ -8,7 +8,7 @@
 
 #include "panel/platform/x11/HostWindow.h"
 #include "panel/platform/x11/RawPresses.h"
-#include "tree/TreeX11.h"
+#include "tree/platform/x11/TreeX11.h"
 
 #include <array>
 #include <deque>

@@ -1,5 +1,7 @@
 #include "standin/desktop/views/DockView.h"
 
+#include <JuceText.h>
+
 namespace standin
 {
 namespace
@@ -92,13 +94,13 @@ juce::Rectangle<int> DockView::panelTab() const
 {
     if (place != PanelPlace::docked)
         return {};
-    const int width = theme::Body().getStringWidth(theme::Text(bench.TheDock().PanelName()));
+    const int width = TextWidth(theme::Body(), theme::Text(bench.TheDock().PanelName()));
     return {0, 0, width + 2 * theme::margin + 2 * markWidth, theme::headerHeight};
 }
 
 juce::Rectangle<int> DockView::otherTab() const
 {
-    return {panelTab().getRight(), 0, theme::Body().getStringWidth(otherName) + 2 * theme::margin,
+    return {panelTab().getRight(), 0, TextWidth(theme::Body(), otherName) + 2 * theme::margin,
             theme::headerHeight};
 }
 

@@ -1,5 +1,7 @@
 #include "standin/desktop/views/MainView.h"
 
+#include <JuceText.h>
+
 namespace standin
 {
 namespace
@@ -161,7 +163,7 @@ void MainView::paintStatus(juce::Graphics& g, juce::Rectangle<int> area) const
     area = area.reduced(theme::margin, 0);
     theme::PaintText(g, projectFile.getFileName(), area, theme::dim, theme::Small(),
                      juce::Justification::centredRight);
-    const int width = theme::Small().getStringWidth(status) + 30;
+    const int width = TextWidth(theme::Small(), status) + 30;
     theme::PaintText(g, status, area, theme::dim, theme::Small());
     const std::size_t findings = bench.Findings();
     const juce::String text =

@@ -1,11 +1,19 @@
 #include "standin/desktop/views/Theme.h"
 
+#include <JuceText.h>
+
 namespace standin::theme
 {
-juce::Font Body() { return juce::Font(14.5f); }
-juce::Font Heading() { return juce::Font(13.5f, juce::Font::bold); }
-juce::Font Small() { return juce::Font(13.0f); }
-juce::Font Mono() { return juce::Font(juce::Font::getDefaultMonospacedFontName(), 13.0f, juce::Font::plain); }
+juce::Font Body() { return FontOfHeight(14.5f); }
+juce::Font Heading() { return FontOfHeight(13.5f).boldened(); }
+juce::Font Small() { return FontOfHeight(13.0f); }
+
+juce::Font Mono()
+{
+    juce::Font font = Small();
+    font.setTypefaceName(juce::Font::getDefaultMonospacedFontName());
+    return font;
+}
 
 juce::String Text(const std::string& bytes)
 {
@@ -27,7 +35,7 @@ void PaintHeader(juce::Graphics& g, juce::Rectangle<int> area, const juce::Strin
     PaintText(g, heading, inner, strong, Heading());
     if (aside.isEmpty())
         return;
-    const int used = Heading().getStringWidth(heading) + 2 * margin;
+    const int used = TextWidth(Heading(), heading) + 2 * margin;
     PaintText(g, aside, inner.withTrimmedLeft(used), dim, Small(), juce::Justification::centredRight);
 }
 
@@ -86,7 +94,7 @@ void Look::drawMenuBarItem(juce::Graphics& g, int width, int height, int, const 
 
 int Look::getMenuBarItemWidth(juce::MenuBarComponent&, int, const juce::String& itemText)
 {
-    return Body().getStringWidth(itemText) + 2 * margin + 4;
+    return TextWidth(Body(), itemText) + 2 * margin + 4;
 }
 
 void Look::drawButtonBackground(juce::Graphics& g, juce::Button& button, const juce::Colour& colour,

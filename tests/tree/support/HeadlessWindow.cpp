@@ -1,47 +1,6 @@
 #include "tests/tree/support/HeadlessWindow.h"
 
-namespace
-{
-class HeadlessPeer : public juce::ComponentPeer
-{
-public:
-    using juce::ComponentPeer::ComponentPeer;
-
-    void setBounds(const juce::Rectangle<int>& newBounds, bool) override { bounds = newBounds; }
-    juce::Rectangle<int> getBounds() const override { return bounds; }
-    juce::Point<float> localToGlobal(juce::Point<float> position) override { return position; }
-    juce::Point<float> globalToLocal(juce::Point<float> position) override { return position; }
-    bool contains(juce::Point<int> position, bool) const override
-    {
-        return bounds.withZeroOrigin().contains(position);
-    }
-    bool isFocused() const override { return true; }
-
-    void* getNativeHandle() const override { return nullptr; }
-    void setVisible(bool) override {}
-    void setTitle(const juce::String&) override {}
-    void setMinimised(bool) override {}
-    bool isMinimised() const override { return false; }
-    void setFullScreen(bool) override {}
-    bool isFullScreen() const override { return false; }
-    void setIcon(const juce::Image&) override {}
-    OptionalBorderSize getFrameSizeIfPresent() const override { return {}; }
-    juce::BorderSize<int> getFrameSize() const override { return {}; }
-    bool setAlwaysOnTop(bool) override { return false; }
-    void toFront(bool) override {}
-    void toBehind(juce::ComponentPeer*) override {}
-    void grabFocus() override {}
-    void repaint(const juce::Rectangle<int>&) override {}
-    void performAnyPendingRepaintsNow() override {}
-    void setAlpha(float) override {}
-    juce::StringArray getAvailableRenderingEngines() override { return {}; }
-
-private:
-    void textInputRequired(juce::Point<int>, juce::TextInputTarget&) override {}
-
-    juce::Rectangle<int> bounds;
-};
-} // namespace
+#include "tests/tree/support/HeadlessPeer.h"
 
 namespace standin
 {

@@ -1,13 +1,9 @@
 #include "tests/tree/support/Pump.h"
 
 #include "standin/user/User.h"
+#include "tree/platform/x11/JuceInternals.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
-
-namespace juce
-{
-extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
-}
 
 namespace
 {
@@ -19,7 +15,7 @@ namespace standin
 void pump()
 {
     for (int i = 0; i < mostMessages; ++i)
-        if (!juce::dispatchNextMessageOnSystemQueue(true))
+        if (!DispatchJuceMessages())
             return;
 }
 

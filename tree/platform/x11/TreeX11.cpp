@@ -1,21 +1,15 @@
 #define JUCE_GUI_BASICS_INCLUDE_XHEADERS 1
 
-#include "tree/TreeX11.h"
+#include "tree/platform/x11/TreeX11.h"
 
 #include "tree/ValueTreesDemo.h"
-
-#include <juce_events/native/juce_linux_EventLoopInternal.h>
+#include "tree/platform/x11/HostLoop.h"
+#include "tree/platform/x11/JuceInternals.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
 #include <utility>
-
-namespace juce
-{
-// JUCE's own plug-in wrappers declare it in this way; no header does.
-extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
-} // namespace juce
 
 namespace
 {
@@ -59,15 +53,11 @@ juce::Component* pictureOfDrag(ValueTreesDemo& tree)
     return nullptr;
 }
 
-/// The component that the next key belongs to. The panel's keys are the tree's whatever else of the panel
-/// has the focus, also after a click on a button.
+/// The component that the next key belongs to.
 juce::Component& keyTarget(ValueTreesDemo& tree)
 {
-    if (auto* picture = pictureOfDrag(tree))
-        return *picture; // It takes Escape.
-    juce::Component& target = juceTarget(tree);
-    const bool isInPanel = &target == &tree || tree.isParentOf(&target);
-    return isInPanel && !tree.treeView.isParentOf(&target) ? tree.treeView : target;
+    auto* picture = pictureOfDrag(tree);
+    return picture != nullptr ? *picture : juceTarget(tree); // The picture takes Escape.
 }
 
 /// Takes the key that JUCE makes of an event away from JUCE, which does not tell whether it was used.
@@ -94,19 +84,6 @@ public:
 private:
     juce::Component::SafePointer<juce::Component> listened;
 };
-
-/// As JUCE does it, from the component up through its parents.
-KeyUse offerKey(juce::Component& first, const juce::KeyPress& key)
-{
-    juce::Component::SafePointer<juce::Component> target(&first);
-    while (target != nullptr)
-    {
-        if (target->keyPressed(key) || target == nullptr)
-            return KeyUse::used;
-        target = target->getParentComponent();
-    }
-    return KeyUse::unused;
-}
 
 /// Lets the attachment ride on the component, which lets it go when it is deleted.
 struct AttachmentHolder : juce::ReferenceCountedObject
@@ -149,10 +126,11 @@ void DeliverTreeEvent(const _XEvent& event)
 
 void RunTreeMessages()
 {
+    RunWhatWaitsForHost();
     // Without a message manager JUCE would wait here for ever.
     if (juce::MessageManager::getInstanceWithoutCreating() == nullptr)
         return;
-    for (int i = 0; i < mostMessageRounds && juce::dispatchNextMessageOnSystemQueue(true); ++i)
+    for (int i = 0; i < mostMessageRounds && DispatchJuceMessages(); ++i)
     {
     }
     if (Display* display = GetTreeDisplay())
@@ -204,7 +182,9 @@ KeyUse HandleTreeKey(ValueTreesDemo* tree, const _XEvent& keyEvent)
         DeliverTreeEvent(event);
         key = catcher.caught;
     }
-    return event.type == keyPressType && key.has_value() ? offerKey(keyTarget(*tree), *key) : KeyUse::unused;
+    if (event.type != keyPressType || !key.has_value())
+        return KeyUse::unused;
+    return OfferKey(keyTarget(*tree), *key, nullptr) ? KeyUse::used : KeyUse::unused;
 }
 
 void DismissTreeMenus() { (void)juce::PopupMenu::dismissAllActiveMenus(); }

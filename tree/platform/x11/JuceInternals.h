@@ -1,0 +1,27 @@
+#pragma once
+// What JUCE does not offer to the world, by names that each of its generations has for it: the header of its
+// event loop's inner side, and the function that delivers one batch of messages and window events.
+
+#include <juce_events/juce_events.h>
+
+#if JUCE_MAJOR_VERSION < 8
+#include <juce_events/native/juce_linux_EventLoopInternal.h>
+
+namespace juce
+{
+// JUCE's own plug-in wrappers declare it in this way; no header does.
+extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
+} // namespace juce
+
+/// False if there was nothing to deliver.
+inline bool DispatchJuceMessages() { return juce::dispatchNextMessageOnSystemQueue(true); }
+#else
+#include <juce_events/native/juce_EventLoopInternal_linux.h>
+
+namespace juce::detail
+{
+extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
+} // namespace juce::detail
+
+inline bool DispatchJuceMessages() { return juce::detail::dispatchNextMessageOnSystemQueue(true); }
+#endif
