@@ -4,8 +4,16 @@
 
 namespace juce
 {
+#if JUCE_MAJOR_VERSION < 8
 extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
-}
+#else
+namespace detail
+{
+extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
+} // namespace detail
+using detail::dispatchNextMessageOnSystemQueue;
+#endif
+} // namespace juce
 
 namespace standin
 {
