@@ -7,6 +7,20 @@ if(VORTAN_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+# Both belong to clang; the presets of these names choose it.
+option(VORTAN_FUZZ "Build the programs of fuzz/ with libFuzzer; goes with VORTAN_SANITIZE" OFF)
+option(VORTAN_COVERAGE "Count which lines and branches of this project's own code the tests reach" OFF)
+set(vortan_instruments)
+if(VORTAN_FUZZ)
+  # What is only there to drive the code that is fuzzed guides no fuzzer, and is faster without.
+  list(APPEND vortan_instruments
+    -gline-tables-only $<$<NOT:$<BOOL:$<TARGET_PROPERTY:VORTAN_FUZZ_UNGUIDED>>>:-fsanitize=fuzzer-no-link>)
+endif()
+if(VORTAN_COVERAGE)
+  list(APPEND vortan_instruments -fprofile-instr-generate -fcoverage-mapping)
+  add_link_options(-fprofile-instr-generate)
+endif()
+
 # Line tables are enough for a stack trace, and keep the debug builds small and quick to link. A little
 # optimisation costs less time in the compiler than it saves in the tests that draw.
 foreach(language C CXX OBJCXX)
@@ -28,8 +42,13 @@ if(VORTAN_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_C_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
 endif()
 
+# Whoever builds the bundle with a compiler that nobody here has tried gets its warnings and the bundle.
+option(VORTAN_WARNINGS_ARE_ERRORS "Stop at the first warning of the compiler in this project's sources" OFF)
 add_library(vortan-warnings INTERFACE)
-target_compile_options(vortan-warnings INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
+target_compile_options(vortan-warnings INTERFACE -Wall -Wextra -Wshadow -Wconversion ${vortan_instruments})
+if(VORTAN_WARNINGS_ARE_ERRORS)
+  target_compile_options(vortan-warnings INTERFACE -Werror)
+endif()
 
 # vortan_build_for_proof(): what proves the product is not what users get. In this folder and below it is
 # compiled for the shortest time of compiling and running together.

@@ -18,7 +18,9 @@ VnEffectMessage makeMessage(VN_MSG_COMMAND command)
     return message;
 }
 
-VN_UUID askIdentity(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, A_Time time, int index)
+} // namespace
+
+VN_UUID AskIdentity(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, A_Time time, int index)
 {
     VnEffectMessage message = makeMessage(VN_MSG_GET_UUID);
     message.uuid = ZeroUUID();
@@ -26,7 +28,7 @@ VN_UUID askIdentity(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer
     return message.uuid;
 }
 
-int askGroup(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, A_Time time, int index,
+int AskGroup(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, A_Time time, int index,
              int requiredFlags)
 {
     VnEffectMessage message = makeMessage(VN_MSG_GET_GROUP);
@@ -34,7 +36,6 @@ int askGroup(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, A_Tim
     (void)PingEffectIndex(pluginId, suites, layer, time, &message, index, requiredFlags);
     return message.group;
 }
-} // namespace
 
 int PingEffectIndex(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, A_Time time, void* message,
                     int effectIndex, int requiredFlags)
@@ -70,7 +71,7 @@ int GetEffectUUIDs(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer,
                    std::vector<int>* indices, std::vector<std::string>* uuids)
 {
     for (const int index : *indices)
-        uuids->push_back(GetUUIDStr(askIdentity(pluginId, suites, layer, time, index)).text);
+        uuids->push_back(GetUUIDStr(AskIdentity(pluginId, suites, layer, time, index)).text);
     return 0;
 }
 
@@ -78,7 +79,7 @@ int GetEffectGroups(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer
                     std::vector<int>* indices, std::vector<int>* groups, int requiredFlags)
 {
     for (const int index : *indices)
-        groups->push_back(askGroup(pluginId, suites, layer, time, index, requiredFlags));
+        groups->push_back(AskGroup(pluginId, suites, layer, time, index, requiredFlags));
     return 0;
 }
 
@@ -118,7 +119,7 @@ std::vector<VN_UUID> ReadIdentities(int pluginId, AEGP_SuiteHandler* suites, _AE
 {
     std::vector<VN_UUID> identities(static_cast<std::size_t>(std::max(count, 0)), ZeroUUID());
     for (std::size_t i = 0; i < identities.size(); ++i)
-        identities[i] = askIdentity(pluginId, suites, layer, MESSAGE_TIME, static_cast<int>(i));
+        identities[i] = AskIdentity(pluginId, suites, layer, MESSAGE_TIME, static_cast<int>(i));
     return identities;
 }
 
@@ -127,8 +128,9 @@ std::vector<std::string> ReadStackUuids(int pluginId, AEGP_SuiteHandler* suites,
     A_long count = 0;
     (void)suites->EffectSuite1()->AEGP_GetLayerNumEffects(layer, &count);
     std::vector<std::string> stackUuids;
+    stackUuids.reserve(static_cast<std::size_t>(std::max(count, 0)));
     for (const VN_UUID& identity : ReadIdentities(pluginId, suites, layer, count))
-        stackUuids.push_back(GetUUIDStr(identity).text);
+        stackUuids.emplace_back(GetUUIDStr(identity).text, UUID_TEXT_LENGTH);
     return stackUuids;
 }
 

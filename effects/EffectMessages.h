@@ -47,6 +47,13 @@ constexpr A_Time MESSAGE_TIME = {0, 100};
 int PingEffectIndex(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, A_Time time, void* message,
                     int effectIndex, int requiredFlags);
 
+/// The identity of one effect; the zero identity if it did not answer.
+VN_UUID AskIdentity(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, A_Time time, int index);
+
+/// The group number of one effect; -1 if it did not answer or was filtered out by `requiredFlags`.
+int AskGroup(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, A_Time time, int index,
+             int requiredFlags);
+
 /// Appends to `uuids` the identity's text for each of `indices`; the zero text where an effect did not
 /// answer. Always 0.
 int GetEffectUUIDs(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, A_Time time,

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <string_view>
+#include <unordered_set>
 
 namespace
 {
@@ -97,33 +99,34 @@ NameBuffer readMatchName(int pluginId, const AEGP_SuiteHandler& suites, AEGP_Lay
     return name;
 }
 
-/// What is to happen to which effect index.
+/// What is to happen to which effect index. The lists run from the top of the stack down.
 struct Classes
 {
     std::vector<int> outside;
-    std::vector<int> selected; ///< From the bottom of the stack up.
-    std::vector<int> other;    ///< From the top of the stack down.
-    int main = -1;             ///< The last main effect of the stack.
+    std::vector<int> selected;
+    std::vector<int> other;
+    int main = -1; ///< The last main effect of the stack.
 };
 
 bool contains(const std::vector<int>& indices, int index)
 {
-    return std::find(indices.begin(), indices.end(), index) != indices.end();
+    return std::binary_search(indices.begin(), indices.end(), index);
 }
 
 Classes classifyItems(const std::vector<ObjectItem>& items, const std::vector<ObjectItem>& selected)
 {
+    std::unordered_set<std::string_view> selectedUuids;
+    for (const ObjectItem& item : selected)
+        selectedUuids.insert(item.uuid);
     Classes classes;
     for (int place = 0; place < static_cast<int>(items.size()); ++place)
     {
         const std::string& uuid = items[static_cast<std::size_t>(place)].uuid;
-        const auto isSame = [&](const ObjectItem& item) { return item.uuid == uuid; };
         if (uuid == ZERO_UUID_TEXT)
             classes.outside.push_back(place);
-        else if (std::any_of(selected.begin(), selected.end(), isSame))
+        else if (selectedUuids.count(uuid) != 0)
             classes.selected.push_back(place);
     }
-    std::reverse(classes.selected.begin(), classes.selected.end());
     return classes;
 }
 
@@ -176,7 +179,7 @@ void SelectEffectsFromItems(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer*
             TwirlEffect(pluginId, &suites, layer, index, true);
     };
     std::for_each(classes.other.begin(), classes.other.end(), putOutOfSight);
-    std::for_each(classes.selected.begin(), classes.selected.end(), show);
+    std::for_each(classes.selected.rbegin(), classes.selected.rend(), show);
     if (touchMain && classes.main != -1)
     {
         std::puts("touching main effect");

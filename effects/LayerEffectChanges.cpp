@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace
 {
@@ -22,20 +25,28 @@ enum class Differences
     some
 };
 
-/// Calls `change` with each tree item whose partner, the first layer item of the same identity, differs
-/// from it in `field`. An outside effect is nobody's partner.
+/// By identity, the first layer item that has it. An outside effect is nobody's partner.
+using Partners = std::unordered_map<std::string_view, const ObjectItem*>;
+
+Partners partnersAmong(const std::vector<ObjectItem>& layerItems)
+{
+    Partners partners(layerItems.size());
+    for (const ObjectItem& item : layerItems)
+        if (item.uuid != ZERO_UUID_TEXT)
+            partners.emplace(item.uuid, &item);
+    return partners;
+}
+
+/// Calls `change` with each tree item whose partner differs from it in `field`.
 template <class Field, class Change>
-Differences forEachDifference(const std::vector<ObjectItem>& layerItems,
-                              const std::vector<ObjectItem>& treeItems, Field field, Change change)
+Differences forEachDifference(const Partners& partners, const std::vector<ObjectItem>& treeItems, Field field,
+                              Change change)
 {
     Differences met = Differences::none;
     for (const ObjectItem& treeItem : treeItems)
     {
-        if (treeItem.uuid == ZERO_UUID_TEXT)
-            continue;
-        const auto partner = std::find_if(layerItems.begin(), layerItems.end(),
-                                          [&](const ObjectItem& item) { return item.uuid == treeItem.uuid; });
-        if (partner == layerItems.end() || (*partner).*field == treeItem.*field)
+        const auto partner = partners.find(treeItem.uuid);
+        if (partner == partners.end() || partner->second->*field == treeItem.*field)
             continue;
         change(treeItem);
         met = Differences::some;
@@ -116,6 +127,16 @@ void moveEffect(const Target& target, const AEGP_SuiteHandler& suites, int from,
     (void)chain.Finish();
 }
 
+/// Two effects may have one identity, and outside effects all have the same.
+bool areAllDistinct(const std::vector<std::string>& stackUuids)
+{
+    std::unordered_set<std::string_view> met;
+    for (const std::string& uuid : stackUuids)
+        if (uuid != ZERO_UUID_TEXT && !met.insert(uuid).second)
+            return false;
+    return true;
+}
+
 /// Each wanted identity goes to its position in the list. Kept: one that is not on the layer counts as a
 /// position all the same.
 void reorderEffects(const Target& target, const std::vector<std::string>& wanted, Differences others)
@@ -127,10 +148,14 @@ void reorderEffects(const Target& target, const std::vector<std::string>& wanted
     // Kept: beside another change the step has no name.
     const char* undoName = others == Differences::none ? "Reorder Effect(s)" : "";
     (void)suites.UtilitySuite1()->AEGP_StartUndoGroup(undoName);
+    const bool areDistinct = areAllDistinct(stackUuids);
     for (int place = 0; place < static_cast<int>(wanted.size()); ++place)
     {
-        const std::string& uuid = wanted[static_cast<std::size_t>(place)];
-        const int from = uuid == ZERO_UUID_TEXT ? -1 : FindUuid(stackUuids, uuid);
+        const auto index = static_cast<std::size_t>(place);
+        const std::string& uuid = wanted[index];
+        // Most effects stand at their place, and need not be searched for.
+        const bool isThere = areDistinct && index < stackUuids.size() && stackUuids[index] == uuid;
+        const int from = uuid == ZERO_UUID_TEXT ? -1 : isThere ? place : FindUuid(stackUuids, uuid);
         if (from < 0)
             continue;
         moveEffect(target, suites, from, place);
@@ -145,9 +170,10 @@ void LayerEffectChanges(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** la
                         const std::vector<ObjectItem>& layerItems, const std::vector<ObjectItem>& treeItems)
 {
     const Target target = {pluginId, basicSuite, layer};
+    const Partners partners = partnersAmong(layerItems);
     const auto carryOut = [&](auto field, auto change)
     {
-        return forEachDifference(layerItems, treeItems, field,
+        return forEachDifference(partners, treeItems, field,
                                  [&](const ObjectItem& item) { change(target, item); });
     };
     const Differences names = carryOut(&ObjectItem::name, renameEffect);

@@ -4,8 +4,6 @@
 #include "effects/EffectMessages.h"
 #include "effects/NameBuffer.h"
 
-#include <numeric>
-
 namespace
 {
 /// What the host itself tells about one effect. The names carry over from effect to effect.
@@ -37,37 +35,53 @@ void readHostFacts(EffectChain& chain, const AEGP_SuiteHandler& suites, AEGP_Lay
                                                                  facts.name.text);
             });
 }
+
+ObjectItem& itemAt(std::vector<ObjectItem>& items, int index)
+{
+    return items[static_cast<std::size_t>(index)];
+}
 } // namespace
 
-std::vector<ObjectItem> CreateItemsFromLayer(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** layer, int)
+void ReadItemsFromLayer(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** layer,
+                        std::vector<ObjectItem>& items)
 {
-    std::vector<ObjectItem> items;
     if (layer == nullptr)
-        return items;
+        return items.clear();
     AEGP_SuiteHandler suites(basicSuite);
     A_long count = 0;
     A_Err err = suites.EffectSuite1()->AEGP_GetLayerNumEffects(layer, &count);
     if (count < 1)
-        return items;
+        return items.clear();
 
-    std::vector<int> indices(static_cast<std::size_t>(count));
-    std::iota(indices.begin(), indices.end(), 0);
-    std::vector<int> groups;
-    (void)GetEffectGroups(pluginId, &suites, layer, MESSAGE_TIME, &indices, &groups, 0);
-    const std::vector<VN_UUID> identities = ReadIdentities(pluginId, &suites, layer, count);
+    items.resize(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
+        itemAt(items, i).group = AskGroup(pluginId, &suites, layer, MESSAGE_TIME, i, 0);
+    for (int i = 0; i < count; ++i)
+    {
+        const VN_UUID identity = AskIdentity(pluginId, &suites, layer, MESSAGE_TIME, i);
+        itemAt(items, i).uuid.assign(GetUUIDStr(identity).text, UUID_TEXT_LENGTH);
+    }
 
     // Kept: the names and the error carry over, so that after a failed read the rest of the list repeats
     // them.
     HostFacts facts;
-    for (std::size_t i = 0; i < indices.size(); ++i)
+    for (int i = 0; i < count; ++i)
     {
         facts.active = 0;
         EffectChain chain(suites, pluginId, err);
-        readHostFacts(chain, suites, layer, indices[i], facts);
+        readHostFacts(chain, suites, layer, i, facts);
         err = chain.Error();
-        items.push_back(
-            {GetUUIDStr(identities[i]).text, facts.name.text, groups[i], facts.active, facts.matchName.text});
+        ObjectItem& item = itemAt(items, i);
+        item.name = facts.name.text;
+        item.active = facts.active;
+        item.tag = facts.matchName.text;
         (void)chain.Finish();
     }
+}
+
+std::vector<ObjectItem> CreateItemsFromLayer(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** layer, int)
+{
+    std::vector<ObjectItem> items;
+    ReadItemsFromLayer(pluginId, basicSuite, layer, items);
     return items;
 }

@@ -13,3 +13,9 @@
 /// has what was read of it until then. The list stays complete.
 std::vector<ObjectItem> CreateItemsFromLayer(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** layer,
                                              int ignored);
+
+/// The same into a list that is there already: what it held is replaced, and its memory is used again, so
+/// that a reading of what was read before takes none from the heap. After an exception the list holds nothing
+/// of use.
+void ReadItemsFromLayer(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** layer,
+                        std::vector<ObjectItem>& items);

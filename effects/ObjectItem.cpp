@@ -2,8 +2,26 @@
 
 #include "effects/CityHash.h"
 
+#include <cstring>
+
 namespace
 {
+/// The two digits of each byte, one after the other.
+struct HexDigits
+{
+    constexpr HexDigits()
+    {
+        constexpr char digits[] = "0123456789abcdef";
+        for (int byte = 0; byte < 256; ++byte)
+        {
+            text[2 * byte] = digits[byte >> 4];
+            text[2 * byte + 1] = digits[byte & 15];
+        }
+    }
+    char text[512] = {};
+};
+constexpr HexDigits hexDigits;
+
 struct DisplayNameRow
 {
     const char* defaultName;
@@ -34,6 +52,12 @@ constexpr DisplayNameRow displayNames[] = {
 
 std::uint64_t hashText(const std::string& text) { return CityHash64(text.data(), text.size()); }
 
+/// The same for a text that has one length, with hardly an exception.
+std::uint64_t hashUuid(const std::string& text)
+{
+    return text.size() == UUID_TEXT_LENGTH ? CityHash64(text.data(), UUID_TEXT_LENGTH) : hashText(text);
+}
+
 std::uint64_t signExtend(std::int32_t value) { return static_cast<std::uint64_t>(std::int64_t{value}); }
 } // namespace
 
@@ -41,16 +65,16 @@ VN_UUID ZeroUUID() { return VN_UUID{}; }
 
 VN_UUIDStr GetUUIDStr(VN_UUID uuid)
 {
-    constexpr char digits[] = "0123456789abcdef";
-    VN_UUIDStr result{};
+    VN_UUIDStr result;
     char* out = result.text;
     for (std::size_t i = 0; i < uuid.bytes.size(); ++i)
     {
         if (i == 4 || i == 6 || i == 8 || i == 10)
             *out++ = '-';
-        *out++ = digits[uuid.bytes[i] >> 4];
-        *out++ = digits[uuid.bytes[i] & 15];
+        std::memcpy(out, hexDigits.text + 2 * uuid.bytes[i], 2);
+        out += 2;
     }
+    *out = '\0';
     return result;
 }
 
@@ -64,8 +88,10 @@ std::uint64_t CalcItemsHash(std::uint64_t seed, const std::vector<ObjectItem>& i
     std::uint64_t hash = seed;
     for (const ObjectItem& item : items)
     {
-        hash = CombineHash(hash, hashText(item.uuid));
-        hash = CombineHash(hash, hashText(item.name));
+        const std::uint64_t uuid = hashUuid(item.uuid);
+        const std::uint64_t name = hashText(item.name);
+        hash = CombineHash(hash, uuid);
+        hash = CombineHash(hash, name);
         hash = CombineHash(hash, signExtend(item.group));
         hash = CombineHash(hash, signExtend(item.active));
     }

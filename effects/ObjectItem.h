@@ -4,6 +4,7 @@
 // All of it is pure logic that runs without a host.
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -16,10 +17,12 @@ struct VN_UUID
 };
 static_assert(sizeof(VN_UUID) == 16, "the identity travels as 16 raw bytes");
 
+constexpr std::size_t UUID_TEXT_LENGTH = 36;
+
 /// The text form of an identity with its terminating zero.
 struct VN_UUIDStr
 {
-    char text[37];
+    char text[UUID_TEXT_LENGTH + 1];
 };
 
 /// What an effect from outside the family is known by: a row that the panel shows but does not own.

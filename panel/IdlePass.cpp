@@ -10,8 +10,6 @@
 
 namespace
 {
-constexpr int allItems = -1;
-
 std::uint64_t signExtend(std::int32_t value) { return static_cast<std::uint64_t>(std::int64_t{value}); }
 
 const A_u_char* utf8(const char* text) { return reinterpret_cast<const A_u_char*>(text); }
@@ -146,10 +144,10 @@ void IdlePass::rebuildTree()
 
 void IdlePass::compareTree()
 {
-    const std::uint64_t treeNow = CalcItemsHash(signExtend(layerId), GetItemsFromTree(panel.tree));
+    const std::uint64_t treeNow = HashTreeItems(panel.tree, signExtend(layerId));
     if (treeNow == panel.treeHash)
         return;
-    const std::vector<ObjectItem> layerItems = readLayer();
+    const std::vector<ObjectItem>& layerItems = readLayer();
     const std::vector<ObjectItem> treeItems = GetItemsFromTree(panel.tree);
     if (CalcItemsHash(0, layerItems) != CalcItemsHash(0, treeItems))
     {
@@ -187,7 +185,8 @@ void IdlePass::pushSelection()
     CacheLayerTreeState(panel.stateTable, layerId, panel.tree);
 }
 
-std::vector<ObjectItem> IdlePass::readLayer() const
+const std::vector<ObjectItem>& IdlePass::readLayer()
 {
-    return CreateItemsFromLayer(panel.pluginId, panel.basicSuite, layer, allItems);
+    ReadItemsFromLayer(panel.pluginId, panel.basicSuite, layer, panel.layerItems);
+    return panel.layerItems;
 }

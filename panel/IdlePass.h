@@ -35,7 +35,8 @@ private:
     void lookForTreeStateChange();
     void pushSelection();
 
-    std::vector<ObjectItem> readLayer() const;
+    /// Good until the next reading.
+    const std::vector<ObjectItem>& readLayer();
 
     /// Keeps other passes out while this one lives, from Begin on.
     class Exclusion

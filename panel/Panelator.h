@@ -62,6 +62,7 @@ public:
     std::uint64_t treeHash = 0;                     ///< The tree side as last examined.
     _TreeStateTable_Internal* stateTable = nullptr; ///< Made with the panel; null until then.
     ValueTreesDemo* tree = nullptr;                 ///< Made with the panel; null until then.
+    std::vector<ObjectItem> layerItems;             ///< The last reading, whose memory the next one uses.
 
     /// Held here so that the host's pointer stays valid. Its `panelRef` is never freed, whatever becomes of
     /// the object: the hooks and sibling effects hold it until the host ends.

@@ -35,12 +35,12 @@ const char* refusedCommand(const juce::KeyPress& key)
 // What JUCE leaves behind the start of the row that stands furthest to the right.
 constexpr int roomBehindIndent = 50;
 
-int widestIndent(const juce::TreeViewItem& row)
+int levelsBelow(const juce::TreeViewItem& row)
 {
-    int widest = row.getItemPosition(false).getX();
+    int levels = 0;
     for (int i = 0; i < row.getNumSubItems(); ++i)
-        widest = std::max(widest, widestIndent(*row.getSubItem(i)));
-    return widest;
+        levels = std::max(levels, 1 + levelsBelow(*row.getSubItem(i)));
+    return levels;
 }
 
 ValueTreeItem* getTreeItemByUUID(ValueTreeItem* row, std::string uuid)
@@ -199,8 +199,15 @@ void CustomTreeView::itemDropped(const SourceDetails& details)
     juce::TreeView::itemDropped(details);
 }
 
+void CustomTreeView::showRootItem(juce::TreeViewItem* root)
+{
+    setRootItem(root);
+    noteStateChange();
+}
+
 void CustomTreeView::discardRootItem()
 {
+    noteStateChange();
     // The marks of a drag point at rows.
     itemDragExit(SourceDetails(juce::var(), this, {}));
 
@@ -216,11 +223,17 @@ void CustomTreeView::layOutNow(juce::Point<int> viewPosition)
     auto* root = getRootItem();
     setRootItem(nullptr);
     setRootItem(root);
-    if (root != nullptr)
+    scrollNow(viewPosition);
+}
+
+void CustomTreeView::scrollNow(juce::Point<int> viewPosition)
+{
+    if (const auto* root = getRootItem())
     {
         // The bar at the side has come meanwhile, and JUCE would make room for it with the next message.
         auto* rows = getViewport()->getViewedComponent();
-        const int width = widestIndent(*root) + roomBehindIndent;
+        const int widestIndent = root->getItemPosition(false).getX() + levelsBelow(*root) * getIndentSize();
+        const int width = widestIndent + roomBehindIndent;
         rows->setSize(std::max(getViewport()->getMaximumVisibleWidth(), width), rows->getHeight());
     }
     getViewport()->setViewPosition(viewPosition);

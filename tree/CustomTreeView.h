@@ -9,6 +9,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -42,6 +43,16 @@ public:
     /// Opens the editor over the one selected row, if that is an object of the family.
     void renameItem();
 
+    /// Makes the row the root, in place of none. The view owns it from now on.
+    void showRootItem(juce::TreeViewItem*);
+
+    /// Rows say so when the tree's state has changed: a row was opened, closed, selected or renamed, or rows
+    /// came or went.
+    void noteStateChange() { ++stateChanges; }
+
+    /// The same number as before as long as the tree's state is the same, but for the scroll position.
+    std::uint64_t getStateChanges() const { return stateChanges; }
+
     /// Takes the root row away and deletes it with all rows below, as soon as that is safe.
     void discardRootItem();
 
@@ -49,7 +60,10 @@ public:
     /// JUCE lays out with the next message, and row positions are stale until then.
     void layOutNow(juce::Point<int> viewPosition);
 
-    /// As above, and only if rows have come or gone since JUCE laid out last: the scroll position is true
+    /// The second half of it, for rows that are laid out.
+    void scrollNow(juce::Point<int> viewPosition);
+
+    /// Lays out only if rows have come or gone since JUCE laid out last: the scroll position is true
     /// then.
     void layOutIfStale();
 
@@ -70,6 +84,7 @@ private:
     bool actOnKey(const juce::KeyPress&);
     void deleteNode(juce::ValueTree node);
 
+    std::uint64_t stateChanges = 0;
     RetiredRows retiredRows;
     HeldPress heldPress;
 };

@@ -1,6 +1,8 @@
 #include "tree/NameText.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace
 {
@@ -8,6 +10,9 @@ namespace
 // A name that really holds such a character has its four bytes escaped one by one, so that no two
 // names share a text.
 constexpr std::uint32_t escapeBase = 0x10fe00;
+
+/// The first byte of an escape's UTF-8, which few other characters begin with.
+constexpr int leadOfEscapes = 0xf4;
 
 constexpr int longestShown = 4000;
 
@@ -90,6 +95,8 @@ juce::String replaced(const juce::String& text, int longest, Replace replace)
 
 juce::String TextFromBytes(const std::string& bytes)
 {
+    if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return c > 0; }))
+        return fromUtf8(bytes);
     std::string utf8;
     utf8.reserve(bytes.size());
     for (std::size_t at = 0; at < bytes.size();)
@@ -106,8 +113,12 @@ juce::String TextFromBytes(const std::string& bytes)
 
 std::string BytesFromText(const juce::String& text)
 {
+    const char* const utf8 = text.toRawUTF8();
+    const std::size_t length = text.getNumBytesAsUTF8();
+    if (std::memchr(utf8, leadOfEscapes, length) == nullptr)
+        return {utf8, length};
     std::string bytes;
-    bytes.reserve(text.getNumBytesAsUTF8());
+    bytes.reserve(length);
     for (auto at = text.getCharPointer(); !at.isEmpty();)
     {
         const auto character = static_cast<std::uint32_t>(at.getAndAdvance());

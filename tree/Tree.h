@@ -43,6 +43,9 @@ void SetBGColor(ValueTreesDemo*, float red, float green, float blue, float alpha
 /// The objects of the tree in display order. Empty for null and for a tree without a root row.
 std::vector<ObjectItem> GetItemsFromTree(ValueTreesDemo*);
 
+/// What CalcItemsHash makes of GetItemsFromTree, which is worked out only if the tree has changed since.
+std::uint64_t HashTreeItems(ValueTreesDemo*, std::uint64_t seed);
+
 /// The objects of each selected row, row by row from the top: an object that is selected together with
 /// its group occurs twice.
 std::vector<ObjectItem> GetSelectedTreeItems(ValueTreesDemo*);

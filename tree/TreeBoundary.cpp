@@ -8,6 +8,16 @@
 
 #include <utility>
 
+namespace
+{
+/// Invalid for a tree without a root row.
+juce::ValueTree documentOf(const ValueTreesDemo& tree)
+{
+    const auto* root = dynamic_cast<ValueTreeItem*>(tree.treeView.getRootItem());
+    return root != nullptr ? root->getNode() : juce::ValueTree();
+}
+} // namespace
+
 ValueTreesDemo* CreateTreeWidget(bool hideToolbar) { return new ValueTreesDemo(hideToolbar); }
 
 void DeleteTreeWidget(ValueTreesDemo* tree) { delete tree; }
@@ -15,7 +25,10 @@ void DeleteTreeWidget(ValueTreesDemo* tree) { delete tree; }
 void ClearTree(ValueTreesDemo* tree)
 {
     if (tree != nullptr && tree->treeView.getRootItem() != nullptr)
+    {
         tree->treeView.discardRootItem();
+        tree->documentWatch.forget();
+    }
 }
 
 void RefreshTree(ValueTreesDemo* tree, const std::vector<ObjectItem>& items)
@@ -26,7 +39,7 @@ void RefreshTree(ValueTreesDemo* tree, const std::vector<ObjectItem>& items)
     view.discardRootItem();
     if (!items.empty())
     {
-        view.setRootItem(ValueTreesDemo::CreateTreeFromItems(items, -1));
+        view.showRootItem(ValueTreesDemo::CreateTreeFromItems(items, -1));
         view.setDefaultOpenness(false);
         view.clearSelectedItems();
     }
@@ -49,9 +62,13 @@ std::vector<ObjectItem> GetItemsFromTree(ValueTreesDemo* tree)
 {
     std::vector<ObjectItem> items;
     if (tree != nullptr)
-        if (const auto* root = dynamic_cast<ValueTreeItem*>(tree->treeView.getRootItem()))
-            getTreeItems(root->getNode(), items);
+        getTreeItems(documentOf(*tree), items);
     return items;
+}
+
+std::uint64_t HashTreeItems(ValueTreesDemo* tree, std::uint64_t seed)
+{
+    return tree != nullptr ? tree->documentWatch.itemsHash(documentOf(*tree), seed) : seed;
 }
 
 std::vector<ObjectItem> GetSelectedTreeItems(ValueTreesDemo* tree)

@@ -7,6 +7,7 @@
 #include "tree/ValueTreesDemo.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace
@@ -14,51 +15,74 @@ namespace
 constexpr int lowestGroup = GROUP_NUMBERS[0];
 constexpr int highestGroup = GROUP_NUMBERS[std::size(GROUP_NUMBERS) - 1];
 
+juce::ValueTree createNode(const juce::Identifier& type, const juce::String& name)
+{
+    juce::ValueTree node(type);
+    node.setProperty(TreeIds::name, name, nullptr);
+    node.setProperty(TreeIds::select, 0, nullptr);
+    return node;
+}
+
 juce::ValueTree createGroup(int number)
 {
-    juce::ValueTree group =
-        ValueTreesDemo::createTree(TreeIds::Group.toString(), "Group " + juce::String(number));
+    juce::ValueTree group = createNode(TreeIds::Group, "Group " + juce::String(number));
     group.setProperty(TreeIds::group, number, nullptr);
     return group;
 }
 
 juce::ValueTree createExternal(const ObjectItem& item)
 {
-    juce::ValueTree node = ValueTreesDemo::createTree(TreeIds::External.toString(), TextFromBytes(item.name));
+    juce::ValueTree node = createNode(TreeIds::External, TextFromBytes(item.name));
     node.setProperty(TreeIds::uuid, TextFromBytes(item.uuid), nullptr);
     return node;
 }
 
+/// All properties at once, which costs a good deal less than one by one.
 juce::ValueTree createObject(const ObjectItem& item, bool isActiveEffect)
 {
-    juce::ValueTree node = ValueTreesDemo::createTree(TreeIds::Object.toString(), TextFromBytes(item.name));
-    if (item.group == -1)
-        node.setProperty(TreeIds::rigid, 1, nullptr);
     if (isActiveEffect)
-    {
         PrintLine("Active Effect Index Found");
-        node.setProperty(TreeIds::select, 1, nullptr);
-    }
-    node.setProperty(TreeIds::uuid, TextFromBytes(item.uuid), nullptr);
-    node.setProperty(TreeIds::group, item.group, nullptr);
-    node.setProperty(TreeIds::active, item.active, nullptr);
-    return node;
+    const juce::var name(TextFromBytes(item.name));
+    const juce::var uuid(TextFromBytes(item.uuid));
+    const int select = isActiveEffect ? 1 : 0;
+    if (item.group == -1)
+        return {TreeIds::Object,
+                {{TreeIds::name, name},
+                 {TreeIds::select, select},
+                 {TreeIds::rigid, 1},
+                 {TreeIds::uuid, uuid},
+                 {TreeIds::group, item.group},
+                 {TreeIds::active, item.active}}};
+    return {TreeIds::Object,
+            {{TreeIds::name, name},
+             {TreeIds::select, select},
+             {TreeIds::uuid, uuid},
+             {TreeIds::group, item.group},
+             {TreeIds::active, item.active}}};
 }
 
-/// The node that takes the object: the root, or the group of that number, which is made on first need and
-/// so stands where its first object stood.
-juce::ValueTree parentFor(int group, juce::ValueTree root)
+/// The groups of a document that is being made.
+class GroupNodes
 {
-    if (group < lowestGroup || group > highestGroup)
-        return root;
-    juce::ValueTree node = root.getChildWithProperty(TreeIds::group, group);
-    if (!node.isValid())
+public:
+    /// The node that takes the object: the root, or the group of that number, which is made on first need and
+    /// so stands where its first object stood.
+    juce::ValueTree& parentFor(int group, juce::ValueTree& root)
     {
-        node = createGroup(group);
-        root.appendChild(node, nullptr);
+        if (group < lowestGroup || group > highestGroup)
+            return root;
+        juce::ValueTree& node = nodes[static_cast<std::size_t>(group - lowestGroup)];
+        if (!node.isValid())
+        {
+            node = createGroup(group);
+            root.appendChild(node, nullptr);
+        }
+        return node;
     }
-    return node;
-}
+
+private:
+    std::array<juce::ValueTree, highestGroup - lowestGroup + 1> nodes;
+};
 
 struct GroupsInUse
 {
@@ -102,24 +126,22 @@ int nextGroupNumber(const GroupsInUse& groups)
 
 juce::ValueTree ValueTreesDemo::createTree(const juce::String& type, const juce::String& name)
 {
-    juce::ValueTree node{juce::Identifier(type)};
-    node.setProperty(TreeIds::name, name, nullptr);
-    node.setProperty(TreeIds::select, 0, nullptr);
-    return node;
+    return createNode(juce::Identifier(type), name);
 }
 
 ValueTreeItem* ValueTreesDemo::CreateTreeFromItems(const std::vector<ObjectItem>& items, int activeIndex)
 {
-    juce::ValueTree root = createTree(TreeIds::Layer.toString(), "Layer");
+    juce::ValueTree root = createNode(TreeIds::Layer, "Layer");
     if (activeIndex == -1)
         root.setProperty(TreeIds::select, 1, nullptr);
+    GroupNodes groups;
     for (std::size_t i = 0; i < items.size(); ++i)
     {
         const ObjectItem& item = items[i];
         if (item.uuid == ZERO_UUID_TEXT)
             root.appendChild(createExternal(item), nullptr);
         else
-            parentFor(item.group, root)
+            groups.parentFor(item.group, root)
                 .appendChild(createObject(item, static_cast<int>(i) == activeIndex), nullptr);
     }
     return new ValueTreeItem(root, false);

@@ -17,9 +17,19 @@ const juce::Identifier active("active");
 const juce::Identifier rigid("rigid");
 } // namespace TreeIds
 
+namespace
+{
+int numberOf(const juce::ValueTree& node, const juce::Identifier& property, int otherwise)
+{
+    const juce::var* number = node.getPropertyPointer(property);
+    return number != nullptr ? static_cast<int>(*number) : otherwise;
+}
+} // namespace
+
 std::string nodeUuid(const juce::ValueTree& node)
 {
-    return BytesFromText(node.getProperty(TreeIds::uuid, ZERO_UUID_TEXT).toString());
+    const juce::var* uuid = node.getPropertyPointer(TreeIds::uuid);
+    return uuid != nullptr ? BytesFromText(uuid->toString()) : ZERO_UUID_TEXT;
 }
 
 void getTreeItems(const juce::ValueTree& node, std::vector<ObjectItem>& out)
@@ -28,9 +38,9 @@ void getTreeItems(const juce::ValueTree& node, std::vector<ObjectItem>& out)
     {
         ObjectItem item;
         item.uuid = nodeUuid(node);
-        item.name = BytesFromText(node.getProperty(TreeIds::name, "").toString());
-        item.group = node.getProperty(TreeIds::group, -1);
-        item.active = node.getProperty(TreeIds::active, 0);
+        item.name = BytesFromText(node[TreeIds::name].toString());
+        item.group = numberOf(node, TreeIds::group, -1);
+        item.active = numberOf(node, TreeIds::active, 0);
         out.push_back(std::move(item));
     }
     for (int i = 0; i < node.getNumChildren(); ++i)

@@ -1,5 +1,6 @@
 #include "tree/ValueTreeItem.h"
 
+#include "tree/CustomTreeView.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
 
@@ -11,7 +12,9 @@ namespace
 // empty name. An object that really has this name shares its place there, as objects of one name do.
 constexpr juce::juce_wchar emptyNameMark = 0xfdd0;
 
-juce::String nodeName(const juce::ValueTree& node) { return node.getProperty(TreeIds::name, "").toString(); }
+juce::String nodeName(const juce::ValueTree& node) { return node[TreeIds::name].toString(); }
+
+bool isSelectedNode(const juce::ValueTree& node) { return static_cast<int>(node[TreeIds::select]) != 0; }
 } // namespace
 
 ValueTreeItem::ValueTreeItem(const juce::ValueTree& node, bool isRowSelected)
@@ -23,7 +26,7 @@ ValueTreeItem::ValueTreeItem(const juce::ValueTree& node, bool isRowSelected)
 {
     rowTree.addListener(this);
     setOpen(true);
-    if (static_cast<int>(rowTree.getProperty(TreeIds::select, 0)) != 0)
+    if (isSelectedNode(rowTree))
         setSelected(true, false, juce::sendNotification);
     checkBounds = {2, 6, 8, 8};
     if (rowTree.hasType(TreeIds::Layer))
@@ -42,6 +45,7 @@ juce::String ValueTreeItem::getUniqueName() const
 
 void ValueTreeItem::itemOpennessChanged(bool isNowOpen)
 {
+    noteStateChange();
     // JUCE opens a row a second time when it goes below another. Without this test each level of a tree
     // would be built twice as often as the one above it.
     if (isNowOpen && !hasRowOfEachChild())
@@ -66,12 +70,13 @@ void ValueTreeItem::refreshSubItems()
     for (int i = 0; i < rowTree.getNumChildren(); ++i)
     {
         const juce::ValueTree child = rowTree.getChild(i);
-        addSubItem(new ValueTreeItem(child, child.getProperty(TreeIds::select, 0)));
+        addSubItem(new ValueTreeItem(child, isSelectedNode(child)));
     }
 }
 
 void ValueTreeItem::itemSelectionChanged(bool isNowSelected)
 {
+    noteStateChange();
     rowSelected = isNowSelected;
     textColour = isNowSelected ? juce::Colours::black : juce::Colour::greyLevel(0.8f);
     rowTree.setProperty(TreeIds::select, isNowSelected ? 1 : 0, nullptr);
@@ -173,7 +178,12 @@ void ValueTreeItem::textEditorReturnKeyPressed(juce::TextEditor& editor)
 
 void ValueTreeItem::textEditorFocusLost(juce::TextEditor& editor) { textEditorReturnKeyPressed(editor); }
 
-void ValueTreeItem::valueTreePropertyChanged(juce::ValueTree&, const juce::Identifier&) { repaintItem(); }
+void ValueTreeItem::valueTreePropertyChanged(juce::ValueTree&, const juce::Identifier& property)
+{
+    if (property == TreeIds::name)
+        noteStateChange();
+    repaintItem();
+}
 
 void ValueTreeItem::valueTreeChildAdded(juce::ValueTree& parent, juce::ValueTree&)
 {
@@ -194,7 +204,14 @@ void ValueTreeItem::childrenChanged(const juce::ValueTree& parent)
     // What happens further below is the business of the row down there.
     if (parent != rowTree)
         return;
+    noteStateChange();
     refreshSubItems();
     treeHasChanged();
     setOpen(true);
+}
+
+void ValueTreeItem::noteStateChange() const
+{
+    if (auto* view = dynamic_cast<CustomTreeView*>(getOwnerView()))
+        view->noteStateChange();
 }

@@ -58,6 +58,7 @@ private:
     void refreshSubItems();
     bool hasRowOfEachChild() const;
     void childrenChanged(const juce::ValueTree& parent);
+    void noteStateChange() const;
     void paintCheckBox(juce::Graphics&) const;
 
     juce::ValueTree rowTree;

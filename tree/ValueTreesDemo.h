@@ -4,6 +4,7 @@
 
 #include "effects/ObjectItem.h"
 #include "tree/CustomTreeView.h"
+#include "tree/DocumentWatch.h"
 #include "tree/Keyboard.h"
 #include "tree/NotifyLabel.h"
 #include "tree/PanelKeys.h"
@@ -61,6 +62,7 @@ public:
     void showToolbar(Toolbar);
 
     CustomTreeView treeView;
+    DocumentWatch documentWatch;
     SimpleButton geometryButton;
     SimpleButton effectorButton;
     SimpleButton rendererButton;

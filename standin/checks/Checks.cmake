@@ -170,8 +170,8 @@ vortan_check(quiet-idle "While nothing changes an idle pass reads, writes nothin
 vortan_check(memory-steady "Thousands of idle passes take no memory."
   RUNS MemorySteady SCREEN
   MUTANT read-items-are-never-freed panel/IdlePass.cpp
-  WAS [[return CreateItemsFromLayer(panel.pluginId, panel.basicSuite, layer, allItems);]]
-  IS [[return *new std::vector<ObjectItem>( CreateItemsFromLayer(panel.pluginId, panel.basicSuite, layer, allItems));]]
+  WAS [[ReadItemsFromLayer(panel.pluginId, panel.basicSuite, layer, panel.layerItems); return panel.layerItems;]]
+  IS [[return *new std::vector<ObjectItem>( CreateItemsFromLayer(panel.pluginId, panel.basicSuite, layer, -1));]]
   FOUND [[bytes of memory]])
 vortan_check(reference-balance "Every effect and stream that the host hands out is disposed of, and once."
   RUNS ReferenceBalance SCREEN

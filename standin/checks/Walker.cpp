@@ -219,7 +219,7 @@ std::string Walker::compareRows()
         return "";
     const Texts wanted = textsOf(state.model.Rows());
     const auto agree = [&] { return textsOf(stage.Rows()) == wanted; };
-    if (stage.session.IdleUntil(agree, waits::untilExpected))
+    if (stage.session.IdleUntil(agree, waits::untilRowsFollow))
         return "";
     return difference("the panel's rows", wanted, textsOf(stage.Rows()));
 }

@@ -6,6 +6,9 @@ namespace standin
 {
 namespace
 {
+// New things get ids above all others, and far more of them can be made than anybody makes.
+constexpr int highestId = 1000000000;
+
 [[noreturn]] void fail(const std::string& where, const std::string& sentence)
 {
     throw ProjectFileError((where.empty() ? "" : where + ": ") + sentence);
@@ -76,7 +79,7 @@ int FieldReader::Id(const char* field)
     const int id = Integer<int>(field);
     if (id <= 0)
         Fail(field, "an id is a number above 0");
-    return id;
+    return static_cast<int>(integer(existing(field), placeOf(field), 1, highestId));
 }
 
 const nlohmann::json& FieldReader::list(const char* field)
@@ -91,8 +94,8 @@ std::vector<int> FieldReader::Ids(const char* field)
 {
     std::vector<int> ids;
     for (const nlohmann::json& value : list(field))
-        ids.push_back(static_cast<int>(integer(value, placeOf(field) + "[" + std::to_string(ids.size()) + "]",
-                                               1, std::numeric_limits<int>::max())));
+        ids.push_back(static_cast<int>(
+            integer(value, placeOf(field) + "[" + std::to_string(ids.size()) + "]", 1, highestId)));
     return ids;
 }
 

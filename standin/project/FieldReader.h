@@ -32,7 +32,7 @@ public:
                                            std::numeric_limits<Number>::min(),
                                            std::numeric_limits<Number>::max()));
     }
-    /// A number above 0.
+    /// A number from 1 to 1,000,000,000.
     int Id(const char* field);
     std::vector<int> Ids(const char* field);
     /// Calls `take` with each element, which has to be an object.

@@ -51,7 +51,16 @@ void writeAll(const std::string& path, const std::string& text)
     failWithReason(path, "cannot be written");
 }
 
-/// New things get ids that nothing in the project bears.
+/// The number of a label like those that new effects get, "e12"; 0 for any other.
+int numberOf(const std::string& label)
+{
+    constexpr std::size_t mostDigits = 9;
+    const bool isLikeThose = label.size() > 1 && label.size() <= 1 + mostDigits && label[0] == 'e' &&
+                             label.find_first_not_of("0123456789", 1) == std::string::npos;
+    return isLikeThose ? std::stoi(label.substr(1)) : 0;
+}
+
+/// New things get ids that nothing in the project bears, and new effects labels that are free.
 void raiseIds(HostParts& parts)
 {
     for (const Item& item : parts.project.items)
@@ -60,7 +69,7 @@ void raiseIds(HostParts& parts)
     {
         parts.nextLayer = std::max(parts.nextLayer, layer.id + 1);
         for (const EffectInstance& effect : layer.effects)
-            parts.nextEffect = std::max(parts.nextEffect, effect.id + 1);
+            parts.nextEffect = std::max({parts.nextEffect, effect.id + 1, numberOf(effect.label) + 1});
     }
 }
 } // namespace

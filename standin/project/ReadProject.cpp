@@ -37,6 +37,10 @@ json parseWithoutDoubles(const std::string& text)
         const auto line = 1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(end), '\n');
         throw ProjectFileError("this is no JSON from line " + std::to_string(line) + " on");
     }
+    catch (const json::out_of_range&)
+    {
+        throw ProjectFileError("a number is too large for JSON");
+    }
 }
 
 /// One of the two hexadecimal digits of a byte, or -1.

@@ -17,6 +17,26 @@ std::vector<std::string> wordsOf(const std::string& pattern)
     return words;
 }
 
+/// A phrase with its pattern taken apart, which is done once.
+struct KnownPhrase
+{
+    const Phrase* phrase;
+    std::vector<std::string> pattern;
+};
+
+const std::vector<KnownPhrase>& knownPhrases()
+{
+    static const std::vector<KnownPhrase> known = []
+    {
+        std::vector<KnownPhrase> all;
+        for (const PhraseBook& book : AllPhrases())
+            for (const Phrase& phrase : book.phrases)
+                all.push_back({&phrase, wordsOf(phrase.pattern)});
+        return all;
+    }();
+    return known;
+}
+
 /// Takes the words that the blank can hold. False if it can hold none.
 bool fillBlank(const std::string& blank, const std::vector<Word>& words, std::size_t& at,
                Arguments& arguments)
@@ -46,11 +66,11 @@ bool isBlankName(const std::string& word)
     return word == "TEXT" || word == "TEXTS" || word == "NUMBER" || word == "WORD";
 }
 
-std::optional<Arguments> match(const Phrase& phrase, const std::vector<Word>& words)
+std::optional<Arguments> match(const std::vector<std::string>& pattern, const std::vector<Word>& words)
 {
     Arguments arguments;
     std::size_t at = 0;
-    for (const std::string& expected : wordsOf(phrase.pattern))
+    for (const std::string& expected : pattern)
     {
         if (isBlankName(expected))
         {
@@ -68,9 +88,8 @@ std::optional<Arguments> match(const Phrase& phrase, const std::vector<Word>& wo
 }
 
 /// How many words of the statement stand in the pattern, the first counting most.
-int likeness(const Phrase& phrase, const std::vector<Word>& words)
+int likeness(const std::vector<std::string>& pattern, const std::vector<Word>& words)
 {
-    const std::vector<std::string> pattern = wordsOf(phrase.pattern);
     constexpr int firstWord = 3;
     int score = words.front().text == pattern.front() ? firstWord : 0;
     for (const Word& word : words)
@@ -83,10 +102,9 @@ int likeness(const Phrase& phrase, const std::vector<Word>& words)
 std::string nearestPhrases(const std::vector<Word>& words)
 {
     std::vector<std::pair<int, const char*>> scored;
-    for (const PhraseBook& book : AllPhrases())
-        for (const Phrase& phrase : book.phrases)
-            if (const int score = likeness(phrase, words); score > 0)
-                scored.emplace_back(score, phrase.pattern);
+    for (const KnownPhrase& known : knownPhrases())
+        if (const int score = likeness(known.pattern, words); score > 0)
+            scored.emplace_back(score, known.phrase->pattern);
     std::stable_sort(scored.begin(), scored.end(),
                      [](const auto& a, const auto& b) { return a.first > b.first; });
     constexpr std::size_t most = 4;
@@ -107,10 +125,9 @@ const std::vector<PhraseBook>& AllPhrases()
 
 Step BindPhrase(const Statement& statement)
 {
-    for (const PhraseBook& book : AllPhrases())
-        for (const Phrase& phrase : book.phrases)
-            if (std::optional<Arguments> arguments = match(phrase, statement.words))
-                return {statement, &phrase, *arguments};
+    for (const KnownPhrase& known : knownPhrases())
+        if (std::optional<Arguments> arguments = match(known.pattern, statement.words))
+            return {statement, known.phrase, *arguments};
     throw ScenarioError(statement.Place() + "a scenario cannot say this" + nearestPhrases(statement.words));
 }
 

@@ -156,7 +156,7 @@ void User::PressKey(const std::string& name)
 Area User::OpenMenu(Place at)
 {
     Click(at);
-    if (!IdleUntil([this] { return !hands.popUps().empty(); }))
+    if (!IdleUntil([this] { return !hands.popUps().empty(); }, waits::untilExpected))
         throw std::runtime_error("no menu has opened");
     IdleFor(waits::menuIgnoresClicks);
     const std::vector<Area> menus = hands.popUps();

@@ -22,10 +22,14 @@ constexpr auto betweenPasses = 4ms;
 /// Nothing is missed before this has passed, and so many passes: on a busy machine little happens in a
 /// second.
 constexpr auto untilSeen = 10s;
-constexpr int leastPasses = 100;
+constexpr int leastPasses = 50;
 
-/// So long an expectation of a scenario or a check may take to come true.
+/// So long an expectation of a scenario or a check may take to come true, and a menu to open.
 constexpr auto untilExpected = 5s;
+
+/// So long the panel's rows may differ from what a step of a walk has done. A walk takes hundreds of steps, and
+/// one that goes wrong is cut down by walking again and again.
+constexpr auto untilRowsFollow = 3s;
 
 /// For what comes to rest while nothing is wrong with it.
 constexpr auto untilStill = 30s;

@@ -10,7 +10,11 @@ namespace standin
 {
 namespace
 {
+using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAreArray;
+
+const std::string workflow = ".github/workflows/build.yml";
 
 std::string sourceText(const std::string& path)
 {
@@ -18,16 +22,18 @@ std::string sourceText(const std::string& path)
     return std::string(bytes.begin(), bytes.end());
 }
 
-/// The first groups of all matches on the page.
-std::vector<std::string> findOnPage(const std::string& pattern)
+/// The first groups of all matches in a file of the project.
+std::vector<std::string> findIn(const std::string& path, const std::string& pattern)
 {
-    const std::string page = sourceText("docs/macos.md");
+    const std::string text = sourceText(path);
     const std::regex expression(pattern);
     std::vector<std::string> found;
-    for (std::sregex_iterator match(page.begin(), page.end(), expression), end; match != end; ++match)
+    for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end; ++match)
         found.push_back((*match)[1]);
     return found;
 }
+
+std::vector<std::string> findOnPage(const std::string& pattern) { return findIn("docs/macos.md", pattern); }
 
 bool isSwitch(const std::string& enumeration, const std::string& value)
 {
@@ -80,15 +86,32 @@ TEST(MacosPage, NamesFilesThatAreThere)
 TEST(MacosPage, NamesOptionsThatTheBuildHas)
 {
     const std::string build = sourceText("bundle/CMakeLists.txt") + sourceText("cmake/VortanAbiCheck.cmake") +
-                              sourceText("cmake/VortanBundle.cmake") + sourceText("cmake/VortanJuce.cmake");
+                              sourceText("cmake/VortanBundle.cmake") + sourceText("cmake/VortanJuce.cmake") +
+                              sourceText("cmake/VortanTargets.cmake");
     const std::vector<std::string> named = findOnPage("\\| `(VORTAN_\\w+)`");
     std::vector<std::string> unknown;
     for (const std::string& name : named)
         if (!std::regex_search(build, std::regex("(option|set)\\(" + name + " .*(\"|CACHE)")))
             unknown.push_back(name);
 
-    EXPECT_EQ(named.size(), 5u);
+    EXPECT_EQ(named.size(), 6u);
     EXPECT_THAT(unknown, IsEmpty());
+}
+
+TEST(MacosPage, NamesTheSecretsThatTheWorkflowReads)
+{
+    const std::vector<std::string> read = findIn(workflow, "secrets\\.(\\w+)");
+
+    EXPECT_EQ(read.size(), 6u);
+    EXPECT_THAT(findOnPage("\\| `(MACOS_\\w+)`"), UnorderedElementsAreArray(read));
+}
+
+TEST(MacosPage, NamesTheReleaseOfJuceThatTheWorkflowTakes)
+{
+    const std::vector<std::string> taken = findIn(workflow, "JUCE_VERSION: ([0-9.]+)");
+
+    ASSERT_EQ(taken.size(), 1u);
+    EXPECT_THAT(findOnPage("JUCE ([0-9.]+[0-9]) by the workflow"), ElementsAre(taken.front()));
 }
 
 } // namespace

@@ -1,45 +1,24 @@
-// What runs over every effect at every idle takes no memory from the heap. The program's operator new counts,
-// and the host's tables are written by hand, since the stand-in's own book-keeping allocates.
+// What runs over every effect at every idle takes no memory from the heap. The host's tables are written by
+// hand, since the stand-in's own book-keeping allocates.
 
 #include "effects/EffectMessages.h"
 #include "effects/ObjectItem.h"
+#include "tests/support/CountedAllocations.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <cstring>
-#include <new>
 #include <string>
 #include <vector>
 
-namespace
-{
-std::size_t allocations = 0;
-
-void* countedBlock(std::size_t size)
-{
-    ++allocations;
-    if (void* block = std::malloc(size == 0 ? 1 : size))
-        return block;
-    throw std::bad_alloc();
-}
-} // namespace
-
-void* operator new(std::size_t size) { return countedBlock(size); }
-void* operator new[](std::size_t size) { return countedBlock(size); }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
+using standin::TakenBy;
 
 namespace
 {
 template <class Body>
 std::size_t allocationsIn(Body body)
 {
-    const std::size_t before = allocations;
-    body();
-    return allocations - before;
+    return TakenBy(body).allocations;
 }
 
 constexpr A_long effectsOnTheLayer = 3;

@@ -28,6 +28,16 @@ TEST_F(PassOutcome, NothingChangedSoNothingHappens)
     EXPECT_EQ(pass.printed, "");
 }
 
+TEST_F(PassOutcome, AFailedBeginKeepsNoOtherPassOut)
+{
+    host.Expect(finding::exceptionLeftHook, "", "there is no basic suite to ask");
+    SPBasicSuite* const basic = std::exchange(bench.Inbox().basicSuite, nullptr);
+    const PassRecord pass = bench.Pass();
+    EXPECT_EQ(pass.result.thrownNumber, 516);
+    bench.Inbox().basicSuite = basic;
+    EXPECT_EQ(bench.Pass().calls, Sequence({PassHead(), NoAddsAndDeletes(), three.Read(), QuietTree()}));
+}
+
 TEST_F(PassOutcome, AChangedTreeStatePushesTheSelection)
 {
     bench.SelectInTree({"B"});

@@ -133,6 +133,7 @@ TEST_F(ProjectFileTest, ABadFileIsRefusedInClearWords)
     EXPECT_EQ(Complaint("{\n \"format\": \"stand-in project\",\n oops}"),
               "p.json: this is no JSON from line 3 on");
     EXPECT_EQ(Complaint(""), "p.json: this is no JSON from line 1 on");
+    EXPECT_EQ(Complaint(R"({"version": 1e999})"), "p.json: a number is too large for JSON");
     EXPECT_EQ(Complaint("[]"), "p.json: an object in braces belongs here");
     EXPECT_EQ(Complaint("{}"), "p.json: the field \"format\" is missing");
     EXPECT_EQ(Complaint(R"({"format": "x"})"), "p.json: format: this is no project of the stand-in host");
@@ -163,6 +164,31 @@ TEST_F(ProjectFileTest, ABadEffectIsRefusedWithItsPlace)
               "p.json: layers[0].effects[0].hidden: true or false belongs here");
     EXPECT_THAT(Complaint(WithEffect(R"({"id": 1, "effect": "ADBE Fill", "identity": "12"})")),
                 HasSubstr("effects[0].identity: an identity reads like"));
+}
+
+TEST_F(ProjectFileTest, AnIdLeavesRoomForNewOnes)
+{
+    EXPECT_EQ(Complaint(WithEffect(R"({"id": 2147483647, "effect": "ADBE Fill"})")),
+              "p.json: layers[0].effects[0].id: the number does not lie between 1 and 1000000000");
+    EXPECT_EQ(Complaint(WithEffect(R"({"id": 1000000001, "effect": "ADBE Fill"})")),
+              "p.json: layers[0].effects[0].id: the number does not lie between 1 and 1000000000");
+    EXPECT_EQ(Complaint(WithEffect(R"({"id": 1000000000, "effect": "ADBE Fill"})")), "no complaint");
+}
+
+TEST_F(ProjectFileTest, NewEffectsGetLabelsThatAreFree)
+{
+    const char* const effects = R"({"id": 1, "label": "e2", "effect": "ADBE Fill"},
+ {"id": 3, "label": "e7x", "effect": "ADBE Fill"},
+ {"id": 4, "label": "e99999999999999999999", "effect": "ADBE Fill"})";
+    ReplaceProject(host, ReadProject(WithEffect(effects), host.InstalledEffects(), "p.json"));
+    for (int i = 0; i < 2; ++i)
+        (void)host.User().Apply(1, "ADBE Tint");
+    EXPECT_EQ(host.StackText(1), "e2 e7x e99999999999999999999 e5 e6");
+
+    ReplaceProject(host, ReadProject(WithEffect(R"({"id": 1, "label": "e2", "effect": "ADBE Fill"})"),
+                                     host.InstalledEffects(), "p.json"));
+    (void)host.User().Apply(1, "ADBE Tint");
+    EXPECT_EQ(Complaint(WriteProject(ProjectOf(host), host.InstalledEffects())), "no complaint");
 }
 
 TEST_F(ProjectFileTest, AProjectIsRefusedIfItPointsAtWhatIsNotThere)

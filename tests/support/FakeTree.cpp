@@ -115,6 +115,11 @@ std::vector<ObjectItem> GetItemsFromTree(ValueTreesDemo* tree)
     return tree == nullptr ? std::vector<ObjectItem>() : tree->objects;
 }
 
+std::uint64_t HashTreeItems(ValueTreesDemo* tree, std::uint64_t seed)
+{
+    return CalcItemsHash(seed, GetItemsFromTree(tree));
+}
+
 std::vector<ObjectItem> GetSelectedTreeItems(ValueTreesDemo* tree)
 {
     TreeLog().Add("GetSelectedTreeItems(" + nameOf(tree, "tree") + ")");

@@ -199,12 +199,44 @@ TEST_F(Boundary, StartsAndEndsJuceOverAndOver)
     }
 }
 
+TEST_F(Boundary, HashesTheItemsThatTheTreeHasNow)
+{
+    EXPECT_EQ(HashTreeItems(nullptr, 5), 5u);
+    EXPECT_EQ(HashTreeItems(panel, 5), 5u);
+    const std::vector<ObjectItem> first = {object(1, "a", 0), object(2, "b", 1)};
+    const std::vector<ObjectItem> second = {object(2, "b", 1), object(3, "c", 0)};
+    for (const auto& items : {first, second, first})
+    {
+        RefreshTree(panel, items);
+        for (const std::uint64_t seed : {5u, 6u, 5u})
+            EXPECT_EQ(HashTreeItems(panel, seed), CalcItemsHash(seed, GetItemsFromTree(panel)));
+    }
+    ClearTree(panel);
+    EXPECT_EQ(HashTreeItems(panel, 5), 5u);
+}
+
+TEST_F(Boundary, HashesTheOrderOfTheObjectsAndNotTheSelection)
+{
+    RefreshTree(panel, {object(1, "a", 0), object(2, "b", 0)});
+    const auto start = HashTreeItems(panel, 0);
+    select({"a"});
+    EXPECT_EQ(HashTreeItems(panel, 0), start);
+    node("a").getParent().moveChild(0, 1, nullptr);
+    EXPECT_NE(HashTreeItems(panel, 0), start);
+    EXPECT_EQ(HashTreeItems(panel, 0), CalcItemsHash(0, GetItemsFromTree(panel)));
+}
+
 // What each of the user's edits leaves behind for the idle pass.
 
 TEST_F(Boundary, ShowsAnEditOfABoxANameOrAPlaceInTheItems)
 {
     RefreshTree(panel, {object(1, "a", 0), object(2, "b", 1)});
-    auto hash = [this] { return CalcItemsHash(0, GetItemsFromTree(panel)); };
+    auto hash = [this]
+    {
+        const auto hashOfTree = HashTreeItems(panel, 0);
+        EXPECT_EQ(hashOfTree, CalcItemsHash(0, GetItemsFromTree(panel)));
+        return hashOfTree;
+    };
     const auto start = hash();
 
     node("a").setProperty("active", 0, nullptr);

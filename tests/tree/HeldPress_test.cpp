@@ -232,6 +232,97 @@ TEST_F(AHeldPress, MakesNoDoubleClickOfTwoItems)
     EXPECT_EQ(shape(), "Layer(a Group 1*(c) b)");
 }
 
+TEST_F(AHeldPress, MakesNoDoubleClickOfTwoGroups)
+{
+    begin(Press(Part::text, "Group 1", Key::none, {}), Clicks::one);
+    letGo();
+    show({object(1, "a"), object(2, "b"), object(6, "f", 2), object(3, "c", 1)});
+    press(place);
+    finish();
+    EXPECT_EQ(shape(), "Layer(a b Group 2*(f) Group 1(c))");
+}
+
+TEST_F(AHeldPress, MakesNoDoubleClickWithOneOnNoRow)
+{
+    show({object(1, "a", 1)});
+    place = placeOf({Part::text, "Group 1"});
+    show({});
+    press(place);
+    letGo();
+    show({object(1, "a", 1)});
+    press(place);
+    finish();
+    EXPECT_EQ(shape(), "Layer(Group 1*(a))");
+}
+
+TEST_F(AHeldPress, LeavesARowThatWasDeselectedMeanwhile)
+{
+    begin(Press(Part::text, "b", Key::none, {}), Clicks::one);
+    EXPECT_EQ(shape(), "Layer(a b* Group 1(c d) x e)");
+    view().clearSelectedItems();
+    finish();
+    EXPECT_EQ(shape(), "Layer(a b Group 1(c d) x e)");
+}
+
+TEST_F(AHeldPress, WithShiftSelectsWhatIsLeftOfTheRange)
+{
+    begin(Press(Part::text, "c", Key::shift, {"a", "c", "e"}), Clicks::one);
+    show({object(1, "a"), object(3, "c", 1), object(4, "d", 1), external("x"), object(5, "e")});
+    finish();
+    EXPECT_EQ(shape(), "Layer(a* Group 1*(c* d) x e)");
+}
+
+TEST_F(AHeldPress, OfTheOtherButtonDragsNothing)
+{
+    arrange(Press(Part::text, "b", Key::none, {}));
+    press(place, juce::ModifierKeys::rightButtonModifier);
+    moveTo(place + juce::Point<int>(0, 100));
+    EXPECT_FALSE(panel->isDragAndDropActive());
+    finish();
+}
+
+TEST_F(AHeldPress, DragsNothingWhereNobodyTakesADrag)
+{
+    CustomTreeView lonely;
+    lonely.setSize(200, 200);
+    lonely.setRootItem(ValueTreesDemo::CreateTreeFromItems(items, -1));
+    {
+        HeadlessWindow around(lonely);
+        pump();
+        const juce::Point<int> row = lonely.getItemOnRow(1)->getItemPosition(true).getPosition();
+        around.press(around.getLocalPoint(&lonely, row + juce::Point<int>(20, 10)));
+        around.moveTo(around.getLocalPoint(&lonely, row + juce::Point<int>(20, 100)));
+        EXPECT_TRUE(lonely.getItemOnRow(1)->isSelected());
+        around.release();
+    }
+    lonely.discardRootItem();
+}
+
+TEST_F(AHeldPress, ThatNeverWasLetsADropThrough)
+{
+    show(items);
+    select({"a"});
+    const juce::Point<int> below = placeOf({Part::text, "e"}) + juce::Point<int>(0, 8);
+    const juce::DragAndDropTarget::SourceDetails details("Object", &view(), below);
+    EXPECT_TRUE(view().isInterestedInDragSource(details));
+    view().itemDropped(details);
+    pump();
+    EXPECT_EQ(shape(), "Layer(b Group 1(c d) x e a*)");
+}
+
+TEST_F(AHeldPress, KeepsItsRowThroughAnotherPress)
+{
+    begin(Press(Part::text, "b", Key::none, {}), Clicks::one);
+    RefreshTree(panel, items);
+    EXPECT_EQ(view().getRetiredRows().size(), 1);
+    letGo();
+    press(place);
+    pump();
+    EXPECT_EQ(view().getRetiredRows().size(), 1) << "a button is down again";
+    finish();
+    EXPECT_EQ(view().getRetiredRows().size(), 0);
+}
+
 TEST_F(AHeldPress, FindsAnOutsideEffectAmongThoseOfItsName)
 {
     const std::vector<ObjectItem> twins = {external("x"), object(1, "a"), external("x")};

@@ -128,3 +128,12 @@ TEST_F(StateTable, LimitsAScrollPositionThatHasNoRowsAnyMore)
     EXPECT_EQ(scrolledTo(), 0);
     EXPECT_FALSE(didChange(1));
 }
+
+TEST_F(StateTable, GivesTheFirstRowOfANameTheFirstState)
+{
+    show(1, {object(1, "Group 2"), object(2, "x", 2)});
+    root()->getSubItem(1)->setOpen(false);
+    cache(1);
+    show(1, {object(1, "new"), object(2, "x", 2)});
+    EXPECT_TRUE(row("Group 2").isOpen()) << "it has taken the state of the object of its name";
+}

@@ -75,6 +75,13 @@ TEST_F(RowsInADrag, TakeNoDropOnceTheyHaveLeftTheirView)
     EXPECT_EQ(outputOf([&] { left->itemDropped(details, 0); }), "");
 }
 
+TEST_F(RowsInADrag, StartNoneOnceTheyHaveLeftTheirView)
+{
+    build({object(1, "a")});
+    ValueTreeItem outside(node("a"), false);
+    EXPECT_TRUE(outside.getDragSourceDescription().isVoid());
+}
+
 TEST_F(RowsInADrag, TakeAnObjectIntoAGroup)
 {
     build({object(1, "a", 1), object(2, "b")});

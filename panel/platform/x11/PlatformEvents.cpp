@@ -23,6 +23,26 @@ private:
     bool isFirst;
 };
 
+/// Whether there is something to read, or an answer to come. Sends what waits to be sent.
+bool hasServerNews()
+{
+    Display* display = GetTreeDisplay();
+    return display != nullptr && (XEventsQueued(display, QueuedAfterFlush) > 0 ||
+                                  XLastKnownRequestProcessed(display) + 1 != XNextRequest(display));
+}
+
+/// JUCE's timers tick at nearly every idle, and need nothing of the server.
+bool hasNewsAfterMessages()
+{
+    if (hasServerNews())
+        return true;
+    if (!AreTreeMessagesWaiting())
+        return false;
+    KeepTreeEvents();
+    RunTreeMessages();
+    return hasServerNews();
+}
+
 /// For a widget without a container, and for none.
 void deliverEverything()
 {
@@ -49,6 +69,9 @@ void DispatchPlatformEvents(ValueTreesDemo* tree)
         return;
     // Held here: the widget may be deleted by what is delivered.
     const auto embedding = std::dynamic_pointer_cast<X11Embedding>(GetTreeAttachment(tree));
+    const bool mustUpdate = embedding != nullptr && embedding->MustUpdate();
+    if (!mustUpdate && !hasNewsAfterMessages())
+        return;
     if (embedding != nullptr)
         embedding->Update();
     else

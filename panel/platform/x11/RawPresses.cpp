@@ -1,25 +1,8 @@
 #include "panel/platform/x11/RawPresses.h"
 
-#include <X11/extensions/XInput2.h>
+#include "panel/platform/x11/InputExtension.h"
 
-namespace
-{
-/// The opcode of the extension, -1 if the server lacks it or has a version that is too old.
-int findExtension(Display* display)
-{
-    int opcode = -1;
-    int firstEvent = 0;
-    int firstError = 0;
-    int major = 2;
-    int minor = 1; // The first that tells of raw presses while somebody has grabbed the pointer.
-    const bool isThere =
-        XQueryExtension(display, "XInputExtension", &opcode, &firstEvent, &firstError) != 0 &&
-        XIQueryVersion(display, &major, &minor) == Success;
-    return isThere ? opcode : -1;
-}
-} // namespace
-
-RawPresses::RawPresses(Display* connection) : display(connection), opcode(findExtension(connection))
+RawPresses::RawPresses(Display* connection) : display(connection), opcode(FindInputExtension(connection))
 {
     select(Telling::on);
 }
@@ -30,11 +13,10 @@ void RawPresses::select(Telling telling) const
 {
     if (opcode < 0)
         return;
-    unsigned char bits[XIMaskLen(XI_LASTEVENT)] = {};
     if (telling == Telling::on)
-        XISetMask(bits, XI_RawButtonPress);
-    XIEventMask mask = {XIAllMasterDevices, sizeof bits, bits};
-    (void)XISelectEvents(display, DefaultRootWindow(display), &mask, 1);
+        SelectInputEvents(display, DefaultRootWindow(display), {XI_RawButtonPress, XI_FocusIn, XI_FocusOut});
+    else
+        SelectInputEvents(display, DefaultRootWindow(display), {});
 }
 
 void RawPresses::Translate(XEvent& event) const

@@ -7,7 +7,8 @@
 class RawPresses
 {
 public:
-    /// Asks for them. Without the extension that knows of them none will come.
+    /// Asks for them, and on the root for what tells that the focus comes to it or leaves it, since a
+    /// connection can ask only once for a window. Without the extension that knows of them none will come.
     /// `display` must outlive the object, or be null by the time it is told to stop.
     explicit RawPresses(Display* display);
 

@@ -54,9 +54,11 @@ X11Embedding::X11Embedding(ValueTreesDemo* widget, Window hostContainer)
       panelWindow(GetTreeWindow(widget)),
       host(display, hostContainer),
       rawPresses(display),
+      focusWatch(display),
       superMask(XkbKeysymToModifiers(display, XK_Super_L))
 {
     WriteLine("View Will move to Winodw");
+    NoteTreeIsEmbedded(tree);
     detachKeys();
     watchContainer();
     followContainer();
@@ -99,6 +101,7 @@ void X11Embedding::OnTreeGone()
     if (container != None)
         (void)XSelectInput(display, container, NoEventMask);
     rawPresses.Stop();
+    focusWatch.Stop();
     XFlush(display);
 }
 
@@ -110,6 +113,11 @@ void X11Embedding::leaveKeyboard()
     XGetInputFocus(display, &focused, &revert);
     if (focused == container || wasLeftBehind(focused, revert))
         host.TakeKeyboardBack(CurrentTime);
+}
+
+bool X11Embedding::MustUpdate() const
+{
+    return !isFocusSettled || doubtfulPress.has_value() || !events.empty() || IsTreeButtonDown();
 }
 
 void X11Embedding::Update()
@@ -355,11 +363,11 @@ void X11Embedding::examineFocus()
 {
     if (tree == nullptr)
         return;
-    Window focused = None;
-    int revert = RevertToParent;
-    XGetInputFocus(display, &focused, &revert);
+    const FocusWatch::Focus focus = focusWatch.Find();
+    Window focused = focus.window;
     const bool isOnPopup = focused != panelWindow && IsTreeWindow(focused);
-    const bool isLost = holdsKeyboard && wasLeftBehind(focused, revert);
+    const bool isLost = holdsKeyboard && wasLeftBehind(focused, focus.revert);
+    isFocusSettled = focusWatch.IsTold() && !isOnPopup && !isLost;
     if ((isOnPopup || isLost) && IsOnScreen(display, panelWindow))
     {
         (void)XSetInputFocus(display, panelWindow, RevertToParent, CurrentTime);

@@ -6,6 +6,7 @@
 // container's changes, presses anywhere, focus, keys. It hands JUCE what is JUCE's, one event at a time.
 // The host's own event selection stays as it is, since each connection has one of its own.
 
+#include "panel/platform/x11/FocusWatch.h"
 #include "panel/platform/x11/HostWindow.h"
 #include "panel/platform/x11/RawPresses.h"
 #include "tree/platform/x11/TreeX11.h"
@@ -22,6 +23,9 @@ public:
     static void Attach(ValueTreesDemo* tree, Window container);
 
     X11Embedding(ValueTreesDemo* tree, Window container);
+
+    /// Whether there is something to look after that no event will tell of.
+    bool MustUpdate() const;
 
     /// Deals with all that has come since the last call, and runs JUCE's timers and messages.
     void Update();
@@ -73,6 +77,7 @@ private:
     Window panelWindow;
     HostWindow host;
     RawPresses rawPresses;
+    FocusWatch focusWatch;
     unsigned superMask;       ///< The modifier that JUCE does not see.
     long juceEventMask = 0;   ///< What JUCE selects on the panel's window, without keys.
     bool selectsKeys = false; ///< On the panel's window, besides.
@@ -80,6 +85,7 @@ private:
     std::optional<Time> doubtfulPress; ///< One that may still turn out to be JUCE's.
     bool wasPressed = false;           ///< In a window of JUCE, since the last update.
     bool holdsKeyboard = false;
+    bool isFocusSettled = false; ///< The focus is where it should be, as far as the server has told.
     bool hasNewSize = false;
     int newWidth = 0;
     int newHeight = 0;

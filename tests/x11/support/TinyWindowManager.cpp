@@ -3,13 +3,9 @@
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <chrono>
-#include <csignal>
 #include <poll.h>
 #include <stdexcept>
-#include <sys/prctl.h>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 
 namespace standin
 {
@@ -100,34 +96,21 @@ private:
     Window lastFocused = None;
 };
 
-[[noreturn]] void runManager(int readyPipe)
+int runManager()
 {
-    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
     Manager manager;
-    (void)!write(readyPipe, "!", 1);
+    process::Tell("manages", "");
     manager.Run();
 }
 } // namespace
 
-TinyWindowManager::TinyWindowManager()
+TinyWindowManager::TinyWindowManager() : manager(&runManager)
 {
-    int fds[2];
-    if (pipe(fds) != 0)
-        throw std::runtime_error("no pipe for the window manager");
-    process = fork();
-    if (process == 0)
-        runManager(fds[1]);
-    (void)close(fds[1]);
-    char ready = 0;
-    const bool isReady = read(fds[0], &ready, 1) == 1;
-    (void)close(fds[0]);
-    if (!isReady)
-        throw std::runtime_error("the window manager did not start");
-}
-
-TinyWindowManager::~TinyWindowManager()
-{
-    (void)kill(process, SIGKILL);
-    (void)waitpid(process, nullptr, 0);
+    while (manager.Told().empty())
+    {
+        if (manager.IsDone())
+            throw std::runtime_error("the window manager did not start");
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
 }
 } // namespace standin

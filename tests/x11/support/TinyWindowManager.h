@@ -2,7 +2,7 @@
 // What window managers have in common, as far as it matters to a panel: a click gives a window the focus and
 // is handed on only then, and a focus that nobody has any more goes to the last window that had it.
 
-#include <sys/types.h>
+#include "standin/process/Child.h"
 
 namespace standin
 {
@@ -11,11 +11,8 @@ class TinyWindowManager
 public:
     /// Manages the display of the environment, in a process of its own, from when the constructor returns.
     TinyWindowManager();
-    ~TinyWindowManager();
-    TinyWindowManager(const TinyWindowManager&) = delete;
-    TinyWindowManager& operator=(const TinyWindowManager&) = delete;
 
 private:
-    pid_t process = -1;
+    process::Child manager;
 };
 } // namespace standin

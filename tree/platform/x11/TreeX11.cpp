@@ -9,7 +9,9 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <poll.h>
 #include <utility>
+#include <vector>
 
 namespace
 {
@@ -29,6 +31,63 @@ int pendingForJuce(Display* display)
         (void)XEventsQueued(display, QueuedAfterFlush);
     return std::exchange(eventsForJuce, 0);
 }
+
+/// The widget's window while it lies in a container. No window manager gives such a window a state.
+Window embeddedWindow = None;
+
+/// Stands in for XGetWindowProperty. JUCE looks for that state twice for each row that it lays out, and each
+/// look would be a question to the server.
+int propertyForJuce(Display* display, Window window, Atom property, long offset, long length,
+                    Bool shouldDelete, Atom wanted, Atom* type, int* format, unsigned long* count,
+                    unsigned long* left, unsigned char** data)
+{
+    const auto* windows = juce::XWindowSystem::getInstanceWithoutCreating();
+    if (window != embeddedWindow || windows == nullptr || property != windows->getAtoms().state)
+        return XGetWindowProperty(display, window, property, offset, length, shouldDelete, wanted, type,
+                                  format, count, left, data);
+    *type = None;
+    *format = 0;
+    *count = 0;
+    *left = 0;
+    *data = nullptr;
+    return Success;
+}
+
+/// What JUCE waits at for messages: the descriptors of its event loop, among them the connection to the
+/// server.
+class MessageDescriptors : private juce::LinuxEventLoopInternal::Listener, private juce::DeletedAtShutdown
+{
+public:
+    MessageDescriptors()
+    {
+        juce::LinuxEventLoopInternal::registerLinuxEventLoopListener(*this);
+        fdCallbacksChanged();
+    }
+    ~MessageDescriptors() override
+    {
+        juce::LinuxEventLoopInternal::deregisterLinuxEventLoopListener(*this);
+        clearSingletonInstance();
+    }
+    JUCE_DECLARE_SINGLETON_SINGLETHREADED(MessageDescriptors, false)
+
+    bool isAnyReady(int other)
+    {
+        for (pollfd& descriptor : descriptors)
+            descriptor.events = descriptor.fd == other ? 0 : POLLIN;
+        return poll(descriptors.data(), descriptors.size(), 0) > 0;
+    }
+
+private:
+    void fdCallbacksChanged() override
+    {
+        descriptors.clear();
+        for (const int descriptor : juce::LinuxEventLoopInternal::getRegisteredFds())
+            descriptors.push_back({descriptor, POLLIN, 0});
+    }
+
+    std::vector<pollfd> descriptors;
+};
+JUCE_IMPLEMENT_SINGLETON(MessageDescriptors)
 
 /// The component that JUCE itself hands the next key to.
 juce::Component& juceTarget(ValueTreesDemo& tree)
@@ -124,6 +183,13 @@ void DeliverTreeEvent(const _XEvent& event)
     juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd(ConnectionNumber(display));
 }
 
+bool AreTreeMessagesWaiting()
+{
+    Display* display = GetTreeDisplay();
+    return juce::MessageManager::getInstanceWithoutCreating() != nullptr &&
+           MessageDescriptors::getInstance()->isAnyReady(display != nullptr ? ConnectionNumber(display) : -1);
+}
+
 void RunTreeMessages()
 {
     RunWhatWaitsForHost();
@@ -135,6 +201,12 @@ void RunTreeMessages()
     }
     if (Display* display = GetTreeDisplay())
         XFlush(display);
+}
+
+void NoteTreeIsEmbedded(ValueTreesDemo* tree)
+{
+    embeddedWindow = GetTreeWindow(tree);
+    juce::X11Symbols::getInstance()->xGetWindowProperty = &propertyForJuce;
 }
 
 unsigned long GetTreeWindow(ValueTreesDemo* tree)

@@ -25,6 +25,9 @@ void KeepTreeEvents();
 /// Hands one event to JUCE, which has dealt with it when this returns. KeepTreeEvents must have been called.
 void DeliverTreeEvent(const _XEvent&);
 
+/// Whether JUCE has timers or messages to run.
+bool AreTreeMessagesWaiting();
+
 /// Runs JUCE's timers and messages: a bounded number of rounds.
 void RunTreeMessages();
 
@@ -32,6 +35,10 @@ void RunTreeMessages();
 
 /// The X11 `Window` of the widget; 0 while it is not on the desktop.
 unsigned long GetTreeWindow(ValueTreesDemo*);
+
+/// From now on JUCE takes it for granted that the widget's window is not minimised, and does not ask the
+/// server each time: one that lies in a container never is.
+void NoteTreeIsEmbedded(ValueTreesDemo*);
 
 /// Whether an X11 `Window` is one of JUCE's: the widget's, a menu's, a drag image's.
 bool IsTreeWindow(unsigned long window);

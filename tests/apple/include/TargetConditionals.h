@@ -1,0 +1,8 @@
+#pragma once
+// Which of Apple's systems is compiled for: macOS.
+
+#define TARGET_OS_MAC 1
+#define TARGET_OS_OSX 1
+#define TARGET_OS_IPHONE 0
+#define TARGET_OS_SIMULATOR 0
+#define TARGET_IPHONE_SIMULATOR 0

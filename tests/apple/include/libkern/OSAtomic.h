@@ -1,0 +1,4 @@
+#pragma once
+// JUCE includes it and uses nothing of it; the order of bytes comes with it.
+
+#include <libkern/OSByteOrder.h>
