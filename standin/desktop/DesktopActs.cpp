@@ -88,6 +88,12 @@ std::map<std::string, Act> ActsInWindows(DesktopSession& on)
             {"a sibling notifies TEXT", [&](Stage& s, const Arguments& a) { notify(on, s, a.texts[0]); }},
             {"cover the panel",
              [&on, otherTab](Stage&, const Arguments&) { on.Click(on.PlaceIn("dock", otherTab)); }},
+            {"filter the calls for TEXT",
+             [&](Stage&, const Arguments& a)
+             {
+                 on.Click(on.PlaceIn("filter", {60, 10}));
+                 on.TypeInto("filter", a.texts[0]);
+             }},
             {"press WORD", [&](Stage&, const Arguments& a)
              {
                  on.AwaitKeyboard();

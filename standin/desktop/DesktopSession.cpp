@@ -1,19 +1,9 @@
 #include "standin/desktop/DesktopSession.h"
 
-#include <stdexcept>
+#include "tree/platform/x11/JuceInternals.h"
 
-namespace juce
-{
-#if JUCE_MAJOR_VERSION < 8
-extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
-#else
-namespace detail
-{
-extern bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
-} // namespace detail
-using detail::dispatchNextMessageOnSystemQueue;
-#endif
-} // namespace juce
+#include <stdexcept>
+#include <thread>
 
 namespace standin
 {
@@ -62,7 +52,12 @@ void DesktopSession::Idle()
 {
     const std::size_t before = bench.Passes();
     while (bench.Passes() == before)
-        (void)juce::dispatchNextMessageOnSystemQueue(false);
+    {
+        if (juce::MessageManager::getInstance()->hasStopMessageBeenSent())
+            throw std::runtime_error("the desktop has been closed");
+        if (!DispatchJuceMessages())
+            std::this_thread::sleep_for(waits::betweenPasses);
+    }
 }
 
 juce::Component& DesktopSession::component(const char* id) const

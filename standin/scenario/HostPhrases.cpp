@@ -171,6 +171,8 @@ std::vector<Phrase> viewPhrases()
                    [](Stage& s, const Arguments&) { setPanel(s, PanelState::absent); }),
             Action("resize the panel to NUMBER by NUMBER", "Width and height in pixels.",
                    [](Stage& s, const Arguments& a) { s.session.ResizePanel(a.numbers[0], a.numbers[1]); }),
+            Action("filter the calls for TEXT", "Types into the filter of the desktop's list of calls.",
+                   [](Stage&, const Arguments&) { throw StageError("only the desktop lists the calls"); }),
             Action("quit", "Ends the host. Nothing happens afterwards, but expectations can follow.",
                    [](Stage& s, const Arguments&) { s.session.End(); })};
 }

@@ -129,6 +129,7 @@ void PanelRecording::press(const InputEvent& event)
         if (button.text == "Add Vortan" || button.text == "Add Group")
             return line("click button TEXT", {button.text});
         menuOf = button.text;
+        menuPicture.clear();
         entries.clear();
         menuEntry = -1;
         return;
@@ -219,7 +220,11 @@ void PanelRecording::readMenu()
     const std::optional<Area> area = menu();
     if (!area.has_value())
         return;
-    const std::vector<std::string> seen = reader.MenuEntries(eyes.picture(*area), candidates());
+    ScreenPicture now = eyes.picture(*area);
+    if (now.pixels == menuPicture)
+        return; // Reading takes many times as long as looking, and a menu stays as it is for many passes.
+    const std::vector<std::string> seen = reader.MenuEntries(now, candidates());
+    menuPicture = std::move(now.pixels);
     entries.resize(seen.size(), PanelReader::unreadable);
     for (std::size_t i = 0; i < seen.size(); ++i)
         if (seen[i] != PanelReader::unreadable)

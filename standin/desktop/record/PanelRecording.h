@@ -68,6 +68,7 @@ private:
     View view;
     std::string menuOf;                ///< The button whose menu is open.
     std::vector<std::string> entries;  ///< Of that menu. One that is pointed at is not always to be read.
+    std::vector<std::uint32_t> menuPicture; ///< When it was read last.
     int menuEntry = -1;                ///< What the arrow keys have come to in it.
     std::vector<PanelRow> rowsAtPress; ///< What is dragged hangs over them later.
     std::string typed;                 ///< Typed so far.

@@ -1,5 +1,7 @@
 #include "standin/desktop/views/MainView.h"
 
+#include "standin/desktop/views/WindowEvents.h"
+
 #include <JuceText.h>
 
 namespace standin
@@ -64,6 +66,9 @@ void MainView::timerCallback()
     bench.Idle(now(), effects.IsDragging() ? IdleMode::starved : IdleMode::normal);
     tendWindow();
     Refresh();
+    // After a pass that took long the next is due already, and JUCE delivers the messages of its timers before
+    // it looks at what the user does: with passes like that the windows would never answer again.
+    startTimerHz(idlesPerSecond);
 }
 
 /// Behind the idle, in which the panel fetches a lost focus back for itself.
@@ -80,7 +85,7 @@ void MainView::tendWindow()
     // focus has come may be under way, though, and would take it from whoever has it by then.
     if (passesDeaf == passesUntilSure)
         peer->handleFocusGain();
-    containers.Wake(window);
+    DeliverWindowEvents();
     if (waiting && getCurrentlyModalComponent() == nullptr && getCurrentlyFocusedComponent() != nullptr)
         std::exchange(waiting, nullptr)();
 }

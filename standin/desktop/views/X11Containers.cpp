@@ -131,15 +131,4 @@ bool X11Containers::FetchLostFocus(unsigned long window) const
     (void)XSync(connection->display, False);
     return false;
 }
-
-void X11Containers::Wake(unsigned long window) const
-{
-    XEvent event{};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = window;
-    event.xclient.message_type = XInternAtom(connection->display, "STANDIN_WAKE", False);
-    event.xclient.format = 32;
-    (void)XSendEvent(connection->display, window, False, NoEventMask, &event);
-    (void)XFlush(connection->display);
-}
 } // namespace standin

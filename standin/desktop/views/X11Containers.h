@@ -34,11 +34,6 @@ public:
     /// Gives the focus to a window of the desktop if nobody has it: a menu that closes leaves it on the
     /// screen's root where no window manager hands it on. Whether the window has had it all along.
     bool FetchLostFocus(unsigned long window) const;
-    /// Sends the window a message that means nothing. JUCE looks for its events when something new arrives
-    /// from the server, and leaves lying what came in along with the answer to a question of its own; an open
-    /// menu asks one twenty times a second. Without this a key or a click may wait for the next move of the
-    /// mouse.
-    void Wake(unsigned long window) const;
 
 private:
     struct Connection;
