@@ -1,6 +1,5 @@
 #include "tests/tree/support/TreeShape.h"
 
-#include "tree/NameText.h"
 #include "tree/TreeModel.h"
 
 namespace standin
@@ -40,7 +39,7 @@ ValueTreeItem* rootOf(const juce::TreeView& view) { return dynamic_cast<ValueTre
 
 std::string NameOf(const ValueTreeItem& row)
 {
-    return BytesFromText(row.getNode()[TreeIds::name].toString());
+    return row.getNode()[TreeIds::name].toString().toStdString();
 }
 
 std::string ShapeOf(const juce::TreeView& view)
