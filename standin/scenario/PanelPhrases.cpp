@@ -100,7 +100,7 @@ std::vector<Phrase> mousePhrases()
                [](Stage& s, const Arguments&) { s.session.Click(emptyPlace(s)); }),
         Action("click below the rows", "Clicks in the tree, under its last row.",
                [](Stage& s, const Arguments&) { s.session.Click(belowRows(s)); }),
-        Action("click the host", "Clicks the host's own window, which takes the keyboard.",
+        Action("click the host", "Clicks the host's own window. The panel gives the keyboard back; the host does not take it.",
                [](Stage& s, const Arguments&) { s.session.ClickHost(); }),
         Action("click button TEXT", "Clicks a button of the panel.",
                [](Stage& s, const Arguments& a) { s.session.Click(s.MiddleOf(s.Button(a.texts[0]))); }),

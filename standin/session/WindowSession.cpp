@@ -30,6 +30,7 @@ WindowSession::WindowSession(const std::string& bundleFile, DisplayChoice displa
     : Session(ownHost, serverFor(display)), bundle(bundleFile)
 {
     InstallFamily(host);
+    window.Obey(host.Options());
     host.SetContainerProvider(&window);
     Point(HostPlace());
 }
@@ -40,6 +41,7 @@ void WindowSession::End()
 {
     if (std::exchange(ended, true))
         return;
+    window.Obey(host.Options());
     if (host.FindPanel(panelName) != nullptr)
         host.Expect("unbalanced-suite", "",
                     "the panel and its controller hold their suites until the host ends");
@@ -51,14 +53,35 @@ void WindowSession::End()
 
 void WindowSession::collect()
 {
+    hearKeys();
     append(heard.printed, output.TakeLines());
     append(heard.calls, host.CallTexts());
     host.ClearTrace();
-    append(heard.keys, window.TakeKeys());
+}
+
+/// The keys that have reached the host since the last pass stand for menu items, or not.
+void WindowSession::hearKeys()
+{
+    window.Obey(host.Options());
+    for (std::string& key : window.TakeKeys())
+    {
+        (void)host.PressKey();
+        heard.keys.push_back(std::move(key));
+    }
+}
+
+void WindowSession::pressed(Place at)
+{
+    window.Obey(host.Options());
+    if (PanelArea().Holds(at))
+        host.User().Activate(ActivePanel::ours);
+    else
+        host.User().ActivateLast();
 }
 
 void WindowSession::Idle()
 {
+    hearKeys();
     const HookResult result = host.RunIdle();
     if (!result.thrown.empty())
         heard.thrown = result.thrown;

@@ -33,6 +33,9 @@ public:
 
 private:
     void collect() override;
+    void hearKeys();
+    /// The panel is the active window of the host then, or else the one that was active last.
+    void pressed(Place at) override;
 
     HostWindow window;
     Host ownHost;

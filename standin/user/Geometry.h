@@ -19,6 +19,7 @@ struct Area
     int height = 0;
 
     Place Middle() const { return {x + width / 2, y + height / 2}; }
+    bool Holds(Place at) const { return at.x >= x && at.y >= y && at.x < x + width && at.y < y + height; }
     friend bool operator==(const Area& a, const Area& b)
     {
         return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;

@@ -63,7 +63,15 @@ HostWindow::HostWindow(const HostLayout& wanted) : layout(wanted), display(XOpen
 HostWindow::~HostWindow()
 {
     (void)XCloseDisplay(display);
-    (void)XSetErrorHandler(reinterpret_cast<XErrorHandler>(formerHandler));
+    if (xErrors == XErrors::areCounted)
+        (void)XSetErrorHandler(reinterpret_cast<XErrorHandler>(formerHandler));
+}
+
+void HostWindow::Obey(const HostOptions& options)
+{
+    focusAtClicks = options.focusAtClicks;
+    if (std::exchange(xErrors, options.xErrors) != options.xErrors)
+        (void)XSetErrorHandler(xErrors == XErrors::areCounted ? &noteError : nullptr);
 }
 
 unsigned long HostWindow::makeFrame() const
@@ -104,7 +112,7 @@ void HostWindow::paint() const
 
 void HostWindow::handle(XEvent& event)
 {
-    if (event.type == ButtonPress)
+    if (event.type == ButtonPress && focusAtClicks == FocusAtClicks::isTaken)
         (void)XSetInputFocus(display, frame, RevertToParent, event.xbutton.time);
     if (event.type == Expose)
         paint();

@@ -3,6 +3,7 @@
 // connection of its own. A strip above the panel, if there is room for one, shows the panel's tab.
 
 #include "standin/core/ContainerProvider.h"
+#include "standin/core/HostOptions.h"
 #include "standin/user/Geometry.h"
 
 #include <string>
@@ -28,12 +29,15 @@ public:
     HostWindow(const HostWindow&) = delete;
     HostWindow& operator=(const HostWindow&) = delete;
 
-    /// Reads what has come for the host's windows: a press on them takes the keyboard focus.
+    /// From now on the windows behave as these options say. Without it a press on them takes the keyboard
+    /// focus, and the errors of X are counted.
+    void Obey(const HostOptions& options);
+    /// Reads what has come for the host's windows.
     void HandleEvents();
 
     /// The keys that have reached the host since the last call: "Delete", "Control+a".
     std::vector<std::string> TakeKeys();
-    /// Errors that Xlib told the host of since the last call.
+    /// Errors that Xlib told the host of since the last call, while it counts them.
     int TakeErrors();
 
     unsigned long Frame() const { return frame; }
@@ -69,6 +73,8 @@ private:
 
     std::string tab;
     std::vector<std::string> keys;
+    FocusAtClicks focusAtClicks = FocusAtClicks::isTaken;
+    XErrors xErrors = XErrors::areCounted;
     void (*formerHandler)() = nullptr; ///< Of Xlib's type for handlers of errors.
 };
 } // namespace standin

@@ -65,6 +65,7 @@ void User::Press(Place at, const std::vector<std::string>& modifiers, unsigned b
         hands.keyDown(ModifierKey(modifier));
     heldModifiers = modifiers;
     hands.press(button);
+    pressed(at);
     lastPlace = at;
     lastClick = Clock::now();
 }
@@ -98,6 +99,7 @@ void User::DoubleClick(Place at)
     avoidDoubleClick(at);
     Point(at);
     hands.doubleClick();
+    pressed(at);
     lastPlace = at;
     lastClick = Clock::now();
 }

@@ -94,6 +94,8 @@ public:
 
 private:
     void avoidDoubleClick(Place next);
+    /// Called after each press that is no choice in a menu.
+    virtual void pressed(Place) {}
     void awaitNoPopUp(const char* otherwise);
 
     std::vector<std::string> heldModifiers;

@@ -69,6 +69,7 @@ TEST_F(PanelEntryFault, WithoutTheRegisterSuiteThrows516AfterTheMenuEntry)
 
 TEST_F(PanelEntryFault, WithoutTheSuiteForPublishingThrows516AfterTheHooks)
 {
+    host.Options().failedEntry = FailedEntry::leavesHooks;
     host.Faults().Withhold("SP Suites Suite", 2);
     ExpectLoadThrows(516);
     EXPECT_EQ(host.Parts().hooks.idle.size(), 1u);
