@@ -3,7 +3,9 @@
 #include "effects/EffectRemoval.h"
 #include "effects/ObjectItem.h"
 #include "standin/family/Liars.h"
-#include "tests/effects/LabelledStack.h"
+#include "tests/support/LabelledStack.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
