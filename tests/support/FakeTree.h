@@ -19,6 +19,7 @@ struct FakeTreeLog
 {
     std::vector<std::string> calls;
     std::function<void(const std::string&)> sink;
+    std::function<void(void* embeddedView, void* nativeParent)> onAddToDesktop;
     _TreeStateTable_Internal* lastTable = nullptr; ///< The one made last, for when nobody else stores it.
 
     void Add(const std::string& call);
