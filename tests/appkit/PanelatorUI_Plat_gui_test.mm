@@ -88,7 +88,7 @@ TEST_F(PanelatorUIPlat, EmbedsASurfaceWithTheContainersFrame)
     EXPECT_EQ(parent, container);
 }
 
-TEST_F(PanelatorUIPlat, TakesTheSizeFromTheBoundsAndCutsItToWholePixels)
+TEST_F(PanelatorUIPlat, TakesItsSizeInWholePixels)
 {
     [container setBounds:NSMakeRect(0, 0, 99.99, 33.5)];
 
@@ -120,7 +120,7 @@ TEST_F(PanelatorUIPlat, LeavesTheSurfaceToTheWidget)
     EXPECT_EQ([embedded retainCount], 1u);
 }
 
-TEST_F(PanelatorUIPlat, MakesEveryViewInTheContainerFollowItsSize)
+TEST_F(PanelatorUIPlat, MakesTheContainersViewsFollowItsSize)
 {
     NSView* const hostsOwn = [[[NSView alloc] initWithFrame:NSMakeRect(0, 0, 20, 10)] autorelease];
     [container addSubview:hostsOwn];
@@ -136,7 +136,7 @@ TEST_F(PanelatorUIPlat, MakesEveryViewInTheContainerFollowItsSize)
     EXPECT_TRUE(NSEqualSizes([widgetsView frame].size, NSMakeSize(300, 250)));
 }
 
-TEST_F(PanelatorUIPlat, WithoutAViewMakesAPanelOfNoSizeAndNoParent)
+TEST_F(PanelatorUIPlat, WithoutAViewHasNoSizeAndParent)
 {
     const auto panel = Make(nil);
 
@@ -178,7 +178,7 @@ TEST_F(PanelatorUIPlat, WithoutThePanelSuiteThrows13AndTouchesNothing)
                      "ReleaseSuite PF AE App Suite 6"}));
 }
 
-TEST_F(PanelatorUIPlat, WithoutTheUtilitySuiteThrows516ReleasesTheBaseAndKeepsWhatIsStored)
+TEST_F(PanelatorUIPlat, WithoutTheUtilitySuiteThrows516AndReleases)
 {
     fakes.missingSuites = {"AEGP Utility Suite"};
 
@@ -192,7 +192,7 @@ TEST_F(PanelatorUIPlat, WithoutTheUtilitySuiteThrows516ReleasesTheBaseAndKeepsWh
     EXPECT_EQ(calls.back(), "ReleaseSuite PF AE App Suite 6");
 }
 
-TEST_F(PanelatorUIPlat, WithFewerNamesThanKeysThrowsOutOfRangeBeforeItAttachesThePanel)
+TEST_F(PanelatorUIPlat, WithFewerNamesThrowsOutOfRangeUnattached)
 {
     fakes.keys = {{"QVK VORTREN", {31}}};
 

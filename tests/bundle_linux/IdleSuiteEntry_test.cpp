@@ -67,7 +67,7 @@ TEST_F(IdleSuiteEntry, CallsTheHostInThisOrder)
     host.CheckSuiteBalance();
 }
 
-TEST_F(IdleSuiteEntry, HandsOutABlockWithItsIdAndTheBasicSuite)
+TEST_F(IdleSuiteEntry, HandsOutItsIdAndTheBasicSuite)
 {
     std::int32_t id = 0;
     std::memcpy(&id, plugin.globalRefcon, sizeof id);
@@ -93,7 +93,7 @@ TEST_F(IdleSuiteEntry, PublishesATableOfTwoWords)
     }
 }
 
-TEST_F(IdleSuiteEntry, RunsWhatIsQueuedOnceInTheOrderOfQueueing)
+TEST_F(IdleSuiteEntry, RunsEachEntryOnceInOrder)
 {
     Job a = job("a");
     Job b = job("b");
@@ -118,7 +118,7 @@ TEST_F(IdleSuiteEntry, CallsWithTheBundlesIdAndBasicSuite)
     EXPECT_EQ(a.basicSuite, host.BasicSuite());
 }
 
-TEST_F(IdleSuiteEntry, TakesThirtyTwoAndRefusesTheNextWithAnAlert)
+TEST_F(IdleSuiteEntry, RefusesTheThirtyThirdWithAnAlert)
 {
     std::vector<Job> jobs;
     for (int i = 0; i < 33; ++i)
@@ -147,7 +147,7 @@ TEST_F(IdleSuiteEntry, TakesThirtyTwoAndRefusesTheNextWithAnAlert)
     EXPECT_EQ(AlertTexts().size(), 1u);
 }
 
-TEST_F(IdleSuiteEntry, DropsTheThirtyThirdInSilenceWithoutTheSuiteForTheAlert)
+TEST_F(IdleSuiteEntry, DropsTheThirtyThirdSilentlyWithoutUtilitySuite)
 {
     int calls = 0;
     const IdleWords& table = Idle();
@@ -175,7 +175,7 @@ TEST_F(IdleSuiteEntry, DoesNotStoreAnEntryOfTwoNulls)
     EXPECT_THAT(log, ElementsAre("a"));
 }
 
-TEST_F(IdleSuiteEntry, StoresAnEntryWithoutAFunctionAndClearsItUncalled)
+TEST_F(IdleSuiteEntry, ClearsAnEntryWithoutFunctionUncalled)
 {
     int mark = 0;
     Job a = job("a");
@@ -198,7 +198,7 @@ TEST_F(IdleSuiteEntry, CallsAFunctionWithANullRefcon)
     EXPECT_EQ(calls, 1);
 }
 
-TEST_F(IdleSuiteEntry, RunsWhatTheOnlyEntryQueuesInTheSamePass)
+TEST_F(IdleSuiteEntry, RunsTheOnlyEntrysEntryInThatPass)
 {
     Job inner = job("inner");
     Job outer = job("outer");
@@ -208,7 +208,7 @@ TEST_F(IdleSuiteEntry, RunsWhatTheOnlyEntryQueuesInTheSamePass)
     EXPECT_THAT(log, ElementsAre("outer", "inner"));
 }
 
-TEST_F(IdleSuiteEntry, RunsWhatALaterEntryQueuesAtTheNextPass)
+TEST_F(IdleSuiteEntry, RunsALaterEntrysEntryNextPass)
 {
     Job inner = job("inner");
     Job first = job("first");

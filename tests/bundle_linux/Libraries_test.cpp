@@ -52,7 +52,7 @@ TEST(Libraries, TheBundleExportsTheTwoEntryPointsAlone)
 }
 
 // One of these would be shared with every other module of the process, and keep this one from being unloaded.
-TEST(Libraries, TheBundleHasNoSymbolThatIsUniqueInTheProcess)
+TEST(Libraries, TheBundleHasNoUniqueSymbol)
 {
     for (const auto& line : linesOf("readelf --dyn-syms --wide"))
         EXPECT_EQ(line.find(" UNIQUE "), std::string::npos) << line;

@@ -31,7 +31,7 @@ protected:
 const Withheld everyWay[] = {Withheld::asError, Withheld::asNullTable, Withheld::asPoisonedPointer};
 } // namespace
 
-TEST_F(PanelEntryFault, WithoutThePanelSuiteThrowsThirteenAndRegistersNothing)
+TEST_F(PanelEntryFault, WithoutThePanelSuiteThrows13RegistersNothing)
 {
     for (const Withheld how : everyWay)
     {
@@ -58,7 +58,7 @@ TEST_F(PanelEntryFault, WithoutTheCommandSuiteThrows516AndRegistersNothing)
     host.CheckSuiteBalance();
 }
 
-TEST_F(PanelEntryFault, WithoutTheRegisterSuiteThrows516AfterTheMenuEntry)
+TEST_F(PanelEntryFault, WithoutRegisterSuiteThrows516AfterTheMenuEntry)
 {
     host.Faults().Withhold("AEGP Register Suite", 6);
     ExpectLoadThrows(516);
@@ -67,7 +67,7 @@ TEST_F(PanelEntryFault, WithoutTheRegisterSuiteThrows516AfterTheMenuEntry)
     host.CheckSuiteBalance();
 }
 
-TEST_F(PanelEntryFault, WithoutTheSuiteForPublishingThrows516AfterTheHooks)
+TEST_F(PanelEntryFault, WithoutPublishingSuiteThrows516AfterTheHooks)
 {
     host.Faults().Withhold("SP Suites Suite", 2);
     ExpectLoadThrows(516);
@@ -76,7 +76,7 @@ TEST_F(PanelEntryFault, WithoutTheSuiteForPublishingThrows516AfterTheHooks)
     host.CheckSuiteBalance();
 }
 
-TEST_F(PanelEntryFault, WithoutACommandSaysSoAndDoesNotPublish)
+TEST_F(PanelEntryFault, WithoutACommandReportsAndDoesNotPublish)
 {
     LoadedPlugin plugin;
     host.Faults().FailFunction("AEGP_GetUniqueCommand");
@@ -107,7 +107,7 @@ class PanelEntryCall : public PanelEntryFault, public testing::WithParamInterfac
 };
 } // namespace
 
-TEST_P(PanelEntryCall, ThatFailsIsAMissingSuiteOrIsPassedOver)
+TEST_P(PanelEntryCall, ThatFailsCountsAsMissingOrNothing)
 {
     failCall(GetParam().ordinal);
     if (GetParam().thrown != 0)

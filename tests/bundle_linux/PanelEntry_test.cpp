@@ -63,7 +63,7 @@ TEST_F(PanelEntry, CallsTheHostInThisOrder)
                             R"(Basic ReleaseSuite("SP Suites Suite", 2))"));
 }
 
-TEST_F(PanelEntry, GivesTheControllerAsTheGlobalRefconAndThePanelsRefcon)
+TEST_F(PanelEntry, GivesTheControllerAsBothRefcons)
 {
     ASSERT_NE(plugin.globalRefcon, nullptr);
     EXPECT_EQ(WordOf(plugin.globalRefcon, 0), host.BasicSuite());
@@ -75,7 +75,7 @@ TEST_F(PanelEntry, GivesTheControllerAsTheGlobalRefconAndThePanelsRefcon)
     EXPECT_EQ(hooks.death.at(0).refcon, nullptr);
 }
 
-TEST_F(PanelEntry, PublishesATableOfFourWordsThatLiesInTheController)
+TEST_F(PanelEntry, PublishesATableInsideTheController)
 {
     const auto* table = static_cast<const char*>(Published(panelSuiteName));
     ASSERT_NE(table, nullptr);
@@ -97,7 +97,7 @@ class PanelEntryOutput : public BundleTest
 };
 } // namespace
 
-TEST_F(PanelEntryOutput, IsNoneForAStartAndAClosedPanel)
+TEST_F(PanelEntryOutput, IsEmptyAtStartAndWhileClosed)
 {
     EXPECT_EQ(OutputOf([this] { (void)LoadPanel(); }), "");
     EXPECT_EQ(OutputOf([this] { (void)host.UpdateMenus(); }), "");
@@ -121,7 +121,7 @@ TEST_F(PanelEntry, LeavesTheHandledFlagOfOtherCommandsAlone)
     EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
-TEST_F(PanelEntry, TogglesThePanelAtItsCommandWithoutATree)
+TEST_F(PanelEntry, CommandTogglesThePanelWithoutATree)
 {
     host.Faults().FailFunction("AEGP_ToggleVisibility");
     A_Boolean handled = 0;
@@ -134,7 +134,7 @@ TEST_F(PanelEntry, TogglesThePanelAtItsCommandWithoutATree)
                             R"(Panel 1 AEGP_ToggleVisibility("Vortan Object Panel") = 1)"));
 }
 
-TEST_F(PanelEntry, TogglesThePanelAtItsCommandWithoutALayer)
+TEST_F(PanelEntry, CommandTogglesThePanelWithoutALayer)
 {
     host.Faults().FailFunction("AEGP_ToggleVisibility");
     host.User().SelectLayers({});
@@ -160,13 +160,13 @@ TEST_F(PanelEntry, KeepsTheMenuEntryEnabledForEveryWindow)
                                          "Command 1 AEGP_CheckMarkMenuCommand(1001, 0)"));
 }
 
-TEST_F(PanelEntry, OnlyLooksAtEachIdleWhileThePanelIsClosed)
+TEST_F(PanelEntry, OnlyLooksAtIdlesWhileClosed)
 {
     EXPECT_EQ(idleCalls(), quietPassOfAHiddenPanel);
     EXPECT_EQ(OutputOf([this] { (void)host.RunIdle(); }), "");
 }
 
-TEST_F(PanelEntry, AnOpenRequestRunsTheCommandAtTheNextIdleOnce)
+TEST_F(PanelEntry, AnOpenRequestRunsTheCommandOnce)
 {
     host.Faults().FailFunction("AEGP_DoCommand");
     EXPECT_EQ(PanelTable().openPanel(PanelTable().panelRef, 1), 0);
@@ -197,7 +197,7 @@ TEST_F(PanelEntry, AnOpenRequestThatIsForcedAsksNobody)
     EXPECT_EQ(idleCalls().at(0), "Command 1 AEGP_DoCommand(1001) = 1");
 }
 
-TEST_F(PanelEntry, AnOpenRequestWithoutThePanelSuiteThrowsThirteenToTheSibling)
+TEST_F(PanelEntry, AnOpenRequestWithoutPanelSuiteThrows13)
 {
     const PanelWords& table = PanelTable();
     host.Faults().Withhold("AEGP Workspace Panel Suite", 1);

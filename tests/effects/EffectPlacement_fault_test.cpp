@@ -91,7 +91,7 @@ TEST_P(PlacesAfterError, AreThese)
 INSTANTIATE_TEST_SUITE_P(If, PlacesAfterError, ::testing::ValuesIn(placesRows),
                          [](const auto& row) { return row.param.test; });
 
-TEST_F(PlacementAfterError, CountOrNewNameThatFailsEndsTheReading)
+TEST_F(PlacementAfterError, FailedCountOrNewNameEndsTheReading)
 {
     (void)PlacesIf("G", "AEGP_GetLayerNumEffects", 1);
     EXPECT_THAT(scene->CallList(), ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) = 1"));

@@ -73,7 +73,7 @@ TEST(Child, IsEndedAtItsTimeout)
     EXPECT_LT(child.Seconds(), 30);
 }
 
-TEST(Child, ThatHeedsNoSignalAtOnceIsSentMore)
+TEST(Child, ThatIgnoresASignalIsSentMore)
 {
     Child child(
         []() -> int

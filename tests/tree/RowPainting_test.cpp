@@ -262,7 +262,7 @@ TEST_F(RowPainting, EndsNoNameWithDotsThatFits)
     EXPECT_EQ(dotsAtTheEnd(picture(longest + "M")), 3);
 }
 
-TEST_F(RowPainting, RepaintsTheGroupWhenOneOfItsObjectsChanges)
+TEST_F(RowPainting, RepaintsTheGroupWithItsObjects)
 {
     build({object(1, "a", 1, 1), object(2, "b", 1, 1), object(3, "c")});
     pump();

@@ -37,14 +37,14 @@ TEST_F(TreeBuilding, LeavesTheRootUnselectedForAnyOtherIndex)
     EXPECT_EQ(static_cast<int>(root()->getNode()["select"]), 0);
 }
 
-TEST_F(TreeBuilding, SelectsTheItemOfTheActiveIndexAndSaysSo)
+TEST_F(TreeBuilding, SelectsAndReportsTheActiveIndex)
 {
     const auto output = outputOf([this] { build({object(1, "a"), object(2, "b"), object(3, "c")}, 1); });
     EXPECT_EQ(output, "Active Effect Index Found\n");
     EXPECT_EQ(shape(), "Layer(a b* c)");
 }
 
-TEST_F(TreeBuilding, CountsOutsideEffectsInTheActiveIndexButNeverSelectsThem)
+TEST_F(TreeBuilding, CountsOutsideEffectsButNeverSelectsThem)
 {
     EXPECT_EQ(outputOf([this] { build({external("x"), object(1, "a")}, 0); }), "");
     EXPECT_EQ(shape(), "Layer(x a)");
@@ -80,7 +80,7 @@ TEST_F(TreeBuilding, MakesEachOfTheTenGroups)
     EXPECT_EQ(GetItemsFromTree(panel).size(), 10u);
 }
 
-TEST_F(TreeBuilding, KeepsANumberThatIsNoGroupAndMakesNoGroupNode)
+TEST_F(TreeBuilding, KeepsANumberOutsideTheGroups)
 {
     build({object(1, "a", 11), object(2, "b", -5), object(3, "c", 0)});
     EXPECT_EQ(shape(), "Layer*(a b c)");
@@ -89,7 +89,7 @@ TEST_F(TreeBuilding, KeepsANumberThatIsNoGroupAndMakesNoGroupNode)
         EXPECT_FALSE(node(name).hasProperty("rigid"));
 }
 
-TEST_F(TreeBuilding, MarksAnObjectWithoutAnyPartInGroupingAsRigid)
+TEST_F(TreeBuilding, MarksAnUngroupableObjectAsRigid)
 {
     build({object(1, "a", -1)});
     EXPECT_EQ(shape(), "Layer*(a)");
@@ -97,7 +97,7 @@ TEST_F(TreeBuilding, MarksAnObjectWithoutAnyPartInGroupingAsRigid)
     EXPECT_EQ(static_cast<int>(node("a")["group"]), -1);
 }
 
-TEST_F(TreeBuilding, IgnoresAllButNameAndIdentityOfAnOutsideEffect)
+TEST_F(TreeBuilding, UsesOnlyAnOutsideEffectsNameAndIdentity)
 {
     ObjectItem item = external("Blur");
     item.group = 2;
@@ -123,14 +123,14 @@ TEST_F(TreeBuilding, GivesAnObjectItsPropertiesInOrder)
     EXPECT_EQ(static_cast<int>(a["active"]), 0);
 }
 
-TEST_F(TreeBuilding, ReadsBackTheItemsThatItWasBuiltFrom)
+TEST_F(TreeBuilding, ReadsBackTheItemsItWasBuiltFrom)
 {
     const std::vector<ObjectItem> items = {object(1, "a", 0, 1), object(2, "b", 4, 0), object(3, "c", -1, 1)};
     build(items);
     EXPECT_EQ(CalcItemsHash(5, GetItemsFromTree(panel)), CalcItemsHash(5, items));
 }
 
-TEST_F(TreeBuilding, ReadsBackOneItemLessForAnOutsideEffect)
+TEST_F(TreeBuilding, DoesNotReadBackAnOutsideEffect)
 {
     build({object(1, "a"), external("Blur"), object(2, "b")});
     EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("a", "b"));
@@ -145,7 +145,7 @@ TEST_F(TreeBuilding, AddsTheNextGroupBehindTheLast)
     EXPECT_EQ(static_cast<int>(node("Group 4")["group"]), 4);
 }
 
-TEST_F(TreeBuilding, LeavesAHoleWhileAHigherNumberIsFree)
+TEST_F(TreeBuilding, LeavesAHoleWhileHigherNumbersAreFree)
 {
     build({object(1, "a", 1), object(2, "b", 3)});
     addGroup();
@@ -188,7 +188,7 @@ TEST_F(TreeBuilding, RefusesAnEleventhGroup)
     EXPECT_TRUE(panel->notifyLabel.isVisible());
 }
 
-TEST_F(TreeBuilding, DoesNotCountAGroupThatLostItsNumber)
+TEST_F(TreeBuilding, DoesNotCountAGroupWithoutNumber)
 {
     build({object(1, "a", 1), object(2, "b", 2)});
     node("Group 2").setProperty("group", -1, nullptr);
