@@ -42,7 +42,7 @@ protected:
     Job job(const std::string& name) { return {name, &log, 0, nullptr, {}}; }
     int queue(Job& queued) { return Idle().addFuncToIdleStack(Idle().ref, &runJob, &queued); }
 
-    /// A word of the queue: its slots stand behind the id and the basic suite.
+    /// A word of the queue: its slots follow the id and the basic suite.
     const void* slotWord(int slot, int word) { return WordOf(Idle().ref, 2 + 2 * slot + word); }
 
     LoadedPlugin plugin;

@@ -220,8 +220,7 @@ TEST_F(EffectPlacement, AppliesNothingForKeyZeroOrNegativeIndex)
 TEST_F(EffectPlacement, IndexPastTheStackLeavesTheEffectLast)
 {
     Make("G M");
-    scene->host.Expect("index-out-of-range", "AEGP_ReorderEffect",
-                       "the test asks for an index behind the end");
+    scene->host.Expect("index-out-of-range", "AEGP_ReorderEffect", "the test asks for an index past the end");
     EXPECT_EQ(ApplyAt(scene->KeyOf("R"), 2), 0);
     EXPECT_EQ(scene->Stack(), "G M new");
     scene->host.Effect("new").label = "R";

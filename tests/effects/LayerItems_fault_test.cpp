@@ -169,8 +169,8 @@ protected:
         EXPECT_THAT(TakeFindingIds(scenario.host), IsEmpty());
     }
 
-    /// The read is left by 516. A reference may stay behind only where its disposing suite is not to be
-    /// had, neither at once nor on the way out.
+    /// The read throws 516. A reference may leak only where its disposing suite is missing, at once and
+    /// on the way out.
     void CheckMissingSuite(FaultyRead& scenario, const SweptFault& fault, const Calls& calls)
     {
         ++missingSuites;

@@ -54,7 +54,7 @@ protected:
 
 TEST_F(Faults, TheNthCallFailsOnce)
 {
-    host.Faults().FailCall(3); // Behind the acquire and the first count.
+    host.Faults().FailCall(3); // After the acquire and the first count.
     EXPECT_THAT(errors(), ElementsAre(0, 1, 0, 0, 0));
 }
 

@@ -82,7 +82,7 @@ TEST(Parser, AQuoteWithoutAnEndIsToldWithFileAndLine)
 
 TEST(Parser, TextsThatStickTogetherAreRefused)
 {
-    EXPECT_EQ(errorOf("expect stack \"a\"\"b\""), "some.scenario:1: a blank is missing behind \"a\"");
+    EXPECT_EQ(errorOf("expect stack \"a\"\"b\""), "some.scenario:1: a blank is missing after \"a\"");
 }
 } // namespace
 } // namespace standin

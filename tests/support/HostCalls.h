@@ -82,7 +82,7 @@ struct TracedStack
     Calls SwitchTo(const std::string& label, int active) const { return SwitchTo(IndexOf(label), active); }
 
     /// The order in its undo group. "C 2>0 A 1>1" moves C, which is at 2 by then, to 0, and A in its place. A
-    /// move with an error behind it is refused: "A 0>3=3".
+    /// move with an error after it is refused: "A 0>3=3".
     Calls Order(const std::string& undoName, const std::string& moves) const;
     /// The same with each effect in its place already.
     Calls OrderInPlace(const std::string& undoName) const;

@@ -25,7 +25,7 @@ protected:
 
     CustomTextEditor& editor() { return *view().renameEditor; }
 
-    /// The output of the key, with its result behind it.
+    /// The output of the key, followed by its result.
     std::string press(const juce::KeyPress& key)
     {
         bool isConsumed = false;

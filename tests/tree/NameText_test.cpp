@@ -51,7 +51,7 @@ TEST(NameText, KeepsBytesThatAreNotText)
         "\xf0\x80\x80\xaf",                 // overlong
         "\xed\xa0\x80",                     // a lone surrogate
         "\xed\xb0\x80",                     // the other lone surrogate
-        "\xf4\x90\x80\x80",                 // behind the last character
+        "\xf4\x90\x80\x80",                 // after the last character
         "\xf5\x80\x80\x80",                 // no lead byte
         "cut \xe2\x82",                     // cut short
         "\xe2(\xa1",                        // broken in the middle

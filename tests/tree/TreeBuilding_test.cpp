@@ -136,7 +136,7 @@ TEST_F(TreeBuilding, DoesNotReadBackAnOutsideEffect)
     EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("a", "b"));
 }
 
-TEST_F(TreeBuilding, AddsTheNextGroupBehindTheLast)
+TEST_F(TreeBuilding, AddsTheNextGroupAfterTheLast)
 {
     build({object(1, "a", 1), object(2, "b", 0), object(3, "c", 2), object(4, "d", 3), object(5, "e", 0)});
     addGroup();
@@ -152,7 +152,7 @@ TEST_F(TreeBuilding, LeavesAHoleWhileHigherNumbersAreFree)
     EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 3(b) Group 4)");
 }
 
-TEST_F(TreeBuilding, FillsTheLowestHoleBehindNumberTen)
+TEST_F(TreeBuilding, FillsTheLowestHoleAfterNumberTen)
 {
     build({object(1, "a", 1), object(2, "b", 10)});
     addGroup();
@@ -161,7 +161,7 @@ TEST_F(TreeBuilding, FillsTheLowestHoleBehindNumberTen)
     EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 10(b) Group 2 Group 3)");
 }
 
-TEST_F(TreeBuilding, FillsNumberOneBehindALoneNumberTen)
+TEST_F(TreeBuilding, FillsNumberOneAfterALoneNumberTen)
 {
     build({object(1, "a", 10)});
     addGroup();
@@ -193,7 +193,7 @@ TEST_F(TreeBuilding, DoesNotCountAGroupWithoutNumber)
     build({object(1, "a", 1), object(2, "b", 2)});
     node("Group 2").setProperty("group", -1, nullptr);
     addGroup();
-    // Behind the last group that has a number.
+    // After the last group that has a number.
     EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 2 Group 2(b))");
 }
 
@@ -202,7 +202,7 @@ TEST_F(TreeBuilding, CountsAGroupOfNumberZero)
     build({object(1, "a", 1), object(2, "b", 2), object(3, "c")});
     node("Group 2").setProperty("group", 0, nullptr);
     addGroup();
-    // Behind the zero, which is no less a group than the one.
+    // After the zero, which is as much a group as the one.
     EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 2(b) Group 2 c)");
 
     build({object(1, "a", 1), object(2, "b", 2), object(3, "c", 10)});

@@ -1,4 +1,4 @@
-// Which handler hears of a host's error while hooks run inside hooks, and which is in place behind them.
+// Which handler hears of a host's error while hooks run inside hooks, and which is in place after them.
 
 #include "panel/platform/PlatformEvents.h"
 

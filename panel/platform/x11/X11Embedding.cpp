@@ -14,7 +14,7 @@ constexpr long keyEvents = KeyPressMask | KeyReleaseMask;
 /// Dealing with events makes new ones; those that come after so many rounds wait for the next update.
 constexpr int mostRounds = 4;
 
-/// Buttons 4 to 7 are the wheel's, which nobody clicks with.
+/// Buttons 4 to 7 are the wheel's: no clicks.
 bool isClick(unsigned button) { return button < 4 || button > 7; }
 
 /// Focus events that only say where the pointer is. JUCE takes them for the focus itself.
@@ -65,7 +65,7 @@ X11Embedding::X11Embedding(ValueTreesDemo* widget, Window hostContainer)
     WriteLine("Adding Event Monitor");
 }
 
-/// JUCE selects keys for good, and would take them from the host wherever the pointer hovers.
+/// JUCE selects keys permanently, and would take them from the host wherever the pointer hovers.
 void X11Embedding::detachKeys()
 {
     XWindowAttributes attributes;
@@ -117,12 +117,12 @@ void X11Embedding::leaveKeyboard()
 
 bool X11Embedding::MustUpdate() const
 {
-    return !isFocusSettled || doubtfulPress.has_value() || !events.empty() || IsTreeButtonDown();
+    return !isFocusSettled || pendingPress.has_value() || !events.empty() || IsTreeButtonDown();
 }
 
 void X11Embedding::Update()
 {
-    const std::optional<Time> formerDoubt = doubtfulPress;
+    const std::optional<Time> formerPress = pendingPress;
     const bool mustRelease = isReleaseOverdue();
     wasPressed = false;
     KeepTreeEvents();
@@ -131,8 +131,8 @@ void X11Embedding::Update()
         ReleaseTreeButtons(tree);
     RunTreeMessages();
     handleEvents();
-    if (formerDoubt.has_value())
-        settle(*formerDoubt);
+    if (formerPress.has_value())
+        settle(*formerPress);
     followContainer();
     examineFocus();
 }
@@ -152,7 +152,7 @@ void X11Embedding::handleEvents()
     }
 }
 
-/// Everything that the server has to tell by now. False if that is nothing.
+/// Takes all events that the server has sent by now. False if there are none.
 bool X11Embedding::readEvents()
 {
     if (tree == nullptr)
@@ -234,7 +234,7 @@ void X11Embedding::followContainer()
 // ---- Presses
 
 /// Unless the release is among the events that wait, it will not come: a window that is unmapped or dies
-/// under a held button does not hear of it.
+/// under a held button is not told of it.
 bool X11Embedding::isReleaseOverdue() const
 {
     if (!IsTreeButtonDown())
@@ -250,7 +250,7 @@ bool X11Embedding::isReleaseOverdue() const
 void X11Embedding::handlePress(const XEvent& event)
 {
     wasPressed = true;
-    doubtfulPress.reset(); // It was this one, or the user has come back since.
+    pendingPress.reset(); // It was this one, or the user has come back since.
     if (event.xbutton.button <= Button3 && event.xbutton.window == panelWindow && !holdsKeyboard)
         takeKeyboard(event.xbutton.time);
     if (event.xbutton.window == panelWindow && event.xbutton.button == Button1)
@@ -266,17 +266,17 @@ void X11Embedding::handleRawPress(const XButtonEvent& press)
     if (!isClick(press.button) || isTreePressNext(press))
         return;
     if (isPointerOverTree(display))
-        doubtfulPress = press.time;
+        pendingPress = press.time;
     else
         handlePressOutside(press.time);
 }
 
-void X11Embedding::settle(Time doubtful)
+void X11Embedding::settle(Time press)
 {
-    if (doubtfulPress != doubtful)
+    if (pendingPress != press)
         return;
-    doubtfulPress.reset();
-    handlePressOutside(doubtful);
+    pendingPress.reset();
+    handlePressOutside(press);
 }
 
 /// Whether what follows a raw press is the same press in a window of JUCE. Several presses can have one time,

@@ -2,9 +2,9 @@
 // Lives with a widget in a host's X11 container: follows the container's size, takes the keyboard for the
 // tree while the user works in the panel, and gives it back.
 //
-// Everything that it has to know comes over JUCE's connection, in the order in which it happened: the
-// container's changes, presses anywhere, focus, keys. It hands JUCE what is JUCE's, one event at a time.
-// The host's own event selection stays as it is, since each connection has one of its own.
+// Everything that it needs to know comes over JUCE's connection, in the order in which it happened: the
+// container's changes, presses anywhere, focus, keys. It hands JUCE what is JUCE's, one event at a time. The
+// host's own event selection stays as it is, since each connection has one of its own.
 
 #include "panel/platform/x11/FocusWatch.h"
 #include "panel/platform/x11/HostWindow.h"
@@ -24,7 +24,7 @@ public:
 
     X11Embedding(ValueTreesDemo* tree, Window container);
 
-    /// Whether there is something to look after that no event will tell of.
+    /// Whether there is work that no event will announce.
     bool MustUpdate() const;
 
     /// Deals with all that has come since the last call, and runs JUCE's timers and messages.
@@ -57,7 +57,7 @@ private:
     void handlePress(const XEvent& event);
     void handleRawPress(const XButtonEvent& press);
     void handlePressOutside(Time time);
-    void settle(Time doubtful);
+    void settle(Time press);
     bool isReleaseOverdue() const;
     bool isTreePressNext(const XButtonEvent& press) const;
 
@@ -82,8 +82,8 @@ private:
     long juceEventMask = 0;   ///< What JUCE selects on the panel's window, without keys.
     bool selectsKeys = false; ///< On the panel's window, besides.
     std::deque<XEvent> events;
-    std::optional<Time> doubtfulPress; ///< One that may still turn out to be JUCE's.
-    bool wasPressed = false;           ///< In a window of JUCE, since the last update.
+    std::optional<Time> pendingPress; ///< One that may still turn out to be JUCE's.
+    bool wasPressed = false;          ///< In a window of JUCE, since the last update.
     bool holdsKeyboard = false;
     bool isFocusSettled = false; ///< The focus is where it should be, as far as the server has told.
     bool hasNewSize = false;
