@@ -28,7 +28,7 @@ int runJob(int pluginId, void* basicSuite, void* refcon)
     job.log->push_back(job.name);
     if (job.action)
         job.action();
-    return 17; // Nobody looks at it.
+    return 17; // It is ignored.
 }
 
 /// A host with the idle suite published.

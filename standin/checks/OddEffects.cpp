@@ -1,4 +1,4 @@
-// Effects that do not behave, and names that nobody would choose.
+// Misbehaving effects, and odd names.
 
 #include "standin/checks/PanelScene.h"
 #include "standin/family/Liars.h"

@@ -196,7 +196,7 @@ struct FoundRow
 {
     const char* test;
     const char* stack;
-    const char* removed; ///< "0" is the zero identity, "?" one that nobody bears.
+    const char* removed; ///< "0" is the zero identity, "?" an unknown one.
     const char* after;
     std::function<void(Host&)> prepare = [](Host&) {};
 };

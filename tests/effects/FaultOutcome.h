@@ -31,7 +31,7 @@ inline std::string OutcomeText(const HookResult& hook, int returned)
     return hook.thrown.empty() ? "returned " + std::to_string(returned) : "threw " + hook.thrown;
 }
 
-/// A suite that an operation needs, and what the host finds if it has not got it.
+/// A suite that an operation needs, and what the host finds without it.
 struct MissingSuite
 {
     const char* name;

@@ -1,4 +1,4 @@
-// A group that differs in the tree is told to the effect by message, and to nobody else.
+// A group that differs in the tree is told to the effect, and to no other, by message.
 
 #include "standin/family/Liars.h"
 #include "tests/support/StackTest.h"

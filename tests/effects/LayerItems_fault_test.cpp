@@ -265,7 +265,7 @@ TEST(LayerItemsFaulty, WithoutTheParentSuiteDisposeOfTheRest)
 TEST(LayerItemsFaulty, BelowAFailedEffectRepeatTheTextsAbove)
 {
     FaultyRead scenario;
-    // Each effect is had three times: for its group, for its identity, and for the host read.
+    // Each effect is fetched three times: for its group, for its identity, and for the host read.
     scenario.host.Faults().FailFunction("AEGP_GetLayerEffectByIndex", 5 + 5 + 3);
     EXPECT_EQ(scenario.Text(Read(scenario).items),
               "A@1 B=My routes@2 0=My routes@-1!#QVK VORTSRC Routes E=My routes!#QVK VORTSRC Routes "

@@ -37,7 +37,7 @@ Ending stoppedAt(const char* stack)
 {
     return {"returned 1", stack, 1, {"undo-group-left-open", "null-reference"}};
 }
-/// The same where the null references are not looked at any more.
+/// The same where the host no longer looks at the null references.
 Ending deadAt(const char* stack) { return {"returned 1", stack, 1, {"undo-group-left-open"}}; }
 
 struct Row

@@ -302,7 +302,7 @@ TEST_F(PanelContents, DoWithoutAnAddressForTheTable)
     EXPECT_NE(tree, nullptr);
     EXPECT_EQ(table, nullptr);
     EXPECT_EQ(TreeLog().calls.at(1), "CreateTreeStateTable()");
-    DeleteTreeStateTable(TreeLog().lastTable); // Nobody stored it.
+    DeleteTreeStateTable(TreeLog().lastTable); // It is stored nowhere.
 }
 
 // ---- Faults

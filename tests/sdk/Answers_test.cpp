@@ -12,7 +12,7 @@ using testing::Each;
 
 namespace
 {
-/// A record in the middle of bytes that nobody may write to.
+/// A record between bytes that must not be written to.
 struct Framed
 {
     std::vector<std::uint8_t> bytes = std::vector<std::uint8_t>(3 * VORTAN_MESSAGE_SIZE, 0xC3);

@@ -75,7 +75,7 @@ protected:
             EXPECT_EQ(window->press(letter(character)), KeyEnd::panel) << character;
     }
 
-    /// Where a key ends that nobody in the panel uses.
+    /// Where a key ends that the panel does not use.
     KeyEnd unusedEnd(const MacKey& key) const
     {
         return key.isEquivalent && generation == JuceGeneration::eight ? KeyEnd::surface : KeyEnd::host;
