@@ -9,11 +9,11 @@ RawPresses::RawPresses(Display* connection) : display(connection), opcode(FindIn
 
 void RawPresses::Stop() { select(false); }
 
-void RawPresses::select(bool isAsked) const
+void RawPresses::select(bool wanted) const
 {
     if (opcode < 0)
         return;
-    if (isAsked)
+    if (wanted)
         SelectInputEvents(display, DefaultRootWindow(display), {XI_RawButtonPress, XI_FocusIn, XI_FocusOut});
     else
         SelectInputEvents(display, DefaultRootWindow(display), {});

@@ -20,7 +20,7 @@ public:
     void Translate(XEvent&) const;
 
 private:
-    void select(bool isAsked) const;
+    void select(bool wanted) const;
 
     Display* display;
     int opcode = -1; ///< Of the extension; -1 without it.

@@ -34,12 +34,6 @@ public:
     void OnTreeGone() override;
 
 private:
-    enum class Holding
-    {
-        no,
-        yes
-    };
-
     void detachKeys();
     void watchContainer();
     void leaveKeyboard();
@@ -57,7 +51,7 @@ private:
     void handlePress(const XEvent& event);
     void handleRawPress(const XButtonEvent& press);
     void handlePressOutside(Time time);
-    void settle(Time press);
+    void settle(Time pending);
     bool isReleaseOverdue() const;
     bool isTreePressNext(const XButtonEvent& press) const;
 
@@ -68,8 +62,8 @@ private:
     void handleFocusChange(const XEvent& event);
     void examineFocus();
     bool wasLeftBehind(Window focused, int revert) const;
-    void holdKeyboard(Holding);
-    void selectKeys(Holding);
+    void holdKeyboard(bool isHeld);
+    void selectKeys(bool wanted);
 
     ValueTreesDemo* tree; ///< Null once it has gone.
     Window container;
