@@ -101,7 +101,11 @@ private:
 
 void PassInsidePass(Trial& trial)
 {
-    PanelScene scene(trial);
+    // The calls of the passes are compared: what else the keys bring about would stand among them.
+    HostOptions options;
+    options.keyUpdate = KeyUpdate::doesNothing;
+    options.commandZero = CommandZero::neverComes;
+    PanelScene scene(trial, options);
     const int outsiders = scene.host().AddLayer(scene.composition, "Solid 2");
     (void)scene.host().AddEffect(outsiders, "ADBE Tint", "tint");
     for (const char* name : {"post", "rope"})

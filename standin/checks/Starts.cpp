@@ -84,6 +84,7 @@ void StartRefused(Trial& trial)
         trial.At("AEGP_RegisterIdleHook fails");
         Scene scene(trial.File());
         constexpr A_Err refused = 77;
+        scene.host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error that it met");
         scene.host.Faults().FailFunction("AEGP_RegisterIdleHook", 1, FaultLength::once, refused);
         const LoadedPlugin plugin = scene.bundle.LoadIdleSuite(scene.host);
         trial.RequireEqual(plugin.result.error, refused, "the result of EffectorAEGP");

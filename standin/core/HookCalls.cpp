@@ -1,6 +1,9 @@
 #include "standin/core/HookCalls.h"
 
+#include <algorithm>
 #include <exception>
+#include <iterator>
+#include <utility>
 
 #include "standin/core/StackChanges.h"
 #include "standin/sensors/FindingIds.h"
@@ -67,20 +70,51 @@ void reportThrown(HostParts& parts, const HookResult& result)
     finding.sentence = "A hook was left by " + result.thrown + ".";
     parts.findings.Add(std::move(finding));
 }
+
+void reportError(HostParts& parts, const HookCall& call, const HookResult& result)
+{
+    if (*call.name == '\0' || result.error == errNone || !result.thrown.empty())
+        return;
+    Finding finding;
+    finding.id = finding::errorLeftHook;
+    finding.sentence = std::string("The ") + call.name + " of plug-in " + std::to_string(call.pluginId) +
+                       " returned the error " + std::to_string(result.error) + ".";
+    finding.function = call.name;
+    parts.findings.Add(std::move(finding));
+}
+
+/// What no slot was filled in gets the host's defaults; what only some were filled in was forgotten.
+void reportPanelFunctions(HostParts& parts, const PanelFunctions& functions)
+{
+    void* const slots[] = {functions.getSnapSizes, functions.populateFlyout, functions.doFlyoutCommand};
+    const auto unset = std::count(std::begin(slots), std::end(slots), nullptr);
+    const bool isWell =
+        unset == 0 || (unset == 3 && parts.options.unsetPanelFunctions == UnsetPanelFunctions::areDefaults);
+    if (isWell)
+        return;
+    Finding finding;
+    finding.id = finding::panelFunctions;
+    finding.sentence =
+        "The create panel hook has left " + std::to_string(unset) + " of the panel's three functions unset.";
+    finding.function = "CreatePanelHook";
+    parts.findings.Add(std::move(finding));
+}
 } // namespace
 
-HookResult RunHook(HostParts& parts, HookKind kind, const std::function<A_Err()>& body)
+HookResult RunHook(HostParts& parts, const HookCall& call, const std::function<A_Err()>& body)
 {
-    const HookKind outer = parts.hookKind;
-    parts.hookKind = kind;
+    const HookKind outerKind = std::exchange(parts.hookKind, call.kind);
+    const A_long outerPlugin = std::exchange(parts.runningPlugin, call.pluginId);
     const int depth = ++parts.hookDepth;
     HookResult result = catchAll(body);
     reportThrown(parts, result);
+    reportError(parts, call, result);
     reportLeaks(parts, depth);
     if (depth == 1)
-        CloseUndoGroups(parts, "the hook returns");
+        EndUndoGroupsOfHook(parts);
     --parts.hookDepth;
-    parts.hookKind = outer;
+    parts.runningPlugin = outerPlugin;
+    parts.hookKind = outerKind;
     return result;
 }
 
@@ -107,13 +141,14 @@ HookResult ChangePanelState(HostParts& parts, Panel& panel, PanelState state)
         panel.functions = {};
         panel.panelRefcon = nullptr;
         ++panel.created;
-        result = RunHook(parts, HookKind::ordinary,
+        result = RunHook(parts, {HookKind::ordinary, panel.pluginId, "CreatePanelHook"},
                          [&]
                          {
                              return panel.hook(parts.hooks.globalRefcons[panel.pluginId], panel.refcon,
                                                panel.container, panel.handle, &panel.functions,
                                                &panel.panelRefcon);
                          });
+        reportPanelFunctions(parts, panel.functions);
     }
     panel.state = state;
     if (panel.container != nullptr)

@@ -239,6 +239,14 @@ void Host::CheckSuiteBalance()
                                                     std::to_string(held.count) + " times.");
 }
 
+void Host::CheckMemoryBalance()
+{
+    for (const auto& [block, note] : parts->blocks.all)
+        parts->findings.Add(
+            {finding::leakedBlock, "Memory of the host was not given back.", note.call, note.function, ""});
+    parts->blocks.FreeAll();
+}
+
 int Host::LiveReferences() const { return parts->references.CountLive(); }
 
 int Host::LeakedReferences() const { return parts->leakedReferences; }

@@ -6,6 +6,7 @@
 #include "standin/core/HookCalls.h"
 #include "standin/core/Host.h"
 #include "standin/core/HostParts.h"
+#include "standin/sensors/FindingIds.h"
 
 namespace standin
 {
@@ -34,7 +35,7 @@ HookResult oneIdlePass(HostParts& parts)
     for (const RegisteredHook<IdleHook>& hook : parts.hooks.idle)
     {
         A_long maxSleep = 2; // The host resets it before each call.
-        worst = FirstBad(worst, RunHook(parts, HookKind::ordinary,
+        worst = FirstBad(worst, RunHook(parts, {HookKind::ordinary, hook.pluginId, "IdleHook"},
                                         [&] {
                                             return hook.hook(parts.hooks.globalRefcons[hook.pluginId],
                                                              hook.refcon, &maxSleep);
@@ -43,6 +44,8 @@ HookResult oneIdlePass(HostParts& parts)
     return worst;
 }
 
+constexpr A_long commandZero = 0;
+
 /// True if a hook took the command.
 bool runCommandHooks(HostParts& parts, A_long command)
 {
@@ -50,10 +53,10 @@ bool runCommandHooks(HostParts& parts, A_long command)
     const std::vector<RegisteredHook<CommandHook>> hooks = parts.hooks.command;
     for (const RegisteredHook<CommandHook>& hook : hooks)
     {
-        if (hook.command != 0 && hook.command != command)
+        if (hook.command != 0 && hook.command != command && command != commandZero)
             continue;
         const A_Boolean already = handled;
-        (void)RunHook(parts, HookKind::ordinary,
+        (void)RunHook(parts, {HookKind::ordinary, hook.pluginId, "CommandHook"},
                       [&]
                       {
                           return hook.hook(parts.hooks.globalRefcons[hook.pluginId], hook.refcon, command,
@@ -62,11 +65,41 @@ bool runCommandHooks(HostParts& parts, A_long command)
     }
     return handled != 0;
 }
+/// Which is nobody's, so that nobody may take it.
+void sendCommandZero(HostParts& parts)
+{
+    if (!runCommandHooks(parts, commandZero))
+        return;
+    Finding finding;
+    finding.id = finding::foreignCommand;
+    finding.sentence = "A command hook took the command 0, which is nobody's.";
+    finding.function = "CommandHook";
+    parts.findings.Add(std::move(finding));
+}
+
+template <class List>
+void removeHooksOf(A_long pluginId, List& list)
+{
+    list.erase(
+        std::remove_if(list.begin(), list.end(), [=](const auto& hook) { return hook.pluginId == pluginId; }),
+        list.end());
+}
+
+/// What the entry point has published stays: nobody can take a suite back.
+void removeAllHooksOf(HostParts& parts, A_long pluginId)
+{
+    removeHooksOf(pluginId, parts.hooks.command);
+    removeHooksOf(pluginId, parts.hooks.updateMenu);
+    removeHooksOf(pluginId, parts.hooks.idle);
+    removeHooksOf(pluginId, parts.hooks.death);
+    parts.panels.RemoveOf(pluginId);
+}
 } // namespace
 
 HookResult Host::runHook(Where where, const std::function<A_Err()>& body)
 {
-    return RunHook(*parts, where == Where::hook ? HookKind::ordinary : HookKind::entryPoint, body);
+    const HookKind kind = where == Where::hook ? HookKind::ordinary : HookKind::entryPoint;
+    return RunHook(*parts, {kind, PluginId()}, body);
 }
 
 LoadedPlugin Host::loadEntry(EntryPoint entry)
@@ -75,16 +108,19 @@ LoadedPlugin Host::loadEntry(EntryPoint entry)
     plugin.id = parts->nextPlugin++;
     constexpr A_long driverMajor = 114;
     plugin.result =
-        RunHook(*parts, HookKind::entryPoint,
+        RunHook(*parts, {HookKind::entryPoint, plugin.id, "EntryPoint"},
                 [&] { return entry(BasicSuite(), driverMajor, 0, plugin.id, &plugin.globalRefcon); });
     parts->hooks.globalRefcons[plugin.id] = plugin.globalRefcon;
+    if (plugin.result.error != errNone && parts->options.failedEntry == FailedEntry::takesHooksAway)
+        removeAllHooksOf(*parts, plugin.id);
     return plugin;
 }
 
 HookResult Host::RunIdle(IdleMode mode)
 {
     HookResult worst;
-    if (parts->hasQuit || mode == IdleMode::starved)
+    const bool isStopped = parts->openDialogs > 0 && parts->options.idleInDialogs == IdleInDialogs::stops;
+    if (parts->hasQuit || mode == IdleMode::starved || isStopped)
         return worst;
     const int passes = mode == IdleMode::burst ? parts->options.burstLength : 1;
     for (int i = 0; i < passes; ++i)
@@ -99,7 +135,7 @@ HookResult Host::UpdateMenus(WindowType active)
         return worst;
     parts->menus.Reset();
     for (const RegisteredHook<UpdateMenuHook>& hook : parts->hooks.updateMenu)
-        worst = FirstBad(worst, RunHook(*parts, HookKind::ordinary,
+        worst = FirstBad(worst, RunHook(*parts, {HookKind::ordinary, hook.pluginId, "UpdateMenuHook"},
                                         [&] {
                                             return hook.hook(parts->hooks.globalRefcons[hook.pluginId],
                                                              hook.refcon, static_cast<A_char>(active));
@@ -107,8 +143,26 @@ HookResult Host::UpdateMenus(WindowType active)
     return worst;
 }
 
+void Host::OpenDialog() { ++parts->openDialogs; }
+
+void Host::CloseDialog() { --parts->openDialogs; }
+
+HookResult Host::PressKey()
+{
+    if (parts->hasQuit || parts->openDialogs > 0)
+        return {};
+    constexpr int keysPerCommandZero = 3;
+    ++parts->keysHeard;
+    if (parts->options.commandZero == CommandZero::comesNowAndThen &&
+        parts->keysHeard % keysPerCommandZero == 0)
+        sendCommandZero(*parts);
+    return parts->options.keyUpdate == KeyUpdate::updatesMenus ? UpdateMenus() : HookResult{};
+}
+
 bool Host::ChooseMenuItem(const std::string& name)
 {
+    if (parts->openDialogs > 0)
+        return false;
     (void)UpdateMenus();
     const MenuItem* item = parts->menus.FindByName(name);
     return item != nullptr && item->enabled && RunCommand(item->command);
@@ -139,10 +193,11 @@ void Host::Quit()
     if (parts->options.deathOrder == DeathOrder::containersFirst)
         destroyContainers();
     for (const RegisteredHook<DeathHook>& hook : parts->hooks.death)
-        (void)RunHook(*parts, HookKind::death,
+        (void)RunHook(*parts, {HookKind::death, hook.pluginId, "DeathHook"},
                       [&] { return hook.hook(parts->hooks.globalRefcons[hook.pluginId], hook.refcon); });
     destroyContainers();
     CheckSuiteBalance();
+    CheckMemoryBalance();
 }
 
 const std::vector<MenuItem>& Host::MenuItems() const { return parts->menus.Items(); }
@@ -160,6 +215,20 @@ HookResult Host::SetPanelState(const std::string& matchName, PanelState state)
     if (panel == nullptr || parts->hasQuit)
         return {};
     return ChangePanelState(*parts, *panel, state);
+}
+
+HookResult Host::OpenAnotherPanel(const std::string& matchName)
+{
+    const Panel* first = parts->panels.Find(matchName);
+    if (first == nullptr || parts->hasQuit)
+        return {};
+    Panel another;
+    another.pluginId = first->pluginId;
+    another.matchName = another.title = matchName;
+    another.hook = first->hook;
+    another.refcon = first->refcon;
+    another.paintBackground = first->paintBackground;
+    return ChangePanelState(*parts, parts->panels.Add(another), PanelState::frontmost);
 }
 
 void Host::SetContainerProvider(ContainerProvider* provider)

@@ -1,9 +1,17 @@
 #include "standin/core/HostParts.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace standin
 {
+void HostBlocks::FreeAll()
+{
+    for (const auto& [block, note] : all)
+        std::free(block);
+    all.clear();
+}
+
 HostParts::HostParts(Host& owner, HostOptions hostOptions)
     : host(owner),
       options(hostOptions),
@@ -34,6 +42,18 @@ void HostParts::Report(const char* id, const std::string& sentence)
         finding.function = running.back().function;
     }
     findings.Add(std::move(finding));
+}
+
+bool HostParts::MayUseId(A_long pluginId) const
+{
+    if (pluginId == runningPlugin)
+        return true;
+    return std::any_of(published.begin(), published.end(),
+                       [&](const auto& entry)
+                       {
+                           const auto& [name, version] = entry.first;
+                           return entry.second.pluginId == pluginId && suiteCounts.Count(name, version) > 0;
+                       });
 }
 
 std::string HostParts::LabelOf(int effectId)

@@ -33,6 +33,34 @@ enum class HookKind
     death
 };
 
+/// A table that a plug-in has published.
+struct PublishedSuite
+{
+    const void* table = nullptr;
+    A_long pluginId = 0; ///< Whose functions these are.
+};
+
+/// Memory of the host that a plug-in has allocated.
+struct HostBlock
+{
+    std::string function;
+    std::string call; ///< That allocated it.
+};
+
+/// Owns what plug-ins have not given back.
+class HostBlocks
+{
+public:
+    HostBlocks() = default;
+    ~HostBlocks() { FreeAll(); }
+    HostBlocks(const HostBlocks&) = delete;
+    HostBlocks& operator=(const HostBlocks&) = delete;
+
+    void FreeAll();
+
+    std::map<void*, HostBlock> all;
+};
+
 struct HostParts
 {
     HostParts(Host& owner, HostOptions hostOptions);
@@ -68,8 +96,8 @@ struct HostParts
 
     ReferenceRegistry references;
     SuiteCounts suiteCounts;
-    std::map<std::pair<std::string, A_long>, const void*> published;
-    std::vector<char> suiteRefs; ///< One address per published suite.
+    std::map<std::pair<std::string, A_long>, PublishedSuite> published;
+    HostBlocks blocks;
     CallTrace trace;
     FaultPlan faults;
     IdlePlan idles;
@@ -77,16 +105,25 @@ struct HostParts
     std::vector<RunningCall> running;
     int hookDepth = 0;
     HookKind hookKind = HookKind::ordinary;
+    A_long runningPlugin = 0; ///< Whose hook runs; 0 outside any.
     /// Levels of undo groups whose end was made to fail by a fault: that they stay open is not the
     /// caller's doing.
     int excusedUndoLevels = 0;
     // What hooks have left behind, all of them together.
     int undoGroupsLeftOpen = 0;
+    bool isOpenGroupReported = false; ///< Of the group that is open now.
+    int openDialogs = 0;
+    int keysHeard = 0;
     int leakedReferences = 0;
 
     /// Adds a finding for the innermost running call.
     void Report(const char* id, const std::string& sentence);
-    bool IsOwnPlugin(A_long pluginId) const { return pluginId >= 7 && pluginId < nextPlugin; }
+    /// Raises an alert of the host's own.
+    void Alarm(const std::string& text) { alerts.push_back({0, text}); }
+    bool IsPlugin(A_long pluginId) const { return pluginId >= 7 && pluginId < nextPlugin; }
+    /// Whether what runs may use this plug-in's id: its hook runs, or somebody holds a suite of its own,
+    /// whose functions run under its id in the hooks of others.
+    bool MayUseId(A_long pluginId) const;
     std::string LabelOf(int effectId);
     const InstalledEffect* InstalledOf(const EffectInstance& effect) const;
     const Behaviour& BehaviourOf(const EffectInstance& effect) const;

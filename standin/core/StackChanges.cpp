@@ -83,7 +83,10 @@ void logTwirl(HostParts& parts, int effectId, bool open)
 /// the effect folded.
 void reveal(HostParts& parts, int effectId, A_long parameter)
 {
-    logTwirl(parts, effectId, parameter != 0);
+    const UnhidingTwirl twirl = parts.options.unhidingTwirl;
+    const bool opens =
+        twirl == UnhidingTwirl::alwaysOpens || (twirl == UnhidingTwirl::opensByParameter && parameter != 0);
+    logTwirl(parts, effectId, opens);
     const std::string suffix = parameter == 0 ? "" : "." + std::to_string(parameter);
     parts.viewLog.push_back("reveal " + parts.LabelOf(effectId) + suffix);
 }
@@ -92,6 +95,36 @@ void restore(HostParts& parts, ProjectState state)
 {
     parts.project = std::move(state);
     parts.references.EverythingChanged();
+}
+
+void reportOpenGroup(HostParts& parts, const std::string& when)
+{
+    ++parts.undoGroupsLeftOpen;
+    Finding finding;
+    finding.id = finding::undoGroupLeftOpen;
+    finding.sentence = "The undo group \"" + parts.undo.OpenName() + "\" is still open when " + when + ".";
+    finding.call = parts.undo.OpenCall();
+    finding.function = "AEGP_StartUndoGroup";
+    parts.findings.Add(std::move(finding));
+}
+
+void closeUndoGroups(HostParts& parts, const std::string& when)
+{
+    if (parts.undo.OpenGroups() == 0)
+        return;
+    if (parts.undo.OpenGroups() > parts.excusedUndoLevels && !parts.isOpenGroupReported)
+        reportOpenGroup(parts, when);
+    parts.isOpenGroupReported = false;
+    parts.excusedUndoLevels = 0;
+    parts.undo.CloseAllGroups(parts.project);
+}
+
+/// Before an undo. The user is told of a group that has outlived its hook.
+void fixUndoGroups(HostParts& parts, const std::string& when)
+{
+    if (parts.undo.OpenGroups() > 0 && parts.hookDepth == 0)
+        parts.Alarm("undo group mismatch, will attempt to fix");
+    closeUndoGroups(parts, when);
 }
 } // namespace
 
@@ -228,13 +261,14 @@ void SetStreamHidden(HostParts& parts, int effectId, A_long parameter, Switch hi
         ChangeProject(parts, hide ? "Hide Stream" : "Show Stream",
                       [&](ProjectState& project)
                       { hiddenFlag(*project.FindEffect(effectId), parameter) = hide; });
-    if (wasHidden && !hide)
+    const bool reveals = parts.project.FindEffect(effectId)->revealing == Revealing::isWanted;
+    if (wasHidden && !hide && reveals)
         reveal(parts, effectId, parameter);
 }
 
 bool UndoStep(HostParts& parts)
 {
-    CloseUndoGroups(parts, "the user undoes");
+    fixUndoGroups(parts, "the user undoes");
     std::optional<ProjectState> state = parts.undo.Undo();
     if (state)
         restore(parts, std::move(*state));
@@ -243,29 +277,21 @@ bool UndoStep(HostParts& parts)
 
 bool RedoStep(HostParts& parts)
 {
-    CloseUndoGroups(parts, "the user redoes");
+    fixUndoGroups(parts, "the user redoes");
     std::optional<ProjectState> state = parts.undo.Redo();
     if (state)
         restore(parts, std::move(*state));
     return state.has_value();
 }
 
-void CloseUndoGroups(HostParts& parts, const std::string& when)
+void EndUndoGroupsOfHook(HostParts& parts)
 {
-    if (parts.undo.OpenGroups() == 0)
-        return;
-    if (parts.undo.OpenGroups() > parts.excusedUndoLevels)
+    if (parts.options.groupAtReturn == GroupAtReturn::isClosed)
+        return closeUndoGroups(parts, "the hook returns");
+    if (parts.undo.OpenGroups() > parts.excusedUndoLevels && !parts.isOpenGroupReported)
     {
-        ++parts.undoGroupsLeftOpen;
-        Finding finding;
-        finding.id = finding::undoGroupLeftOpen;
-        finding.sentence =
-            "The undo group \"" + parts.undo.OpenName() + "\" is still open when " + when + ".";
-        finding.call = parts.undo.OpenCall();
-        finding.function = "AEGP_StartUndoGroup";
-        parts.findings.Add(std::move(finding));
+        reportOpenGroup(parts, "the hook returns");
+        parts.isOpenGroupReported = true;
     }
-    parts.excusedUndoLevels = 0;
-    parts.undo.CloseAllGroups(parts.project);
 }
 } // namespace standin

@@ -55,6 +55,6 @@ void SetStreamHidden(HostParts& parts, int effectId, A_long parameter, Switch hi
 bool UndoStep(HostParts& parts);
 bool RedoStep(HostParts& parts);
 
-/// Closes what is open and reports it, unless a fault kept it open.
-void CloseUndoGroups(HostParts& parts, const std::string& when);
+/// Reports what is open, unless a fault kept it open, and closes it as the options have it.
+void EndUndoGroupsOfHook(HostParts& parts);
 } // namespace standin

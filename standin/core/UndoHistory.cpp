@@ -42,8 +42,15 @@ void UndoHistory::StartGroup(const std::string& name, const ProjectState& now, s
     openName = name;
     openCall = std::move(call);
     openBefore = now;
+    openIsAsked = false;
     applied.clear();
     reordered.clear();
+}
+
+bool UndoHistory::IsOpenGroupEmpty(const ProjectState& now) const
+{
+    const bool mayChangeNothing = options.emptyGroup == EmptyGroup::asksForNothing && openIsAsked;
+    return !mayChangeNothing && openBefore == now;
 }
 
 bool UndoHistory::EndGroup(const ProjectState& now)

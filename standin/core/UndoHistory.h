@@ -25,6 +25,10 @@ public:
     void CloseAllGroups(const ProjectState& now);
     int OpenGroups() const { return depth; }
     const std::string& OpenName() const { return openName; }
+    /// Something is asked for that changes the project.
+    void NoteWrite() { openIsAsked = true; }
+    /// Whether the open group has nothing in it, as HostOptions::emptyGroup counts it.
+    bool IsOpenGroupEmpty(const ProjectState& now) const;
     /// The call that opened the outermost open group.
     const std::string& OpenCall() const { return openCall; }
 
@@ -60,6 +64,7 @@ private:
     int depth = 0;
     std::string openName;
     std::string openCall;
+    bool openIsAsked = false;
     ProjectState openBefore;
     std::set<int> applied;
     std::set<int> reordered;

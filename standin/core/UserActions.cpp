@@ -85,6 +85,13 @@ void UserActions::Activate(ActivePanel panel)
     selection.panel = panel;
 }
 
+void UserActions::ActivateLast()
+{
+    Selection& selection = host.Parts().selection;
+    if (selection.panel == ActivePanel::ours)
+        selection.panel = selection.panelBefore;
+}
+
 void UserActions::OpenComposition(int itemId) { host.Parts().selection.frontComp = itemId; }
 
 void UserActions::OpenFootage(int itemId) { host.Parts().selection.frontFootage = itemId; }

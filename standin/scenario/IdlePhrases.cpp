@@ -28,12 +28,12 @@ PhraseBook IdlePhrases()
               {}},
              {setting,
               "idle inside each call",
-              "The same for every call of the host that a hook makes.",
+              "The same for every call of the host that a hook makes; short for switch every-call-idles.",
               [](Stage& s, const Arguments&) { s.host().Options().idleInCalls = IdleInCalls::always; },
               {}},
              {setting,
               "idle inside no call",
-              "The host idles between calls alone again.",
+              "The host idles between calls alone again, also if it was switched to every-call-idles.",
               [](Stage& s, const Arguments&)
               {
                   s.host().Options().idleInCalls = IdleInCalls::never;

@@ -106,7 +106,7 @@ std::vector<Phrase> mousePhrases()
              {}},
             {action,
              "click the host",
-             "Clicks the host's own window, which takes the keyboard.",
+             "Clicks the host's own window. The panel gives the keyboard back; the host does not take it.",
              [](Stage& s, const Arguments&) { s.session.ClickOnHost(); },
              {}},
             {action,

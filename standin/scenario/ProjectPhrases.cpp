@@ -1,6 +1,7 @@
 // The scene before the play: the project, and how the host and its effects are.
 
 #include "standin/core/HostParts.h"
+#include "standin/core/HostSwitches.h"
 #include "standin/core/StackChanges.h"
 #include "standin/family/Liars.h"
 #include "standin/scenario/Parser.h"
@@ -10,8 +11,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <functional>
-#include <map>
 
 namespace standin
 {
@@ -86,32 +85,6 @@ void installModule(Stage& stage, const std::string& file)
         stage.AddCandidate(installed.defaultName);
 }
 
-using Option = std::function<void(HostOptions&)>;
-
-/// The host's switches, each with what it turns away from the default.
-const std::map<std::string, Option>& options()
-{
-    static const std::map<std::string, Option> all{
-        {"new-effects-land-at-the-start", [](HostOptions& o) { o.applyPlace = ApplyPlace::start; }},
-        {"new-effects-land-behind-the-selected",
-         [](HostOptions& o) { o.applyPlace = ApplyPlace::afterSelected; }},
-        {"identities-come-at-the-next-idle",
-         [](HostOptions& o) { o.identityBirth = IdentityBirth::atNextIdle; }},
-        {"group-minus-one-is-stored", [](HostOptions& o) { o.groupMinusOne = GroupMinusOne::isStored; }},
-        {"group-changes-are-no-undo-steps", [](HostOptions& o) { o.groupUndo = GroupUndo::isNotUndoable; }},
-        {"duplicates-copy-the-identity",
-         [](HostOptions& o) { o.duplicateIdentity = DuplicateIdentity::isCopied; }},
-        {"closing-destroys-the-view", [](HostOptions& o) { o.closedPanel = ClosedPanel::destroysView; }},
-        {"containers-die-first", [](HostOptions& o) { o.deathOrder = DeathOrder::containersFirst; }},
-        {"a-tab-behind-is-not-shown", [](HostOptions& o) { o.tabBehind = TabBehind::isNotShown; }},
-        {"undo-deletes-the-older-twin", [](HostOptions& o) { o.twinUndo = TwinUndo::deletesOlderTwin; }},
-        {"unchanged-groups-leave-an-entry",
-         [](HostOptions& o) { o.unchangedGroup = UnchangedGroup::leavesPhantomEntry; }},
-        {"parameters-take-names", [](HostOptions& o) { o.parameterRename = ParameterRename::isTaken; }},
-        {"names-are-short", [](HostOptions& o) { o.nameLimit = NameLimit::published; }}};
-    return all;
-}
-
 void uninstall(Stage& stage, const std::string& name)
 {
     const std::string matchName = stage.Installed(name).matchName;
@@ -120,15 +93,14 @@ void uninstall(Stage& stage, const std::string& name)
                                  [&](const InstalledEffect& entry) { return entry.matchName == matchName; }));
 }
 
-void turnSwitch(Stage& stage, const std::string& name)
+void turnSwitch(Stage& stage, const std::string& word)
 {
-    const auto found = options().find(name);
-    if (found != options().end())
-        return found->second(stage.host().Options());
-    std::string names;
-    for (const auto& option : options())
-        names += "\n    " + option.first;
-    throw StageError("the host has no switch " + name + "; it has" + names);
+    if (const HostSwitch* found = FindHostSwitch(word))
+        return found->turn(stage.host().Options());
+    std::string words;
+    for (const HostSwitch& each : HostSwitches())
+        words += std::string("\n    ") + each.word;
+    throw StageError("the host has no switch " + word + "; it has" + words);
 }
 } // namespace
 
@@ -192,6 +164,11 @@ PhraseBook ProjectPhrases()
           "TEXT is rigid",
           "The effect takes part in no group: it answers -1 whatever it is told.",
           [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).family.rigidity = Rigidity::rigid; },
+          {}},
+         {setting,
+          "TEXT asks for no reveal",
+          "Un-hiding the effect neither opens it nor scrolls to it.",
+          [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).revealing = Revealing::isNotWanted; },
           {}},
          {setting,
           "TEXT has the identity of TEXT",

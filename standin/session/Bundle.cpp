@@ -59,6 +59,6 @@ void Bundle::KeepMemoryOf(Host& host)
     for (const Panel& panel : parts.panels.All())
         kept.push_back(panel.panelRefcon);
     for (const auto& [name, suite] : parts.published)
-        kept.push_back(suite);
+        kept.push_back(suite.table);
 }
 } // namespace standin

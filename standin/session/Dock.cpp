@@ -26,6 +26,29 @@ int noteError(Display*, XErrorEvent*)
     return 0;
 }
 
+/// A window of somebody else may be gone by the time that it is asked about. While one of these lives, that
+/// is nobody's error.
+class Asking
+{
+public:
+    explicit Asking(Display* theDisplay) : display(theDisplay)
+    {
+        (void)XSync(display, False);
+        former = XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
+    }
+    ~Asking()
+    {
+        (void)XSync(display, False);
+        (void)XSetErrorHandler(former);
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+private:
+    Display* display;
+    XErrorHandler former;
+};
+
 std::string nameOf(XKeyEvent& key)
 {
     const std::pair<unsigned, const char*> modifiers[] = {
@@ -54,7 +77,8 @@ struct Dock::Windows
     int height = 0;
     std::string tab;
     std::vector<std::string> keys;
-    XErrorHandler formerHandler = nullptr;
+    FocusAtClicks clicks = FocusAtClicks::isLeftAlone;
+    XErrors errors = XErrors::endTheProcess;
 
     void settle() const { (void)XSync(display, False); }
 
@@ -103,7 +127,7 @@ struct Dock::Windows
 
     void handle(XEvent& event)
     {
-        if (event.type == ButtonPress)
+        if (event.type == ButtonPress && clicks == FocusAtClicks::isTaken)
             (void)XSetInputFocus(display, frame, RevertToParent, event.xbutton.time);
         if (event.type == Expose)
             paint();
@@ -146,7 +170,6 @@ Dock::Dock(int containerHeight) : windows(new Windows)
     if (windows->display == nullptr)
         throw std::runtime_error("no display");
     errorsTold = 0;
-    windows->formerHandler = XSetErrorHandler(&noteError);
     windows->height = containerHeight;
     windows->makeFrame();
 }
@@ -155,7 +178,15 @@ Dock::~Dock()
 {
     (void)XFreeGC(windows->display, windows->pen);
     (void)XCloseDisplay(windows->display);
-    (void)XSetErrorHandler(windows->formerHandler);
+    if (windows->errors == XErrors::areCounted)
+        (void)XSetErrorHandler(nullptr);
+}
+
+void Dock::Obey(const HostOptions& options)
+{
+    windows->clicks = options.focusAtClicks;
+    if (std::exchange(windows->errors, options.xErrors) != options.xErrors)
+        (void)XSetErrorHandler(options.xErrors == XErrors::areCounted ? &noteError : nullptr);
 }
 
 void Dock::HandleEvents()
@@ -228,7 +259,7 @@ ScreenPicture Dock::Picture(const Area& onScreen) const
 std::vector<PopUp> Dock::PopUps() const
 {
     std::vector<PopUp> found;
-    windows->settle();
+    const Asking asking(windows->display);
     for (const Window window : windows->topWindows())
     {
         XWindowAttributes attributes{};

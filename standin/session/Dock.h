@@ -3,6 +3,7 @@
 // the panel whose tab is in front. It uses Xlib and nothing else, on a connection of its own.
 
 #include "standin/core/ContainerProvider.h"
+#include "standin/core/HostOptions.h"
 #include "standin/x11/XTestInput.h"
 
 #include <functional>
@@ -48,12 +49,14 @@ public:
     Dock(const Dock&) = delete;
     Dock& operator=(const Dock&) = delete;
 
-    /// Reads what has come for the host's windows: a press on them takes the keyboard focus.
+    /// From now on the windows behave as these options say.
+    void Obey(const HostOptions& options);
+    /// Reads what has come for the host's windows.
     void HandleEvents();
 
     /// The keys that have reached the host since the last call: "Delete", "Control+a".
     std::vector<std::string> TakeKeys();
-    /// Errors that Xlib told the host of.
+    /// Errors that Xlib told the host of, while its options have it count them.
     int Errors() const;
 
     /// Where the container stands on the screen. It has a size while no panel is there.

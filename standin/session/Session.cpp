@@ -83,6 +83,7 @@ void Session::End()
     if (ended)
         return;
     ended = true;
+    dock.Obey(host.Options());
     if (host.FindPanel(panelName) != nullptr)
         host.Expect("unbalanced-suite", "",
                     "the panel and its controller hold their suites until the host ends");
@@ -94,21 +95,32 @@ void Session::End()
 
 void Session::collect()
 {
+    hearKeys();
     for (std::string& line : output.TakeLines())
         printed.push_back(std::move(line));
     for (std::string& call : host.CallTexts())
         calls.push_back(std::move(call));
     host.ClearTrace();
-    for (std::string& key : dock.TakeKeys())
-        hostKeys.push_back(std::move(key));
 }
 
 void Session::Idle()
 {
+    hearKeys();
     const HookResult result = host.RunIdle();
     if (!result.thrown.empty())
         thrown = result.thrown;
     dock.HandleEvents();
+}
+
+/// The keys that have reached the host since the last pass stand for menu items, or not.
+void Session::hearKeys()
+{
+    dock.Obey(host.Options());
+    for (std::string& key : dock.TakeKeys())
+    {
+        (void)host.PressKey();
+        hostKeys.push_back(std::move(key));
+    }
 }
 
 void Session::Settle()
@@ -183,6 +195,7 @@ void Session::press(Place inPanel, const std::vector<std::string>& modifiers, un
         user.keyDown(ModifierKey(modifier));
     heldModifiers = modifiers;
     user.press(button);
+    host.User().Activate(ActivePanel::ours);
 }
 
 void Session::letGoOfModifiers()
@@ -207,6 +220,7 @@ void Session::DoubleClick(Place inPanel)
     avoidDoubleClick();
     user.move(at.x, at.y);
     user.doubleClick();
+    host.User().Activate(ActivePanel::ours);
     lastClick = Clock::now();
 }
 
@@ -256,6 +270,8 @@ void Session::ClickOnHost()
     user.move(at.x, at.y);
     user.press();
     user.release();
+    host.User().ActivateLast();
+    dock.Obey(host.Options());
     dock.HandleEvents();
 }
 

@@ -64,7 +64,8 @@ public:
     /// Presses, moves in small steps, waits until the picture stands still, releases.
     void Drag(Place from, Place to);
     void Wheel(Place inPanel, int notches);
-    /// A click on the host's own strip, where it takes the keyboard focus.
+    /// A click on the host's own strip, which belongs to the window of the host that was active last. See
+    /// FocusAtClicks.
     void ClickOnHost();
     Place OnScreen(Place inPanel) const;
 
@@ -91,6 +92,7 @@ public:
 
 private:
     void collect();
+    void hearKeys();
     void press(Place inPanel, const std::vector<std::string>& modifiers, unsigned button);
     void letGoOfModifiers();
     void avoidDoubleClick() const;

@@ -31,7 +31,7 @@ const void* findTable(HostParts& parts, const char* name, A_long version)
     if (const SuiteDescription* suite = FindSuite(name, version))
         return suite->table.data();
     const auto found = parts.published.find({name, version});
-    return found == parts.published.end() ? nullptr : found->second;
+    return found == parts.published.end() ? nullptr : found->second.table;
 }
 
 A_Err acquireSuite(HostParts& parts, TextArg<char> name, NumberArg<A_long> version, OutTable out)
@@ -92,26 +92,50 @@ struct SizeArg : Argument
     std::string Print(HostParts&) const { return std::to_string(value); }
 };
 
-A_Err giveBlock(void* block, OutPointer out)
+A_Err giveBlock(HostParts& parts, void* block, OutPointer out)
 {
     *out.value = block;
-    return block == nullptr ? errAlloc : errNone;
+    if (block == nullptr)
+        return errAlloc;
+    parts.blocks.all[block] = {parts.running.back().function, parts.running.back().head};
+    return errNone;
 }
 
-A_Err allocateBlock(HostParts&, SizeArg size, OutPointer out)
+/// Takes the block from the books. False, with a finding, for one that is not in them.
+bool takeBlock(HostParts& parts, void* block)
 {
-    return giveBlock(std::malloc(size.value), out);
+    if (parts.blocks.all.erase(block) != 0)
+        return true;
+    parts.Report(finding::foreignBlock, "The block is none that the host has allocated, or freed already.");
+    return false;
 }
 
-A_Err freeBlock(HostParts&, KeptArg<void*> block)
+A_Err allocateBlock(HostParts& parts, SizeArg size, OutPointer out)
 {
+    return giveBlock(parts, std::malloc(size.value), out);
+}
+
+A_Err freeBlock(HostParts& parts, KeptArg<void*> block)
+{
+    if (!takeBlock(parts, block.value))
+        return errBadParameter;
     std::free(block.value);
     return errNone;
 }
 
-A_Err reallocateBlock(HostParts&, KeptArg<void*> block, SizeArg size, OutPointer out)
+/// A fault made the freeing fail: the holder has done what it could.
+A_Err excuseFreeing(HostParts& parts, KeptArg<void*> block)
 {
-    return giveBlock(std::realloc(block.value, size.value), out);
+    if (parts.blocks.all.erase(block.value) != 0)
+        std::free(block.value);
+    return errNone;
+}
+
+A_Err reallocateBlock(HostParts& parts, KeptArg<void*> block, SizeArg size, OutPointer out)
+{
+    if (block.value != nullptr && !takeBlock(parts, block.value))
+        return errBadParameter;
+    return giveBlock(parts, std::realloc(block.value, size.value), out);
 }
 
 A_Err undefined(HostParts&) { return errNotImplemented; }
@@ -125,7 +149,7 @@ SuiteDescription DescribeBasicSuite()
         .Add({2, "IsEqual", "SPBoolean (const A_char*, const A_char*)", Access::reads, "",
               reinterpret_cast<AnyFunction>(&isEqual)})
         .Slot<3, allocateBlock>("AllocateBlock", Access::writesHost)
-        .Slot<4, freeBlock>("FreeBlock", Access::writesHost)
+        .Slot<4, freeBlock, excuseFreeing>("FreeBlock", Access::writesHost)
         .Slot<5, reallocateBlock>("ReallocateBlock", Access::writesHost)
         .Slot<6, undefined>("Undefined", Access::reads)
         .Done();

@@ -52,6 +52,8 @@ void CallScope::Begin(const std::string& arguments)
     const std::string head = record.head;
     parts->running.push_back({parts->trace.Begin(std::move(record)), slot.function, head});
     parts->suiteCounts.Used(suite.name, suite.version);
+    if (slot.access == Access::writesProject)
+        parts->undo.NoteWrite();
     begun = true;
 }
 
@@ -61,12 +63,20 @@ bool CallScope::MayProceed()
     if (parts->hookDepth == 0)
     {
         parts->Report(finding::outsideHook, "The call came while the host was running no hook.");
+        parts->Alarm("internal verification failure: no current context");
         error = errGeneric;
+    }
+    else if (!suite.name.empty() && parts->suiteCounts.Count(suite.name, suite.version) == 0)
+    {
+        parts->Report(finding::releasedTable, "Nobody holds the suite: its last holder has released it.");
+        error = errNotImplemented;
     }
     else if (fault)
     {
         struck = true;
         error = *fault;
+        // What the fault has kept the caller from cannot be held against it.
+        parts->undo.NoteWrite();
     }
     else if (parts->hookKind == HookKind::death && parts->options.suitesAtDeath == SuitesAtDeath::fail)
         error = errGeneric;

@@ -105,7 +105,8 @@ A_Err callGeneric(HostParts& parts, const PluginArg& id, const EffectArg& effect
 {
     const bool knownPlugin = CheckPlugin(parts, id.value);
     const EffectInstance* found = ResolveEffect(parts, effect.value);
-    if (!knownPlugin || found == nullptr)
+    const bool hasTime = CheckTime(parts, *time.value);
+    if (!knownPlugin || found == nullptr || !hasTime)
         return errParameter;
     ++parts.runtimes[found->id].messages;
     if ((found->flags & effectMissing) != 0)
@@ -169,7 +170,11 @@ A_Err deleteLayerEffect(HostParts& parts, EffectArg effect)
     const EffectInstance* found = ResolveEffect(parts, effect.value);
     if (found == nullptr)
         return errParameter;
+    const bool clears =
+        parts.options.deletedSelection == DeletedSelection::clearsAll && parts.selection.effect == found->id;
     DeleteEffect(parts, found->id);
+    if (clears)
+        parts.selection.layers.clear();
     return errNone;
 }
 

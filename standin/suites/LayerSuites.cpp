@@ -53,7 +53,7 @@ A_Err getLayerParentComp(HostParts& parts, HandleArg<LayerH> layer, OutHandle<Co
 A_Err convertLayerToCompTime(HostParts& parts, HandleArg<LayerH> layer, TimeArg in, OutTime out)
 {
     const Layer* found = ResolveLayer(parts, layer.value);
-    if (found == nullptr || in.value->scale == 0)
+    if (!CheckTime(parts, *in.value) || found == nullptr)
         return errParameter;
     constexpr std::int64_t unitsPerSecond = 100;
     const std::int64_t start = std::int64_t{found->startTime} * in.value->scale / unitsPerSecond;

@@ -31,6 +31,12 @@ A_Err addHook(HostParts& parts, List& list, A_long pluginId, Hook hook, void* re
 A_Err registerCommandHook(HostParts& parts, PluginArg id, NumberArg<A_u_long> priority,
                           NumberArg<A_long> command, KeptArg<CommandHook> hook, KeptArg<void*> refcon)
 {
+    if (!parts.menus.MayBeHooked(command.value))
+    {
+        parts.Report(finding::unknownCommand,
+                     "The command " + std::to_string(command.value) + " was never handed out.");
+        return errParameter;
+    }
     return addHook(parts, parts.hooks.command, id.value, hook.value, refcon.value, command.value,
                    priority.value);
 }
@@ -88,12 +94,12 @@ A_Err toggleVisibility(HostParts& parts, PanelName name)
 A_Err isShown(HostParts& parts, PanelName name, OutNumber<A_Boolean> tabIsShown,
               OutNumber<A_Boolean> isFrontmost)
 {
-    const Panel* panel = findPanel(parts, name);
-    if (panel == nullptr)
+    if (findPanel(parts, name) == nullptr)
         return errParameter;
+    const PanelState state = parts.panels.StateOf(name.Text());
     const bool behindCounts = parts.options.tabBehind == TabBehind::isShown;
-    const bool frontmost = panel->state == PanelState::frontmost;
-    *tabIsShown.value = frontmost || (behindCounts && panel->state == PanelState::behind) ? 1 : 0;
+    const bool frontmost = state == PanelState::frontmost;
+    *tabIsShown.value = frontmost || (behindCounts && state == PanelState::behind) ? 1 : 0;
     *isFrontmost.value = frontmost ? 1 : 0;
     return errNone;
 }
@@ -110,7 +116,7 @@ A_Err addSuite(HostParts& parts, KeptArg<void*>, KeptArg<void*>, TextArg<char> n
         parts.Report(finding::duplicateSuite, "A suite of this name and version exists already.");
         return errSuiteExists;
     }
-    parts.published[key] = table.value;
+    parts.published[key] = {table.value, parts.runningPlugin};
     *out.value = &parts.published.find(key)->second;
     return errNone;
 }

@@ -184,10 +184,22 @@ void ExcuseReference(HostParts& parts, const void* handle)
 
 bool CheckPlugin(HostParts& parts, A_long pluginId)
 {
-    if (parts.IsOwnPlugin(pluginId))
+    const std::string id = "The plug-in id " + std::to_string(pluginId);
+    if (!parts.IsPlugin(pluginId))
+        parts.Report(finding::wrongPluginId, id + " was never handed out.");
+    else if (!parts.MayUseId(pluginId))
+        parts.Report(finding::wrongPluginId, id + " is another's than that of plug-in " +
+                                                 std::to_string(parts.runningPlugin) + ", whose hook runs.");
+    else
         return true;
-    parts.Report(finding::wrongPluginId,
-                 "The plug-in id " + std::to_string(pluginId) + " was never handed out.");
+    return false;
+}
+
+bool CheckTime(HostParts& parts, const A_Time& time)
+{
+    if (time.scale != 0)
+        return true;
+    parts.Report(finding::timeScale, "The scale of the time is 0.");
     return false;
 }
 } // namespace standin

@@ -28,6 +28,7 @@ A_Err getNewEffectStreamByIndex(HostParts& parts, PluginArg id, EffectArg effect
                                                   " is out of range: the effect has " +
                                                   std::to_string(count) +
                                                   " parameters with the input layer, which is index 0.");
+        parts.Alarm("internal verification failure: effect param_index out of range (5027 :: 150)");
         return errParameter;
     }
     Reference reference = *parts.references.Find(effect.value);
@@ -49,14 +50,23 @@ A_Err excuseDisposal(HostParts& parts, StreamArg stream)
     return errNone;
 }
 
-A_Err getStreamName(HostParts& parts, StreamArg stream, NumberArg<A_Boolean>, OutText name)
+/// Forcing English selects among the default names, and on some hosts goes by them alone.
+std::string nameOfGroup(const HostParts& parts, const EffectInstance& effect, bool forcesEnglish)
+{
+    const InstalledEffect* entry = parts.InstalledOf(effect);
+    if (forcesEnglish && entry != nullptr && parts.options.forcedEnglish == ForcedEnglish::givesDefaultNames)
+        return entry->defaultName;
+    return parts.NameOf(effect);
+}
+
+A_Err getStreamName(HostParts& parts, StreamArg stream, NumberArg<A_Boolean> forceEnglish, OutText name)
 {
     const ResolvedStream found = ResolveStream(parts, stream.value);
     if (!found)
         return errParameter;
     const auto parameter = static_cast<std::size_t>(found.parameter);
-    const std::string text =
-        parameter == 0 ? parts.NameOf(*found.effect) : found.effect->parameters[parameter].name;
+    const std::string text = parameter == 0 ? nameOfGroup(parts, *found.effect, forceEnglish.value != 0)
+                                            : found.effect->parameters[parameter].name;
     name.Give(text, parts.options.nameLimit == NameLimit::roomy ? 127 : 31);
     return errNone;
 }
@@ -88,7 +98,8 @@ A_Err getDynamicStreamFlags(HostParts& parts, StreamArg stream, OutNumber<A_u_lo
     const bool hidden = isGroup ? found.effect->groupHidden
                                 : found.effect->parameters[static_cast<std::size_t>(found.parameter)].hidden;
     const bool eyeball = isGroup && (found.effect->flags & effectActive) != 0;
-    *flags.value = (hidden ? streamHidden : 0) | (eyeball ? streamEyeball : 0);
+    *flags.value = (hidden ? streamHidden : 0) | (eyeball ? streamEyeball : 0) |
+                   (found.effect->revealing == Revealing::isNotWanted ? streamSkipReveal : 0);
     return errNone;
 }
 

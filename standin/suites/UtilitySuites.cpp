@@ -12,11 +12,25 @@ namespace standin
 {
 namespace
 {
+/// One alert is open at a time, and none where no hook of the ordinary kind runs.
+void waitForAnswer(HostParts& parts)
+{
+    const bool waits = parts.options.alertReturn == AlertReturn::isWhenAnswered && parts.openDialogs == 0 &&
+                       parts.hookKind == HookKind::ordinary;
+    if (!waits)
+        return;
+    parts.host.OpenDialog();
+    for (int pass = 0; pass < parts.options.alertLength; ++pass)
+        (void)parts.host.RunIdle();
+    parts.host.CloseDialog();
+}
+
 A_Err reportInfo(HostParts& parts, PluginArg id, TextArg<char> text)
 {
     if (!CheckPlugin(parts, id.value))
         return errParameter;
     parts.alerts.push_back({id.value, text.Text()});
+    waitForAnswer(parts);
     return errNone;
 }
 
@@ -34,12 +48,18 @@ A_Err startUndoGroup(HostParts& parts, NullableTextArg name)
         parts.Report(finding::nullUndoName, "A null name crashes newer hosts.");
         return errParameter;
     }
+    if (parts.undo.OpenGroups() > parts.excusedUndoLevels)
+        parts.Report(finding::nestedUndoGroup,
+                     "The undo group \"" + parts.undo.OpenName() + "\" is still open.");
     parts.undo.StartGroup(name.Text(), parts.project, parts.running.back().head);
     return errNone;
 }
 
 A_Err endUndoGroup(HostParts& parts)
 {
+    if (parts.undo.OpenGroups() == 1 && parts.undo.IsOpenGroupEmpty(parts.project))
+        parts.Report(finding::emptyUndoGroup,
+                     "Nothing is in the undo group \"" + parts.undo.OpenName() + "\".");
     if (parts.undo.EndGroup(parts.project))
     {
         parts.excusedUndoLevels = std::min(parts.excusedUndoLevels, parts.undo.OpenGroups());

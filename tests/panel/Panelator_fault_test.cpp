@@ -147,6 +147,7 @@ TEST_F(PanelatorFault, ThrowingAfterTheHooksLeavesTheirInboxAlive)
         {
             host.Expect(finding::exceptionLeftHook, "", "a missing suite is the host's business");
             host.Faults().Withhold("SP Suites Suite", 2);
+            host.Options().failedEntry = FailedEntry::leavesHooks;
         });
     ASSERT_EQ(bench->loading.result.thrownNumber, 516);
     const HookTable& hooks = bench->host.Parts().hooks;

@@ -23,6 +23,8 @@ std::string sideText(const ObjectItem& item)
 
 Story::Story()
 {
+    product.host.Expect("empty-undo-group", "AEGP_EndUndoGroup",
+                        "a layer without objects of the family has no order to write");
     (void)product.host.AddEffect(product.layerId, "ADBE Gaussian Blur 2", "Blur");
     const LoadedPlugin plugin = product.host.Load(&PanelEntryPointFunc);
     panelator = static_cast<Panelator*>(plugin.globalRefcon);

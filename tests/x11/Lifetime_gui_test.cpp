@@ -203,7 +203,7 @@ protected:
         {
             A_long sleep = 2;
             (void)RunHook(
-                parts, HookKind::ordinary,
+                parts, {HookKind::ordinary, hook.pluginId, "IdleHook"},
                 [&] { return hook.hook(parts.hooks.globalRefcons[hook.pluginId], hook.refcon, &sleep); });
         }
     }
