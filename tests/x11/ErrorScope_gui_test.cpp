@@ -53,7 +53,7 @@ protected:
 };
 } // namespace
 
-TEST_F(ErrorScope, WithinAnotherPassesTheHostsErrorsOnAndLeavesItsHandlerInPlace)
+TEST_F(ErrorScope, NestedPassesTheHostsErrorsOn)
 {
     {
         const PlatformErrorScope outer;
@@ -70,7 +70,7 @@ TEST_F(ErrorScope, WithinAnotherPassesTheHostsErrorsOnAndLeavesItsHandlerInPlace
     EXPECT_EQ(errorsOfFirst, 3);
 }
 
-TEST_F(ErrorScope, HeedsTheHandlerThatTheHostSetSinceTheScopeAroundItBegan)
+TEST_F(ErrorScope, NestedUsesTheHostsNewHandler)
 {
     {
         const PlatformErrorScope outer;
@@ -89,7 +89,7 @@ TEST_F(ErrorScope, HeedsTheHandlerThatTheHostSetSinceTheScopeAroundItBegan)
     EXPECT_EQ(errorsOfFirst, 0);
 }
 
-TEST_F(ErrorScope, KeepsTheHandlerThatTheHostSetsInTheInnermost)
+TEST_F(ErrorScope, KeepsTheHandlerSetInTheInnermost)
 {
     {
         const PlatformErrorScope outer;
