@@ -57,19 +57,18 @@ using LayerEffectChangesOrder = StackTest;
 TEST_F(LayerEffectChangesOrder, TheLastEffectComesToTheTop)
 {
     const TracedStack traced = Make("A B C").Traced();
-    EXPECT_EQ(ExpectChange("C A B",
-                           traced.AfterReading({{"Utility 3 AEGP_StartUndoGroup(\"Reorder Effect(s)\")",
-                                                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect C",
-                                                 "Effect 1 AEGP_ReorderEffect(effect C, 0)",
-                                                 "Effect 1 AEGP_DisposeEffect(effect C)",
-                                                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect A",
-                                                 "Effect 1 AEGP_ReorderEffect(effect A, 1)",
-                                                 "Effect 1 AEGP_DisposeEffect(effect A)",
-                                                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect B",
-                                                 "Effect 1 AEGP_ReorderEffect(effect B, 2)",
-                                                 "Effect 1 AEGP_DisposeEffect(effect B)",
-                                                 "Utility 3 AEGP_EndUndoGroup()"}}),
-                           "C A B", "[Reorder Effect(s)]"),
+    EXPECT_EQ(ExpectChange(
+                  "C A B",
+                  traced.AfterReading(
+                      {{"Utility 3 AEGP_StartUndoGroup(\"Reorder Effect(s)\")",
+                        "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect C",
+                        "Effect 1 AEGP_ReorderEffect(effect C, 0)", "Effect 1 AEGP_DisposeEffect(effect C)",
+                        "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect A",
+                        "Effect 1 AEGP_ReorderEffect(effect A, 1)", "Effect 1 AEGP_DisposeEffect(effect A)",
+                        "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect B",
+                        "Effect 1 AEGP_ReorderEffect(effect B, 2)", "Effect 1 AEGP_DisposeEffect(effect B)",
+                        "Utility 3 AEGP_EndUndoGroup()"}}),
+                  "C A B", "[Reorder Effect(s)]"),
               "");
 }
 

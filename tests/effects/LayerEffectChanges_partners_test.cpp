@@ -53,8 +53,8 @@ TEST_F(LayerEffectChangesPartners, EachStepCoversTheWholeListFirst)
 TEST_F(LayerEffectChangesPartners, AZeroIdentityHasNoPartner)
 {
     const TracedStack traced = Make("X A").Traced();
-    EXPECT_EQ(ExpectChange("0=Front@3! A",
-                           traced.AfterReading({traced.Order("Reorder Effect(s)", "A 1>1")}), "X A", ""),
+    EXPECT_EQ(ExpectChange("0=Front@3! A", traced.AfterReading({traced.Order("Reorder Effect(s)", "A 1>1")}),
+                           "X A", ""),
               "");
 }
 

@@ -40,7 +40,6 @@ const char* MatchNameOf(const std::string& label)
     case 'L':
         return "QVK VORTAN";
     case 'X':
-    case 'Z':
         return "ADBE Fill";
     case 'E':
         return "QVK VORTEFF Jitter";
@@ -160,21 +159,6 @@ std::string LabelledStack::Text()
             text += effect.parameters[i].hidden ? "~" + std::to_string(i) : "";
     }
     return text;
-}
-
-std::string LabelledStack::Report()
-{
-    std::ostringstream text;
-    for (const EffectInstance& effect : host.State().FindLayer(layerId)->effects)
-    {
-        text << effect.label << ": " << host.NameOf(effect.label) << ", group " << effect.family.group
-             << ((effect.flags & effectActive) != 0 ? ", on" : ", off")
-             << (effect.groupHidden ? ", hidden" : "");
-        for (std::size_t i = 0; i < effect.parameters.size(); ++i)
-            text << (effect.parameters[i].hidden ? ", hides " + std::to_string(i) : "");
-        text << "\n";
-    }
-    return text.str();
 }
 
 HookResult LabelledStack::Change(const Items& layerItems, const Items& treeItems)

@@ -44,9 +44,6 @@ struct LabelledStack : ProductHost
     /// The whole stack as the calls show it now.
     TracedStack Traced() { return TracedStackOf(*this, Words(Stack())); }
 
-    /// The name, group, active state and hidden flags of each effect, a line each, from the top down.
-    std::string Report();
-
     /// Runs LayerEffectChanges in a hook, with the layer's own items as the layer's list.
     HookResult Change(const Items& treeItems) { return Change(LayerItems(), treeItems); }
     HookResult Change(const Items& layerItems, const Items& treeItems);

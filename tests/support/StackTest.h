@@ -3,7 +3,7 @@
 // printed that the test did not take, no suite be held, and nothing have been found that the test did not
 // expect.
 
-#include "tests/support/StackScene.h"
+#include "tests/support/LabelledStack.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
