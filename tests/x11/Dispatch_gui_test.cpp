@@ -52,7 +52,7 @@ protected:
 };
 } // namespace
 
-TEST_F(Dispatch, DoesNothingWhenItIsEnteredFromInsideItself)
+TEST_F(Dispatch, DoesNothingWhenReentered)
 {
     bool wasInside = false;
     bool isInside = false;
@@ -98,7 +98,7 @@ TEST_F(Dispatch, SurvivesAWidgetThatIsDeletedInsideIt)
     Idle();
 }
 
-TEST_F(Dispatch, SurvivesAWidgetThatIsReplacedByAKeyOrAPressInside)
+TEST_F(Dispatch, SurvivesAWidgetReplacedByItsEvent)
 {
     Idle();
     struct Replacing : juce::MouseListener
