@@ -210,7 +210,7 @@ void StackModel::AddEmptyGroup()
 
 void StackModel::AddFromMenu(ModelEffect effect) { toBeAdded.push_back(std::move(effect)); }
 
-/// What is put down on the layer is told group -1.
+/// What is dropped at the top level is told group -1.
 void StackModel::MoveRow(int id, Target target)
 {
     ModelEffect object = *inRows(id);
