@@ -17,6 +17,7 @@ constexpr std::uint16_t firstId = 16000;
 std::vector<NumberedResource> describe(int count, char** entryPoints)
 {
     std::vector<NumberedResource> resources;
+    resources.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         resources.push_back({static_cast<std::uint16_t>(firstId + i),
                              EncodePluginProperties(DescribeEntryPoint(entryPoints[i]))});

@@ -22,14 +22,14 @@ constexpr u64 k2 = 0x9ae16a3b2f90404fULL;
 
 inline u64 load64(const char* p)
 {
-    u64 value;
+    u64 value = 0;
     std::memcpy(&value, p, sizeof value);
     return value;
 }
 
 inline u32 load32(const char* p)
 {
-    u32 value;
+    u32 value = 0;
     std::memcpy(&value, p, sizeof value);
     return value;
 }

@@ -32,21 +32,13 @@ EffectChain::~EffectChain()
 EffectChain& EffectChain::TakeParamStream()
 {
     constexpr PF_ParamIndex firstParameter = 1; // Index 0 is the input layer, which the host refuses.
-    return Then(
-        [&]
-        {
-            return suites.StreamSuite1()->AEGP_GetNewEffectStreamByIndex(pluginId, effect, firstParameter,
-                                                                         &paramStream);
-        });
+    return Call(&AEGP_StreamSuite1::AEGP_GetNewEffectStreamByIndex, pluginId, effect, firstParameter,
+                &paramStream);
 }
 
 EffectChain& EffectChain::TakeGroupStream()
 {
-    return Then(
-        [&] {
-            return suites.DynamicStreamSuite2()->AEGP_GetNewParentStreamRef(pluginId, paramStream,
-                                                                            &groupStream);
-        });
+    return Call(&AEGP_DynamicStreamSuite2::AEGP_GetNewParentStreamRef, pluginId, paramStream, &groupStream);
 }
 
 A_Err EffectChain::Finish()

@@ -20,12 +20,14 @@ public:
     EffectChain(const EffectChain&) = delete;
     EffectChain& operator=(const EffectChain&) = delete;
 
-    /// Runs `step`, an `A_Err ()`, unless an error has been met, and keeps its error.
-    template <class Step>
-    EffectChain& Then(Step step)
+    /// Calls `function` of the suite that it is a member of, unless an error has been met, and keeps its
+    /// error. The arguments are passed as they stand when the call is made, so a step may use what the step
+    /// before it took. Throws the integer 516 if the suite is missing.
+    template <class Suite, class... Parameters, class... Arguments>
+    EffectChain& Call(A_Err (*Suite::*function)(Parameters...), Arguments&&... arguments)
     {
         if (err == A_Err_NONE)
-            err = step();
+            err = (suites.Get<Suite>()->*function)(std::forward<Arguments>(arguments)...);
         return *this;
     }
 
@@ -34,10 +36,7 @@ public:
     EffectChain& TakeEffect(AEGP_LayerH layer, AEGP_EffectIndex index)
     {
         DisposeEffectWith<EffectSuite>();
-        return Then(
-            [&] {
-                return suites.Get<EffectSuite>()->AEGP_GetLayerEffectByIndex(pluginId, layer, index, &effect);
-            });
+        return Call(&EffectSuite::AEGP_GetLayerEffectByIndex, pluginId, layer, index, &effect);
     }
 
     /// Names the suite that disposes of `effect`.

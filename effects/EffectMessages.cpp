@@ -1,9 +1,9 @@
 #include "effects/EffectMessages.h"
 
 #include "effects/EffectChain.h"
+#include "host/PrintLine.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <numeric>
 #include <utility>
 
@@ -43,27 +43,21 @@ int PingEffectIndex(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer
     EffectChain chain(*suites, pluginId);
     A_Time compTime{};
     A_long count = 0;
-    chain.Then([&] { return suites->LayerSuite1()->AEGP_ConvertLayerToCompTime(layer, &time, &compTime); })
-        .Then([&] { return suites->EffectSuite1()->AEGP_GetLayerNumEffects(layer, &count); });
+    chain.Call(&AEGP_LayerSuite1::AEGP_ConvertLayerToCompTime, layer, &time, &compTime)
+        .Call(&AEGP_EffectSuite1::AEGP_GetLayerNumEffects, layer, &count);
     if (effectIndex < 0 || effectIndex >= count)
         return chain.Error();
 
     AEGP_EffectFlags flags = 0;
     chain.TakeEffect<AEGP_EffectSuite1>(layer, effectIndex)
-        .Then([&] { return suites->EffectSuite1()->AEGP_GetEffectFlags(chain.effect, &flags); });
+        .Call(&AEGP_EffectSuite1::AEGP_GetEffectFlags, chain.effect, &flags);
     if (requiredFlags != 0 && (flags & requiredFlags) == 0)
         return chain.Finish();
 
     chain.DisposeEffectWith<AEGP_EffectSuite3>();
     if (chain.effect != nullptr)
-    {
-        chain.Then(
-            [&]
-            {
-                return suites->EffectSuite3()->AEGP_EffectCallGeneric(pluginId, chain.effect, &compTime,
-                                                                      PF_Cmd_COMPLETELY_GENERAL, message);
-            });
-    }
+        chain.Call(&AEGP_EffectSuite3::AEGP_EffectCallGeneric, pluginId, chain.effect, &compTime,
+                   PF_Cmd_COMPLETELY_GENERAL, message);
     return chain.Finish();
 }
 
@@ -88,7 +82,7 @@ int SetEffectGroupByUUID(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** 
 {
     if (layer == nullptr)
     {
-        std::puts("LayerH is NULL");
+        PrintLine("LayerH is NULL");
         return 0;
     }
     A_long count = 0;

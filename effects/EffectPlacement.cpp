@@ -72,12 +72,8 @@ StackScan scanStack(int pluginId, const AEGP_SuiteHandler& suites, AEGP_LayerH l
     {
         EffectChain chain(suites, pluginId, err);
         chain.TakeEffect<AEGP_EffectSuite1>(layer, i)
-            .Then(
-                [&] {
-                    return suites.EffectSuite1()->AEGP_GetInstalledKeyFromLayerEffect(chain.effect,
-                                                                                      &effectKey);
-                })
-            .Then([&] { return suites.EffectSuite1()->AEGP_GetEffectMatchName(effectKey, matchName.text); });
+            .Call(&AEGP_EffectSuite1::AEGP_GetInstalledKeyFromLayerEffect, chain.effect, &effectKey)
+            .Call(&AEGP_EffectSuite1::AEGP_GetEffectMatchName, effectKey, matchName.text);
         sortIntoLists(scan, i, matchName.text, effectKey == key);
         err = chain.Finish();
     }
@@ -149,8 +145,8 @@ int ApplyEffectToLayerAtIndex(int pluginId, SPBasicSuite* basicSuite, int key, _
         return 0;
     const AEGP_SuiteHandler suites(basicSuite);
     EffectChain chain(suites, pluginId);
-    chain.Then([&] { return suites.EffectSuite1()->AEGP_ApplyEffect(pluginId, layer, key, &chain.effect); })
-        .Then([&] { return suites.EffectSuite1()->AEGP_ReorderEffect(chain.effect, index); });
+    chain.Call(&AEGP_EffectSuite1::AEGP_ApplyEffect, pluginId, layer, key, &chain.effect)
+        .Call(&AEGP_EffectSuite1::AEGP_ReorderEffect, chain.effect, index);
     return chain.Finish();
 }
 

@@ -30,7 +30,7 @@ A_Err moveToTop(int pluginId, const AEGP_SuiteHandler& suites, AEGP_LayerH layer
     {
         EffectChain chain(suites, pluginId, err);
         chain.TakeEffect<AEGP_EffectSuite3>(layer, index)
-            .Then([&] { return suites.EffectSuite3()->AEGP_ReorderEffect(chain.effect, place); });
+            .Call(&AEGP_EffectSuite3::AEGP_ReorderEffect, chain.effect, place);
         err = chain.Error();
         (void)chain.Finish();
         ++place;

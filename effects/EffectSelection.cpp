@@ -4,9 +4,9 @@
 #include "effects/EffectChain.h"
 #include "effects/LayerItems.h"
 #include "effects/NameBuffer.h"
+#include "host/PrintLine.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <string_view>
 #include <unordered_set>
@@ -16,31 +16,20 @@ namespace
 /// One step of a flag sequence: sets or clears the hidden flag of `stream`. The flag is switched in the host
 /// as a view state that undo does not bring back.
 template <class DynamicStreamSuite>
-EffectChain& setHidden(EffectChain& chain, const AEGP_SuiteHandler& suites, AEGP_StreamRefH stream,
-                       A_Boolean hidden)
+void setHidden(EffectChain& chain, AEGP_StreamRefH stream, A_Boolean hidden)
 {
     constexpr A_Boolean undoable = 0;
-    return chain.Then(
-        [&]
-        {
-            return suites.Get<DynamicStreamSuite>()->AEGP_SetDynamicStreamFlag(
-                stream, AEGP_DynStreamFlag_HIDDEN, undoable, hidden);
-        });
+    chain.Call(&DynamicStreamSuite::AEGP_SetDynamicStreamFlag, stream, AEGP_DynStreamFlag_HIDDEN, undoable,
+               hidden);
 }
 
 /// The common head of both actions. Kept: an error behind the start of the undo group leaves it open.
-EffectChain& takeEffectAndStreams(EffectChain& chain, const AEGP_SuiteHandler& suites, AEGP_LayerH layer,
-                                  int effectIndex)
+EffectChain& takeEffectAndStreams(EffectChain& chain, AEGP_LayerH layer, int effectIndex)
 {
-    return chain.Then([&] { return suites.UtilitySuite1()->AEGP_StartUndoGroup(""); })
+    return chain.Call(&AEGP_UtilitySuite1::AEGP_StartUndoGroup, "")
         .TakeEffect<AEGP_EffectSuite1>(layer, effectIndex)
         .TakeParamStream()
         .TakeGroupStream();
-}
-
-void endUndoGroup(EffectChain& chain, const AEGP_SuiteHandler& suites)
-{
-    chain.Then([&] { return suites.UtilitySuite1()->AEGP_EndUndoGroup(); });
 }
 
 /// Hides or shows the effect. The sequences run in full also if the flags already stand as wanted.
@@ -48,41 +37,37 @@ void HideEffect(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, in
 {
     EffectChain chain(*suites, pluginId);
     AEGP_DynStreamFlags flags = 0;
-    takeEffectAndStreams(chain, *suites, layer, effectIndex)
-        .Then(
-            [&]
-            { return suites->DynamicStreamSuite2()->AEGP_GetDynamicStreamFlags(chain.paramStream, &flags); });
+    takeEffectAndStreams(chain, layer, effectIndex)
+        .Call(&AEGP_DynamicStreamSuite2::AEGP_GetDynamicStreamFlags, chain.paramStream, &flags);
     // Kept: the flag is cleared before it is set, also if nothing has to change: the host's windows close the
     // effect on that.
     if (hide)
     {
-        setHidden<AEGP_DynamicStreamSuite4>(chain, *suites, chain.groupStream, 0);
-        setHidden<AEGP_DynamicStreamSuite4>(chain, *suites, chain.groupStream, 1);
+        setHidden<AEGP_DynamicStreamSuite4>(chain, chain.groupStream, 0);
+        setHidden<AEGP_DynamicStreamSuite4>(chain, chain.groupStream, 1);
     }
     else
     {
         // Kept: the pulse on the first parameter opens the effect; its own hidden state comes back at the
         // end.
         const A_Boolean wasHidden = (flags & AEGP_DynStreamFlag_HIDDEN) != 0 ? 1 : 0;
-        setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, chain.groupStream, 0);
-        setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, chain.paramStream, 1);
-        setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, chain.paramStream, 0);
-        setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, chain.paramStream, wasHidden);
+        setHidden<AEGP_DynamicStreamSuite2>(chain, chain.groupStream, 0);
+        setHidden<AEGP_DynamicStreamSuite2>(chain, chain.paramStream, 1);
+        setHidden<AEGP_DynamicStreamSuite2>(chain, chain.paramStream, 0);
+        setHidden<AEGP_DynamicStreamSuite2>(chain, chain.paramStream, wasHidden);
     }
-    endUndoGroup(chain, *suites);
-    (void)chain.Finish();
+    (void)chain.Call(&AEGP_UtilitySuite1::AEGP_EndUndoGroup).Finish();
 }
 
 /// Twirls the effect open by a pulse on its first parameter, or closed by one on its own group.
 void TwirlEffect(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, int effectIndex, bool open)
 {
     EffectChain chain(*suites, pluginId);
-    takeEffectAndStreams(chain, *suites, layer, effectIndex);
+    takeEffectAndStreams(chain, layer, effectIndex);
     const AEGP_StreamRefH pulsed = open ? chain.paramStream : chain.groupStream;
-    setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, pulsed, 1);
-    setHidden<AEGP_DynamicStreamSuite2>(chain, *suites, pulsed, 0);
-    endUndoGroup(chain, *suites);
-    (void)chain.Finish();
+    setHidden<AEGP_DynamicStreamSuite2>(chain, pulsed, 1);
+    setHidden<AEGP_DynamicStreamSuite2>(chain, pulsed, 0);
+    (void)chain.Call(&AEGP_UtilitySuite1::AEGP_EndUndoGroup).Finish();
 }
 
 /// The match name as the host tells it; empty if it cannot. None of the results is looked at.
@@ -182,7 +167,7 @@ void SelectEffectsFromItems(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer*
     std::for_each(classes.selected.rbegin(), classes.selected.rend(), show);
     if (touchMain && classes.main != -1)
     {
-        std::puts("touching main effect");
+        PrintLine("touching main effect");
         show(classes.main);
     }
 }

@@ -2,9 +2,9 @@
 
 #include "effects/EffectChain.h"
 #include "effects/EffectMessages.h"
+#include "host/PrintLine.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -19,12 +19,6 @@ struct Target
     AEGP_LayerH layer;
 };
 
-enum class Differences
-{
-    none,
-    some
-};
-
 /// By identity, the first layer item that has it. An outside effect is nobody's partner.
 using Partners = std::unordered_map<std::string_view, const ObjectItem*>;
 
@@ -37,19 +31,19 @@ Partners partnersAmong(const std::vector<ObjectItem>& layerItems)
     return partners;
 }
 
-/// Calls `change` with each tree item whose partner differs from it in `field`.
+/// Calls `change` with each tree item whose partner differs from it in `field`. Returns whether one did.
 template <class Field, class Change>
-Differences forEachDifference(const Partners& partners, const std::vector<ObjectItem>& treeItems, Field field,
-                              Change change)
+bool forEachDifference(const Partners& partners, const std::vector<ObjectItem>& treeItems, Field field,
+                       Change change)
 {
-    Differences met = Differences::none;
+    bool met = false;
     for (const ObjectItem& treeItem : treeItems)
     {
         const auto partner = partners.find(treeItem.uuid);
         if (partner == partners.end() || partner->second->*field == treeItem.*field)
             continue;
         change(treeItem);
-        met = Differences::some;
+        met = true;
     }
     return met;
 }
@@ -64,21 +58,18 @@ void renameEffect(const Target& target, const ObjectItem& item)
         return;
     // Kept: an error behind the start of the undo group leaves it open.
     EffectChain chain(suites, target.pluginId);
-    chain.Then([&] { return suites.UtilitySuite1()->AEGP_StartUndoGroup("Rename Effect(s)"); })
+    chain.Call(&AEGP_UtilitySuite1::AEGP_StartUndoGroup, "Rename Effect(s)")
         .TakeEffect<AEGP_EffectSuite1>(target.layer, index)
         .TakeParamStream()
         .TakeGroupStream()
-        .Then(
-            [&] {
-                return suites.DynamicStreamSuite2()->AEGP_SetStreamName(chain.groupStream, item.name.c_str());
-            })
-        .Then([&] { return suites.UtilitySuite1()->AEGP_EndUndoGroup(); });
+        .Call(&AEGP_DynamicStreamSuite2::AEGP_SetStreamName, chain.groupStream, item.name.c_str())
+        .Call(&AEGP_UtilitySuite1::AEGP_EndUndoGroup);
     (void)chain.Finish();
 }
 
 void changeGroup(const Target& target, const ObjectItem& item)
 {
-    std::printf("Setting Group: %s\n", item.name.c_str());
+    PrintLine("Setting Group: " + item.name);
     SetEffectGroup(target.pluginId, target.basicSuite, target.layer, item.uuid, item.group);
 }
 
@@ -91,12 +82,8 @@ void changeActiveState(const Target& target, const ObjectItem& item)
         return;
     EffectChain chain(suites, target.pluginId);
     chain.TakeEffect<AEGP_EffectSuite1>(target.layer, index)
-        .Then(
-            [&]
-            {
-                return suites.EffectSuite1()->AEGP_SetEffectFlags(chain.effect, AEGP_EffectFlags_ACTIVE,
-                                                                  item.active != 0 ? 1 : 0);
-            });
+        .Call(&AEGP_EffectSuite1::AEGP_SetEffectFlags, chain.effect, AEGP_EffectFlags_ACTIVE,
+              item.active != 0 ? 1 : 0);
     (void)chain.Finish();
 }
 
@@ -139,14 +126,14 @@ bool areAllDistinct(const std::vector<std::string>& stackUuids)
 
 /// Each wanted identity goes to its position in the list. Kept: one that is not on the layer counts as a
 /// position all the same.
-void reorderEffects(const Target& target, const std::vector<std::string>& wanted, Differences others)
+void reorderEffects(const Target& target, const std::vector<std::string>& wanted, bool isOnlyChange)
 {
     if (target.layer == nullptr)
         return;
     AEGP_SuiteHandler suites(target.basicSuite);
     std::vector<std::string> stackUuids = ReadStackUuids(target.pluginId, &suites, target.layer);
     // Kept: beside another change the step has no name.
-    const char* undoName = others == Differences::none ? "Reorder Effect(s)" : "";
+    const char* undoName = isOnlyChange ? "Reorder Effect(s)" : "";
     (void)suites.UtilitySuite1()->AEGP_StartUndoGroup(undoName);
     const bool areDistinct = areAllDistinct(stackUuids);
     for (int place = 0; place < static_cast<int>(wanted.size()); ++place)
@@ -176,14 +163,13 @@ void LayerEffectChanges(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** la
         return forEachDifference(partners, treeItems, field,
                                  [&](const ObjectItem& item) { change(target, item); });
     };
-    const Differences names = carryOut(&ObjectItem::name, renameEffect);
-    const Differences groups = carryOut(&ObjectItem::group, changeGroup);
-    const Differences actives = carryOut(&ObjectItem::active, changeActiveState);
+    const bool names = carryOut(&ObjectItem::name, renameEffect);
+    const bool groups = carryOut(&ObjectItem::group, changeGroup);
+    const bool actives = carryOut(&ObjectItem::active, changeActiveState);
 
-    const bool nothingElse =
-        names == Differences::none && groups == Differences::none && actives == Differences::none;
     std::vector<std::string> wanted;
+    wanted.reserve(treeItems.size());
     for (const ObjectItem& item : treeItems)
         wanted.push_back(item.uuid);
-    reorderEffects(target, wanted, nothingElse ? Differences::none : Differences::some);
+    reorderEffects(target, wanted, !names && !groups && !actives);
 }

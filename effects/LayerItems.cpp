@@ -15,25 +15,20 @@ struct HostFacts
 };
 
 /// The steps that read one effect from the host.
-void readHostFacts(EffectChain& chain, const AEGP_SuiteHandler& suites, AEGP_LayerH layer, int index,
-                   HostFacts& facts)
+void readHostFacts(EffectChain& chain, AEGP_LayerH layer, int index, HostFacts& facts)
 {
     AEGP_InstalledEffectKey key = AEGP_InstalledEffectKey_NONE;
     AEGP_EffectFlags flags = 0;
     chain.TakeEffect<AEGP_EffectSuite1>(layer, index)
-        .Then([&] { return suites.EffectSuite1()->AEGP_GetInstalledKeyFromLayerEffect(chain.effect, &key); })
-        .Then([&] { return suites.EffectSuite1()->AEGP_GetEffectMatchName(key, facts.matchName.text); })
+        .Call(&AEGP_EffectSuite1::AEGP_GetInstalledKeyFromLayerEffect, chain.effect, &key)
+        .Call(&AEGP_EffectSuite1::AEGP_GetEffectMatchName, key, facts.matchName.text)
         .TakeParamStream()
         .TakeGroupStream()
-        .Then([&] { return suites.EffectSuite1()->AEGP_GetEffectFlags(chain.effect, &flags); })
-        .Then(
-            [&]
-            {
-                facts.active = flags & AEGP_EffectFlags_ACTIVE;
-                constexpr A_Boolean forceEnglish = 1;
-                return suites.StreamSuite1()->AEGP_GetStreamName(chain.groupStream, forceEnglish,
-                                                                 facts.name.text);
-            });
+        .Call(&AEGP_EffectSuite1::AEGP_GetEffectFlags, chain.effect, &flags);
+    if (chain.Error() == A_Err_NONE)
+        facts.active = flags & AEGP_EffectFlags_ACTIVE;
+    constexpr A_Boolean forceEnglish = 1;
+    chain.Call(&AEGP_StreamSuite1::AEGP_GetStreamName, chain.groupStream, forceEnglish, facts.name.text);
 }
 
 ObjectItem& itemAt(std::vector<ObjectItem>& items, int index)
@@ -69,7 +64,7 @@ void ReadItemsFromLayer(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** la
     {
         facts.active = 0;
         EffectChain chain(suites, pluginId, err);
-        readHostFacts(chain, suites, layer, i, facts);
+        readHostFacts(chain, layer, i, facts);
         err = chain.Error();
         ObjectItem& item = itemAt(items, i);
         item.name = facts.name.text;

@@ -12,7 +12,7 @@ struct HexDigits
     constexpr HexDigits()
     {
         constexpr char digits[] = "0123456789abcdef";
-        for (int byte = 0; byte < 256; ++byte)
+        for (std::size_t byte = 0; byte < 256; ++byte)
         {
             text[2 * byte] = digits[byte >> 4];
             text[2 * byte + 1] = digits[byte & 15];
@@ -57,8 +57,6 @@ std::uint64_t hashUuid(const std::string& text)
 {
     return text.size() == UUID_TEXT_LENGTH ? CityHash64(text.data(), UUID_TEXT_LENGTH) : hashText(text);
 }
-
-std::uint64_t signExtend(std::int32_t value) { return static_cast<std::uint64_t>(std::int64_t{value}); }
 } // namespace
 
 VN_UUID ZeroUUID() { return VN_UUID{}; }
@@ -71,7 +69,7 @@ VN_UUIDStr GetUUIDStr(VN_UUID uuid)
     {
         if (i == 4 || i == 6 || i == 8 || i == 10)
             *out++ = '-';
-        std::memcpy(out, hexDigits.text + 2 * uuid.bytes[i], 2);
+        std::memcpy(out, hexDigits.text + std::size_t{2} * uuid.bytes[i], 2);
         out += 2;
     }
     *out = '\0';
@@ -92,8 +90,8 @@ std::uint64_t CalcItemsHash(std::uint64_t seed, const std::vector<ObjectItem>& i
         const std::uint64_t name = hashText(item.name);
         hash = CombineHash(hash, uuid);
         hash = CombineHash(hash, name);
-        hash = CombineHash(hash, signExtend(item.group));
-        hash = CombineHash(hash, signExtend(item.active));
+        hash = CombineHash(hash, SignExtend(item.group));
+        hash = CombineHash(hash, SignExtend(item.active));
     }
     return hash;
 }

@@ -60,6 +60,12 @@ std::uint64_t CalcItemsHash(std::uint64_t seed, const std::vector<ObjectItem>& i
 /// One step of the fold: mixes `value` into `hash`.
 std::uint64_t CombineHash(std::uint64_t hash, std::uint64_t value);
 
+/// The value as the fold takes it.
+constexpr std::uint64_t SignExtend(std::int32_t value)
+{
+    return static_cast<std::uint64_t>(std::int64_t{value});
+}
+
 /// The name as the tree paints it: an effect's default name gives way to a short one, with whatever
 /// stands behind it kept. Any other name comes back unchanged.
 std::string GetItemDisplayString(std::string name);

@@ -131,13 +131,13 @@ A_Err EffectorAEGP(SPBasicSuite* basicSuite, A_long, A_long, AEGP_PluginID id, A
 
     const AEGP_UtilitySuite3* acquired = nullptr;
     if (err == A_Err_NONE)
-        err = registerIdleHook(basicSuite, id, suite->ref, acquired);
+        err = registerIdleHook(basicSuite, id, suite->ref, acquired); // NOLINT: the suite is the host's now.
     if (err != A_Err_NONE)
     {
         // Kept: called without a test of the pointer. Reading it as volatile keeps the compiler from
         // concluding that a null pointer cannot get here.
         const AEGP_UtilitySuite3* volatile utility = acquired;
-        (void)utility->AEGP_ReportInfo(id, "Vort AEGP : Could not register Plugin Suite.");
+        (void)utility->AEGP_ReportInfo(id, "Vort AEGP : Could not register Plugin Suite."); // NOLINT
     }
     // Kept: both are released also when they were never acquired.
     const SPErr registerRelease = release<AEGP_RegisterSuite5>(basicSuite);

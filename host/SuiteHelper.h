@@ -39,6 +39,7 @@ public:
     SuiteHelper& operator=(const SuiteHelper&) = delete;
 
     const Suite* operator->() const { return suite; }
+    const Suite& operator*() const { return *suite; }
 
 private:
     const SPBasicSuite* basicSuite;

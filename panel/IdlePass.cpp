@@ -5,15 +5,8 @@
 #include "effects/EffectSelection.h"
 #include "effects/LayerEffectChanges.h"
 #include "effects/LayerItems.h"
-
-#include <cstdio>
-
-namespace
-{
-std::uint64_t signExtend(std::int32_t value) { return static_cast<std::uint64_t>(std::int64_t{value}); }
-
-const A_u_char* utf8(const char* text) { return reinterpret_cast<const A_u_char*>(text); }
-} // namespace
+#include "host/PrintLine.h"
+#include "panel/PanelVisibility.h"
 
 void Panelator::IdleHook(VnPanelRef* panelRef)
 {
@@ -67,18 +60,16 @@ void IdlePass::runOpenRequest()
 /// A hidden panel loses its tree; one behind another tab keeps it, and neither does any further work.
 IdlePass::Outcome IdlePass::examinePanel()
 {
-    A_Boolean shown = 0;
-    A_Boolean frontmost = 0;
-    (void)panel.panelSuite->AEGP_IsShown(utf8(panel.matchName), &shown, &frontmost);
-    const bool isUp = shown != 0 && frontmost != 0;
-    (void)panel.suites.CommandSuite1()->AEGP_CheckMarkMenuCommand(panel.command, isUp ? 1 : 0);
-    if (shown == 0)
+    const PanelVisibility visibility = AskVisibility(*panel.panelSuite, panel.matchName);
+    (void)panel.suites.CommandSuite1()->AEGP_CheckMarkMenuCommand(panel.command,
+                                                                  visibility.IsInFront() ? 1 : 0);
+    if (visibility.shown == 0)
         ClearTree(panel.tree);
-    if (!isUp)
+    if (!visibility.IsInFront())
         return Outcome::passIsOver;
     if (panel.tree == nullptr)
     {
-        std::puts("no tree found");
+        PrintLine("no tree found");
         return Outcome::passIsOver;
     }
     return Outcome::goOn;
@@ -102,7 +93,7 @@ IdlePass::Outcome IdlePass::findActiveItem()
     // tree empty and leaves it so.
     ClearTree(panel.tree);
     ClearTreeState(panel.stateTable);
-    std::puts("No active item");
+    PrintLine("No active item");
     return Outcome::passIsOver;
 }
 
@@ -128,7 +119,7 @@ void IdlePass::carryOutAddsAndDeletes()
 /// The ids are part of the layer's hash: another item or layer is a change, also with equal contents.
 void IdlePass::compareLayer()
 {
-    const std::uint64_t seed = CombineHash(CombineHash(0, signExtend(itemId)), signExtend(layerId));
+    const std::uint64_t seed = CombineHash(CombineHash(0, SignExtend(itemId)), SignExtend(layerId));
     currentLayerHash = CalcItemsHash(seed, readLayer());
     layerChanged = force || currentLayerHash != panel.layerHash;
 }
@@ -144,7 +135,7 @@ void IdlePass::rebuildTree()
 
 void IdlePass::compareTree()
 {
-    const std::uint64_t treeNow = HashTreeItems(panel.tree, signExtend(layerId));
+    const std::uint64_t treeNow = HashTreeItems(panel.tree, SignExtend(layerId));
     if (treeNow == panel.treeHash)
         return;
     const std::vector<ObjectItem>& layerItems = readLayer();
@@ -162,11 +153,12 @@ void IdlePass::compareTree()
 void IdlePass::reportMismatch(const std::vector<ObjectItem>& layerItems,
                               const std::vector<ObjectItem>& treeItems) const
 {
-    std::printf("%s\n", "Hash Mismatch");
+    std::string lines = "Hash Mismatch";
     for (const ObjectItem& layerItem : layerItems)
-        std::printf("Layer Item - %s\n", layerItem.name.c_str());
+        lines += "\nLayer Item - " + layerItem.name;
     for (const ObjectItem& treeItem : treeItems)
-        std::printf("Tree Item - %s\n", treeItem.name.c_str());
+        lines += "\nTree Item - " + treeItem.name;
+    PrintLine(lines);
 }
 
 void IdlePass::lookForTreeStateChange()
@@ -179,7 +171,7 @@ void IdlePass::lookForTreeStateChange()
 
 void IdlePass::pushSelection()
 {
-    std::printf("%s\n", "State Changed");
+    PrintLine("State Changed");
     const std::vector<ObjectItem> selected = GetSelectedTreeItems(panel.tree);
     SelectEffectsFromItems(panel.pluginId, panel.basicSuite, layer, true, false, selected);
     CacheLayerTreeState(panel.stateTable, layerId, panel.tree);

@@ -1,6 +1,7 @@
 #include "panel/PanelSuite.h"
 
 #include "host/SuiteHelper.h"
+#include "panel/PanelVisibility.h"
 
 // Kept: nothing reads the last two rows.
 const PanelString PANEL_STRINGS[4] = {
@@ -18,11 +19,7 @@ int OpenPanel(VnPanelRef* ref, unsigned char force)
         return A_Err_NONE;
     }
     const SuiteHelper<AEGP_PanelSuite1> panels(ref->basicSuite);
-    A_Boolean shown = 0;
-    A_Boolean frontmost = 0;
-    const auto* name = reinterpret_cast<const A_u_char*>(PANEL_STRINGS[PANEL_NAME_ROW].text);
-    (void)panels->AEGP_IsShown(name, &shown, &frontmost);
-    if (shown == 0 || frontmost == 0)
+    if (!AskVisibility(*panels, PANEL_STRINGS[PANEL_NAME_ROW].text).IsInFront())
         ref->openPending = 1;
     return A_Err_NONE;
 }

@@ -1,21 +1,13 @@
 #include "panel/Panelator.h"
 
+#include "host/PrintLine.h"
+#include "panel/PanelVisibility.h"
 #include "panel/platform/PanelatorUI_Plat.h"
 #include "panel/platform/PlatformEvents.h"
-
-#include <cstdio>
 
 namespace
 {
 Panelator* panelatorOf(AEGP_GlobalRefcon refcon) { return static_cast<Panelator*>(refcon); }
-
-const A_u_char* utf8(const char* text) { return reinterpret_cast<const A_u_char*>(text); }
-
-void printLine(const char* text)
-{
-    std::puts(text);
-    (void)std::fflush(stdout);
-}
 } // namespace
 
 Panelator::Panelator(SPBasicSuite* hostBasicSuite, AEGP_PluginID id)
@@ -36,7 +28,7 @@ A_Err Panelator::insertMenuEntry()
 {
     const A_Err commandError = suites.CommandSuite1()->AEGP_GetUniqueCommand(&command);
     if (commandError != A_Err_NONE)
-        printLine("Command Not Found");
+        PrintLine("Command Not Found");
     (void)suites.CommandSuite1()->AEGP_InsertMenuCommand(command, matchName, AEGP_Menu_WINDOW,
                                                          AEGP_MENU_INSERT_SORTED);
     return commandError;
@@ -62,7 +54,7 @@ void Panelator::registerHooks()
     (void)registering->AEGP_RegisterIdleHook(pluginId, &S_IdleHook, panelRef);
     (void)registering->AEGP_RegisterDeathHook(pluginId, &S_DeathHook, nullptr);
     constexpr A_Boolean paintBackground = 0;
-    (void)panelSuite->AEGP_RegisterCreatePanelHook(pluginId, utf8(matchName), &S_CreatePanelHook, this,
+    (void)panelSuite->AEGP_RegisterCreatePanelHook(pluginId, HostText(matchName), &S_CreatePanelHook, this,
                                                    paintBackground);
 }
 
@@ -142,11 +134,9 @@ void Panelator::CommandHook(AEGP_Command chosen, AEGP_HookPriority, A_Boolean, A
 {
     if (chosen != command)
         return;
-    printLine("Make Panel Visible");
+    PrintLine("Make Panel Visible");
     // Kept: the answer is not used.
-    A_Boolean shown = 1;
-    A_Boolean frontmost = 1;
-    (void)panelSuite->AEGP_IsShown(utf8(matchName), &shown, &frontmost);
+    (void)AskVisibility(*panelSuite, matchName, {1, 1});
 
     // A hide takes the tree away, so its state is saved first. Kept: while the panel is hidden there is no
     // root row, and an empty state replaces the one that was saved at the hide.
@@ -158,7 +148,7 @@ void Panelator::CommandHook(AEGP_Command chosen, AEGP_HookPriority, A_Boolean, A
         (void)suites.LayerSuite1()->AEGP_GetLayerID(layer, &layerId);
         CacheLayerTreeState(stateTable, layerId, tree);
     }
-    (void)panelSuite->AEGP_ToggleVisibility(utf8(matchName));
+    (void)panelSuite->AEGP_ToggleVisibility(HostText(matchName));
     if (panelRef != nullptr)
         panelRef->refreshPending = 1;
     *handled = 1;
@@ -167,15 +157,8 @@ void Panelator::CommandHook(AEGP_Command chosen, AEGP_HookPriority, A_Boolean, A
 void Panelator::UpdateMenuHook(AEGP_WindowType)
 {
     (void)suites.CommandSuite1()->AEGP_EnableCommand(command);
-    (void)suites.CommandSuite1()->AEGP_CheckMarkMenuCommand(command, isShownAndFrontmost() ? 1 : 0);
-}
-
-bool Panelator::isShownAndFrontmost() const
-{
-    A_Boolean shown = 0;
-    A_Boolean frontmost = 0;
-    (void)panelSuite->AEGP_IsShown(utf8(matchName), &shown, &frontmost);
-    return shown != 0 && frontmost != 0;
+    (void)suites.CommandSuite1()->AEGP_CheckMarkMenuCommand(
+        command, AskVisibility(*panelSuite, matchName).IsInFront() ? 1 : 0);
 }
 
 A_Err PanelEntryPointFunc(SPBasicSuite* basicSuite, A_long, A_long, AEGP_PluginID id, AEGP_GlobalRefcon* out)

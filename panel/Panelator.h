@@ -73,7 +73,6 @@ private:
     void fillPublishedSuite();
     void registerHooks();
     void publishSuite(A_Err commandError);
-    bool isShownAndFrontmost() const;
 };
 
 /// Makes the one Panelator and stores it in `*out`. Returns 0. An exception of the constructor goes on to

@@ -1,6 +1,6 @@
 #include "tree/CustomTreeView.h"
 
-#include "tree/Diagnostics.h"
+#include "host/PrintLine.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
 #include "tree/ValueTreeItem.h"

@@ -121,7 +121,8 @@ std::string BytesFromText(const juce::String& text)
     bytes.reserve(length);
     for (auto at = text.getCharPointer(); !at.isEmpty();)
     {
-        const auto character = static_cast<std::uint32_t>(at.getAndAdvance());
+        const auto character =
+            static_cast<std::uint32_t>(at.getAndAdvance()); // NOLINT: no char, whatever its sign.
         if (isEscape(character))
             bytes += static_cast<char>(character - escapeBase);
         else

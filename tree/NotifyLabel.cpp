@@ -30,7 +30,7 @@ void NotifyLabel::labelTextChanged(juce::Label* label)
 {
     setVisible(true);
     juce::AttributedString text(label->getText());
-    text.setJustification(juce::Justification(36));
+    text.setJustification(juce::Justification::centred);
     layout.createLayout(text, static_cast<float>(getParentWidth()));
     resized();
     startTimer(timeoutMs);

@@ -1,6 +1,6 @@
 #include "tree/SimpleButton.h"
 
-#include "tree/Diagnostics.h"
+#include "host/PrintLine.h"
 
 SimpleButton::SimpleButton()
 {
@@ -25,6 +25,6 @@ void SimpleButton::paintButton(juce::Graphics& g, bool, bool)
     g.setColour(juce::Colour::greyLevel(0.1f));
     g.fillAll();
     g.setColour(juce::Colour::greyLevel(0.8f));
-    g.drawFittedText(getButtonText(), 5, 4, getWidth() - 10, getHeight() - 8, juce::Justification(1), 2,
+    g.drawFittedText(getButtonText(), 5, 4, getWidth() - 10, getHeight() - 8, juce::Justification::left, 2,
                      0.0f);
 }

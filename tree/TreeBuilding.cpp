@@ -1,7 +1,8 @@
 // Making documents: a whole one out of an item list, and a new group in a present one.
 
-#include "tree/Diagnostics.h"
 #include "tree/NameText.h"
+
+#include "host/PrintLine.h"
 #include "tree/TreeModel.h"
 #include "tree/ValueTreeItem.h"
 #include "tree/ValueTreesDemo.h"

@@ -1,7 +1,8 @@
 // The row's side of drag and drop, and the move that a drop ends in.
 
-#include "tree/Diagnostics.h"
 #include "tree/NameText.h"
+
+#include "host/PrintLine.h"
 #include "tree/TreeModel.h"
 #include "tree/ValueTreeItem.h"
 

@@ -39,7 +39,7 @@ ValueTreesDemo::ValueTreesDemo(bool hideToolbar)
     treeView.setColour(juce::TreeView::linesColourId, juce::Colours::white);
     // The buttons have fitted themselves to their texts since the first layout, and a container of this
     // very size brings no second one.
-    resized();
+    ValueTreesDemo::resized();
 }
 
 void ValueTreesDemo::setUpButtons()
@@ -66,7 +66,7 @@ ValueTreesDemo::~ValueTreesDemo()
     if (auto* root = treeView.getRootItem())
     {
         treeView.setRootItem(nullptr);
-        new LeftBehind(root);
+        new LeftBehind(root); // NOLINT: nothing else can be done about a row without memory.
     }
     if (openMenus > 0)
         juce::PopupMenu::dismissAllActiveMenus();

@@ -122,8 +122,8 @@ vortan_check(death-hook "The death hook makes no call of the host."
 vortan_check(process-end "After the death hooks the process exits on its own."
   RUNS ProcessEnd
   MUTANT thread-is-never-joined panel/Panelator.cpp
-  WAS [[#include <cstdio>]]
-  IS [[#include <cstdio>
+  WAS [[#include "panel/Panelator.h"]]
+  IS [[#include "panel/Panelator.h"
 #include <thread>
 
 static std::thread watcher([] { std::this_thread::sleep_for(std::chrono::hours(1)); });]]
@@ -158,8 +158,8 @@ vortan_check(panel-reopens "Closed and opened by its menu entry, the panel shows
 vortan_check(menu-entry "The menu entry is always enabled, and ticked just while the panel is in front."
   RUNS MenuEntry SCREEN
   MUTANT ticked-behind-another-tab panel/Panelator.cpp
-  WAS [[return shown != 0 && frontmost != 0;]]
-  IS [[return shown != 0;]]
+  WAS [[AskVisibility(*panelSuite, matchName).IsInFront() ? 1 : 0]]
+  IS [[AskVisibility(*panelSuite, matchName).shown]]
   FOUND [[the menu entry's check mark]])
 vortan_check(quiet-idle "While nothing changes an idle pass reads, writes nothing and is like the one before."
   RUNS QuietIdle SCREEN
@@ -188,7 +188,7 @@ vortan_check(suite-balance "Every suite is released as often as it was acquired,
 vortan_check(undo-balance "Each change leaves the undo steps that it should, and no group stays open."
   RUNS UndoBalance SCREEN
   MUTANT every-order-has-a-name effects/LayerEffectChanges.cpp
-  WAS [[others == Differences::none ? "Reorder Effect(s)" : "";]]
+  WAS [[isOnlyChange ? "Reorder Effect(s)" : "";]]
   IS [["Reorder Effect(s)";]]
   FOUND [[what can be undone]])
 
@@ -214,8 +214,8 @@ vortan_check(fault-sweep-rename
   "Whichever host call fails in a rename, its undo group stays open just where that is meant."
   RUNS SweepOfRename SCREEN MINUTES 3
   MUTANT rename-always-ends-its-group effects/LayerEffectChanges.cpp
-  WAS [[}) .Then([&] { return suites.UtilitySuite1()->AEGP_EndUndoGroup(); });]]
-  IS [[}); (void)suites.UtilitySuite1()->AEGP_EndUndoGroup();]]
+  WAS [[.Call(&AEGP_UtilitySuite1::AEGP_EndUndoGroup); (void)chain.Finish();]]
+  IS [[; (void)suites.UtilitySuite1()->AEGP_EndUndoGroup(); (void)chain.Finish();]]
   FOUND [[the undo group "Rename Effect(s)" was ended although this had failed]])
 vortan_check(fault-sweep-delete
   "Whichever host call fails in a deletion, its undo group stays open just where that is meant."
@@ -337,14 +337,14 @@ vortan_check(road-select "The selected rows decide which of the family's effects
 vortan_check(road-from-host "What is changed in the host, by hand or by undo, comes into the panel."
   PLAYS road-from-host
   MUTANT switch-is-not-hashed effects/ObjectItem.cpp
-  WAS [[signExtend(item.active)]]
+  WAS [[SignExtend(item.active)]]
   IS [[0]]
   FOUND [[expect box of "lamp" is empty]])
 vortan_check(layer-wins "When layer and panel change in the same idle interval, the layer wins."
   PLAYS kept-layer-wins
   MUTANT tree-wins panel/IdlePass.cpp
   WAS [[layerChanged = force || currentLayerHash != panel.layerHash;]]
-  IS [[const std::uint64_t treeNow = CalcItemsHash(signExtend(layerId), GetItemsFromTree(panel.tree));
+  IS [[const std::uint64_t treeNow = CalcItemsHash(SignExtend(layerId), GetItemsFromTree(panel.tree));
     layerChanged = force || (currentLayerHash != panel.layerHash && treeNow == panel.treeHash);]]
   FOUND [[kept-layer-wins:]])
 vortan_check(toolbar-menus "Each menu of the toolbar offers the installed effects of its kind."
@@ -368,8 +368,8 @@ vortan_check(keys-of-host "All other keys reach the host, also those that the tr
 vortan_check(keys-without-focus "While the host has the keyboard, the panel takes no key."
   PLAYS keys-without-focus
   MUTANT keys-once-held-are-kept panel/platform/x11/X11Embedding.cpp
-  WAS [[holdsKeyboard = holding == Holding::yes; selectKeys(holding);]]
-  IS [[if (holding == Holding::no) return; holdsKeyboard = true; selectKeys(holding);]]
+  WAS [[holdsKeyboard = isHeld; selectKeys(isHeld);]]
+  IS [[if (!isHeld) return; holdsKeyboard = true; selectKeys(isHeld);]]
   FOUND [[expect the host got "Delete"]])
 vortan_check(keys-of-name-field "The field for a new name keeps the keys that it is typed in with."
   PLAYS keys-of-name-field
@@ -387,8 +387,8 @@ vortan_check(panel-covered
   "Behind another tab the panel rests, and comes back up to date; the menu entry closes and shows it."
   PLAYS panel-covered
   MUTANT covered-panel-goes-on panel/IdlePass.cpp
-  WAS [[if (!isUp) return Outcome::passIsOver;]]
-  IS [[if (shown == 0) return Outcome::passIsOver;]]
+  WAS [[if (!visibility.IsInFront()) return Outcome::passIsOver;]]
+  IS [[if (visibility.shown == 0) return Outcome::passIsOver;]]
   FOUND [[expect no call "AEGP_GetLayerNumEffects"]])
 vortan_check(view-made-anew "A view that the host makes anew gets a panel that works."
   PLAYS view-made-anew
@@ -413,8 +413,8 @@ vortan_check(walk-in-host
   "After each step of a random walk in the host, stack, history and panel are what a small model says."
   RUNS WalkInHost SCREEN MINUTES 3
   MUTANT reorder-under-the-other-name effects/LayerEffectChanges.cpp
-  WAS [[others == Differences::none ? "Reorder Effect(s)" : "";]]
-  IS [[others == Differences::none ? "" : "Reorder Effect(s)";]]
+  WAS [[isOnlyChange ? "Reorder Effect(s)" : "";]]
+  IS [[isOnlyChange ? "" : "Reorder Effect(s)";]]
   FOUND [[what can be undone should be:]])
 vortan_check(walk-in-panel
   "After each step of a random walk with mouse and keys in the panel, stack, history and panel are what a small model says."

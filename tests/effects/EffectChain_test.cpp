@@ -63,30 +63,24 @@ const Calls everythingGivenBack = {
 TEST(EffectChain, RunsItsStepsInOrderUntilOneFails)
 {
     ChainHost product;
-    std::vector<int> ran;
+    product.host.Faults().FailFunction("AEGP_GetLayerNumEffects", 3, FaultLength::once, 4);
     (void)product.Run(
         [&](EffectChain& chain)
         {
-            const auto step = [&](int number, A_Err err)
-            {
-                chain.Then(
-                    [&ran, number, err]
-                    {
-                        ran.push_back(number);
-                        return err;
-                    });
-            };
-            step(1, 0);
-            step(2, 0);
+            A_long count = 0;
+            const auto step = [&]
+            { chain.Call(&AEGP_EffectSuite1::AEGP_GetLayerNumEffects, product.layer, &count); };
+            step();
+            step();
             EXPECT_EQ(chain.Error(), 0);
-            step(3, 4);
+            step();
             EXPECT_EQ(chain.Error(), 4);
-            step(4, 5);
+            step();
             EXPECT_EQ(chain.Error(), 4);
             EXPECT_EQ(chain.Finish(), 4);
         });
-    EXPECT_THAT(ran, ElementsAre(1, 2, 3));
-    EXPECT_THAT(product.host.CallTexts(), IsEmpty());
+    const std::string counted = "Effect 1 AEGP_GetLayerNumEffects(layer 1)";
+    EXPECT_THAT(product.CallsMade(), ElementsAre(counted + " -> 1", counted + " -> 1", counted + " = 4"));
 }
 
 TEST(EffectChain, ThatStartsWithAnErrorMakesNoCall)
@@ -150,10 +144,8 @@ TEST(EffectChain, GivesBackWhenAStepThrows)
     const HookResult result = product.Run(
         [&](EffectChain& chain)
         {
-            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0)
-                .TakeParamStream()
-                .TakeGroupStream()
-                .Then([]() -> A_Err { throw 99; });
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            throw 99;
         });
     EXPECT_EQ(result.thrownNumber, 99);
     EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
@@ -213,10 +205,14 @@ TEST(EffectChain, ReportsTheDisposalsErrorOnlyIfFirst)
     {
         ChainHost product;
         product.host.Faults().FailFunction("AEGP_DisposeEffect", 1, FaultLength::once, 4);
+        if (stepError != 0)
+            product.host.Faults().FailFunction("AEGP_GetEffectFlags", 1, FaultLength::once, stepError);
         (void)product.Run(
             [&](EffectChain& chain)
             {
-                chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).Then([&] { return stepError; });
+                AEGP_EffectFlags flags = 0;
+                chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0)
+                    .Call(&AEGP_EffectSuite1::AEGP_GetEffectFlags, chain.effect, &flags);
                 EXPECT_EQ(chain.Finish(), stepError == 0 ? 4 : 5);
             });
         product.ExpectCleanEnd();
@@ -268,9 +264,8 @@ TEST(EffectChain, KeepsAnotherExceptionIfStreamSuiteIsMissing)
     const HookResult result = product.Run(
         [&](EffectChain& chain)
         {
-            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0)
-                .TakeParamStream()
-                .Then([]() -> A_Err { throw 4711; });
+            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream();
+            throw 4711;
         });
     EXPECT_EQ(result.thrownNumber, 4711);
     product.host.CheckSuiteBalance();

@@ -1,8 +1,7 @@
 #import "panel/platform/mac/SurfaceView.h"
 
+#include "host/PrintLine.h"
 #include "tree/TreeKeys.h"
-
-#include <cstdio>
 
 namespace
 {
@@ -55,21 +54,21 @@ bool isKeyOfTree(NSEvent* event)
 {
     if (isDelete(event))
     {
-        std::puts("Delete Key Pressed");
+        PrintLine("Delete Key Pressed");
         return true;
     }
     if (isReturn(event))
     {
-        std::puts("Return Key Pressed");
+        PrintLine("Return Key Pressed");
         return true;
     }
     if (([event modifierFlags] & commandFlag) == 0)
         return false;
 
-    std::puts("Command Key Pressed");
+    PrintLine("Command Key Pressed");
     const char* const line = lineForCommandKey(event);
     if (line != nullptr)
-        std::puts(line);
+        PrintLine(line);
     return line != nullptr;
 }
 } // namespace
@@ -99,15 +98,15 @@ bool isKeyOfTree(NSEvent* event)
 - (void)viewWillMoveToWindow:(NSWindow*)newWindow
 {
     // Kept: the misspelling.
-    std::puts("View Will move to Winodw");
+    PrintLine("View Will move to Winodw");
     if (newWindow == nil)
     {
         [self removeEventMonitor];
-        std::puts("New Window Empty");
+        PrintLine("New Window Empty");
     }
     else if (_eventMonitor == nil)
     {
-        std::puts("Adding Event Monitor");
+        PrintLine("Adding Event Monitor");
         [self installEventMonitor];
     }
 }
@@ -136,7 +135,7 @@ bool isKeyOfTree(NSEvent* event)
 - (BOOL)performKeyEquivalent:(NSEvent*)event
 {
     (void)event;
-    std::puts("Key Equivalent called");
+    PrintLine("Key Equivalent called");
     return YES;
 }
 
@@ -185,12 +184,12 @@ bool isKeyOfTree(NSEvent* event)
     // Kept: the view's own flag counts, whatever hides a container of it.
     if ([self isHidden])
     {
-        std::puts("View is Hidden");
+        PrintLine("View is Hidden");
         _eventFocus = NO;
     }
     else if ([self hitTest:pointer] != nil)
     {
-        std::puts("Click happened in View");
+        PrintLine("Click happened in View");
         if (!_eventFocus)
         {
             _eventFocus = YES;

@@ -1,8 +1,9 @@
 #include "panel/platform/x11/KeyLines.h"
 
+#include "host/PrintLine.h"
+
 #include <X11/Xutil.h>
 #include <X11/keysym.h>
-#include <cstdio>
 #include <initializer_list>
 
 namespace
@@ -51,12 +52,6 @@ const char* lineForCommandKey(XKeyEvent& press)
 }
 } // namespace
 
-void WriteLine(const char* line)
-{
-    (void)std::puts(line);
-    (void)std::fflush(stdout);
-}
-
 bool IsKeyOfTree(XKeyEvent press)
 {
     return lineForPlainKey(press) != nullptr || lineForCommandKey(press) != nullptr;
@@ -65,10 +60,10 @@ bool IsKeyOfTree(XKeyEvent press)
 void WriteKeyLines(XKeyEvent press)
 {
     if (const char* line = lineForPlainKey(press))
-        return WriteLine(line);
+        return PrintLine(line);
     if ((press.state & ControlMask) == 0 || IsModifierKey(symbolOf(press)))
         return;
-    WriteLine("Command Key Pressed");
+    PrintLine("Command Key Pressed");
     if (const char* line = lineForCommandKey(press))
-        WriteLine(line);
+        PrintLine(line);
 }

@@ -10,6 +10,3 @@ bool IsKeyOfTree(XKeyEvent press);
 
 /// Writes the lines of the key press to standard output; none for most keys.
 void WriteKeyLines(XKeyEvent press);
-
-/// Writes one line to standard output.
-void WriteLine(const char* line);

@@ -4,16 +4,16 @@
 
 RawPresses::RawPresses(Display* connection) : display(connection), opcode(FindInputExtension(connection))
 {
-    select(Telling::on);
+    select(true);
 }
 
-void RawPresses::Stop() { select(Telling::off); }
+void RawPresses::Stop() { select(false); }
 
-void RawPresses::select(Telling telling) const
+void RawPresses::select(bool wanted) const
 {
     if (opcode < 0)
         return;
-    if (telling == Telling::on)
+    if (wanted)
         SelectInputEvents(display, DefaultRootWindow(display), {XI_RawButtonPress, XI_FocusIn, XI_FocusOut});
     else
         SelectInputEvents(display, DefaultRootWindow(display), {});

@@ -20,12 +20,7 @@ public:
     void Translate(XEvent&) const;
 
 private:
-    enum class Telling
-    {
-        on,
-        off
-    };
-    void select(Telling) const;
+    void select(bool wanted) const;
 
     Display* display;
     int opcode = -1; ///< Of the extension; -1 without it.

@@ -1,5 +1,6 @@
 #include "panel/platform/x11/X11Embedding.h"
 
+#include "host/PrintLine.h"
 #include "panel/platform/x11/KeyLines.h"
 #include "panel/platform/x11/WindowTree.h"
 
@@ -57,12 +58,12 @@ X11Embedding::X11Embedding(ValueTreesDemo* widget, Window hostContainer)
       focusWatch(display),
       superMask(XkbKeysymToModifiers(display, XK_Super_L))
 {
-    WriteLine("View Will move to Winodw");
+    PrintLine("View Will move to Winodw");
     NoteTreeIsEmbedded(tree);
     detachKeys();
     watchContainer();
     followContainer();
-    WriteLine("Adding Event Monitor");
+    PrintLine("Adding Event Monitor");
 }
 
 /// JUCE selects keys for good, and would take them from the host wherever the pointer hovers.
@@ -73,7 +74,7 @@ void X11Embedding::detachKeys()
         return;
     juceEventMask = attributes.your_event_mask & ~keyEvents;
     selectsKeys = true;
-    selectKeys(Holding::no);
+    selectKeys(false);
 }
 
 /// The container may have changed its size since the widget was made.
@@ -92,8 +93,8 @@ void X11Embedding::OnTreeGone()
 {
     tree = nullptr;
     events.clear();
-    WriteLine("View Will move to Winodw");
-    WriteLine("New Window Empty");
+    PrintLine("View Will move to Winodw");
+    PrintLine("New Window Empty");
     if (GetTreeDisplay() == nullptr)
         return;
     if (holdsKeyboard)
@@ -117,12 +118,12 @@ void X11Embedding::leaveKeyboard()
 
 bool X11Embedding::MustUpdate() const
 {
-    return !isFocusSettled || doubtfulPress.has_value() || !events.empty() || IsTreeButtonDown();
+    return !isFocusSettled || pendingPress.has_value() || !events.empty() || IsTreeButtonDown();
 }
 
 void X11Embedding::Update()
 {
-    const std::optional<Time> formerDoubt = doubtfulPress;
+    const std::optional<Time> formerPending = pendingPress;
     const bool mustRelease = isReleaseOverdue();
     wasPressed = false;
     KeepTreeEvents();
@@ -131,8 +132,8 @@ void X11Embedding::Update()
         ReleaseTreeButtons(tree);
     RunTreeMessages();
     handleEvents();
-    if (formerDoubt.has_value())
-        settle(*formerDoubt);
+    if (formerPending.has_value())
+        settle(*formerPending);
     followContainer();
     examineFocus();
 }
@@ -250,11 +251,11 @@ bool X11Embedding::isReleaseOverdue() const
 void X11Embedding::handlePress(const XEvent& event)
 {
     wasPressed = true;
-    doubtfulPress.reset(); // It was this one, or the user has come back since.
+    pendingPress.reset(); // It was this one, or the user has come back since.
     if (event.xbutton.button <= Button3 && event.xbutton.window == panelWindow && !holdsKeyboard)
         takeKeyboard(event.xbutton.time);
     if (event.xbutton.window == panelWindow && event.xbutton.button == Button1)
-        WriteLine("Click happened in View");
+        PrintLine("Click happened in View");
     DeliverTreeEvent(event);
     examineFocus();
 }
@@ -266,17 +267,17 @@ void X11Embedding::handleRawPress(const XButtonEvent& press)
     if (!isClick(press.button) || isTreePressNext(press))
         return;
     if (isPointerOverTree(display))
-        doubtfulPress = press.time;
+        pendingPress = press.time;
     else
         handlePressOutside(press.time);
 }
 
-void X11Embedding::settle(Time doubtful)
+void X11Embedding::settle(Time pending)
 {
-    if (doubtfulPress != doubtful)
+    if (pendingPress != pending)
         return;
-    doubtfulPress.reset();
-    handlePressOutside(doubtful);
+    pendingPress.reset();
+    handlePressOutside(pending);
 }
 
 /// Whether what follows a raw press is the same press in a window of JUCE. Several presses can have one time,
@@ -298,7 +299,7 @@ void X11Embedding::handlePressOutside(Time time)
         if (holdsKeyboard)
             host.TakeKeyboardBack(asOf);
     }
-    holdKeyboard(Holding::no);
+    holdKeyboard(false);
     DismissTreeMenus();
 }
 
@@ -332,7 +333,7 @@ KeyUse X11Embedding::offerKey(const XEvent& event)
 /// has put it. So it is told before. The next key must find a window that wants it.
 void X11Embedding::takeKeyboard(Time time)
 {
-    selectKeys(Holding::yes);
+    selectKeys(true);
     (void)XSetInputFocus(display, panelWindow, RevertToParent, time);
     XEvent event = {};
     event.xfocus.type = FocusIn;
@@ -373,21 +374,20 @@ void X11Embedding::examineFocus()
         (void)XSetInputFocus(display, panelWindow, RevertToParent, CurrentTime);
         focused = panelWindow;
     }
-    holdKeyboard(focused == panelWindow && panelWindow != None ? Holding::yes : Holding::no);
+    holdKeyboard(focused == panelWindow && panelWindow != None);
     if (!holdsKeyboard)
         host.NoteFocus(focused);
 }
 
-void X11Embedding::holdKeyboard(Holding holding)
+void X11Embedding::holdKeyboard(bool isHeld)
 {
-    holdsKeyboard = holding == Holding::yes;
-    selectKeys(holding);
+    holdsKeyboard = isHeld;
+    selectKeys(isHeld);
 }
 
 /// While the panel does not hold the keyboard, a pointer over its window must take no key from anybody.
-void X11Embedding::selectKeys(Holding holding)
+void X11Embedding::selectKeys(bool wanted)
 {
-    const bool wanted = holding == Holding::yes;
     if (wanted == selectsKeys || panelWindow == None)
         return;
     selectsKeys = wanted;

@@ -34,12 +34,6 @@ public:
     void OnTreeGone() override;
 
 private:
-    enum class Holding
-    {
-        no,
-        yes
-    };
-
     void detachKeys();
     void watchContainer();
     void leaveKeyboard();
@@ -57,7 +51,7 @@ private:
     void handlePress(const XEvent& event);
     void handleRawPress(const XButtonEvent& press);
     void handlePressOutside(Time time);
-    void settle(Time doubtful);
+    void settle(Time pending);
     bool isReleaseOverdue() const;
     bool isTreePressNext(const XButtonEvent& press) const;
 
@@ -68,8 +62,8 @@ private:
     void handleFocusChange(const XEvent& event);
     void examineFocus();
     bool wasLeftBehind(Window focused, int revert) const;
-    void holdKeyboard(Holding);
-    void selectKeys(Holding);
+    void holdKeyboard(bool isHeld);
+    void selectKeys(bool wanted);
 
     ValueTreesDemo* tree; ///< Null once it has gone.
     Window container;
@@ -82,8 +76,8 @@ private:
     long juceEventMask = 0;   ///< What JUCE selects on the panel's window, without keys.
     bool selectsKeys = false; ///< On the panel's window, besides.
     std::deque<XEvent> events;
-    std::optional<Time> doubtfulPress; ///< One that may still turn out to be JUCE's.
-    bool wasPressed = false;           ///< In a window of JUCE, since the last update.
+    std::optional<Time> pendingPress; ///< One that may still turn out to be JUCE's.
+    bool wasPressed = false;          ///< In a window of JUCE, since the last update.
     bool holdsKeyboard = false;
     bool isFocusSettled = false; ///< The focus is where it should be, as far as the server has told.
     bool hasNewSize = false;

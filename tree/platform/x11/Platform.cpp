@@ -1,6 +1,7 @@
 #include "tree/platform/Platform.h"
 
 #include "tree/platform/x11/HostLoop.h"
+#include "tree/platform/x11/TreeX11.h"
 
 #include <X11/Xlib.h>
 
@@ -10,14 +11,6 @@ namespace
 {
 /// What CallFromHostLoop was given last.
 void (*waitingForHost)() = nullptr;
-
-bool isWindowOfOurs(Window window)
-{
-    for (int i = 0; i < juce::ComponentPeer::getNumPeers(); ++i)
-        if (reinterpret_cast<Window>(juce::ComponentPeer::getPeer(i)->getNativeHandle()) == window)
-            return true;
-    return false;
-}
 } // namespace
 
 // JUCE looks these names up without making them, and goes on with none. A server that no window manager
@@ -37,15 +30,14 @@ void EmbedView(PanelBase&, void*) {}
 // What JUCE knows is what has been delivered so far; the X server knows better.
 bool IsKeyboardElsewhere()
 {
-    Display* display = XOpenDisplay(nullptr);
+    Display* display = GetTreeDisplay();
     if (display == nullptr)
         return false;
     Window focused = None;
     int revertTo = 0;
     (void)XGetInputFocus(display, &focused, &revertTo);
     const bool isNobodys = focused == None || focused == PointerRoot || focused == DefaultRootWindow(display);
-    (void)XCloseDisplay(display);
-    return !isNobodys && !isWindowOfOurs(focused);
+    return !isNobodys && !IsTreeWindow(focused);
 }
 
 void CallFromHostLoop(void (*function)()) { waitingForHost = function; }

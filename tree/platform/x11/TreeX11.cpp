@@ -61,7 +61,7 @@ public:
     MessageDescriptors()
     {
         juce::LinuxEventLoopInternal::registerLinuxEventLoopListener(*this);
-        fdCallbacksChanged();
+        MessageDescriptors::fdCallbacksChanged();
     }
     ~MessageDescriptors() override
     {

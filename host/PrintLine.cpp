@@ -1,8 +1,8 @@
-#include "tree/Diagnostics.h"
+#include "host/PrintLine.h"
 
 #include <cstdio>
 
-void PrintLine(const std::string& text)
+void PrintLine(std::string_view text)
 {
     (void)std::fwrite(text.data(), 1, text.size(), stdout);
     (void)std::fputc('\n', stdout);
