@@ -106,16 +106,20 @@ class Workspace:
         for path in tool + [os.path.join(self.root, name) for name in self.mutated]:
             with open(path, "rb") as file:
                 digest.update(path.encode() + file.read())
+        self.key = digest.hexdigest()
         cache = os.path.join(self.folder, "found.pickle")
         if os.path.exists(cache):
             with open(cache, "rb") as file:
                 key, found = pickle.load(file)
-            if key == digest.hexdigest():
+            if key == self.key:
                 return found
         found = self.find_anew()
-        with open(cache, "wb") as file:
-            pickle.dump((digest.hexdigest(), found), file)
+        self.keep(found)
         return found
+
+    def keep(self, found):
+        with open(os.path.join(self.folder, "found.pickle"), "wb") as file:
+            pickle.dump((self.key, found), file)
 
     def find_anew(self):
         with open(os.path.join(self.build, "compile_commands.json"), encoding="utf-8") as file:
@@ -144,7 +148,7 @@ class Workspace:
                 self.write_file(name, of_file)
             code, said = self.make(LIBRARIES, keepGoing=True)
             if code == 0:
-                return
+                return self.keep(found)
             out = self.take_out(found, said)
             print(f"round {round_ + 1}: {out} places cannot be switched at run time", flush=True)
             if out == 0:
