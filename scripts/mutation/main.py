@@ -24,6 +24,7 @@ def arguments():
     parser.add_argument("--again", metavar="FILE", help="the mutants that the lines of the file begin with")
     parser.add_argument("--rebuilt", type=int, metavar="N", default=0,
                         help="also so many of those that need a build of their own; none")
+    parser.add_argument("--no-scenarios", action="store_true", help="asks the quicker tests alone")
     parser.add_argument("--jobs", type=int, default=2, help="processes at a time; 2")
     chosen = parser.parse_args()
     for folder in chosen.folders:
@@ -58,7 +59,7 @@ def try_all(jury, mutants, jobs):
     """Mutant -> what killed it, or None."""
     killers, start = {}, time.monotonic()
     with ThreadPoolExecutor(jobs) as pool:
-        trials = pool.map(lambda mutant: jury.killer(mutant.number), mutants)
+        trials = pool.map(lambda mutant: jury.killer(mutant), mutants)
         for done, (mutant, killer) in enumerate(zip(mutants, trials), 1):
             killers[mutant.name] = killer
             if killer is None:
@@ -115,7 +116,7 @@ def main():
 
     everything = [mutant for name in sorted(found) for mutant in found[name].mutants]
     mutants = choose([mutant for mutant in everything if not mutant.isConstant], chosen)
-    jury = Jury(workspace, max(mutant.number for mutant in everything), chosen.jobs)
+    jury = Jury(workspace, max(mutant.number for mutant in everything), chosen.jobs, not chosen.no_scenarios)
     print(f"{len(jury.tests)} tests run without a mutant, to see what each comes past", flush=True)
     jury.prepare(digest([test.command[0] for test in jury.tests] + workspace.others()))
     killers = try_all(jury, mutants, chosen.jobs)

@@ -26,7 +26,7 @@ def judged(workspace, jury, mutant):
         return []
     beside = workspace.numbers_in(mutant.file)
     tests = [test for test in jury.tests if not beside or beside & test.reached]
-    return [jury.killer(0, tests)]
+    return [jury.first_to_fail(0, tests)]
 
 
 def try_rebuilt(workspace, jury, mutants, most, seed):

@@ -13,7 +13,7 @@ from collections import defaultdict
 from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass
 
-LABELS = {"unit", "sweeps", "bundle", "fuzz", "scenarios"}
+WITHOUT_SCREEN = {"unit", "sweeps", "bundle", "fuzz"}
 MEMORY = 4 << 30
 
 
@@ -33,7 +33,7 @@ class Test:
         return next((word[len("--gtest_filter="):] for word in self.command if word.startswith("--gtest_filter=")), None)
 
 
-def listed(build):
+def listed(build, labels):
     """The tests that may judge a mutant, as CTest knows them."""
     said = subprocess.run(["ctest", "--test-dir", build, "--show-only=json-v1"], capture_output=True, text=True,
                           check=True).stdout
@@ -42,7 +42,7 @@ def listed(build):
         properties = {each["name"]: each["value"] for each in entry.get("properties", [])}
         command = entry.get("command")
         # What is no program of this build has nothing to do with a mutant: a script over the sources, for instance.
-        if not command or not LABELS & set(properties.get("LABELS", [])) or not command[0].startswith(build):
+        if not command or not labels & set(properties.get("LABELS", [])) or not command[0].startswith(build):
             continue
         if not os.path.exists(command[0]):
             continue
@@ -93,9 +93,11 @@ class Run:
 class Jury:
     """The tests, and what each of them comes past."""
 
-    def __init__(self, workspace, count, jobs):
+    def __init__(self, workspace, count, jobs, scenarios):
         self.workspace, self.count, self.jobs = workspace, count, jobs
-        self.tests = listed(workspace.build)
+        self.withScenarios = scenarios
+        self.tests = listed(workspace.build, WITHOUT_SCREEN | {"scenarios"})
+        self.killers = defaultdict(list)  # Of a function's mutants so far, the latest first.
         self.together = {}  # Program -> whether its tests pass in one process as they do in many.
 
     # ---- The run without a mutant
@@ -108,7 +110,7 @@ class Jury:
                 known, tests, together = pickle.load(file)
             if known == key:
                 self.tests, self.together = tests, together
-                return
+                return self.choose()
         with ThreadPoolExecutor(self.jobs) as pool:
             passed = list(pool.map(self.try_alone, self.tests))
         for test, isGood in zip(self.tests, passed):
@@ -121,6 +123,11 @@ class Jury:
                 print(f"one test at a time, since they fail together: {os.path.basename(program)}", flush=True)
         with open(cache, "wb") as file:
             pickle.dump((key, self.tests, self.together), file)
+        self.choose()
+
+    def choose(self):
+        if not self.withScenarios:
+            self.tests = [test for test in self.tests if test.filter or not test.name.startswith("scenario.")]
 
     def try_alone(self, test):
         with tempfile.NamedTemporaryFile() as reached:
@@ -163,11 +170,30 @@ class Jury:
                 groups += [[test] for test in of_program]
         return sorted(groups, key=lambda group: sum(test.seconds for test in group))
 
-    def killer(self, number, tests=None):
-        """The program that fails with this mutant, or None if all pass."""
-        if tests is None:
-            tests = [test for test in self.tests if number in test.reached]
+    def killer(self, mutant):
+        """The test that fails with this mutant, or None if all pass. What has killed a mutant of the same function
+        is asked first."""
+        place = (mutant.file, mutant.function)
+        reaching = [test for test in self.tests if mutant.number in test.reached]
+        before = [test for test in self.killers[place] if mutant.number in test.reached]
+        name = self.first_to_fail(mutant.number, before) if before else None
+        if name is None:
+            name = self.first_to_fail(mutant.number, [test for test in reaching if test not in before])
+        for test in reaching:
+            if test.name == name and test not in self.killers[place]:
+                self.killers[place] = [test] + self.killers[place][:5]
+        return name
+
+    def first_to_fail(self, number, tests):
         for group in self.groups(tests):
-            if not self.in_one(group, {"MUTANT": str(number)}).passes(group[0].complaint):
-                return os.path.basename(group[0].command[0]) if group[0].filter else group[0].name
+            run = self.in_one(group, {"MUTANT": str(number)})
+            if not run.passes(group[0].complaint):
+                return self.failed_of(group, run.output)
         return None
+
+    @staticmethod
+    def failed_of(group, output):
+        """The name of the test of the group that failed: the last one that began."""
+        begun = re.findall(rb"^\[ RUN      \] (\S+)", output, re.M)
+        last = begun[-1].decode() if begun else ""
+        return next((test.name for test in group if test.filter == last), group[0].name)

@@ -7,6 +7,8 @@
 
 #include "tests/soak/Soak.h"
 
+#include "standin/process/Silence.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -34,9 +36,16 @@ bool isWell(const SoakResult& result, std::string& found)
     return found.empty();
 }
 
+/// The panel prints a line for much of what it does.
+SoakResult runInSilence(bool isWork, const SoakPlan& plan)
+{
+    const process::Silence silence;
+    return isWork ? SoakWork(plan) : SoakIdle(plan);
+}
+
 int soak(bool isWork, const SoakPlan& plan)
 {
-    const SoakResult result = isWork ? SoakWork(plan) : SoakIdle(plan);
+    const SoakResult result = runInSilence(isWork, plan);
     std::string found;
     const bool well = isWell(result, found);
     const auto& looks = result.looks;
