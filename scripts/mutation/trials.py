@@ -44,7 +44,7 @@ def listed(build, labels):
         # What is no program of this build has nothing to do with a mutant: a script over the sources, for instance.
         if not command or not labels & set(properties.get("LABELS", [])) or not command[0].startswith(build):
             continue
-        if not os.path.exists(command[0]):
+        if not os.path.exists(command[0]) or "PASS_REGULAR_EXPRESSION" in properties:
             continue
         tests.append(Test(entry["name"], command,
                           dict(each.split("=", 1) for each in properties.get("ENVIRONMENT", [])),

@@ -1,7 +1,7 @@
 // soak idle PASSES [--leak WHAT]      idle passes and edits without a screen
 // soak work SECONDS [--leak WHAT]     so many seconds of a user's work, at thirty passes each
 //
-// Looks at what is held over the run, prints the first look, the middle one and the last, and what grows. The
+// Looks at what is held over the run, prints each look and what grows. The
 // exit code is 0 only if nothing does and the host has found nothing. A leak that is made on purpose shows
 // that it is found: heap, reference, suite, window, descriptor.
 
@@ -49,7 +49,7 @@ int soak(bool isWork, const SoakPlan& plan)
     std::string found;
     const bool well = isWell(result, found);
     const auto& looks = result.looks;
-    for (const std::size_t look : {std::size_t{0}, looks.size() / 2, looks.size() - 1})
+    for (std::size_t look = 0; look < looks.size(); ++look)
         std::printf("  look %2zu: %s\n", look + 1, TextOf(looks[look]).c_str());
     std::printf("%s%lld passes, %lld edits: %s\n", found.c_str(), result.passes, result.edits,
                 well ? "nothing grows" : "FAILED");
