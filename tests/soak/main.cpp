@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <exception>
 #include <map>
+#include <unistd.h>
 
 using namespace standin;
 
@@ -43,6 +44,17 @@ SoakResult runInSilence(bool isWork, const SoakPlan& plan)
     return isWork ? SoakWork(plan) : SoakIdle(plan);
 }
 
+/// The C library counts blocks that it keeps at hand for the next request among those in use, and so the heap seems to
+/// grow until it has enough of each size. It can be told to keep none, before a program starts.
+void startWithoutSpareBlocks(char** argv)
+{
+    constexpr const char* options = "GLIBC_TUNABLES";
+    if (std::getenv(options) != nullptr)
+        return;
+    (void)setenv(options, "glibc.malloc.tcache_count=0:glibc.malloc.mxfast=0", 1);
+    (void)execv("/proc/self/exe", argv);
+}
+
 int soak(bool isWork, const SoakPlan& plan)
 {
     const SoakResult result = runInSilence(isWork, plan);
@@ -66,6 +78,7 @@ int main(int argc, char** argv)
     const long long amount = std::atoll(argv[2]);
     if ((part != "idle" && part != "work") || amount <= 0)
         return usage();
+    startWithoutSpareBlocks(argv);
     SoakPlan plan{VORTAN_BUNDLE, part == "work" ? amount * passesOfASecond : amount};
     if (argc == 5)
         plan.leak = leaks.at(argv[4]);
