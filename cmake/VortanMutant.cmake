@@ -9,9 +9,17 @@ function(vortan_mutant check)
   foreach(field NAME SOURCE WAS IS EXPORTS FOUND)
     vortan_check_field(${check} ${field})
   endforeach()
-  vortan_mutant_source(${NAME} ${SOURCE} "${WAS}" "${IS}" source)
-  vortan_mutant_bundle(mutant-${NAME} ${NAME} ${source} ${EXPORTS})
-  vortan_finds_mistake(mutant.${NAME} check mutant-${NAME} ${check} "${FOUND}")
+  vortan_further_mutant(${check} ${NAME} ${SOURCE}
+    WAS "${WAS}" IS "${IS}" FOUND "${FOUND}" EXPORTS "${EXPORTS}")
+endfunction()
+
+# vortan_further_mutant(CHECK name source WAS text IS text FOUND text [EXPORTS function]): one more that the check has to
+# fail, in the words of vortan_check.
+function(vortan_further_mutant check name source)
+  cmake_parse_arguments(PARSE_ARGV 3 ROW "" "WAS;IS;FOUND;EXPORTS" "")
+  vortan_mutant_source(${name} ${source} "${ROW_WAS}" "${ROW_IS}" copy)
+  vortan_mutant_bundle(mutant-${name} ${name} ${copy} ${ROW_EXPORTS})
+  vortan_finds_mistake(mutant.${name} check mutant-${name} ${check} "${ROW_FOUND}")
 endfunction()
 
 # vortan_finds_mistake(TEST COMMAND TARGET CHECK FOUND): the check of `standin COMMAND` fails the target and says this.

@@ -73,7 +73,7 @@ int count(const std::vector<std::string>& calls, const std::string& function)
 std::vector<std::string> heldSuites(PanelScene& scene)
 {
     std::vector<std::string> held;
-    for (const SuiteCounts::Held& each : scene.host().Parts().suiteCounts.AllHeld())
+    for (const SuiteCounts::Held& each : scene.host().Parts().sensors.suites.AllHeld())
         held.push_back(each.name + " " + std::to_string(each.version) + ": " + std::to_string(each.count));
     return held;
 }

@@ -4,6 +4,7 @@
 #include "standin/checks/FaultAudit.h"
 #include "standin/checks/PanelScene.h"
 #include "standin/family/Sibling.h"
+#include "standin/sensors/FindingIds.h"
 
 #include <algorithm>
 #include <set>
@@ -94,8 +95,11 @@ private:
     {
         constexpr int untilQuiet = 4;
         scene.host().Faults().Disarm();
-        // What a fault has kept waiting in the panel is done first.
+        // What a fault has kept waiting in the panel is done first. A tree that it has emptied has no order.
         scene.session.Idle();
+        for (const Finding& finding : scene.host().TakeFindings())
+            scene.trial.Require(finding.id == finding::emptyUndoGroup,
+                                "without a fault again: " + finding.Text());
         scene.host().State() = base;
         (void)Sibling(scene.host()).RefreshPanel();
         for (int i = 0; i < untilQuiet; ++i)

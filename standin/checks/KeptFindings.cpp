@@ -49,6 +49,8 @@ void groupsLeftOpen(Trial& trial)
     scene.OpenPanel();
     scene.host().Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup",
                         "the group ends only when every call behind its start went well");
+    scene.host().Expect(finding::nestedUndoGroup, "AEGP_StartUndoGroup",
+                        "what the pass does next is inside the group that was left");
     scene.Do("click row \"lamp\"");
     scene.Do("press Return");
     scene.Do("type \"torch\"");

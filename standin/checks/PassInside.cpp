@@ -78,11 +78,11 @@ private:
         scene.host().Idles().Clear();
         scene.host().User().SelectLayers({scene.layer});
         scene.host().State() = base;
-        scene.host().Parts().undo.Forget();
+        scene.host().Parts().history.Forget();
         (void)Sibling(scene.host()).RefreshPanel();
         for (int i = 0; i < untilQuiet; ++i)
             scene.session.Idle();
-        scene.host().Parts().undo.Forget();
+        scene.host().Parts().history.Forget();
         scene.session.Forget();
     }
 
@@ -101,7 +101,11 @@ private:
 
 void PassInsidePass(Trial& trial)
 {
-    PanelScene scene(trial);
+    // The calls of the passes are compared: what else the keys bring about would stand among them.
+    HostOptions options;
+    options.keyUpdate = KeyUpdate::doesNothing;
+    options.commandZero = CommandZero::neverComes;
+    PanelScene scene(trial, options);
     const int outsiders = scene.host().AddLayer(scene.composition, "Solid 2");
     (void)scene.host().AddEffect(outsiders, "ADBE Tint", "tint");
     for (const char* name : {"post", "rope"})

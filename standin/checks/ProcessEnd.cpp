@@ -45,6 +45,8 @@ void ContainerGoesFirst(Trial& trial)
 {
     HostOptions options;
     options.deathOrder = DeathOrder::containersFirst;
+    // It tells of the X errors that another host dies of.
+    options.xErrors = XErrors::areCounted;
     PanelScene scene(trial, options);
     scene.AddFourObjects();
     scene.OpenPanel();

@@ -81,6 +81,7 @@ constexpr A_long effectAudioToo = 4;
 constexpr A_long effectMissing = 8;
 constexpr A_u_long streamEyeball = 1;
 constexpr A_u_long streamHidden = 2;
+constexpr A_u_long streamSkipReveal = 0x10000; ///< Un-hiding does not open and reveal the stream.
 constexpr A_long completelyGeneral = 17;
 
 constexpr A_char menuWindow = 7;
@@ -90,6 +91,7 @@ constexpr A_long menuBottom = 0;
 
 constexpr A_long commandUndo = 16;
 constexpr A_long commandRedo = 2035;
+constexpr A_long commandPurgeImageCaches = 2372;
 
 enum class WindowType : A_char
 {

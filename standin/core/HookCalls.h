@@ -8,7 +8,17 @@
 
 namespace standin
 {
-HookResult RunHook(HostParts& parts, HookKind kind, const std::function<A_Err()>& body);
+/// What is called, and on whose behalf.
+struct HookCall
+{
+    HookKind kind = HookKind::ordinary;
+    A_long pluginId = 0;
+    /// As findings call it: "IdleHook". Empty for a body that no plug-in has registered, whose result is
+    /// its caller's own business.
+    const char* name = "";
+};
+
+HookResult RunHook(HostParts& parts, const HookCall& call, const std::function<A_Err()>& body);
 
 /// `first` unless it is well, else `second`.
 HookResult FirstBad(const HookResult& first, const HookResult& second);

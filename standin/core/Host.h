@@ -26,6 +26,8 @@
 #include "standin/core/HostOptions.h"
 #include "standin/core/MenuBar.h"
 #include "standin/core/PanelDock.h"
+#include "standin/core/Plugins.h"
+#include "standin/core/Project.h"
 #include "standin/core/ProjectState.h"
 #include "standin/core/UserActions.h"
 #include "standin/faults/FaultPlan.h"
@@ -59,16 +61,6 @@ enum class IdleMode
     normal,  ///< One idle pass.
     starved, ///< The user holds a mouse button down: no hook is called.
     burst    ///< HostOptions::burstLength passes.
-};
-
-/// One line of what the user sees happen to the streams: "open B", "close B", "reveal B", "reveal B.1".
-using ViewEvents = std::vector<std::string>;
-
-/// An alert that a plug-in raised.
-struct Alert
-{
-    A_long pluginId = 0;
-    std::string text;
 };
 
 class Host
@@ -176,6 +168,11 @@ public:
     HookResult UpdateMenus(WindowType active = WindowType::timeline);
     /// Opens the menu, that is UpdateMenus, and chooses an item. False if it is missing or off.
     bool ChooseMenuItem(const std::string& name);
+    /// A modal dialog of the host. While one is open no menu item can be chosen.
+    void OpenDialog();
+    void CloseDialog();
+    /// A key has reached the host: it looks whether the key stands for a menu item.
+    HookResult PressKey();
     /// Runs a command as the host does for a menu item or AEGP_DoCommand. True if the host or a hook took it.
     bool RunCommand(A_long command);
     /// Death hooks, then the containers, then the suite balance. No hook is called afterwards.
@@ -188,6 +185,8 @@ public:
     /// What a user does with tabs: opening, bringing to the front, covering with another, closing.
     /// Calls the create hook where a view is needed.
     HookResult SetPanelState(const std::string& matchName, PanelState state);
+    /// Opens one more panel of this name beside the one that there is, with a view of its own.
+    HookResult OpenAnotherPanel(const std::string& matchName);
     void SetContainerProvider(ContainerProvider* provider);
     void SetBackgroundColour(PF_App_Color colour);
 
@@ -211,6 +210,8 @@ public:
     int SuiteCount(const std::string& name, A_long version) const;
     /// A finding for each suite that is still held.
     void CheckSuiteBalance();
+    /// A finding for each block of the host's memory that was not given back. The host takes it back now.
+    void CheckMemoryBalance();
     /// References that were handed out and are not disposed of yet. Those of a hook are gone when it returns,
     /// disposed of or not.
     int LiveReferences() const;

@@ -99,6 +99,98 @@ enum class UnchangedGroup
     leavesPhantomEntry
 };
 
+/// Which undo group counts as empty, and is a finding.
+enum class EmptyGroup
+{
+    asksForNothing, ///< No call inside asked for a change.
+    changesNothing  ///< Nothing has changed that an undo would bring back.
+};
+
+/// What it is that a create panel hook sets none of the panel's functions.
+enum class UnsetPanelFunctions
+{
+    areDefaults,
+    areFinding
+};
+
+/// What an undo group that is open when its hook returns does.
+enum class GroupAtReturn
+{
+    isClosed,
+    livesOn ///< It swallows what follows until the next undo, at which the user is alarmed.
+};
+
+/// What becomes of the hooks of a plug-in whose entry point has failed.
+enum class FailedEntry
+{
+    takesHooksAway,
+    leavesHooks
+};
+
+/// What a plug-in's deletion of the selected effect does to the selection of its composition.
+enum class DeletedSelection
+{
+    clearsAll,
+    leavesLayers
+};
+
+/// What a key does that reaches the host.
+enum class KeyUpdate
+{
+    updatesMenus,
+    doesNothing
+};
+
+/// Whether the host sends command 0 now and then, to every command hook.
+enum class CommandZero
+{
+    comesNowAndThen,
+    neverComes
+};
+
+/// Whether the host idles while a dialog is open.
+enum class IdleInDialogs
+{
+    goesOn,
+    stops
+};
+
+/// When AEGP_ReportInfo returns.
+enum class AlertReturn
+{
+    isAtOnce,
+    isWhenAnswered ///< Until then the host idles, inside the call.
+};
+
+/// What the name calls give for an effect with a custom name when they are to force English.
+enum class ForcedEnglish
+{
+    keepsCustomNames,
+    givesDefaultNames
+};
+
+/// What un-hiding does to the twirl of an effect.
+enum class UnhidingTwirl
+{
+    opensByParameter, ///< A parameter's stream opens its effect, and the effect's own group folds it.
+    alwaysOpens,
+    alwaysFolds
+};
+
+/// What the host does with the keyboard focus at a click on its own X11 window.
+enum class FocusAtClicks
+{
+    isLeftAlone,
+    isTaken
+};
+
+/// Who hears of the errors of the X server that nobody else handles.
+enum class XErrors
+{
+    endTheProcess, ///< Xlib's own handler, which a program has that installs none.
+    areCounted     ///< A handler of the host's.
+};
+
 /// What the out-pointer of a failed AcquireSuite holds.
 enum class FailedAcquire
 {
@@ -164,6 +256,19 @@ struct HostOptions
     TabBehind tabBehind = TabBehind::isShown;
     FocusInPanel focusInPanel = FocusInPanel::keepsFrontComp;
     UnchangedGroup unchangedGroup = UnchangedGroup::leavesNothing;
+    EmptyGroup emptyGroup = EmptyGroup::asksForNothing;
+    UnsetPanelFunctions unsetPanelFunctions = UnsetPanelFunctions::areDefaults;
+    GroupAtReturn groupAtReturn = GroupAtReturn::isClosed;
+    FailedEntry failedEntry = FailedEntry::takesHooksAway;
+    DeletedSelection deletedSelection = DeletedSelection::clearsAll;
+    KeyUpdate keyUpdate = KeyUpdate::updatesMenus;
+    CommandZero commandZero = CommandZero::comesNowAndThen;
+    IdleInDialogs idleInDialogs = IdleInDialogs::goesOn;
+    AlertReturn alertReturn = AlertReturn::isAtOnce;
+    ForcedEnglish forcedEnglish = ForcedEnglish::keepsCustomNames;
+    UnhidingTwirl unhidingTwirl = UnhidingTwirl::opensByParameter;
+    FocusAtClicks focusAtClicks = FocusAtClicks::isLeftAlone;
+    XErrors xErrors = XErrors::endTheProcess;
     FailedAcquire failedAcquire = FailedAcquire::givesNull;
     WalkEnd walkEnd = WalkEnd::isZero;
     DisposeDeleted disposeDeleted = DisposeDeleted::isRequired;
@@ -172,6 +277,7 @@ struct HostOptions
     UnusedAcquire unusedAcquire = UnusedAcquire::isFine;
     IdleInCalls idleInCalls = IdleInCalls::never;
     int burstLength = 8;         ///< Idle passes of one burst.
+    int alertLength = 2;         ///< Idle passes until the user answers an alert.
     std::size_t undoLevels = 99; ///< Steps that can be undone; the oldest goes first.
     std::size_t traceLimit = 0;  ///< Calls that the trace keeps, the newest; 0 keeps all.
 };

@@ -4,6 +4,13 @@
 
 namespace standin
 {
+bool MenuBar::MayBeHooked(A_long command) const
+{
+    const bool isHosts =
+        command == commandUndo || command == commandRedo || command == commandPurgeImageCaches;
+    return command == 0 || isHosts || IsOwn(command);
+}
+
 void MenuBar::Insert(MenuItem item)
 {
     const auto behind =

@@ -23,6 +23,8 @@ public:
     A_long MakeCommand() { return nextCommand++; }
     /// Whether MakeCommand gave this number.
     bool IsOwn(A_long command) const { return command >= firstCommand && command < nextCommand; }
+    /// All commands at once, those that were handed out, and those of the host.
+    bool MayBeHooked(A_long command) const;
 
     void Insert(MenuItem item);
     MenuItem* Find(A_long command);

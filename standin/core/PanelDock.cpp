@@ -23,6 +23,22 @@ Panel& PanelDock::Add(Panel panel)
     return panels.back();
 }
 
+void PanelDock::RemoveOf(A_long pluginId)
+{
+    panels.erase(std::remove_if(panels.begin(), panels.end(),
+                                [=](const Panel& panel) { return panel.pluginId == pluginId; }),
+                 panels.end());
+}
+
+PanelState PanelDock::StateOf(const std::string& matchName) const
+{
+    PanelState most = PanelState::absent;
+    for (const Panel& panel : panels)
+        if (panel.matchName == matchName)
+            most = std::max(most, panel.state);
+    return most;
+}
+
 bool PanelDock::Remove(const std::string& matchName)
 {
     const auto found = std::find_if(panels.begin(), panels.end(),

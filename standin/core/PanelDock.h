@@ -38,6 +38,10 @@ public:
     const Panel* Find(const std::string& matchName) const;
     Panel& Add(Panel panel);
     bool Remove(const std::string& matchName);
+    /// All panels that this plug-in has registered.
+    void RemoveOf(A_long pluginId);
+    /// Of several panels of one name, the state of the one that is seen most.
+    PanelState StateOf(const std::string& matchName) const;
     std::deque<Panel>& All() { return panels; }
 
 private:

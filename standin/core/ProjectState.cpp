@@ -50,9 +50,10 @@ bool Parameter::operator==(const Parameter& other) const
 
 bool EffectInstance::operator==(const EffectInstance& other) const
 {
-    return std::tie(id, label, key, customName, flags, parameters, groupHidden, family, behaviour) ==
-           std::tie(other.id, other.label, other.key, other.customName, other.flags, other.parameters,
-                    other.groupHidden, other.family, other.behaviour);
+    return std::tie(id, label, key, customName, flags, parameters, groupHidden, revealing, family,
+                    behaviour) == std::tie(other.id, other.label, other.key, other.customName, other.flags,
+                                           other.parameters, other.groupHidden, other.revealing, other.family,
+                                           other.behaviour);
 }
 
 bool Layer::operator==(const Layer& other) const

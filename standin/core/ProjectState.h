@@ -52,6 +52,13 @@ struct Parameter
     bool operator==(const Parameter& other) const;
 };
 
+/// Whether the host's windows open and scroll to a stream of the effect when it is un-hidden.
+enum class Revealing
+{
+    isWanted,
+    isNotWanted ///< Each of its streams bears the flag that says so.
+};
+
 /// One effect in a layer's stack.
 struct EffectInstance
 {
@@ -62,6 +69,7 @@ struct EffectInstance
     A_long flags = effectActive;
     std::vector<Parameter> parameters;
     bool groupHidden = false; ///< The hidden flag of the effect's own stream group.
+    Revealing revealing = Revealing::isWanted;
     FamilyData family;
     /// Takes the place of the installed effect's behaviour for this instance; null for none.
     std::shared_ptr<const Behaviour> behaviour;

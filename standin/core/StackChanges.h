@@ -12,14 +12,14 @@ namespace standin
 template <class Change>
 void ChangeProject(HostParts& parts, const char* stepName, Change change)
 {
-    if (parts.undo.OpenGroups() > 0)
+    if (parts.history.OpenGroups() > 0)
     {
-        change(parts.project);
+        change(parts.project.state);
         return;
     }
-    const ProjectState before = parts.project;
-    change(parts.project);
-    parts.undo.Change(stepName, before, parts.project);
+    const ProjectState before = parts.project.state;
+    change(parts.project.state);
+    parts.history.Change(stepName, before, parts.project.state);
 }
 
 /// The parameters of an effect as it is installed.
@@ -55,6 +55,6 @@ void SetStreamHidden(HostParts& parts, int effectId, A_long parameter, Switch hi
 bool UndoStep(HostParts& parts);
 bool RedoStep(HostParts& parts);
 
-/// Closes what is open and reports it, unless a fault kept it open.
-void CloseUndoGroups(HostParts& parts, const std::string& when);
+/// Reports what is open, unless a fault kept it open, and closes it as the options have it.
+void EndUndoGroupsOfHook(HostParts& parts);
 } // namespace standin

@@ -60,6 +60,8 @@ public:
     void SelectEffect(const std::string& label);
     void SelectNoEffect();
     void Activate(ActivePanel panel);
+    /// Goes back to the window of the host that was active before the panel of the plug-in.
+    void ActivateLast();
     /// Brings the tab of a composition, or of footage, to the front. 0 closes the tab.
     void OpenComposition(int itemId);
     void OpenFootage(int itemId);

@@ -158,6 +158,8 @@ private:
         if (fields.Has("flags"))
             effect.flags = fields.Integer<A_long>("flags");
         effect.groupHidden = fields.Has("hidden") && fields.Flag("hidden");
+        if (fields.Has("asksForNoReveal") && fields.Flag("asksForNoReveal"))
+            effect.revealing = Revealing::isNotWanted;
         readFamily(fields, effect.family);
         readParameters(fields, entry, effect);
         return effect;

@@ -59,6 +59,8 @@ ordered_json jsonOf(const EffectInstance& effect, const std::vector<InstalledEff
         json["name"] = *effect.customName;
     json["flags"] = effect.flags;
     json["hidden"] = effect.groupHidden;
+    if (effect.revealing == Revealing::isNotWanted)
+        json["asksForNoReveal"] = true;
     json["group"] = effect.family.group;
     json["rigid"] = effect.family.rigidity == Rigidity::rigid;
     json["identity"] = TextOf(effect.family.uuid);

@@ -1,6 +1,7 @@
 // The scene before the play: the project, and how the host and its effects are.
 
 #include "standin/core/HostParts.h"
+#include "standin/core/HostSwitches.h"
 #include "standin/core/StackChanges.h"
 #include "standin/family/Liars.h"
 #include "standin/scenario/Parser.h"
@@ -10,8 +11,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <functional>
-#include <map>
 
 namespace standin
 {
@@ -73,7 +72,7 @@ EffectInstance& simulated(Stage& stage, const std::string& name)
 void putIntoGroup(Stage& stage, const std::string& name, int group)
 {
     const EffectInstance& found = effect(stage, name);
-    stage.host().Parts().BehaviourOf(found).OnGroupChosen({stage.host(), found.id},
+    stage.host().Parts().project.BehaviourOf(found).OnGroupChosen({stage.host(), found.id},
                                                           static_cast<std::int16_t>(group), Undoable::no);
 }
 
@@ -86,74 +85,39 @@ void installModule(Stage& stage, const std::string& file)
         stage.AddCandidate(installed.defaultName);
 }
 
-using Option = std::function<void(HostOptions&)>;
-
-/// The host's switches, each with what it turns away from the default.
-const std::map<std::string, Option>& options()
-{
-    static const std::map<std::string, Option> all{
-        {"new-effects-land-at-the-start", [](HostOptions& o) { o.applyPlace = ApplyPlace::start; }},
-        {"new-effects-land-behind-the-selected",
-         [](HostOptions& o) { o.applyPlace = ApplyPlace::afterSelected; }},
-        {"identities-come-at-the-next-idle",
-         [](HostOptions& o) { o.identityBirth = IdentityBirth::atNextIdle; }},
-        {"group-minus-one-is-stored", [](HostOptions& o) { o.groupMinusOne = GroupMinusOne::isStored; }},
-        {"group-changes-are-no-undo-steps", [](HostOptions& o) { o.groupUndo = GroupUndo::isNotUndoable; }},
-        {"duplicates-copy-the-identity",
-         [](HostOptions& o) { o.duplicateIdentity = DuplicateIdentity::isCopied; }},
-        {"closing-destroys-the-view", [](HostOptions& o) { o.closedPanel = ClosedPanel::destroysView; }},
-        {"containers-die-first", [](HostOptions& o) { o.deathOrder = DeathOrder::containersFirst; }},
-        {"a-tab-behind-is-not-shown", [](HostOptions& o) { o.tabBehind = TabBehind::isNotShown; }},
-        {"undo-deletes-the-older-twin", [](HostOptions& o) { o.twinUndo = TwinUndo::deletesOlderTwin; }},
-        {"unchanged-groups-leave-an-entry",
-         [](HostOptions& o) { o.unchangedGroup = UnchangedGroup::leavesPhantomEntry; }},
-        {"parameters-take-names", [](HostOptions& o) { o.parameterRename = ParameterRename::isTaken; }},
-        {"names-are-short", [](HostOptions& o) { o.nameLimit = NameLimit::published; }}};
-    return all;
-}
-
 void uninstall(Stage& stage, const std::string& name)
 {
     const std::string matchName = stage.Installed(name).matchName;
-    auto& installed = stage.host().Parts().installed;
+    auto& installed = stage.host().Parts().project.installed;
     installed.erase(std::find_if(installed.begin(), installed.end(),
                                  [&](const InstalledEffect& entry) { return entry.matchName == matchName; }));
 }
 
-void turnSwitch(Stage& stage, const std::string& name)
+void turnSwitch(Stage& stage, const std::string& word)
 {
-    const auto found = options().find(name);
-    if (found != options().end())
-        return found->second(stage.host().Options());
-    std::string names;
-    for (const auto& option : options())
-        names += "\n    " + option.first;
-    throw StageError("the host has no switch " + name + "; it has" + names);
+    if (const HostSwitch* found = FindHostSwitch(word))
+        return found->turn(stage.host().Options());
+    std::string words;
+    for (const HostSwitch& each : HostSwitches())
+        words += std::string("\n    ") + each.word;
+    throw StageError("the host has no switch " + word + "; it has" + words);
 }
 } // namespace
 
 PhraseBook ProjectPhrases()
 {
-    constexpr auto setting = Phrase::Kind::setting;
     return {
         "The project",
-        {{setting,
-          "composition TEXT",
-          "The project has a composition of this name; layers go into it.",
-          [](Stage& s, const Arguments& a) { s.composition = s.host().AddComposition(a.texts[0]); },
-          {}},
-         {setting,
-          "layer TEXT",
-          "The composition has this layer. It is selected, and effects go onto it.",
-          [](Stage& s, const Arguments& a) { addLayer(s, a.texts[0]); },
-          {}},
-         {setting,
-          "layer TEXT with three objects",
-          "The same, with \"lamp\" and \"route\", which are geometry, and below them \"dots\", a renderer, "
-          "in \"Comp 1\" if "
-          "there is no composition.",
-          [](Stage& s, const Arguments& a) { addLayerWithThreeObjects(s, a.texts[0]); },
-          {}},
+        {Setting("composition TEXT", "The project has a composition of this name; layers go into it.",
+                 [](Stage& s, const Arguments& a) { s.composition = s.host().AddComposition(a.texts[0]); }),
+         Setting("layer TEXT", "The composition has this layer. It is selected, and effects go onto it.",
+                 [](Stage& s, const Arguments& a) { addLayer(s, a.texts[0]); }),
+         Setting("layer TEXT with three objects",
+                 "The same, with \"lamp\" and \"route\", which are geometry, and below them \"dots\", a "
+                 "renderer, "
+                 "in \"Comp 1\" if "
+                 "there is no composition.",
+                 [](Stage& s, const Arguments& a) { addLayerWithThreeObjects(s, a.texts[0]); }),
          {Phrase::Kind::action,
           "open the panel on three objects",
           "The layer \"Solid 1\" with these, and the panel in front.",
@@ -163,91 +127,60 @@ PhraseBook ProjectPhrases()
               (void)s.host().SetPanelState(Session::panelName, PanelState::frontmost);
           },
           {}},
-         {setting,
-          "footage TEXT",
-          "The project has a footage item.",
-          [](Stage& s, const Arguments& a) { (void)s.host().AddFootage(a.texts[0]); },
-          {}},
-         {setting,
-          "effect TEXT",
-          "The layer has one more effect at its end, by its match name or its default name.",
-          [](Stage& s, const Arguments& a) { (void)addEffect(s, a.texts[0]); },
-          {}},
-         {setting,
-          "effect TEXT named TEXT",
-          "The same, under a name that the user gave it.",
-          [](Stage& s, const Arguments& a) { addNamed(s, a.texts[0], a.texts[1]); },
-          {}},
-         {setting,
-          "TEXT is in group NUMBER",
-          "The effect has been in this group all along.",
-          [](Stage& s, const Arguments& a) { putIntoGroup(s, a.texts[0], a.numbers[0]); },
-          {}},
-         {setting,
-          "TEXT is off",
-          "The effect has been off all along.",
-          [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).flags &= ~effectActive; },
-          {}},
-         {setting,
-          "TEXT is rigid",
-          "The effect takes part in no group: it answers -1 whatever it is told.",
-          [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).family.rigidity = Rigidity::rigid; },
-          {}},
-         {setting,
-          "TEXT has the identity of TEXT",
-          "Two effects bear the same identity.",
-          [](Stage& s, const Arguments& a)
-          {
-              const Identity identity = effect(s, a.texts[1]).family.uuid;
-              simulated(s, a.texts[0]).behaviour = RepeatsIdentity(identity);
-          },
-          {}},
-         {setting,
-          "TEXT answers after NUMBER messages",
-          "The effect leaves its first messages unanswered.",
-          [](Stage& s, const Arguments& a)
-          { simulated(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); },
-          {}},
-         {setting,
-          "TEXT answers nothing",
-          "The effect gives an error to each message.",
-          [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).behaviour = FailsWith(errGeneric); },
-          {}},
-         {setting,
-          "TEXT always answers group NUMBER",
-          "Whatever it is told.",
-          [](Stage& s, const Arguments& a)
-          { simulated(s, a.texts[0]).behaviour = AnswersGroup(static_cast<std::int16_t>(a.numbers[0])); },
-          {}},
-         {setting,
-          "install TEXT as TEXT",
-          "One more effect of the family is installed: match name, default name.",
-          [](Stage& s, const Arguments& a)
-          {
-              InstalledEffect more = s.Installed("QVK VORTKIT");
-              more.key = 0;
-              more.matchName = a.texts[0];
-              more.defaultName = a.texts[1];
-              (void)s.host().Install(more);
-              s.AddCandidate(a.texts[1]);
-          },
-          {}},
-         {setting,
-          "install the effect in TEXT",
-          "The effect in this module is installed, in place of the one of its match name. The file is looked "
-          "for "
-          "from the scenario's folder.",
-          [](Stage& s, const Arguments& a) { installModule(s, a.texts[0]); },
-          {}},
-         {setting,
-          "TEXT is not installed",
-          "The user has not installed this effect.",
-          [](Stage& s, const Arguments& a) { uninstall(s, a.texts[0]); },
-          {}},
-         {setting,
-          "switch WORD",
-          "The host behaves in its other way. An unknown switch gives the list of all.",
-          [](Stage& s, const Arguments& a) { turnSwitch(s, a.texts[0]); },
-          {}}}};
+         Setting("footage TEXT", "The project has a footage item.",
+                 [](Stage& s, const Arguments& a) { (void)s.host().AddFootage(a.texts[0]); }),
+         Setting("effect TEXT",
+                 "The layer has one more effect at its end, by its match name or its default name.",
+                 [](Stage& s, const Arguments& a) { (void)addEffect(s, a.texts[0]); }),
+         Setting("effect TEXT named TEXT", "The same, under a name that the user gave it.",
+                 [](Stage& s, const Arguments& a) { addNamed(s, a.texts[0], a.texts[1]); }),
+         Setting("TEXT is in group NUMBER", "The effect has been in this group all along.",
+                 [](Stage& s, const Arguments& a) { putIntoGroup(s, a.texts[0], a.numbers[0]); }),
+         Setting("TEXT is off", "The effect has been off all along.",
+                 [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).flags &= ~effectActive; }),
+         Setting("TEXT is rigid", "The effect takes part in no group: it answers -1 whatever it is told.",
+                 [](Stage& s, const Arguments& a)
+                 { simulated(s, a.texts[0]).family.rigidity = Rigidity::rigid; }),
+         Setting("TEXT asks for no reveal", "Un-hiding the effect neither opens it nor scrolls to it.",
+                 [](Stage& s, const Arguments& a)
+                 { effect(s, a.texts[0]).revealing = Revealing::isNotWanted; }),
+         Setting("TEXT has the identity of TEXT", "Two effects bear the same identity.",
+                 [](Stage& s, const Arguments& a)
+                 {
+                     const Identity identity = effect(s, a.texts[1]).family.uuid;
+                     simulated(s, a.texts[0]).behaviour = RepeatsIdentity(identity);
+                 }),
+         Setting("TEXT answers after NUMBER messages", "The effect leaves its first messages unanswered.",
+                 [](Stage& s, const Arguments& a)
+                 { simulated(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); }),
+         Setting("TEXT answers nothing", "The effect gives an error to each message.",
+                 [](Stage& s, const Arguments& a)
+                 { simulated(s, a.texts[0]).behaviour = FailsWith(errGeneric); }),
+         Setting("TEXT always answers group NUMBER", "Whatever it is told.",
+                 [](Stage& s, const Arguments& a) {
+                     simulated(s, a.texts[0]).behaviour =
+                         AnswersGroup(static_cast<std::int16_t>(a.numbers[0]));
+                 }),
+         Setting("install TEXT as TEXT",
+                 "One more effect of the family is installed: match name, default name.",
+                 [](Stage& s, const Arguments& a)
+                 {
+                     InstalledEffect more = s.Installed("QVK VORTKIT");
+                     more.key = 0;
+                     more.matchName = a.texts[0];
+                     more.defaultName = a.texts[1];
+                     (void)s.host().Install(more);
+                     s.AddCandidate(a.texts[1]);
+                 }),
+         Setting("install the effect in TEXT",
+                 "The effect in this module is installed, in place of the one of its match name. The file is "
+                 "looked "
+                 "for "
+                 "from the scenario's folder.",
+                 [](Stage& s, const Arguments& a) { installModule(s, a.texts[0]); }),
+         Setting("TEXT is not installed", "The user has not installed this effect.",
+                 [](Stage& s, const Arguments& a) { uninstall(s, a.texts[0]); }),
+         Setting("switch WORD", "The host behaves in its other way. An unknown switch gives the list of all.",
+                 [](Stage& s, const Arguments& a) { turnSwitch(s, a.texts[0]); })}};
 }
 } // namespace standin

@@ -30,33 +30,34 @@ const void* findTable(HostParts& parts, const char* name, A_long version)
 {
     if (const SuiteDescription* suite = FindSuite(name, version))
         return suite->table.data();
-    const auto found = parts.published.find({name, version});
-    return found == parts.published.end() ? nullptr : found->second;
+    const auto found = parts.plugins.published.find({name, version});
+    return found == parts.plugins.published.end() ? nullptr : found->second.table;
 }
 
 A_Err acquireSuite(HostParts& parts, TextArg<char> name, NumberArg<A_long> version, OutTable out)
 {
-    if (const std::optional<Withheld> withheld = parts.faults.IsWithheld(name.Text(), version.value))
+    if (const std::optional<Withheld> withheld = parts.sensors.faults.IsWithheld(name.Text(), version.value))
         return refuse(parts, out, *withheld);
     const void* table = findTable(parts, name.Text(), version.value);
     if (table == nullptr)
         return refuse(parts, out, Withheld::asError);
-    parts.suiteCounts.Acquired(name.Text(), version.value);
+    parts.sensors.suites.Acquired(name.Text(), version.value);
     *out.value = table;
     return errNone;
 }
 
 A_Err releaseSuite(HostParts& parts, TextArg<char> name, NumberArg<A_long> version)
 {
-    const bool unused = !parts.suiteCounts.WasUsed(name.Text(), version.value);
-    if (!parts.suiteCounts.Released(name.Text(), version.value))
+    const bool unused = !parts.sensors.suites.WasUsed(name.Text(), version.value);
+    if (!parts.sensors.suites.Released(name.Text(), version.value))
     {
-        parts.Report(finding::overReleasedSuite, "The suite is released more often than it was acquired.");
+        parts.sensors.Report(finding::overReleasedSuite,
+                             "The suite is released more often than it was acquired.");
         return errSuiteOverReleased;
     }
     const bool isHostSuite = FindSuite(name.Text(), version.value) != nullptr;
     if (unused && isHostSuite && parts.options.unusedAcquire == UnusedAcquire::isFinding)
-        parts.Report(finding::unusedSuite, "The suite was not used since it was acquired.");
+        parts.sensors.Report(finding::unusedSuite, "The suite was not used since it was acquired.");
     return errNone;
 }
 
@@ -64,7 +65,7 @@ A_Err releaseSuite(HostParts& parts, TextArg<char> name, NumberArg<A_long> versi
 A_Err excuseRelease(HostParts& parts, TextArg<char> name, NumberArg<A_long> version)
 {
     if (name.value != nullptr)
-        (void)parts.suiteCounts.Released(name.Text(), version.value);
+        (void)parts.sensors.suites.Released(name.Text(), version.value);
     return errNone;
 }
 
@@ -92,26 +93,52 @@ struct SizeArg : Argument
     std::string Print(HostParts&) const { return std::to_string(value); }
 };
 
-A_Err giveBlock(void* block, OutPointer out)
+A_Err giveBlock(HostParts& parts, void* block, OutPointer out)
 {
     *out.value = block;
-    return block == nullptr ? errAlloc : errNone;
+    if (block == nullptr)
+        return errAlloc;
+    parts.plugins.blocks.all[block] = {parts.sensors.running.back().function,
+                                       parts.sensors.running.back().head};
+    return errNone;
 }
 
-A_Err allocateBlock(HostParts&, SizeArg size, OutPointer out)
+/// Takes the block from the books. False, with a finding, for one that is not in them.
+bool takeBlock(HostParts& parts, void* block)
 {
-    return giveBlock(std::malloc(size.value), out);
+    if (parts.plugins.blocks.all.erase(block) != 0)
+        return true;
+    parts.sensors.Report(finding::foreignBlock,
+                         "The block is none that the host has allocated, or freed already.");
+    return false;
 }
 
-A_Err freeBlock(HostParts&, KeptArg<void*> block)
+A_Err allocateBlock(HostParts& parts, SizeArg size, OutPointer out)
 {
+    return giveBlock(parts, std::malloc(size.value), out);
+}
+
+A_Err freeBlock(HostParts& parts, KeptArg<void*> block)
+{
+    if (!takeBlock(parts, block.value))
+        return errBadParameter;
     std::free(block.value);
     return errNone;
 }
 
-A_Err reallocateBlock(HostParts&, KeptArg<void*> block, SizeArg size, OutPointer out)
+/// A fault made the freeing fail: the holder has done what it could.
+A_Err excuseFreeing(HostParts& parts, KeptArg<void*> block)
 {
-    return giveBlock(std::realloc(block.value, size.value), out);
+    if (parts.plugins.blocks.all.erase(block.value) != 0)
+        std::free(block.value);
+    return errNone;
+}
+
+A_Err reallocateBlock(HostParts& parts, KeptArg<void*> block, SizeArg size, OutPointer out)
+{
+    if (block.value != nullptr && !takeBlock(parts, block.value))
+        return errBadParameter;
+    return giveBlock(parts, std::realloc(block.value, size.value), out);
 }
 
 A_Err undefined(HostParts&) { return errNotImplemented; }
@@ -125,7 +152,7 @@ SuiteDescription DescribeBasicSuite()
         .Add({2, "IsEqual", "SPBoolean (const A_char*, const A_char*)", Access::reads, "",
               reinterpret_cast<AnyFunction>(&isEqual)})
         .Slot<3, allocateBlock>("AllocateBlock", Access::writesHost)
-        .Slot<4, freeBlock>("FreeBlock", Access::writesHost)
+        .Slot<4, freeBlock, excuseFreeing>("FreeBlock", Access::writesHost)
         .Slot<5, reallocateBlock>("ReallocateBlock", Access::writesHost)
         .Slot<6, undefined>("Undefined", Access::reads)
         .Done();

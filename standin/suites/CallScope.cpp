@@ -19,9 +19,9 @@ HostParts* hostForCall(const std::string& callee, const std::string& function)
     }
     if (host->Parts().thread == std::this_thread::get_id())
         return &host->Parts();
-    host->Parts().findings.Add({finding::wrongThread,
-                                "The call came from a thread that is not the host's main one.",
-                                callee + "(...)", function, ""});
+    host->Parts().sensors.findings.Add({finding::wrongThread,
+                                        "The call came from a thread that is not the host's main one.",
+                                        callee + "(...)", function, ""});
     return nullptr;
 }
 } // namespace
@@ -37,8 +37,8 @@ CallScope::~CallScope()
 {
     if (!begun)
         return;
-    parts->trace.End(parts->running.back().ordinal, error, answers);
-    parts->running.pop_back();
+    parts->sensors.trace.End(parts->sensors.running.back().ordinal, error, answers);
+    parts->sensors.running.pop_back();
 }
 
 void CallScope::Begin(const std::string& arguments)
@@ -50,39 +50,53 @@ void CallScope::Begin(const std::string& arguments)
     record.function = slot.function;
     record.head = suite.ShortName() + " " + slot.function + "(" + arguments + ")";
     const std::string head = record.head;
-    parts->running.push_back({parts->trace.Begin(std::move(record)), slot.function, head});
-    parts->suiteCounts.Used(suite.name, suite.version);
+    parts->sensors.running.push_back({parts->sensors.trace.Begin(std::move(record)), slot.function, head});
+    parts->sensors.suites.Used(suite.name, suite.version);
+    if (slot.access == Access::writesProject)
+        parts->history.NoteWrite();
     begun = true;
 }
 
 bool CallScope::MayProceed()
 {
-    const std::optional<A_Err> fault = parts->faults.Strike({suite.name, suite.version, slot.function});
-    if (parts->hookDepth == 0)
+    const std::optional<A_Err> fault =
+        parts->sensors.faults.Strike({suite.name, suite.version, slot.function});
+    if (parts->sensors.hookDepth == 0)
     {
-        parts->Report(finding::outsideHook, "The call came while the host was running no hook.");
+        parts->sensors.Report(finding::outsideHook, "The call came while the host was running no hook.");
+        parts->plugins.Alarm("internal verification failure: no current context");
         error = errGeneric;
+    }
+    else if (!suite.name.empty() && parts->sensors.suites.Count(suite.name, suite.version) == 0)
+    {
+        parts->sensors.Report(finding::releasedTable,
+                              "Nobody holds the suite: its last holder has released it.");
+        error = errNotImplemented;
     }
     else if (fault)
     {
         struck = true;
         error = *fault;
+        // What the fault has kept the caller from cannot be held against it.
+        parts->history.NoteWrite();
     }
-    else if (parts->hookKind == HookKind::death && parts->options.suitesAtDeath == SuitesAtDeath::fail)
+    else if (parts->sensors.hookKind == HookKind::death &&
+             parts->options.suitesAtDeath == SuitesAtDeath::fail)
         error = errGeneric;
     return error == errNone;
 }
 
 void CallScope::IdleIfDue()
 {
-    if (parts->idles.IsIdling() || parts->hookDepth == 0 || parts->hookKind != HookKind::ordinary)
+    if (parts->sensors.idles.IsIdling() || parts->sensors.hookDepth == 0 ||
+        parts->sensors.hookKind != HookKind::ordinary)
         return;
-    const bool isDue = parts->idles.IsDue({suite.name, suite.version, slot.function});
+    const bool isDue = parts->sensors.idles.IsDue({suite.name, suite.version, slot.function});
     if (!isDue && parts->options.idleInCalls == IdleInCalls::never)
         return;
-    parts->idles.Begin();
+    parts->sensors.idles.Begin();
     (void)parts->host.RunIdle();
-    parts->idles.End();
+    parts->sensors.idles.End();
 }
 
 A_Err SpringTrap(SuiteId suiteId, int slot)
@@ -90,17 +104,18 @@ A_Err SpringTrap(SuiteId suiteId, int slot)
     const SuiteDescription& suite = DescriptionOf(suiteId);
     const std::string callee = suite.ShortName() + " slot " + std::to_string(slot);
     if (HostParts* parts = hostForCall(callee, callee))
-        parts->findings.Add({finding::reservedSlot,
-                             "Slot " + std::to_string(slot) + " of \"" + suite.name + "\" version " +
-                                 std::to_string(suite.version) + " is reserved and was called.",
-                             callee, callee, ""});
+        parts->sensors.findings.Add({finding::reservedSlot,
+                                     "Slot " + std::to_string(slot) + " of \"" + suite.name + "\" version " +
+                                         std::to_string(suite.version) + " is reserved and was called.",
+                                     callee, callee, ""});
     return errNotImplemented;
 }
 
 A_Err SpringPoison()
 {
     if (HostParts* parts = hostForCall("poisoned slot", "poisoned slot"))
-        parts->Report(finding::poisonedTable, "A function was called in a table whose acquire had failed.");
+        parts->sensors.Report(finding::poisonedTable,
+                              "A function was called in a table whose acquire had failed.");
     return errNotImplemented;
 }
 } // namespace standin

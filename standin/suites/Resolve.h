@@ -27,6 +27,8 @@ A_Err DisposeStreamReference(HostParts& parts, StreamRefH stream);
 /// The disposal was made to fail by a fault, and nobody is to blame for the reference any more.
 void ExcuseReference(HostParts& parts, const void* handle);
 
-/// False, with a finding, for an id that this host has not handed out.
+/// False, with a finding, for an id that this host has not handed out, or to another plug-in.
 bool CheckPlugin(HostParts& parts, A_long pluginId);
+/// False, with a finding, for a time whose scale is 0.
+bool CheckTime(HostParts& parts, const A_Time& time);
 } // namespace standin

@@ -24,13 +24,14 @@ A_Err getNewEffectStreamByIndex(HostParts& parts, PluginArg id, EffectArg effect
     const auto count = static_cast<A_long>(found->parameters.size());
     if (index.value < 1 || index.value >= count)
     {
-        parts.Report(finding::parameterIndex, "Effect param_index " + std::to_string(index.value) +
-                                                  " is out of range: the effect has " +
-                                                  std::to_string(count) +
-                                                  " parameters with the input layer, which is index 0.");
+        parts.sensors.Report(finding::parameterIndex,
+                             "Effect param_index " + std::to_string(index.value) +
+                                 " is out of range: the effect has " + std::to_string(count) +
+                                 " parameters with the input layer, which is index 0.");
+        parts.plugins.Alarm("internal verification failure: effect param_index out of range (5027 :: 150)");
         return errParameter;
     }
-    Reference reference = *parts.references.Find(effect.value);
+    Reference reference = *parts.sensors.references.Find(effect.value);
     reference.kind = ReferenceKind::parameterStream;
     reference.parameter = index.value;
     reference.parent = effect.value;
@@ -49,14 +50,23 @@ A_Err excuseDisposal(HostParts& parts, StreamArg stream)
     return errNone;
 }
 
-A_Err getStreamName(HostParts& parts, StreamArg stream, NumberArg<A_Boolean>, OutText name)
+/// Forcing English selects among the default names, and on some hosts goes by them alone.
+std::string nameOfGroup(const HostParts& parts, const EffectInstance& effect, bool forcesEnglish)
+{
+    const InstalledEffect* entry = parts.project.InstalledOf(effect);
+    if (forcesEnglish && entry != nullptr && parts.options.forcedEnglish == ForcedEnglish::givesDefaultNames)
+        return entry->defaultName;
+    return parts.project.NameOf(effect);
+}
+
+A_Err getStreamName(HostParts& parts, StreamArg stream, NumberArg<A_Boolean> forceEnglish, OutText name)
 {
     const ResolvedStream found = ResolveStream(parts, stream.value);
     if (!found)
         return errParameter;
     const auto parameter = static_cast<std::size_t>(found.parameter);
-    const std::string text =
-        parameter == 0 ? parts.NameOf(*found.effect) : found.effect->parameters[parameter].name;
+    const std::string text = parameter == 0 ? nameOfGroup(parts, *found.effect, forceEnglish.value != 0)
+                                            : found.effect->parameters[parameter].name;
     name.Give(text, parts.options.nameLimit == NameLimit::roomy ? 127 : 31);
     return errNone;
 }
@@ -69,7 +79,7 @@ A_Err getNewParentStreamRef(HostParts& parts, PluginArg id, StreamArg stream, Ou
         return errParameter;
     if (found.parameter == 0)
     {
-        parts.Report(finding::wrongKind, "The stand-in has no stream above an effect's own group.");
+        parts.sensors.Report(finding::wrongKind, "The stand-in has no stream above an effect's own group.");
         return errParameter;
     }
     Reference reference = *found.reference;
@@ -88,7 +98,8 @@ A_Err getDynamicStreamFlags(HostParts& parts, StreamArg stream, OutNumber<A_u_lo
     const bool hidden = isGroup ? found.effect->groupHidden
                                 : found.effect->parameters[static_cast<std::size_t>(found.parameter)].hidden;
     const bool eyeball = isGroup && (found.effect->flags & effectActive) != 0;
-    *flags.value = (hidden ? streamHidden : 0) | (eyeball ? streamEyeball : 0);
+    *flags.value = (hidden ? streamHidden : 0) | (eyeball ? streamEyeball : 0) |
+                   (found.effect->revealing == Revealing::isNotWanted ? streamSkipReveal : 0);
     return errNone;
 }
 
@@ -101,8 +112,8 @@ A_Err setDynamicStreamFlag(HostParts& parts, StreamArg stream, NumberArg<A_u_lon
     const bool isEyeballOfGroup = flag.value == streamEyeball && found.parameter == 0;
     if (flag.value != streamHidden && !isEyeballOfGroup)
     {
-        parts.Report(finding::readOnlyFlag,
-                     "The flags " + std::to_string(flag.value) + " cannot be set here.");
+        parts.sensors.Report(finding::readOnlyFlag,
+                             "The flags " + std::to_string(flag.value) + " cannot be set here.");
         return errParameter;
     }
     const bool on = set.value != 0;

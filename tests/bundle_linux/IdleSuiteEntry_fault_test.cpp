@@ -74,6 +74,7 @@ TEST_F(IdleSuiteEntryDeathTest, EachOfTheFirstSevenCallsThatFailsIsReportedThrou
 
 TEST_F(IdleSuiteEntryFault, TheEighthCallThatFailsIsReportedToTheUserAndReturned)
 {
+    host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
     failCall(8);
     const LoadedPlugin plugin = LoadIdleSuite();
     EXPECT_EQ(plugin.result.error, 4);
@@ -86,6 +87,7 @@ TEST_F(IdleSuiteEntryFault, TheEighthCallThatFailsIsReportedToTheUserAndReturned
 
 TEST_F(IdleSuiteEntryFault, TheNinthCallThatFailsIsReturnedInSilence)
 {
+    host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
     failCall(9);
     EXPECT_EQ(LoadIdleSuite().result.error, 4);
     EXPECT_THAT(AlertTexts(), IsEmpty());
@@ -94,6 +96,7 @@ TEST_F(IdleSuiteEntryFault, TheNinthCallThatFailsIsReturnedInSilence)
 
 TEST_F(IdleSuiteEntryFault, TheTenthCallThatFailsIsReturnedInSilence)
 {
+    host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
     failCall(10);
     EXPECT_EQ(LoadIdleSuite().result.error, 4);
     EXPECT_THAT(AlertTexts(), IsEmpty());
@@ -147,6 +150,7 @@ TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutATableIsNotMissedWhileAllGoesWel
 {
     host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asNullTable);
     expectOverRelease();
+    host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
     EXPECT_EQ(LoadIdleSuite().result.error, errSuiteOverReleased) << "the result of its release";
     EXPECT_NE(Published(idleSuiteName), nullptr);
     EXPECT_THAT(AlertTexts(), IsEmpty());
@@ -157,6 +161,7 @@ TEST_F(IdleSuiteEntryFault, ARegisterSuiteWithoutATableIsReportedAndReturnedAsMi
 {
     host.Faults().Withhold("AEGP Register Suite", 6, Withheld::asNullTable);
     expectOverRelease();
+    host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
     EXPECT_EQ(LoadIdleSuite().result.error, 13);
     EXPECT_THAT(AlertTexts(), ElementsAre(alert));
 }

@@ -42,6 +42,16 @@ protected:
     Job job(const std::string& name) { return {name, &log, 0, nullptr, {}}; }
     int queue(Job& queued) { return Idle().addFuncToIdleStack(Idle().ref, &runJob, &queued); }
 
+    /// As an effect does it, which holds the suite meanwhile.
+    void queueAsHolder(Job& queued)
+    {
+        const void* table = nullptr;
+        ASSERT_EQ(Basic().acquire(idleSuiteName, 1, &table), errNone);
+        const auto& idle = *static_cast<const IdleWords*>(table);
+        EXPECT_EQ(idle.addFuncToIdleStack(idle.ref, &runJob, &queued), 0);
+        EXPECT_EQ(Basic().release(idleSuiteName, 1), errNone);
+    }
+
     /// A word of the queue: its slots stand behind the id and the basic suite.
     const void* slotWord(int slot, int word) { return WordOf(Idle().ref, 2 + 2 * slot + word); }
 
@@ -127,13 +137,13 @@ TEST_F(IdleSuiteEntry, TakesThirtyTwoAndRefusesTheNextWithAnAlert)
         EXPECT_EQ(queue(jobs[static_cast<std::size_t>(i)]), 0);
     EXPECT_THAT(AlertTexts(), IsEmpty());
     (void)TakeCalls();
-    const IdleWords& table = Idle();
-    (void)TakeCalls();
-    (void)host.RunInHook([&] { EXPECT_EQ(table.addFuncToIdleStack(table.ref, &runJob, &jobs[32]), 0); });
+    (void)host.RunInHook([&] { queueAsHolder(jobs[32]); });
     EXPECT_THAT(TakeCalls(),
-                ElementsAre(R"(Basic AcquireSuite("AEGP Utility Suite", 11))",
+                ElementsAre(R"(Basic AcquireSuite("Vortan Idle Suite v1", 1))",
+                            R"(Basic AcquireSuite("AEGP Utility Suite", 11))",
                             R"(Utility 11 AEGP_ReportInfo(id 8, "Max Idle Stack Limit Reached."))",
-                            R"(Basic ReleaseSuite("AEGP Utility Suite", 11))"));
+                            R"(Basic ReleaseSuite("AEGP Utility Suite", 11))",
+                            R"(Basic ReleaseSuite("Vortan Idle Suite v1", 1))"));
     EXPECT_THAT(AlertTexts(), ElementsAre("Max Idle Stack Limit Reached."));
     EXPECT_EQ(host.Alerts().at(0).pluginId, plugin.id);
     (void)host.RunIdle();

@@ -5,24 +5,27 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <memory>
 #include <set>
 #include <sstream>
 #include <stdexcept>
 
 namespace
 {
-/// The lines that a command writes about the bundle.
+/// The lines that a command writes about the bundle. It has to end well, and to write some.
 std::vector<std::string> linesOf(const std::string& command)
 {
     const std::string whole = command + " '" VORTAN_BUNDLE "' 2>&1";
-    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(whole.c_str(), "r"), pclose);
+    FILE* const pipe = popen(whole.c_str(), "r");
     if (pipe == nullptr)
         throw std::runtime_error(command + " does not run");
     std::vector<std::string> lines;
     char line[4096];
-    while (std::fgets(line, sizeof line, pipe.get()) != nullptr)
+    while (std::fgets(line, sizeof line, pipe) != nullptr)
         lines.emplace_back(line, std::char_traits<char>::length(line) - 1);
+    if (pclose(pipe) != 0)
+        throw std::runtime_error(command + " fails" + (lines.empty() ? "" : ": " + lines[0]));
+    if (lines.empty())
+        throw std::runtime_error(command + " says nothing of the bundle");
     return lines;
 }
 
@@ -54,8 +57,13 @@ TEST(Libraries, TheBundleExportsTheTwoEntryPointsAlone)
 // One of these would be shared with every other module of the process, and keep this one from being unloaded.
 TEST(Libraries, TheBundleHasNoSymbolThatIsUniqueInTheProcess)
 {
+    int global = 0;
     for (const auto& line : linesOf("readelf --dyn-syms --wide"))
+    {
         EXPECT_EQ(line.find(" UNIQUE "), std::string::npos) << line;
+        global += line.find(" GLOBAL ") != std::string::npos ? 1 : 0;
+    }
+    EXPECT_GT(global, 2) << "the two entry points, and what the bundle needs";
 }
 
 TEST(Libraries, TheBundleNeedsTheseLibrariesAlone)

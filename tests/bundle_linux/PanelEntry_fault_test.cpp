@@ -17,10 +17,10 @@ class PanelEntryFault : public BundleTest
 protected:
     void expectNothingRegistered()
     {
-        EXPECT_THAT(host.Parts().hooks.idle, IsEmpty());
-        EXPECT_THAT(host.Parts().hooks.command, IsEmpty());
-        EXPECT_THAT(host.Parts().hooks.updateMenu, IsEmpty());
-        EXPECT_THAT(host.Parts().hooks.death, IsEmpty());
+        EXPECT_THAT(host.Parts().plugins.hooks.idle, IsEmpty());
+        EXPECT_THAT(host.Parts().plugins.hooks.command, IsEmpty());
+        EXPECT_THAT(host.Parts().plugins.hooks.updateMenu, IsEmpty());
+        EXPECT_THAT(host.Parts().plugins.hooks.death, IsEmpty());
         EXPECT_EQ(host.FindPanel(panelName), nullptr);
     }
 
@@ -69,9 +69,10 @@ TEST_F(PanelEntryFault, WithoutTheRegisterSuiteThrows516AfterTheMenuEntry)
 
 TEST_F(PanelEntryFault, WithoutTheSuiteForPublishingThrows516AfterTheHooks)
 {
+    host.Options().failedEntry = FailedEntry::leavesHooks;
     host.Faults().Withhold("SP Suites Suite", 2);
     ExpectLoadThrows(516);
-    EXPECT_EQ(host.Parts().hooks.idle.size(), 1u);
+    EXPECT_EQ(host.Parts().plugins.hooks.idle.size(), 1u);
     EXPECT_EQ(Published(panelSuiteName), nullptr);
     host.CheckSuiteBalance();
 }

@@ -19,7 +19,7 @@ protected:
 
     A_Boolean command(A_long chosen, A_Boolean alreadyHandled, A_Boolean handled)
     {
-        const auto& hook = host.Parts().hooks.command.at(0);
+        const auto& hook = host.Parts().plugins.hooks.command.at(0);
         (void)host.RunInHook(
             [&] { return hook.hook(plugin.globalRefcon, hook.refcon, chosen, 1, alreadyHandled, &handled); });
         return handled;
@@ -67,7 +67,7 @@ TEST_F(PanelEntry, GivesTheControllerAsTheGlobalRefconAndThePanelsRefcon)
 {
     ASSERT_NE(plugin.globalRefcon, nullptr);
     EXPECT_EQ(WordOf(plugin.globalRefcon, 0), host.BasicSuite());
-    const auto& hooks = host.Parts().hooks;
+    const auto& hooks = host.Parts().plugins.hooks;
     EXPECT_EQ(host.FindPanel(panelName)->refcon, plugin.globalRefcon);
     EXPECT_EQ(hooks.command.at(0).refcon, PanelTable().panelRef);
     EXPECT_EQ(hooks.idle.at(0).refcon, PanelTable().panelRef);
@@ -219,7 +219,7 @@ TEST_F(PanelEntry, RefreshAndNotifyReturnNothingAndCallNobody)
 
 TEST_F(PanelEntry, EndsWithoutAPanel)
 {
-    const auto& death = host.Parts().hooks.death.at(0);
+    const auto& death = host.Parts().plugins.hooks.death.at(0);
     (void)TakeCalls();
     EXPECT_EQ(OutputOf(
                   [&] {

@@ -53,6 +53,7 @@ void checkSelection(SelectedStack& stack, const SweptFault& fault)
     };
     found.erase(std::remove_if(found.begin(), found.end(), isKept), found.end());
     std::vector<std::string> expected = audit.referenceFindings;
+    expected.insert(expected.end(), audit.groupFindings.begin(), audit.groupFindings.end());
     if (audit.suiteMissing)
         expected.push_back("exception-left-hook ");
     if (audit.leftOpen > 0)
@@ -130,7 +131,8 @@ TEST(EffectSelectionFaults, AnErrorLeavesItsGroupOpen)
 
         EXPECT_EQ(sweepOf(stack), takeA + std::string(row.calls) + showB);
         EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
-        EXPECT_EQ(stack.Found(), std::vector<std::string>{"undo-group-left-open AEGP_StartUndoGroup"});
+        EXPECT_EQ(stack.Found(), (std::vector<std::string>{"nested-undo-group AEGP_StartUndoGroup",
+                                                           "undo-group-left-open AEGP_StartUndoGroup"}));
     }
 }
 

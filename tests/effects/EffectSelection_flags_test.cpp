@@ -262,6 +262,7 @@ TEST_F(EffectSelectionFlags, ASelectedLostEffectLeavesItsGroupOpen)
     meddle(stack, "C", [](Host& host) { host.User().Delete("C"); });
     stack.host.Expect("index-out-of-range", "AEGP_GetLayerEffectByIndex", "the read index is past the stack");
     stack.host.Expect("undo-group-left-open", "AEGP_StartUndoGroup", "an error leaves the group open");
+    stack.host.Expect("nested-undo-group", "AEGP_StartUndoGroup", "the next one is opened inside it");
 
     (void)stack.Select(true, false, stack.Tree("B C"));
 
@@ -277,6 +278,7 @@ TEST_F(EffectSelectionFlags, AnEffectWithoutParameterLeavesItsGroupOpen)
     stack.host.Effect("A").parameters.resize(1);
     stack.host.Expect("parameter-index", "AEGP_GetNewEffectStreamByIndex", "there is no first parameter");
     stack.host.Expect("undo-group-left-open", "AEGP_StartUndoGroup", "an error leaves the group open");
+    stack.host.Expect("nested-undo-group", "AEGP_StartUndoGroup", "the next one is opened inside it");
 
     (void)stack.Select(true, false, {});
 

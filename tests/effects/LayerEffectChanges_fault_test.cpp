@@ -57,6 +57,7 @@ std::vector<std::string> expectedFindings(ChangedStack& stack, const TraceAudit&
                                           const SweptFault& fault)
 {
     std::vector<std::string> findings = audit.referenceFindings;
+    findings.insert(findings.end(), audit.groupFindings.begin(), audit.groupFindings.end());
     if (audit.suiteMissing)
         findings.push_back("exception-left-hook ");
     if (audit.leftOpen > 0)
@@ -208,7 +209,10 @@ TEST(LayerEffectChangesFaults, AFailureStopsNoLaterItemOrStep)
         EXPECT_EQ(stack->Report(), "C: C, group 0, off\nA: A, group 2, on\nB: Two, group 0, on\n"
                                    "Z: Z, group 0, on\n");
         EXPECT_EQ(stack->Steps(), "[Rename Effect(s)]") << "one step swallows what follows the open group";
-        EXPECT_EQ(stack->Found(), std::vector<std::string>{"undo-group-left-open AEGP_StartUndoGroup"});
+        const std::string inside =
+            "nested-undo-group AEGP_StartUndoGroup"; // Of the second name and the order.
+        EXPECT_EQ(stack->Found(),
+                  (std::vector<std::string>{inside, inside, "undo-group-left-open AEGP_StartUndoGroup"}));
         EXPECT_TRUE(stack->UndoBringsBackTheStart());
     }
 }

@@ -128,6 +128,7 @@ TEST_F(LayerEffectChangesOrder, EqualListsMoveEveryEffectInPlace)
 TEST_F(LayerEffectChangesOrder, AnEmptyTreeMakesANamedEmptyGroup)
 {
     StackScene& stack = Make("A Z", EveryGroupShows());
+    stack.host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
 
     EXPECT_EQ(stack.Change({}).thrown, "");
 
@@ -141,6 +142,7 @@ TEST_F(LayerEffectChangesOrder, AnEmptyTreeMakesANamedEmptyGroup)
 TEST_F(LayerEffectChangesOrder, AnEmptyTreeOnAnEmptyLayerToo)
 {
     StackScene& stack = Make("");
+    stack.host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
 
     EXPECT_EQ(stack.Change({}, {}).thrown, "");
 

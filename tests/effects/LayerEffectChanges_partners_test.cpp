@@ -107,6 +107,7 @@ TEST_F(LayerEffectChangesPartners, AnIdentityOutsideTheListHasNoPartner)
 TEST_F(LayerEffectChangesPartners, IdentitiesAreComparedByLengthAndBytes)
 {
     StackScene& stack = Make("A");
+    stack.host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     const Items layerItems = stack.LayerItems();
     const std::string uuid = layerItems[0].uuid;
     ASSERT_EQ(uuid, "01010101-0101-0101-0101-010100000001");
@@ -130,6 +131,7 @@ TEST_F(LayerEffectChangesPartners, IdentitiesAreComparedByLengthAndBytes)
 TEST_F(LayerEffectChangesPartners, AnIdentityInCapitalsIsAnother)
 {
     StackScene& stack = Make("A");
+    stack.host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     stack.host.Effect("A").family.uuid = IdentityOf(0xAB);
     const Items layerItems = stack.LayerItems();
     Items tree = layerItems;

@@ -88,6 +88,7 @@ using IdleSuiteEntryDeathTest = IdleSuiteEntryFault;
 
 TEST_F(IdleSuiteEntryFault, AFailedRegistrationIsReportedAndReturned)
 {
+    host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Faults().FailFunction("AEGP_RegisterIdleHook", 1, FaultLength::once, A_Err_ALLOC);
     const LoadedPlugin loaded = host.Load(&EffectorAEGP);
     EXPECT_EQ(loaded.result.error, A_Err_ALLOC);
@@ -111,6 +112,7 @@ TEST_F(IdleSuiteEntryFault, AFailedRegistrationIsReportedAndReturned)
 
 TEST_F(IdleSuiteEntryFault, AFailedRegistrationOutlivesTheReleases)
 {
+    host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Faults().FailFunction("AEGP_RegisterIdleHook", 1, FaultLength::once, A_Err_ALLOC);
     host.Faults().FailFunction("ReleaseSuite", 3, FaultLength::functionForGood, A_Err_STRUCT);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_ALLOC);
@@ -118,6 +120,7 @@ TEST_F(IdleSuiteEntryFault, AFailedRegistrationOutlivesTheReleases)
 
 TEST_F(IdleSuiteEntryFault, AFailedRegisterSuiteReleaseIsReturnedUnreported)
 {
+    host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Faults().FailFunction("ReleaseSuite", 3, FaultLength::once, A_Err_STRUCT);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_STRUCT);
     EXPECT_THAT(AlertTexts(), IsEmpty());
@@ -126,6 +129,7 @@ TEST_F(IdleSuiteEntryFault, AFailedRegisterSuiteReleaseIsReturnedUnreported)
 
 TEST_F(IdleSuiteEntryFault, AFailedUtilitySuiteReleaseIsReturnedUnreported)
 {
+    host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Faults().FailFunction("ReleaseSuite", 4, FaultLength::once, A_Err_STRUCT);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_STRUCT);
     EXPECT_THAT(AlertTexts(), IsEmpty());
@@ -133,6 +137,7 @@ TEST_F(IdleSuiteEntryFault, AFailedUtilitySuiteReleaseIsReturnedUnreported)
 
 TEST_F(IdleSuiteEntryFault, OfTwoFailedReleasesTheFirstIsReturned)
 {
+    host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Faults().FailFunction("ReleaseSuite", 3, FaultLength::once, A_Err_STRUCT);
     host.Faults().FailFunction("ReleaseSuite", 4, FaultLength::once, A_Err_PARAMETER);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_STRUCT);
@@ -140,6 +145,7 @@ TEST_F(IdleSuiteEntryFault, OfTwoFailedReleasesTheFirstIsReturned)
 
 TEST_F(IdleSuiteEntryFault, AFailedReportKeepsTheFirstError)
 {
+    host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Faults().FailFunction("AEGP_RegisterIdleHook", 1, FaultLength::once, A_Err_ALLOC);
     host.Faults().FailFunction("AEGP_ReportInfo", 1, FaultLength::once, A_Err_STRUCT);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_ALLOC);
@@ -218,6 +224,7 @@ TEST_F(IdleSuiteEntryDeathTest, APoisonedSuiteIsNotUsed)
 
 TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithErrorServesTheReport)
 {
+    host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     const LoadedPlugin loaded = LoadGrudged("AEGP Utility Suite");
     EXPECT_EQ(loaded.result.error, GrudgingBasic::GRUDGE);
     EXPECT_THAT(AlertTexts(), ElementsAre("Vort AEGP : Could not register Plugin Suite."));
@@ -237,6 +244,7 @@ TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithErrorServesTheReport)
 
 TEST_F(IdleSuiteEntryFault, APoisonedUtilitySuiteIsCalled)
 {
+    host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Expect(finding::poisonedTable, "", "the report is made through the pointer as it stands");
     host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released also when it was never acquired");
     host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asPoisonedPointer);
@@ -246,6 +254,7 @@ TEST_F(IdleSuiteEntryFault, APoisonedUtilitySuiteIsCalled)
 
 TEST_F(IdleSuiteEntryFault, ANullUtilityTableIsNotMissed)
 {
+    host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released also when it was never acquired");
     host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asNullTable);
     const LoadedPlugin loaded = host.Load(&EffectorAEGP);
@@ -288,6 +297,7 @@ TEST_F(IdleSuiteEntryFault, ANullPublishingTableIsSkipped)
 
 TEST_F(IdleSuiteEntryFault, ANullRegisterTableIsReportedAsMissing)
 {
+    host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released also when it was never acquired");
     host.Faults().Withhold("AEGP Register Suite", 6, Withheld::asNullTable);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_MISSING_SUITE);

@@ -207,6 +207,7 @@ TEST_F(FromTree, TheSameChangeTwiceIsNoMismatch)
 TEST_F(FromTree, ARefusedEditStaysUntilEitherSideChanges)
 {
     host.Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup", "a failed rename leaves its group open");
+    host.Expect(finding::nestedUndoGroup, "AEGP_StartUndoGroup", "the order's group is opened inside it");
     host.Faults().FailFunction("AEGP_SetStreamName");
     bench.TreeItem("B").name = "X";
     EXPECT_EQ(bench.Pass().printed, Mismatch("A X C"));
@@ -224,6 +225,7 @@ TEST_F(FromTree, ARefusedEditStaysUntilEitherSideChanges)
 TEST_F(FromTree, ARefusedEditIsRetriedWithTheNext)
 {
     host.Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup", "a failed rename leaves its group open");
+    host.Expect(finding::nestedUndoGroup, "AEGP_StartUndoGroup", "the order's group is opened inside it");
     host.Faults().FailFunction("AEGP_SetStreamName");
     bench.TreeItem("B").name = "X";
     (void)bench.Pass();
@@ -236,6 +238,7 @@ TEST_F(FromTree, ARefusedEditIsRetriedWithTheNext)
 TEST_F(FromTree, APartlyRefusedEditIsCorrectedNextPass)
 {
     host.Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup", "a failed rename leaves its group open");
+    host.Expect(finding::nestedUndoGroup, "AEGP_StartUndoGroup", "the order's group is opened inside it");
     host.Faults().FailFunction("AEGP_SetStreamName");
     bench.TreeItem("B").name = "X";
     bench.TreeItem("C").active = 0;

@@ -153,6 +153,7 @@ TEST_F(HookInsidePass, DoesNothingInPassesThatEndEarly)
 
 TEST_F(HookInsidePass, RunsWholePassesInsideTheOpenCommand)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     bench.TreeItem("B").name = "Shaker";
     (void)OpenPanel(&bench.Inbox(), 1);
     // Our command hook closes the panel, and the idle comes inside the command hook's first question.

@@ -38,6 +38,7 @@ protected:
 
 TEST_F(ClearedTree, StaysEmptyForAnItemThatComesBack)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     host.User().OpenComposition(0);
     (void)bench.Pass();
     host.User().OpenComposition(bench.on.compId);
@@ -56,6 +57,7 @@ TEST_F(ClearedTree, StaysEmptyForAnItemThatComesBack)
 
 TEST_F(ClearedTree, StaysEmptyIfThePanelIsShownOtherwise)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     bench.Hide();
     (void)bench.Pass();
     bench.Show();
@@ -73,6 +75,7 @@ TEST_F(ClearedTree, StaysEmptyIfThePanelIsShownOtherwise)
 
 TEST_F(ClearedTree, IsFilledAgainWhenTheLayerNextChanges)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     bench.Hide();
     (void)bench.Pass();
     bench.Show();
@@ -84,6 +87,7 @@ TEST_F(ClearedTree, IsFilledAgainWhenTheLayerNextChanges)
 
 TEST_F(ClearedTree, IsFilledAgainByARefreshRequest)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     host.User().OpenComposition(0);
     (void)bench.Pass();
     host.User().OpenComposition(bench.on.compId);
@@ -117,6 +121,7 @@ TEST_F(ClearedTree, AnEmptyLayerShownAgainIsNoMismatch)
 
 TEST_F(ClearedTree, ARecreatedPanelDoesNotResetTheHashes)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     host.Options().closedPanel = ClosedPanel::destroysView;
     const std::uint64_t layerHash = bench.plugin->layerHash;
     bench.Hide();
@@ -186,6 +191,7 @@ TEST_F(OutsideEffects, BelowTheFamilyMismatchAndMoveNothing)
 
 TEST_F(OutsideEffects, AloneOnALayerMismatchOnce)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     bench.Add("ADBE Fill", "X");
     bench.Show();
     EXPECT_EQ(bench.Pass().printed, "Hash Mismatch\nLayer Item - X\nState Changed\n");

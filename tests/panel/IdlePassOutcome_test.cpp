@@ -52,6 +52,7 @@ TEST_F(PassOutcome, AnEqualTouchedTreeIsAcceptedSilently)
 {
     host.Faults().FailFunction("AEGP_SetStreamName");
     host.Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup", "a failed rename leaves its group open");
+    host.Expect(finding::nestedUndoGroup, "AEGP_StartUndoGroup", "the order's group is opened inside it");
     bench.TreeItem("B").name = "X";
     (void)bench.Pass();
     const std::uint64_t refused = bench.plugin->treeHash;

@@ -46,6 +46,7 @@ TEST_F(PassRequests, AnyNonZeroValueAsksForARefresh)
 
 TEST_F(PassRequests, ARefreshWhileHiddenIsLost)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     bench.Hide();
     bench.Inbox().refreshPending = 1;
     (void)bench.Pass();
@@ -86,6 +87,7 @@ TEST_F(PassRequests, ARefreshWithoutATreeIsLost)
 
 TEST_F(PassRequests, AnOpenRunsItsCommandBeforeTheLook)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     bench.Hide();
     (void)bench.Pass();
     bench.Inbox().openPending = 1;
@@ -108,6 +110,7 @@ TEST_F(PassRequests, AnOpenRunsItsCommandBeforeTheLook)
 
 TEST_F(PassRequests, TheCommandsRefreshBelongsToTheNextPass)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     bench.Hide();
     (void)bench.Pass();
     bench.Inbox().openPending = 1;
@@ -246,6 +249,7 @@ TEST_F(PassRequests, ANotificationIsShownWithoutAnItem)
 
 TEST_F(PassRequests, ANotificationWaitsWhileThePanelIsHidden)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "there is nothing to put in order");
     bench.Hide();
     PanelNotify(&bench.Inbox(), "first");
     (void)bench.Pass();

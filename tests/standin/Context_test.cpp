@@ -118,8 +118,7 @@ TEST_F(Context, ASuiteThatIsReleasedUnusedIsReportedIfWished)
         [&]
         {
             Client client(host);
-            (void)client.StartUndo("x");
-            (void)client.EndUndo();
+            EXPECT_EQ(client.Call(utilitySuite, 3, 0, host.PluginId(), "Hello"), errNone);
         });
     EXPECT_THAT(FindingsOf(host), IsEmpty());
 }

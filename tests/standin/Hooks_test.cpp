@@ -35,9 +35,9 @@ TEST_F(Hooks, RegisteringOutsideTheEntryPointIsRefusedAndReported)
     const auto hook = +[](void*, void*, A_long*) -> A_Err { return 77; };
     void* refcon = nullptr;
     inHook([&](Client& client)
-           { EXPECT_NE(client.Call(registerSuite, 6, 8, A_long{8}, hook, refcon), errNone); });
+           { EXPECT_NE(client.Call(registerSuite, 6, 8, A_long{7}, hook, refcon), errNone); });
     EXPECT_THAT(FindingsOf(host),
-                ElementsAre("outside-entry-point in Register 6 AEGP_RegisterIdleHook(id 8, hook, null)"));
+                ElementsAre("outside-entry-point in Register 6 AEGP_RegisterIdleHook(id 7, hook, null)"));
     EXPECT_EQ(host.RunIdle().error, errNone);
 }
 
@@ -264,11 +264,11 @@ TEST_F(Hooks, AlertsAreKept)
     inHook(
         [&](Client& client)
         {
-            EXPECT_EQ(client.Call(utilitySuite, 3, 0, A_long{8}, "One"), errNone);
+            EXPECT_EQ(client.Call(utilitySuite, 3, 0, A_long{7}, "One"), errNone);
             EXPECT_EQ(client.Call(utilitySuite, 11, 0, A_long{7}, "Two"), errNone);
         });
     ASSERT_EQ(host.Alerts().size(), 2u);
-    EXPECT_EQ(host.Alerts()[0].pluginId, 8);
+    EXPECT_EQ(host.Alerts()[0].pluginId, 7);
     EXPECT_EQ(host.Alerts()[1].text, "Two");
 }
 

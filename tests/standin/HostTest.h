@@ -16,6 +16,7 @@ protected:
     void TearDown() override
     {
         host.CheckSuiteBalance();
+        host.CheckMemoryBalance();
         EXPECT_EQ(host.FindingsReport(), "");
     }
 

@@ -158,6 +158,7 @@ TEST_F(IdleInCall, LeavesTheUndoGroupOfTheHookAroundItOpen)
         {
             EXPECT_EQ(client.StartUndo("Group"), errNone);
             EXPECT_EQ(host.OpenUndoGroups(), 1);
+            host.User().Rename("A", "Lamp");
             EXPECT_EQ(client.EndUndo(), errNone);
         });
     EXPECT_THAT(plugin.events, ElementsAre("idle 2"));

@@ -211,6 +211,35 @@ TEST_F(Streams, OnlyTheBitsOfTheMaskAreSet)
         });
 }
 
+TEST_F(Streams, AnEffectThatAsksForNoRevealIsNotRevealed)
+{
+    host.Effect("A").revealing = Revealing::isNotWanted;
+    withStreams(
+        [&](Client& client, void* parameter, void* group)
+        {
+            for (void* stream : {parameter, group})
+            {
+                (void)client.SetHidden(stream, Switch::off, Switch::on);
+                (void)client.SetHidden(stream, Switch::off, Switch::off);
+                EXPECT_EQ(client.StreamFlags(stream) & ~streamEyeball, streamSkipReveal);
+            }
+        });
+    EXPECT_THAT(host.ViewLog(), IsEmpty());
+}
+
+TEST_F(Streams, TheFlagAgainstRevealingIsNotForPlugins)
+{
+    withStreams(
+        [&](Client& client, void* parameter, void*)
+        {
+            EXPECT_EQ(client.Call(dynamicStreamSuite, 2, 5, parameter, streamSkipReveal | streamHidden,
+                                  A_Boolean{0}, A_Boolean{1}),
+                      errParameter);
+        });
+    EXPECT_THAT(FindingsOf(host), ElementsAre("read-only-flag in DynamicStream 2 AEGP_SetDynamicStreamFlag("
+                                              "stream A.1, 65538, 0, 1)"));
+}
+
 TEST_F(Streams, APulseOnAParameterOpensItsEffectAndRevealsIt)
 {
     withStreams(

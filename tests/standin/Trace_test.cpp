@@ -146,6 +146,7 @@ TEST_F(Trace, StreamsGoByTheirEffectAndParameter)
 
 TEST_F(Trace, LayersItemsUndoGroupsAndTheRestReadAsTheyWereCalled)
 {
+    host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "the test only looks at the lines");
     host.RunInHook(
         [&]
         {

@@ -178,6 +178,7 @@ TEST_F(Undo, AGroupWithAnEmptyNameIsAStepWithoutAName)
 
 TEST_F(Undo, AnInnerGroupJoinsTheOuterOne)
 {
+    host.Expect("nested-undo-group", "AEGP_StartUndoGroup", "the test opens a group inside another");
     inHook(
         [&](Client& client)
         {
@@ -225,8 +226,9 @@ TEST_F(Undo, AGroupLeftOpenSwallowsWhatFollowsAndIsClosedWhenTheHookReturns)
     EXPECT_EQ(host.OpenUndoGroups(), 0);
     EXPECT_THAT(host.UndoNames(), ElementsAre("Delete Effect(s)"));
     const std::vector<Finding> findings = host.TakeFindings();
-    ASSERT_EQ(findings.size(), 1u);
-    EXPECT_EQ(findings[0].Text(),
+    ASSERT_EQ(findings.size(), 2u);
+    EXPECT_EQ(findings[0].id, "nested-undo-group");
+    EXPECT_EQ(findings[1].Text(),
               "undo-group-left-open: The undo group \"Delete Effect(s)\" is still open when the "
               "hook returns. [Utility 3 AEGP_StartUndoGroup(\"Delete Effect(s)\")]");
     (void)host.Undo();

@@ -110,6 +110,13 @@ TEST_F(FaultAudit, FindingsPassInTheirSituationAlone)
     EXPECT_THAT(Verdict(), HasSubstr("leaked-reference"));
     run.findings = {found(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup")};
     EXPECT_THAT(Verdict(), HasSubstr("undo-group-left-open"));
+    run.findings = {found(finding::nestedUndoGroup, "AEGP_StartUndoGroup")};
+    EXPECT_THAT(Verdict(), HasSubstr("nested-undo-group"));
+    run.findings = {found(finding::emptyUndoGroup, "AEGP_EndUndoGroup")};
+    EXPECT_THAT(Verdict(), HasSubstr("empty-undo-group"));
+    run.calls = {call("AEGP_GetLayerNumEffects", errGeneric)};
+    EXPECT_EQ(Verdict(), "") << "there is no order to write";
+    run.calls = {};
     run.findings = {found(finding::undoGroupMismatch, "AEGP_EndUndoGroup")};
     EXPECT_THAT(Verdict(), HasSubstr("undo-group-mismatch"));
     run.findings = {found(finding::doubleDispose, "AEGP_DisposeEffect")};

@@ -161,6 +161,34 @@ void auditReferences(const std::vector<CallRecord>& records, TraceAudit& audit)
     }
     std::sort(audit.referenceFindings.begin(), audit.referenceFindings.end());
 }
+bool asksForAChange(const CallRecord& record)
+{
+    const std::set<std::string> writes = {"AEGP_SetEffectFlags",       "AEGP_ReorderEffect",
+                                          "AEGP_ApplyEffect",          "AEGP_DeleteLayerEffect",
+                                          "AEGP_SetDynamicStreamFlag", "AEGP_SetStreamName"};
+    return record.error != errNone || writes.count(record.function) != 0;
+}
+
+/// A group whose end was made to fail stays open without anybody's doing: `excused` of the `open` ones.
+void auditGroups(const std::vector<CallRecord>& records, TraceAudit& audit)
+{
+    int open = 0;
+    int excused = 0;
+    bool isAsked = false;
+    for (const CallRecord& record : records)
+    {
+        const bool isStart = record.function == "AEGP_StartUndoGroup" && record.error == errNone;
+        const bool isEnd = record.function == "AEGP_EndUndoGroup";
+        if (isStart && open > excused)
+            audit.groupFindings.emplace_back("nested-undo-group AEGP_StartUndoGroup");
+        if (isEnd && record.error == errNone && open == 1 && !isAsked)
+            audit.groupFindings.emplace_back("empty-undo-group AEGP_EndUndoGroup");
+        isAsked = (isAsked && !(isStart && open == 0)) || asksForAChange(record);
+        open += isStart ? 1 : 0;
+        open -= isEnd && record.error == errNone ? 1 : 0;
+        excused = std::min(open, excused + (isEnd && record.error != errNone ? 1 : 0));
+    }
+}
 } // namespace
 
 bool Begins(const CallRecord& record, const std::string& start) { return record.head.rfind(start, 0) == 0; }
@@ -180,6 +208,7 @@ TraceAudit AuditTrace(const std::vector<CallRecord>& records, const std::string&
             walkChain(walk, kinds, audit);
     }
     auditReferences(records, audit);
+    auditGroups(records, audit);
     return audit;
 }
 } // namespace standin

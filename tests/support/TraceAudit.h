@@ -24,6 +24,9 @@ struct TraceAudit
     /// The findings about references that had to be kept because their disposing suite was missing: id and
     /// function, sorted.
     std::vector<std::string> referenceFindings;
+    /// The same about undo groups that were opened inside one that an error had left open, or with nothing in
+    /// them since an error before had left nothing to do.
+    std::vector<std::string> groupFindings;
 };
 
 /// Looks at every chain whose undo group is called `groupName` and whose calls are one of `kinds`.
