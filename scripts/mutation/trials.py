@@ -33,23 +33,45 @@ class Test:
         return next((word[len("--gtest_filter="):] for word in self.command if word.startswith("--gtest_filter=")), None)
 
 
-def listed(build, labels):
+def listed(build, wanted):
     """The tests that may judge a mutant, as CTest knows them."""
     said = subprocess.run(["ctest", "--test-dir", build, "--show-only=json-v1"], capture_output=True, text=True,
                           check=True).stdout
-    tests = []
+    tests, expanded = [], set()
     for entry in json.loads(said)["tests"]:
         properties = {each["name"]: each["value"] for each in entry.get("properties", [])}
         command = entry.get("command")
         # What is no program of this build has nothing to do with a mutant: a script over the sources, for instance.
-        if not command or not labels & set(properties.get("LABELS", [])) or not command[0].startswith(build):
+        labels = set(properties.get("LABELS", []))
+        if not command or not labels & wanted or not command[0].startswith(build):
             continue
         if not os.path.exists(command[0]) or "PASS_REGULAR_EXPRESSION" in properties:
             continue
-        tests.append(Test(entry["name"], command,
-                          dict(each.split("=", 1) for each in properties.get("ENVIRONMENT", [])),
-                          properties.get("WORKING_DIRECTORY", build),
-                          "|".join(properties.get("FAIL_REGULAR_EXPRESSION", []))))
+        environment = dict(each.split("=", 1) for each in properties.get("ENVIRONMENT", [])
+                           if not each.startswith("GTEST_"))
+        test = Test(entry["name"], command, environment, properties.get("WORKING_DIRECTORY", build),
+                    "|".join(properties.get("FAIL_REGULAR_EXPRESSION", [])))
+        if "unit" not in labels or test.filter:
+            tests.append(test)
+        elif command[0] not in expanded:
+            expanded.add(command[0])
+            tests += each_of(test)
+    return tests
+
+
+def each_of(program):
+    """The tests of a unit program, which CTest knows as a whole."""
+    said = subprocess.run([program.command[0], "--gtest_list_tests"], capture_output=True, text=True, check=True,
+                          env={**os.environ, **program.environment}).stdout
+    tests, suite = [], ""
+    for line in said.splitlines():
+        name = line.split("#")[0].strip()
+        if name and not line.startswith(" "):
+            suite = name if name.endswith(".") else ""
+        elif name and suite and not name.startswith("DISABLED_"):
+            tests.append(Test(f"{os.path.basename(program.command[0])}.{suite}{name}",
+                              [program.command[0], f"--gtest_filter={suite}{name}"], program.environment,
+                              program.folder, program.complaint))
     return tests
 
 

@@ -34,7 +34,7 @@ struct KeptByPanels
 
 KeptByPanels keptByPanels(const HostParts& parts)
 {
-    const Panel* panel = parts.panels.Find("Vortan Object Panel");
+    const Panel* panel = parts.plugins.panels.Find("Vortan Object Panel");
     const int created = panel == nullptr ? 0 : panel->created;
     constexpr std::size_t words = 6;
     const std::size_t object = words * sizeof(void*) + besideTwoAllocations / 2;
@@ -58,9 +58,9 @@ Holdings HoldingsOf(Host& host)
     const HostParts& parts = host.Parts();
     Holdings held;
     const KeptByPanels kept = keptByPanels(parts);
-    held.bytes = process::BytesInUse() - bytesOfNotes(parts.references) - kept.bytes;
+    held.bytes = process::BytesInUse() - bytesOfNotes(parts.sensors.references) - kept.bytes;
     held.references = host.LiveReferences() + host.LeakedReferences();
-    for (const SuiteCounts::Held& suite : parts.suiteCounts.AllHeld())
+    for (const SuiteCounts::Held& suite : parts.sensors.suites.AllHeld())
         held.suites += suite.count;
     held.suites -= kept.suites;
     held.descriptors = process::OpenDescriptors();

@@ -127,7 +127,7 @@ void WorkSoak::round()
     }
     MakeLeak(plan.leak, scene.host(), display);
     ReplaceProject(scene.host(), saved);
-    scene.host().Parts().lastLabels.clear();
+    scene.host().Parts().project.lastLabels.clear();
     scene.host().ClearViewLog();
     scene.Settle();
     scene.session.Forget();
