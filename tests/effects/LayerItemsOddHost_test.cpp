@@ -208,3 +208,34 @@ TEST(LayerItems, DisposeOfAReferenceWithError)
                             "Effect 1 AEGP_DisposeEffect(effect A)"));
     product.ExpectCleanEnd();
 }
+
+TEST(LayerItems, AreOffIfTheirFlagsAreAnError)
+{
+    LiarHost product;
+    PatchedBasic<AEGP_EffectSuite1> basic(product.host,
+                                          [](AEGP_EffectSuite1& suite)
+                                          {
+                                              suite.AEGP_GetEffectFlags =
+                                                  [](AEGP_EffectRefH, AEGP_EffectFlags* flags)
+                                              {
+                                                  *flags = 1;
+                                                  return A_Err{4};
+                                              };
+                                          });
+    const std::vector<ObjectItem> items = ReadOver(product, basic.Basic()).items;
+    ASSERT_EQ(items.size(), 3u);
+    for (const ObjectItem& item : items)
+        EXPECT_EQ(item.active, 0) << item.tag;
+}
+
+TEST(LayerItems, AreOffIfTheirFlagsAreNotTold)
+{
+    LiarHost product;
+    PatchedBasic<AEGP_EffectSuite1> basic(
+        product.host, [](AEGP_EffectSuite1& suite)
+        { suite.AEGP_GetEffectFlags = [](AEGP_EffectRefH, AEGP_EffectFlags*) { return A_Err{0}; }; });
+    const std::vector<ObjectItem> items = ReadOver(product, basic.Basic()).items;
+    ASSERT_EQ(items.size(), 3u);
+    for (const ObjectItem& item : items)
+        EXPECT_EQ(item.active, 0) << item.tag;
+}
