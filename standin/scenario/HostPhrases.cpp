@@ -74,7 +74,7 @@ void chooseFromMenuBar(Stage& stage, const std::string& menu, const std::string&
 
 void twirl(Stage& stage, const std::string& name)
 {
-    bool& isOpen = stage.host().Parts().twirledOpen[stage.host().Effect(stage.EffectLabel(name)).id];
+    bool& isOpen = stage.host().Parts().project.twirledOpen[stage.host().Effect(stage.EffectLabel(name)).id];
     isOpen = !isOpen;
 }
 
