@@ -24,8 +24,8 @@ std::size_t bytesOfNotes(const ReferenceRegistry& references)
     return references.NoteBlocks() * (ReferenceRegistry::bytesOfNoteBlock + besideTwoAllocations);
 }
 
-/// A panel that is made anew leaves the object that it was, which holds two suites: docs/kept-behaviours.md. More
-/// than that is a leak.
+/// A panel that is made anew leaves the object that it was, which holds two suites: docs/kept-behaviours.md.
+/// More than that is a leak.
 struct KeptByPanels
 {
     std::size_t bytes = 0;

@@ -38,14 +38,15 @@ private:
     std::set<void*> alive;
 };
 
-/// The objects of panels that were made anew, which live until the host ends. They are reachable from here, so that
-/// a leak checker tells them from what is lost. The list has its room from the beginning.
+/// The objects of panels that were made anew, which live until the host ends. They are reachable from here,
+/// so that a leak checker, which looks when the program has ended, tells them from what is lost. The list has
+/// its room from the beginning.
 std::vector<const void*>& keptPanels()
 {
     constexpr std::size_t mostPanels = 100000;
-    static std::vector<const void*> panels;
-    panels.reserve(mostPanels);
-    return panels;
+    static auto* const panels = new std::vector<const void*>;
+    panels->reserve(mostPanels);
+    return *panels;
 }
 
 int queuedFunction(int, void*, void*) { return 0; }

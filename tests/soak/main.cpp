@@ -44,8 +44,8 @@ SoakResult runInSilence(bool isWork, const SoakPlan& plan)
     return isWork ? SoakWork(plan) : SoakIdle(plan);
 }
 
-/// The C library counts blocks that it keeps at hand for the next request among those in use, and so the heap seems to
-/// grow until it has enough of each size. It can be told to keep none, before a program starts.
+/// The C library counts blocks that it keeps at hand for the next request among those in use, and so the heap
+/// seems to grow until it has enough of each size. It can be told to keep none, before a program starts.
 void startWithoutSpareBlocks(char** argv)
 {
     constexpr const char* options = "GLIBC_TUNABLES";
