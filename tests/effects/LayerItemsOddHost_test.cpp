@@ -129,7 +129,8 @@ TEST_F(LayerItemsOddHost, AreOffIfTheirFlagsAreAnError)
 {
     PatchedBasic<AEGP_EffectSuite1> basic(Make("A").host,
                                           AnswersWithError<&AEGP_EffectSuite1::AEGP_GetEffectFlags>(4));
-    EXPECT_EQ(TextOver(basic.Basic()), "A=!");
+    // The messages to the effect ask for its flags too, so nothing is known of it but its tag.
+    EXPECT_EQ(TextOver(basic.Basic()), "0=@-1!#QVK VORTSRC Routes");
 }
 
 TEST_F(LayerItemsOddHost, AreOffIfTheirFlagsAreNotTold)

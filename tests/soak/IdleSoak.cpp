@@ -5,6 +5,7 @@
 #include "standin/checks/Scene.h"
 #include "standin/core/HostParts.h"
 #include "standin/project/ProjectFile.h"
+#include "standin/sensors/FindingIds.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -83,6 +84,7 @@ private:
     void show(PanelState state);
     void note(const HookResult& hook) { result.findings += hook.thrown.empty() ? "" : hook.thrown + "\n"; }
     void idle(int passes);
+    void takeFindings();
     void round();
     void look();
     std::vector<std::function<void()>> edits();
@@ -155,6 +157,15 @@ void IdleSoak::idle(int passes)
     result.passes += passes;
 }
 
+/// The host's log would grow with each of them. A group for an order that no move is needed for is the
+/// panel's way.
+void IdleSoak::takeFindings()
+{
+    for (const Finding& found : scene.host.TakeFindings())
+        if (found.id != finding::emptyUndoGroup)
+            result.findings += found.id + ": " + found.sentence + "\n";
+}
+
 void IdleSoak::round()
 {
     constexpr int passesBetweenEdits = 8;
@@ -167,6 +178,7 @@ void IdleSoak::round()
     MakeLeak(plan.leak, scene.host, nullptr);
     if (plan.leak == Leak::window)
         (void)containers.MakeContainer("leaked");
+    takeFindings();
     ReplaceProject(scene.host, saved);
     scene.host.Parts().project.lastLabels.clear();
     scene.host.ClearViewLog();
@@ -195,7 +207,6 @@ SoakResult IdleSoak::Run()
             round();
         look();
     }
-    result.findings += scene.host.FindingsReport();
     return std::move(result);
 }
 } // namespace

@@ -15,7 +15,7 @@ namespace
 {
 constexpr int passesOfASecond = 30;
 constexpr int secondsBetweenEdits = 5;
-constexpr int leastRounds = 12;
+constexpr int leastRounds = 6;
 
 /// All windows below one, whether they are to be seen or not.
 int windowsBelow(Display* display, Window window)
