@@ -406,7 +406,7 @@ class Finder:
         value = self.core(children[0])
         kind = self.type_of(children[0]).kind
         constant = value.cursor.referenced
-        if value.kind in LITERALS or value.text(self.source).startswith("{") or (
+        if value.kind in LITERALS or value.text(self.source).startswith(("{", "nullptr")) or (
                 constant is not None and constant.kind == Kind.ENUM_CONSTANT_DECL):
             return
         if kind == TypeKind.BOOL:
