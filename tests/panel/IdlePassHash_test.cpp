@@ -156,5 +156,13 @@ TEST_F(PassHashOfContents, OtherFlagsAndHiddenStreamsAreNotSeen)
     host.User().SetHidden("A", Switch::off);
     EXPECT_EQ(bench.Pass().printed, "");
 }
+
+TEST_F(PassHash, AnItemWithoutIdCountsAsZero)
+{
+    bench.Show();
+    host.Faults().FailFunction("AEGP_GetItemID", 1, FaultLength::functionForGood);
+    bench.Settle();
+    EXPECT_EQ(bench.plugin->layerHash, 0x00000028cd94bfd1u);
+}
 } // namespace
 } // namespace standin
