@@ -37,13 +37,14 @@ CallScope::~CallScope()
 {
     if (!begun)
         return;
-    parts->trace.End(parts->running.back().ordinal, error, answers);
+    parts->trace.End(parts->running.back().ordinal, error, answers, WasStruck());
     parts->running.pop_back();
 }
 
-void CallScope::Begin(const std::string& arguments)
+void CallScope::Begin(const std::string& arguments, bool hasOutValues)
 {
     CallRecord record;
+    record.hasOutValues = hasOutValues;
     record.suite = suite.name;
     record.version = suite.version;
     record.slot = slot.slot;
@@ -59,7 +60,7 @@ void CallScope::Begin(const std::string& arguments)
 
 bool CallScope::MayProceed()
 {
-    const std::optional<A_Err> fault = parts->faults.Strike({suite.name, suite.version, slot.function});
+    const std::optional<FailedCall> fault = parts->faults.Strike({suite.name, suite.version, slot.function});
     if (parts->hookDepth == 0)
     {
         parts->Report(finding::outsideHook, "The call came while the host was running no hook.");
@@ -73,14 +74,14 @@ bool CallScope::MayProceed()
     }
     else if (fault)
     {
-        struck = true;
-        error = *fault;
+        struck = fault;
+        error = fault->error;
         // What the fault has kept the caller from cannot be held against it.
         parts->undo.NoteWrite();
     }
     else if (parts->hookKind == HookKind::death && parts->options.suitesAtDeath == SuitesAtDeath::fail)
         error = errGeneric;
-    return error == errNone;
+    return error == errNone && !struck;
 }
 
 void CallScope::IdleIfDue()
@@ -112,5 +113,11 @@ A_Err SpringPoison()
     if (HostParts* parts = hostForCall("poisoned slot", "poisoned slot"))
         parts->Report(finding::poisonedTable, "A function was called in a table whose acquire had failed.");
     return errNotImplemented;
+}
+
+const void* PoisonTable()
+{
+    static const std::vector<AnyFunction> table(40, reinterpret_cast<AnyFunction>(&SpringPoison));
+    return table.data();
 }
 } // namespace standin

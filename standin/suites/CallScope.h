@@ -2,6 +2,7 @@
 // What happens around every call that comes through a table, in one place: is there a host, is this
 // its thread, does a hook run, is a fault due, does the host idle inside; and the call's line in the trace.
 
+#include <optional>
 #include <string>
 
 #include "standin/core/HostParts.h"
@@ -22,10 +23,12 @@ public:
     HostParts& Parts() { return *parts; }
 
     /// Starts the line of the trace; `arguments` are those between the brackets.
-    void Begin(const std::string& arguments);
+    void Begin(const std::string& arguments, bool hasOutValues = false);
     /// Whether the call may go on. If not, its error is set, and WasStruck tells a fault apart.
     bool MayProceed();
-    bool WasStruck() const { return struck; }
+    bool WasStruck() const { return struck.has_value(); }
+    /// What the fault leaves in the out-values.
+    OutValues OutsOfFault() const { return struck ? struck->outs : OutValues::untouched; }
     /// Lets the host idle inside the call, if it is one in which it does. The call has done its work.
     void IdleIfDue();
 
@@ -38,7 +41,7 @@ private:
     const SlotDescription& slot;
     HostParts* parts = nullptr;
     bool begun = false;
-    bool struck = false;
+    std::optional<FailedCall> struck;
     A_Err error = errNone;
     std::string answers;
 };
@@ -48,4 +51,6 @@ A_Err SpringTrap(SuiteId suite, int slot);
 
 /// What every slot does of a table that a failed acquire left behind.
 A_Err SpringPoison();
+/// Such a table, as long as the longest there is.
+const void* PoisonTable();
 } // namespace standin

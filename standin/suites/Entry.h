@@ -58,11 +58,12 @@ private:
         HostParts& parts = scope.Parts();
         std::string printed;
         (Append(printed, roles.Print(parts)), ...);
-        scope.Begin(printed);
+        scope.Begin(printed, (Roles::isOut || ...));
         if (!scope.MayProceed())
         {
             if (scope.WasStruck() && excuse != nullptr)
                 (void)excuse(parts, roles...);
+            (roles.Spoil(scope.OutsOfFault()), ...);
             return;
         }
         if ((roles.IsMissing() || ...))
