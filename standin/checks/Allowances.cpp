@@ -6,12 +6,15 @@ namespace standin
 {
 namespace
 {
-constexpr const char* repeats = "after a failed read the texts that were read last stand for the rest of the list";
+constexpr const char* repeats =
+    "after a failed read the texts that were read last stand for the rest of the list";
 constexpr const char* off = "an effect that was not read counts as switched off";
 constexpr const char* noAnswer = "an effect that could not be asked answers no group";
 constexpr const char* noPlace = "an effect whose identity is not known is not put in its place";
 constexpr const char* undeleted = "the order of the panel is written without the effect that was not deleted";
 constexpr const char* lost = "a row whose effect was not recognised is made anew, and is not selected";
+constexpr const char* emptied =
+    "a tree that was emptied, or is another layer's, has no selection to bring back";
 constexpr const char* scan = "the search for a place goes on with the effect that was read last";
 } // namespace
 
@@ -36,6 +39,7 @@ const std::vector<Allowance>& Allowances()
         {"AEGP_GetNewParentStreamRef", Fate::switchedOff, off},
         {"AEGP_GetEffectFlags", Fate::switchedOff, off},
         {"AEGP_GetStreamName", Fate::switchedOff, off},
+        {"AEGP_GetEffectFlags", Fate::switchedOffAlone, "flags of zero that come without an error are taken"},
 
         {"AEGP_ConvertLayerToCompTime", Fate::leftGroup, noAnswer},
         {"AEGP_GetLayerNumEffects", Fate::leftGroup, noAnswer},
@@ -48,21 +52,30 @@ const std::vector<Allowance>& Allowances()
         {"AEGP_GetLayerEffectByIndex", Fate::orderMixed, noPlace},
         {"AEGP_GetEffectFlags", Fate::orderMixed, noPlace},
         {"AEGP_EffectCallGeneric", Fate::orderMixed, noPlace},
-        {"AEGP_ReorderEffect", Fate::orderMixed, "a move that fails counts as done, and nothing is moved back"},
+        {"AEGP_ReorderEffect", Fate::orderMixed,
+         "a move that fails counts as done, and nothing is moved back"},
         {"AEGP_StartUndoGroup", Fate::orderMixed, undeleted},
         {"AEGP_DeleteLayerEffect", Fate::orderMixed, undeleted},
+        {"AcquireSuite", Fate::orderMixed, undeleted},
 
         {"AEGP_ConvertLayerToCompTime", Fate::hiddenWrongly, lost},
         {"AEGP_GetLayerNumEffects", Fate::hiddenWrongly, lost},
         {"AEGP_GetLayerEffectByIndex", Fate::hiddenWrongly, lost},
         {"AEGP_GetEffectFlags", Fate::hiddenWrongly, lost},
         {"AEGP_EffectCallGeneric", Fate::hiddenWrongly, lost},
+        {"AEGP_IsShown", Fate::hiddenWrongly, emptied},
+        {"AEGP_GetActiveItem", Fate::hiddenWrongly, emptied},
+        {"AEGP_GetActiveLayer", Fate::hiddenWrongly, emptied},
+        {"AEGP_GetLayerID", Fate::hiddenWrongly, emptied},
         {"AEGP_SetDynamicStreamFlag", Fate::hiddenWrongly, "the flag is cleared before it is set"},
         {"AEGP_SetDynamicStreamFlag", Fate::parameterHidden,
          "the first parameter is hidden and shown to open the effect"},
         {"AEGP_GetLayerNumEffects", Fate::outsiderHidden,
          "an effect that is not in the list that was read counts as one of the others"},
 
+        {"AEGP_ConvertLayerToCompTime", Fate::newElsewhere, noPlace},
+        {"AEGP_EffectCallGeneric", Fate::newElsewhere, noPlace},
+        {"AEGP_GetEffectFlags", Fate::newElsewhere, noPlace},
         {"AEGP_GetLayerNumEffects", Fate::newElsewhere, scan},
         {"AEGP_GetLayerEffectByIndex", Fate::newElsewhere, scan},
         {"AEGP_GetInstalledKeyFromLayerEffect", Fate::newElsewhere, scan},
@@ -78,11 +91,13 @@ const char* TextOf(Fate fate)
     switch (fate)
     {
     case Fate::nameRepeated:
-        return "repeats the name of another effect, or has none";
+        return "repeats the name of one above it, or has none";
     case Fate::nameGarbled:
         return "has a name that came together with an error";
     case Fate::switchedOff:
-        return "is switched off";
+        return "is switched off with all objects below it";
+    case Fate::switchedOffAlone:
+        return "is switched off alone";
     case Fate::leftGroup:
         return "has left its group";
     case Fate::hiddenWrongly:

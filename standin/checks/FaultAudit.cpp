@@ -130,7 +130,7 @@ struct Consequences
 struct Refusal
 {
     const char* struck;
-    OutValues outs;
+    std::optional<OutValues> outs; ///< None for any.
     const char* finding;
     const char* function; ///< Empty for any.
 };
@@ -150,9 +150,7 @@ const Refusal refusals[] = {
     {"AEGP_GetNewParentStreamRef", OutValues::null, finding::nullReference, "AEGP_SetDynamicStreamFlag"},
     {"AEGP_GetInstalledKeyFromLayerEffect", OutValues::null, finding::unknownKey, "AEGP_GetEffectMatchName"},
     {"AEGP_ConvertLayerToCompTime", OutValues::null, finding::timeScale, "AEGP_EffectCallGeneric"},
-    {"AEGP_GetUniqueCommand", OutValues::untouched, finding::unknownCommand, ""},
-    {"AEGP_GetUniqueCommand", OutValues::null, finding::unknownCommand, ""},
-    {"AEGP_GetUniqueCommand", OutValues::garbage, finding::unknownCommand, ""},
+    {"AEGP_GetUniqueCommand", std::nullopt, finding::unknownCommand, ""},
 
     {"AEGP_GetLayerEffectByIndex", OutValues::garbage, finding::foreignReference, "AEGP_DisposeEffect"},
     {"AEGP_GetLayerEffectByIndex", OutValues::garbage, finding::foreignReference, "AEGP_ReorderEffect"},
@@ -168,9 +166,12 @@ const Refusal refusals[] = {
 
     // A full idle queue looks at the pointer and not at the error, and releases what it could not get.
     {utilityForAlerts, OutValues::garbage, finding::poisonedTable, ""},
-    {utilityForAlerts, OutValues::untouched, finding::overReleasedSuite, "ReleaseSuite"},
-    {utilityForAlerts, OutValues::null, finding::overReleasedSuite, "ReleaseSuite"},
-    {utilityForAlerts, OutValues::garbage, finding::overReleasedSuite, "ReleaseSuite"},
+    {utilityForAlerts, std::nullopt, finding::overReleasedSuite, "ReleaseSuite"},
+
+    // The entry point of the idle suite returns the first error.
+    {"AEGP_RegisterIdleHook", std::nullopt, finding::errorLeftHook, ""},
+    {R"(Basic ReleaseSuite("AEGP Register Suite", 6))", std::nullopt, finding::errorLeftHook, ""},
+    {R"(Basic ReleaseSuite("AEGP Utility Suite", 7))", std::nullopt, finding::errorLeftHook, ""},
 };
 
 bool isRefusal(const Finding& finding, const Consequences& is)
@@ -178,7 +179,7 @@ bool isRefusal(const Finding& finding, const Consequences& is)
     return std::any_of(std::begin(refusals), std::end(refusals),
                        [&](const Refusal& row)
                        {
-                           return is.struck.count(row.struck) != 0 && row.outs == is.outs &&
+                           return is.struck.count(row.struck) != 0 && (!row.outs || *row.outs == is.outs) &&
                                   finding.id == row.finding &&
                                   (*row.function == '\0' || finding.function == row.function);
                        });
@@ -199,7 +200,7 @@ bool isKept(const Finding& finding, const Consequences& is)
     // The next group of the pass is opened inside the one that was left.
     if (finding.id == finding::nestedUndoGroup)
         return is.groupLeft;
-    // Where the identities could not be read there is no order to write.
+    // Where the identities could not be read, or the tree was emptied, there is no order to write.
     if (finding.id == finding::emptyUndoGroup)
         return is.readingFailed;
     // The group of the order is ended whatever became of its start.
@@ -239,8 +240,9 @@ void AuditFaultyRun(Trial& trial, const FaultyRun& run, FaultTally& tally)
     of.groupLeft = tally.left > leftBefore;
     of.startRefused = hasFailed(run.calls, {"AEGP_StartUndoGroup"});
     of.readingFailed =
-        hasFailed(run.calls, {"AEGP_ConvertLayerToCompTime", "AEGP_GetLayerNumEffects",
-                              "AEGP_GetLayerEffectByIndex", "AEGP_GetEffectFlags", "AEGP_EffectCallGeneric"});
+        hasFailed(run.calls, {"AEGP_IsShown", "AEGP_GetActiveItem", "AEGP_ConvertLayerToCompTime",
+                              "AEGP_GetLayerNumEffects", "AEGP_GetLayerEffectByIndex", "AEGP_GetEffectFlags",
+                              "AEGP_EffectCallGeneric"});
     for (const Finding& finding : run.findings)
         trial.Require(isKept(finding, of), finding.Text());
     AuditProject(trial, run, tally);

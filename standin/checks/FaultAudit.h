@@ -25,13 +25,13 @@ struct FaultTally
 {
     int runs = 0;
     int struck = 0;
-    int left = 0; ///< Undo groups that stayed open where that is kept.
+    int left = 0;                            ///< Undo groups that stayed open where that is kept.
     std::map<const Allowance*, int> allowed; ///< Which rows of the table the projects have needed.
 };
 
 /// Fails the trial if the run is not as it should be.
 void AuditFaultyRun(Trial& trial, const FaultyRun& run, FaultTally& tally);
-/// The part of it that looks at the project alone, for a later look: what the passes after the fault have made
-/// of it.
+/// The part of it that looks at the project alone, for a later look: what the passes after the fault have
+/// made of it.
 void AuditProject(Trial& trial, const FaultyRun& run, FaultTally& tally);
 } // namespace standin

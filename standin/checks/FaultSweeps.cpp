@@ -194,7 +194,7 @@ void SweepOfRename(Trial& trial)
                              [](PanelScene& scene) {
                                  scene.PressUnseen({"Home", "Down", "Return", "x", "Return"});
                              },
-                             "AEGP_StartUndoGroup", "AEGP_SetStreamName", 1};
+                             "", "AEGP_SetStreamName", 1};
     sweep(trial, change, 4);
 }
 
@@ -204,7 +204,7 @@ void SweepOfDelete(Trial& trial)
                              [](PanelScene& scene) {
                                  scene.PressUnseen({"Home", "Down", "Delete"});
                              },
-                             "AEGP_StartUndoGroup", "AEGP_DeleteLayerEffect", 1};
+                             "", "AEGP_DeleteLayerEffect", 1};
     sweep(trial, change, 3);
 }
 } // namespace standin::checks

@@ -2,8 +2,10 @@
 
 #include "standin/checks/StackOrders.h"
 #include "standin/core/HostParts.h"
+#include "standin/suites/Arguments.h"
 
 #include <algorithm>
+#include <functional>
 #include <set>
 
 namespace standin
@@ -61,7 +63,11 @@ class Judge
 public:
     Judge(const Stack& stackBefore, const Stack& stackWanted, const Stack& stackAfter,
           const std::set<std::string>& failedFunctions, ProjectFates& theFates)
-        : before(stackBefore), wanted(stackWanted), after(stackAfter), failed(failedFunctions), fates(theFates)
+        : before(stackBefore),
+          wanted(stackWanted),
+          after(stackAfter),
+          failed(failedFunctions),
+          fates(theFates)
     {
     }
 
@@ -116,7 +122,8 @@ private:
         const StackOrder found = among(idsOf(after, any), before);
         const bool isOldOrWanted = found == among(old, after) || found == among(idsOf(wanted, any), after);
         if (!isOldOrWanted && !isMixedByRule(found, old))
-            return violate("the order is neither the old one nor the new one, and no step that fails gives it");
+            return violate(
+                "the order is neither the old one nor the new one, and no step that fails gives it");
         if (!isOldOrWanted)
             meet(Fate::orderMixed, "the order is neither the old one nor the new one");
         if (isOldOrWanted)
@@ -164,23 +171,71 @@ private:
 
     void fields(const SeenEffect& effect)
     {
-        const SeenEffect* old = find(before, effect.id);
-        const SeenEffect* target = find(wanted, effect.id);
-        if (old == nullptr || target == nullptr)
-            old = target = old != nullptr ? old : target != nullptr ? target : &effect;
-        const std::string who = "the effect \"" + old->name + "\"";
-        if (effect.name != old->name && effect.name != target->name)
-            meet(isNameOfAnother(effect) ? Fate::nameRepeated : Fate::nameGarbled,
-                 who + " is called \"" + effect.name + "\"");
-        if (effect.group != old->group && effect.group != target->group)
+        const bool isNew = find(before, effect.id) == nullptr;
+        const SeenEffect target = isNew                                ? newOf(effect)
+                                  : find(wanted, effect.id) != nullptr ? *find(wanted, effect.id)
+                                                                       : *find(before, effect.id);
+        const SeenEffect old = isNew ? asApplied(target) : *find(before, effect.id);
+        const std::string who = "the effect \"" + old.name + "\"";
+        if (effect.name != old.name && effect.name != target.name)
+            name(effect, who + " is called \"" + effect.name + "\"");
+        if (effect.group != old.group && effect.group != target.group)
             meetIf(effect.group == 0, Fate::leftGroup, who + " is in group " + std::to_string(effect.group));
-        if (effect.flags != old->flags && effect.flags != target->flags)
-            meetIf(effect.flags == (old->flags & ~effectActive), Fate::switchedOff,
+        if (effect.flags != old.flags && effect.flags != target.flags)
+            meetIf(effect.flags == (old.flags & ~effectActive),
+                   areAllBelowOff(effect) ? Fate::switchedOff : Fate::switchedOffAlone,
                    who + " has the flags " + std::to_string(effect.flags));
-        if (effect.hidden != old->hidden && effect.hidden != target->hidden)
+        if (effect.hidden != old.hidden && effect.hidden != target.hidden)
             meet(effect.ofFamily ? Fate::hiddenWrongly : Fate::outsiderHidden,
                  who + (effect.hidden ? " is hidden" : " is shown"));
-        parameters(effect, *old, *target, who);
+        parameters(effect, old, target, who);
+    }
+
+    /// The new effect that was wanted in its place. The ids of new effects go by the order of their coming.
+    SeenEffect newOf(const SeenEffect& effect) const
+    {
+        for (const SeenEffect& each : wanted)
+            if (each.key == effect.key && find(before, each.id) == nullptr)
+                return each;
+        return effect;
+    }
+
+    static SeenEffect asApplied(SeenEffect effect)
+    {
+        effect.hidden = false;
+        effect.hiddenParameters.assign(effect.hiddenParameters.size(), false);
+        return effect;
+    }
+
+    void name(const SeenEffect& effect, const std::string& what)
+    {
+        if (effect.name == garbageText)
+            return meet(Fate::nameGarbled, what);
+        meetIf(effect.name.empty() || isNameOfOneAbove(effect), Fate::nameRepeated, what);
+    }
+
+    /// Above it in the order in which it was read, which was the old one or is the present one.
+    bool isNameOfOneAbove(const SeenEffect& effect) const
+    {
+        const auto bearsIt = [&](int id)
+        {
+            const SeenEffect* other = find(after, id);
+            return other != nullptr && other->name == effect.name;
+        };
+        for (const StackOrder& order : {idsOf(before, any), idsOf(after, any)})
+            if (std::any_of(order.begin(), std::find(order.begin(), order.end(), effect.id), bearsIt) &&
+                std::find(order.begin(), order.end(), effect.id) != order.end())
+                return true;
+        return false;
+    }
+
+    bool areAllBelowOff(const SeenEffect& effect) const
+    {
+        const auto at = std::find_if(after.begin(), after.end(),
+                                     [&](const SeenEffect& each) { return each.id == effect.id; });
+        return std::all_of(at, after.end(),
+                           [](const SeenEffect& each)
+                           { return !each.ofFamily || (each.flags & effectActive) == 0; });
     }
 
     void parameters(const SeenEffect& effect, const SeenEffect& old, const SeenEffect& target,
@@ -196,14 +251,6 @@ private:
     void meetIf(bool isThisFate, Fate fate, const std::string& what)
     {
         isThisFate ? meet(fate, what) : violate(what);
-    }
-
-    bool isNameOfAnother(const SeenEffect& effect) const
-    {
-        const auto bears = [&](const SeenEffect& other)
-        { return other.id != effect.id && other.name == effect.name; };
-        return effect.name.empty() || std::any_of(before.begin(), before.end(), bears) ||
-               std::any_of(wanted.begin(), wanted.end(), bears);
     }
 
     const Stack& before;

@@ -1,6 +1,6 @@
 #pragma once
-// What a fault may have made of the project. Each thing is as it was or as the change was to leave it, and what
-// the rules of the operations let happen beyond that stands in one table, for the call that failed.
+// What a fault may have made of the project. Each thing is as it was or as the change was to leave it, and
+// what the rules of the operations let happen beyond that stands in one table, for the call that failed.
 
 #include "standin/core/Host.h"
 
@@ -42,15 +42,16 @@ struct ComparedProject
 /// Something that is neither as it was nor as it was to become.
 enum class Fate
 {
-    nameRepeated,    ///< It has the name of another effect of the layer, or none.
-    nameGarbled,     ///< It has a name that the host gave together with the error.
-    switchedOff,
+    nameRepeated, ///< It has the name of an effect above it, or none.
+    nameGarbled,  ///< It has a name that the host gave together with the error.
+    switchedOff,  ///< With every object below it.
+    switchedOffAlone,
     leftGroup,
-    hiddenWrongly,   ///< Hidden or shown: an effect of the family.
+    hiddenWrongly, ///< Hidden or shown: an effect of the family.
     parameterHidden,
-    outsiderHidden,  ///< Hidden or shown: an effect from outside.
-    orderMixed,      ///< An order that the steps of the change give when one of them goes wrong.
-    newElsewhere     ///< An effect that was added stands at another place.
+    outsiderHidden, ///< Hidden or shown: an effect from outside.
+    orderMixed,     ///< An order that the steps of the change give when one of them goes wrong.
+    newElsewhere    ///< An effect that was added stands at another place.
 };
 
 /// A row of the table: where this function fails, this may come of it.

@@ -57,6 +57,12 @@ StackOrder reorder(StackOrder stack, const StackOrder& wanted, const Struck& unr
     return stack;
 }
 
+/// Those of `ids`, in this order.
+StackOrder sortedAs(const StackOrder& order, const StackOrder& ids)
+{
+    return without(order, [&](std::size_t i) { return std::count(ids.begin(), ids.end(), order[i]) == 0; });
+}
+
 /// Each place alone, and each with all that follow.
 std::vector<Struck> strokes(std::size_t places)
 {
@@ -72,12 +78,18 @@ std::vector<Struck> strokes(std::size_t places)
 
 std::set<StackOrder> OrdersOfFaultyReorder(const StackOrder& stack, const StackOrder& wanted)
 {
-    std::set<StackOrder> orders = {stack, reorder(stack, wanted, never, never)};
+    std::set<StackOrder> orders = {stack};
+    const auto add = [&](const StackOrder& order)
+    {
+        orders.insert(order);
+        orders.insert(reorder(order, sortedAs(order, wanted), never, never));
+    };
+    add(reorder(stack, wanted, never, never));
     for (const Struck& stroke : strokes(stack.size()))
     {
-        orders.insert(reorder(stack, without(wanted, stroke), never, never));
-        orders.insert(reorder(stack, wanted, stroke, never));
-        orders.insert(reorder(stack, wanted, never, stroke));
+        add(reorder(stack, without(wanted, stroke), never, never));
+        add(reorder(stack, wanted, stroke, never));
+        add(reorder(stack, wanted, never, stroke));
     }
     return orders;
 }

@@ -11,8 +11,10 @@ constexpr auto idle = FaultKind::Happens::idleInside;
 std::vector<FaultKind> makeKinds()
 {
     const std::pair<const char*, FailedCall> hows[] = {
-        {"error", {errGeneric, OutValues::untouched}},      {"other-error", {errAlloc, OutValues::untouched}},
-        {"error-and-null", {errGeneric, OutValues::null}},  {"error-and-garbage", {errGeneric, OutValues::garbage}},
+        {"error", {errGeneric, OutValues::untouched}},
+        {"other-error", {errAlloc, OutValues::untouched}},
+        {"error-and-null", {errGeneric, OutValues::null}},
+        {"error-and-garbage", {errGeneric, OutValues::garbage}},
         {"success-and-null", {errNone, OutValues::null}},
     };
     const std::pair<const char*, FaultLength> lengths[] = {

@@ -184,10 +184,7 @@ struct OutHandle : OutArg<Handle>
     using OutArg<Handle>::OutArg;
     void Give(void* handle) const { *this->value = static_cast<Handle>(handle); }
     std::string Answer(HostParts& parts) const { return PrintHandle(parts, In::kind, *this->value); }
-    void Spoil(OutValues outs) const
-    {
-        this->spoilWith(outs, nullptr, static_cast<Handle>(GarbageHandle()));
-    }
+    void Spoil(OutValues outs) const { this->spoilWith(outs, nullptr, static_cast<Handle>(GarbageHandle())); }
 };
 
 /// A caller's buffer for a name.

@@ -2,20 +2,25 @@
 
 #include "standin/core/HostParts.h"
 
+#include <algorithm>
+
 namespace standin
 {
 namespace
 {
 Trial makeTrial()
 {
-    return Trial("", 1, [](const std::string&) {}, [] {});
+    return Trial(
+        "", 1, [](const std::string&) {}, [] {});
 }
 
-std::vector<std::string> textsOf(const std::vector<CallRecord>& calls)
+/// Of calls or findings.
+template <class Record>
+std::vector<std::string> textsOf(const std::vector<Record>& records)
 {
     std::vector<std::string> texts;
-    for (const CallRecord& call : calls)
-        texts.push_back(call.Text());
+    for (const Record& record : records)
+        texts.push_back(record.Text());
     return texts;
 }
 
@@ -25,8 +30,8 @@ std::vector<std::string> undoableLines(const SeenProject& project)
     std::vector<std::string> lines;
     for (const auto& [layer, stack] : project.layers)
         for (const SeenEffect& effect : stack)
-            lines.push_back(std::to_string(layer) + " " + std::to_string(effect.id) + " " + effect.name + " " +
-                            std::to_string(effect.group) + " " + std::to_string(effect.flags));
+            lines.push_back(std::to_string(layer) + " " + std::to_string(effect.id) + " " + effect.name +
+                            " " + std::to_string(effect.group) + " " + std::to_string(effect.flags));
     return lines;
 }
 
@@ -107,7 +112,19 @@ void requireSame(Trial& trial, const FaultyRun& run, const SoundRun& sound)
 {
     trial.RequireLines(textsOf(run.calls), sound.texts, "the calls");
     trial.RequireLines(allLines(run.project.after), allLines(sound.after), "the project");
-    trial.Require(run.findings.empty(), run.findings.empty() ? "" : run.findings.front().Text());
+    trial.RequireLines(textsOf(run.findings), textsOf(sound.findings), "what the host has found");
+}
+
+/// Takes away what the host finds without a fault too.
+void forgetKept(FaultyRun& run, const SoundRun& sound)
+{
+    for (const Finding& kept : sound.findings)
+    {
+        const auto same = std::find_if(run.findings.begin(), run.findings.end(),
+                                       [&](const Finding& finding) { return finding.Text() == kept.Text(); });
+        if (same != run.findings.end())
+            run.findings.erase(same);
+    }
 }
 
 /// The calls of an idle inside another are more than the sound run makes.
@@ -116,6 +133,7 @@ void judge(Trial& trial, const FaultKind& kind, FaultyRun& run, const SoundRun& 
 {
     if (!wasMet)
         return requireSame(trial, run, sound);
+    forgetKept(run, sound);
     AuditFaultyRun(trial, run, tally);
     if (kind.happens == FaultKind::Happens::idleInside)
         trial.RequireLines(allLines(run.project.after), allLines(sound.after), "the project");
@@ -134,6 +152,7 @@ SoundRun RunSoundly(const SweptScenario& scenario)
         sound.calls = run.calls;
         sound.texts = textsOf(run.calls);
         sound.after = run.project.after;
+        sound.findings = run.findings;
         requireSame(trial, run, sound);
         run.project.wanted = sound.after;
         recover(trial, *work, run, tally);
@@ -151,6 +170,7 @@ FaultVerdict RunWithFault(const SweptScenario& scenario, const FaultKind& kind, 
 {
     Trial trial = makeTrial();
     FaultVerdict verdict;
+    verdict.outcome = "unexplained";
     const FaultTally former = tally;
     const std::unique_ptr<SweptWork> work = scenario.make();
     try

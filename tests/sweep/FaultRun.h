@@ -15,7 +15,8 @@ struct SoundRun
     std::vector<CallRecord> calls;
     std::vector<std::string> texts; ///< Of the calls.
     SeenProject after;
-    std::string violation; ///< Empty if it is fit for a sweep.
+    std::vector<Finding> findings; ///< What is done on purpose and reported all the same.
+    std::string violation;         ///< Empty if it is fit for a sweep.
 };
 
 struct FaultVerdict

@@ -1,11 +1,10 @@
 // Work of the panel: its passes carry a change from one side to the other.
 
-#include "effects/LayerItems.h"
 #include "standin/core/HostParts.h"
 #include "tests/support/PanelBench.h"
 #include "tests/sweep/SweptWork.h"
 
-#include <optional>
+#include <utility>
 
 namespace standin
 {
@@ -14,21 +13,24 @@ namespace
 /// As many as a change needs, and one more, which has nothing to do.
 constexpr int passesOfAChange = 3;
 
-std::string textOf(const std::vector<ObjectItem>& items)
+std::vector<std::string> linesOf(const std::vector<ObjectItem>& items)
 {
-    std::string text;
+    std::vector<std::string> lines;
     for (const ObjectItem& item : items)
-        if (item.uuid != ZERO_UUID_TEXT)
-            text += item.uuid + " " + item.name + " " + std::to_string(item.group) + " " +
-                    std::to_string(item.active) + "\n";
-    return text;
+        lines.push_back(item.uuid + " " + item.name + " " + std::to_string(item.group) + " " +
+                        std::to_string(item.active));
+    return lines;
 }
 
-/// Ends the plug-in, with all it holds.
-void closeBench(PanelBench& bench)
+/// What the tree has to show of the layer, worked out without the product.
+std::vector<std::string> linesOf(Host& host, const Layer& layer)
 {
-    bench.Close();
-    bench.host.CheckSuiteBalance();
+    std::vector<std::string> lines;
+    for (const EffectInstance& effect : layer.effects)
+        if (host.Parts().InstalledOf(effect)->matchName.rfind("QVK VORT", 0) == 0)
+            lines.push_back(TextOf(effect.family.uuid) + " " + host.Parts().NameOf(effect) + " " +
+                            std::to_string(effect.family.group) + " " + std::to_string(effect.flags & 1));
+    return lines;
 }
 
 class PanelWork : public SweptWork
@@ -78,22 +80,20 @@ public:
         trial.RequireNoFindings(bench.host);
     }
 
-    void Close() override { closeBench(bench); }
+    void Close() override
+    {
+        bench.Close();
+        bench.host.CheckSuiteBalance();
+    }
     Host& TheHost() override { return bench.host; }
 
 private:
     void requireAgreement(Trial& trial)
     {
-        std::vector<ObjectItem> items;
-        (void)bench.host.RunInHook(
-            [&] { items = CreateItemsFromLayer(8, bench.on.Basic(), activeLayer(), -1); });
-        trial.RequireEqual(textOf(bench.Tree()->objects), textOf(items), "the tree");
-    }
-
-    AEGP_LayerH activeLayer()
-    {
         const std::vector<int>& layers = bench.host.Parts().selection.layers;
-        return layers.size() == 1 ? bench.on.Layer(layers.front()) : nullptr;
+        trial.RequireEqual<std::size_t>(layers.size(), 1, "the number of selected layers");
+        trial.RequireLines(linesOf(bench.Tree()->objects),
+                           linesOf(bench.host, *bench.host.State().FindLayer(layers.front())), "the tree");
     }
 
     PanelBench bench;
@@ -106,25 +106,34 @@ public:
     void Run(const ArmFaults& arm, std::vector<HookResult>& results) override
     {
         const process::CapturedOutput quiet;
-        bench.emplace(HostOptions{}, arm);
-        results.push_back(bench->loading.result);
-        results.push_back(bench->host.RunIdle());
-        results.push_back(bench->host.UpdateMenus());
+        arm(on.host);
+        const LoadedPlugin loaded = on.host.Load(&PanelEntryPointFunc);
+        plugin = static_cast<Panelator*>(loaded.globalRefcon);
+        results.push_back(loaded.result);
+        results.push_back(on.host.RunIdle());
+        results.push_back(on.host.UpdateMenus());
     }
 
     /// Nothing is tried again.
-    void Recover(Trial& trial) override
-    {
-        trial.Require((bench->plugin == nullptr) == !bench->loading.result.thrown.empty(),
-                      "the controller lives although its entry point was left by an exception, or not");
-        trial.RequireNoFindings(bench->host);
-    }
+    void Recover(Trial& trial) override { trial.RequireNoFindings(on.host); }
 
-    void Close() override { closeBench(*bench); }
-    Host& TheHost() override { return bench->host; }
+    void Close() override
+    {
+        if (plugin != nullptr)
+            (void)on.host.RunInHook(
+                [&]
+                {
+                    (void)Panelator::S_DeathHook(plugin, nullptr);
+                    delete plugin->publishedSuite.panelRef;
+                    delete plugin;
+                });
+        on.host.CheckSuiteBalance();
+    }
+    Host& TheHost() override { return on.host; }
 
 private:
-    std::optional<PanelBench> bench;
+    ProductHost on;
+    Panelator* plugin = nullptr; ///< Null if the entry point was left by an exception.
 };
 } // namespace
 

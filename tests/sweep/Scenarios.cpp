@@ -11,11 +11,11 @@ void nothing(PanelBench&) {}
 
 void editAll(PanelBench& bench)
 {
+    bench.SelectInTree({"A"});
     bench.MoveInTree("C", 0);
     bench.TreeItem("A").active = 0;
-    bench.TreeItem("A").name = "Walls";
     bench.TreeItem("B").group = 2;
-    bench.SelectInTree({"A"});
+    bench.TreeItem("A").name = "Walls";
 }
 
 void showAnotherLayer(PanelBench& bench)
@@ -35,7 +35,8 @@ const std::vector<SweptScenario>& SweptScenarios()
         StartOfTheIdleSuite("idle-start"),
         FullIdleQueue("idle-queue"),
         PanelScenario("quiet", nothing),
-        PanelScenario("first-showing", [](PanelBench& bench) { bench.Show(); }, ShownAtFirst::no),
+        PanelScenario(
+            "first-showing", [](PanelBench& bench) { bench.Show(); }, ShownAtFirst::no),
         PanelScenario("reading", [](PanelBench& bench) { bench.host.User().Rename("B", "Shaker"); }),
         PanelScenario("another-layer", showAnotherLayer),
         PanelScenario("rename", [](PanelBench& bench) { bench.TreeItem("B").name = "Shaker"; }),
@@ -43,8 +44,7 @@ const std::vector<SweptScenario>& SweptScenarios()
         PanelScenario("switch", [](PanelBench& bench) { bench.TreeItem("A").active = 0; }),
         PanelScenario("group", [](PanelBench& bench) { bench.TreeItem("A").group = 3; }),
         PanelScenario("add",
-                      [](PanelBench& bench)
-                      {
+                      [](PanelBench& bench) {
                           bench.Tree()->keysToBeAdded = {bench.on.Key("QVK VORTSRC Solids"),
                                                          bench.on.Key("QVK VORTREN Panes")};
                       }),
@@ -54,7 +54,10 @@ const std::vector<SweptScenario>& SweptScenarios()
                           bench.DeleteInTree("A");
                           bench.DeleteInTree("C");
                       }),
-        PanelScenario("select", [](PanelBench& bench) { bench.SelectInTree({"A", "B"}); }),
+        PanelScenario("select",
+                      [](PanelBench& bench) {
+                          bench.SelectInTree({"A", "B"});
+                      }),
         PanelScenario("hide", [](PanelBench& bench) { bench.SelectInTree({}); }),
         PanelScenario("all-edits", editAll),
         PanelScenario("requests",

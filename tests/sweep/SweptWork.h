@@ -1,5 +1,6 @@
 #pragma once
-// What a sweep of faults does over and over: a piece of work with the product in it, each time on a fresh host.
+// What a sweep of faults does over and over: a piece of work with the product in it, each time on a fresh
+// host.
 
 #include "standin/checks/FaultAudit.h"
 

@@ -2,8 +2,8 @@
 //
 //   fault-sweep [--every K] [--only SCENARIO[/KIND[/N]]]
 //
-// What cannot be explained is named SCENARIO/KIND/N, with the command that does it again. The last line is for
-// scripts.
+// What cannot be explained is named SCENARIO/KIND/N, with the command that does it again. The last line is
+// for scripts.
 
 #include "tests/sweep/FaultRun.h"
 
@@ -50,13 +50,13 @@ public:
             if (choice.kind.empty() || choice.kind == kind.name)
                 sweep(scenario, kind, sound);
         const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
-        std::cout << scenario.name << ": " << sound.calls.size() << " calls, " << figures.faults - faultsBefore
-                  << " faults, " << static_cast<int>(took.count()) << " s" << std::endl;
+        std::cout << scenario.name << ": " << sound.calls.size() << " calls, "
+                  << figures.faults - faultsBefore << " faults, " << static_cast<int>(took.count()) << " s"
+                  << std::endl;
     }
 
     const SweepFigures& Figures() const { return figures; }
 
-    /// The rows that nothing has needed are told in a whole sweep: they allow what does not happen.
     void PrintFigures() const
     {
         for (const auto& [outcome, count] : figures.outcomes)
@@ -65,8 +65,7 @@ public:
         {
             const auto needed = figures.tally.allowed.find(&row);
             const int count = needed == figures.tally.allowed.end() ? 0 : needed->second;
-            std::cout << count << "  " << row.function << " fails: an effect " << TextOf(row.fate) << ", since "
-                      << row.reason << "\n";
+            std::cout << count << "  " << row.function << ": an effect " << TextOf(row.fate) << "\n";
         }
         std::cout << "faults=" << figures.faults << " unexplained=" << figures.unexplained << std::endl;
     }
@@ -97,10 +96,10 @@ private:
     }
 
     /// Whether the fault was met.
-    bool strike(const SweptScenario& scenario, const FaultKind& kind, std::size_t ordinal, const SoundRun& sound)
+    bool strike(const SweptScenario& scenario, const FaultKind& kind, std::size_t ordinal,
+                const SoundRun& sound)
     {
-        const std::string name =
-            std::string(scenario.name) + "/" + kind.name + "/" + std::to_string(ordinal);
+        const std::string name = std::string(scenario.name) + "/" + kind.name + "/" + std::to_string(ordinal);
         const FaultVerdict verdict = RunWithFault(scenario, kind, ordinal, sound, figures.tally);
         if (!verdict.violation.empty())
             complain(name, (ordinal <= sound.texts.size() ? sound.texts[ordinal - 1] + "\n  " : "") +
@@ -117,8 +116,8 @@ private:
     {
         constexpr std::size_t told = 40;
         if (++figures.unexplained <= told)
-            std::cout << "UNEXPLAINED " << name << "\n  " << violation << "\n  again: scripts/sweep --only " << name
-                      << std::endl;
+            std::cout << "UNEXPLAINED " << name << "\n  " << violation << "\n  again: scripts/sweep --only "
+                      << name << std::endl;
     }
 
     SweepChoice choice;
