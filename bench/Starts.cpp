@@ -1,6 +1,6 @@
 #include "bench/Benchmarks.h"
 #include "bench/Measure.h"
-#include "standin/x11/XHostWindow.h"
+#include "standin/user/HostWindow.h"
 
 #include <algorithm>
 #include <chrono>
@@ -64,7 +64,7 @@ std::map<std::string, double> runStart()
 int StartOnce()
 {
     FastHost host;
-    XHostWindow window(20, 20, 400, 500);
+    HostWindow window({{20, 20, 400, 500}, {0, 0, 400, 500}});
     std::map<std::string, double> figures;
     {
         const Silence silence;
@@ -82,7 +82,7 @@ int StartOnce()
                                                                                &refcon);
             });
         const double before = residentBytes();
-        figures["open"] = nanosecondsOf([&] { (void)host.CreatePanel(window.handle()); });
+        figures["open"] = nanosecondsOf([&] { (void)host.CreatePanel(window.FrameHandle()); });
         host.Set(FastHost::Panel::frontmost);
         figures["first-pass"] = nanosecondsOf([&] { host.Idle(); });
         for (int pass = 0; pass < 50; ++pass)

@@ -4,7 +4,7 @@
 #include "bench/Benchmarks.h"
 #include "bench/Measure.h"
 #include "bench/Page.h"
-#include "standin/x11/XHostWindow.h"
+#include "standin/user/HostWindow.h"
 #include "standin/x11/Xvfb.h"
 
 #include <cstdio>
@@ -67,10 +67,10 @@ int measure(int count, char** arguments)
     std::ofstream table("/dev/fd/" + std::to_string(dup(STDOUT_FILENO)));
     {
         const standin::Xvfb server(1000, 800);
-        standin::XHostWindow window(20, 20, 400, 500);
-        standin::XHostWindow bareWindow(440, 20, 400, 500);
-        standin::FastPanel panel(window.handle());
-        run(panel, bareWindow.handle(), table);
+        standin::HostWindow window({{20, 20, 400, 500}, {0, 0, 400, 500}});
+        standin::HostWindow bareWindow({{440, 20, 400, 500}, {0, 0, 400, 500}});
+        standin::FastPanel panel(window.FrameHandle());
+        run(panel, bareWindow.FrameHandle(), table);
     }
     if (!options.page.empty())
         standin::WritePage(options.page, standin::Results());

@@ -3,7 +3,7 @@
 #include "standin/checks/Trial.h"
 #include "standin/process/ExitCodes.h"
 #if STANDIN_HAS_SCREEN
-#include "standin/session/Session.h"
+#include "standin/x11/Xvfb.h"
 #endif
 
 #include <cstdlib>
@@ -41,7 +41,7 @@ int judge(const CheckBook& book, const std::string& id, Trial& trial, std::strin
         return exit_code::failed;
     }
 #if STANDIN_HAS_SCREEN
-    catch (const Session::DisplayMissing& missing)
+    catch (const DisplayMissing& missing)
     {
         found = missing.what();
         return exit_code::noDisplay;

@@ -2,7 +2,6 @@
 
 #include "standin/scenario/Parser.h"
 #include "standin/scenario/Phrase.h"
-#include "standin/session/Typing.h"
 
 #include <sstream>
 #include <thread>
@@ -11,8 +10,6 @@ namespace standin
 {
 namespace
 {
-constexpr auto timeout = std::chrono::seconds(5);
-
 Step stepFrom(const std::string& line)
 {
     std::istringstream text(line);
@@ -24,7 +21,7 @@ PanelScene::PanelScene(Trial& theTrial, const HostOptions& options)
     : Stage(theTrial.File(), DisplayChoice::own), trial(theTrial)
 {
     host().Options() = options;
-    session.bundle.LoadAll(host());
+    session.TheBundle().LoadAll(host());
     composition = host().AddComposition("Comp 1");
     layer = host().AddLayer(composition, "Solid 1");
     host().User().SelectLayers({layer});
@@ -72,7 +69,7 @@ void PanelScene::PressUnseen(const std::vector<std::string>& keys)
     // What the server has taken in has reached the panel's connection a moment later.
     constexpr auto untilArrived = std::chrono::milliseconds(10);
     for (const std::string& key : keys)
-        PressKey(session.user, key);
+        session.PressKey(key);
     std::this_thread::sleep_for(untilArrived);
 }
 
@@ -81,11 +78,10 @@ void PanelScene::Expect(const std::string& line)
     const Step step = stepFrom(line);
     for (const std::string& text : step.arguments.texts)
         AddCandidate(text);
-    std::string found = step.phrase->check(*this, step.arguments);
-    if (!found.empty() && held == IdleHeld::no)
-        (void)session.IdleUntil([&] { return (found = step.phrase->check(*this, step.arguments)).empty(); },
-                                timeout);
-    trial.Require(found.empty(), line + ": " + found);
+    std::string found;
+    const auto holds = [&] { return (found = step.phrase->check(*this, step.arguments)).empty(); };
+    const bool isSo = Await(holds, waits::untilExpected);
+    trial.Require(isSo, line + ": " + found);
 }
 
 void PanelScene::Settle()
@@ -98,7 +94,7 @@ void PanelScene::End()
 {
     session.End();
     trial.RequireNoFindings(host());
-    trial.RequireEqual(session.dock.Errors(), 0, "the number of errors that X told the host of");
+    trial.RequireEqual(session.TakeErrors(), 0, "the number of errors that X told the host of");
 }
 
 std::vector<std::string> PanelScene::RowTexts()
@@ -122,7 +118,7 @@ void PanelScene::RequireAgreement()
     std::vector<std::string> expected;
     for (const PanelRow& row : RowsOfStack())
         expected.push_back(RowText(row));
-    (void)session.IdleUntil([&] { return RowTexts() == expected; }, timeout);
+    (void)session.IdleUntil([&] { return RowTexts() == expected; }, waits::untilExpected);
     trial.RequireLines(RowTexts(), expected, "the rows of the panel");
 }
 } // namespace standin

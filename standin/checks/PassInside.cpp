@@ -78,11 +78,11 @@ private:
         scene.host().Idles().Clear();
         scene.host().User().SelectLayers({scene.layer});
         scene.host().State() = base;
-        scene.host().Parts().undo.Forget();
+        scene.host().Parts().history.Forget();
         (void)Sibling(scene.host()).RefreshPanel();
         for (int i = 0; i < untilQuiet; ++i)
             scene.session.Idle();
-        scene.host().Parts().undo.Forget();
+        scene.host().Parts().history.Forget();
         scene.session.Forget();
     }
 

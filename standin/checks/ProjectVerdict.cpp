@@ -14,14 +14,14 @@ namespace
 {
 using Stack = std::vector<SeenEffect>;
 
-SeenEffect see(const HostParts& parts, const EffectInstance& effect)
+SeenEffect see(const Project& project, const EffectInstance& effect)
 {
     SeenEffect seen;
     seen.id = effect.id;
     seen.key = effect.key;
-    const InstalledEffect* installed = parts.InstalledOf(effect);
+    const InstalledEffect* installed = project.InstalledOf(effect);
     seen.ofFamily = installed != nullptr && installed->matchName.rfind("QVK VORT", 0) == 0;
-    seen.name = parts.NameOf(effect);
+    seen.name = project.NameOf(effect);
     seen.group = effect.family.group;
     seen.flags = effect.flags;
     seen.hidden = effect.groupHidden;
@@ -279,7 +279,7 @@ SeenProject SeeProject(Host& host)
     {
         Stack& stack = seen.layers[layer.id];
         for (const EffectInstance& effect : layer.effects)
-            stack.push_back(see(host.Parts(), effect));
+            stack.push_back(see(host.Parts().project, effect));
         layer.effects.clear();
     }
     return seen;

@@ -24,7 +24,7 @@ const char* textOf(Withheld how)
 }
 
 /// A host forgets the hooks of a plug-in that has failed to load.
-void forget(Scene& scene) { scene.host.Parts().hooks = {}; }
+void forget(Scene& scene) { scene.host.Parts().plugins.hooks = {}; }
 
 void startWithout(Trial& trial, const char* suite, A_long version, int number, Withheld how)
 {
@@ -112,9 +112,9 @@ void CommandHook(Trial& trial)
 {
     Scene scene(trial.File());
     const LoadedPlugin plugin = scene.bundle.LoadPanel(scene.host);
-    trial.RequireEqual<std::size_t>(scene.host.Parts().hooks.command.size(), 1,
+    trial.RequireEqual<std::size_t>(scene.host.Parts().plugins.hooks.command.size(), 1,
                                     "the number of command hooks");
-    const auto& hook = scene.host.Parts().hooks.command.front();
+    const auto& hook = scene.host.Parts().plugins.hooks.command.front();
     const auto run = [&](A_long command, A_Boolean already, A_Boolean handled)
     {
         (void)scene.TakeCalls();

@@ -17,7 +17,6 @@ using Texts = std::vector<std::string>;
 constexpr const char* writingFunctions[] = {"AEGP_ApplyEffect",    "AEGP_ReorderEffect",
                                             "AEGP_SetEffectFlags", "AEGP_DeleteLayerEffect",
                                             "AEGP_SetStreamName",  "AEGP_DuplicateEffect"};
-constexpr auto timeout = std::chrono::seconds(3);
 
 std::string listed(const Texts& texts)
 {
@@ -121,7 +120,7 @@ Texts writesAmong(const Texts& calls)
 
 Walker::Walker(const std::string& bundleFile) : stage(bundleFile, DisplayChoice::own)
 {
-    stage.session.bundle.LoadAll(stage.host());
+    stage.session.TheBundle().LoadAll(stage.host());
     for (const std::string& line : WalkBeginLines())
         carryOut(line);
     layerIds = {stage.LayerId("Solid 1"), stage.LayerId("Solid 2")};
@@ -220,7 +219,7 @@ std::string Walker::compareRows()
         return "";
     const Texts wanted = textsOf(state.model.Rows());
     const auto agree = [&] { return textsOf(stage.Rows()) == wanted; };
-    if (stage.session.IdleUntil(agree, timeout))
+    if (stage.session.IdleUntil(agree, waits::untilRowsFollow))
         return "";
     return difference("the panel's rows", wanted, textsOf(stage.Rows()));
 }

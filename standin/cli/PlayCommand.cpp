@@ -105,7 +105,7 @@ void AddPlayCommand(CLI::App& app, int& exitCode)
     play->add_option("--bundle", options->play.bundleFile, "The bundle that is played with")
         ->capture_default_str();
     play->add_option("--pictures", options->play.pictures,
-                     "The folder for screenshots and for the screen at a failure")
+                     "The folder for pictures, and for the screen at a failure")
         ->capture_default_str();
     play->add_option("--trace", options->play.traceFile,
                      "A file for all host calls, below the lines that began them");

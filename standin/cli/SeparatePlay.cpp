@@ -19,7 +19,7 @@ std::pair<int, std::string> play(const std::vector<Step>& steps, const PlayOptio
         process::Tell("steps", std::to_string(outcome.steps));
         return {outcome.IsWell() ? exit_code::well : exit_code::failed, outcome.failure};
     }
-    catch (const Session::DisplayMissing& error)
+    catch (const DisplayMissing& error)
     {
         return {exit_code::noDisplay, error.what()};
     }

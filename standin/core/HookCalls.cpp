@@ -39,25 +39,25 @@ HookResult catchAll(const std::function<A_Err()>& body)
 
 void reportLeaks(HostParts& parts, int hookDepth)
 {
-    for (const Reference& reference : parts.references.ExpireFrom(hookDepth))
+    for (const Reference& reference : parts.sensors.references.ExpireFrom(hookDepth))
     {
-        ++parts.leakedReferences;
+        ++parts.sensors.leakedReferences;
         const bool isEffect = reference.kind == ReferenceKind::effect;
         const std::string suffix =
             reference.kind == ReferenceKind::parameterStream ? "." + std::to_string(reference.parameter) : "";
         Finding finding;
         finding.id = finding::leakedReference;
         finding.sentence = std::string("The reference to ") + (isEffect ? "effect " : "stream ") +
-                           parts.LabelOf(reference.owner) + suffix +
+                           parts.project.LabelOf(reference.owner) + suffix +
                            " was not disposed of when the hook returned.";
-        for (const CallRecord& record : parts.trace.Records())
+        for (const CallRecord& record : parts.sensors.trace.Records())
         {
             if (record.ordinal != reference.ordinal)
                 continue;
             finding.call = record.Text();
             finding.function = record.function;
         }
-        parts.findings.Add(std::move(finding));
+        parts.sensors.findings.Add(std::move(finding));
     }
 }
 
@@ -68,7 +68,7 @@ void reportThrown(HostParts& parts, const HookResult& result)
     Finding finding;
     finding.id = finding::exceptionLeftHook;
     finding.sentence = "A hook was left by " + result.thrown + ".";
-    parts.findings.Add(std::move(finding));
+    parts.sensors.findings.Add(std::move(finding));
 }
 
 void reportError(HostParts& parts, const HookCall& call, const HookResult& result)
@@ -80,7 +80,7 @@ void reportError(HostParts& parts, const HookCall& call, const HookResult& resul
     finding.sentence = std::string("The ") + call.name + " of plug-in " + std::to_string(call.pluginId) +
                        " returned the error " + std::to_string(result.error) + ".";
     finding.function = call.name;
-    parts.findings.Add(std::move(finding));
+    parts.sensors.findings.Add(std::move(finding));
 }
 
 /// What no slot was filled in gets the host's defaults; what only some were filled in was forgotten.
@@ -97,24 +97,24 @@ void reportPanelFunctions(HostParts& parts, const PanelFunctions& functions)
     finding.sentence =
         "The create panel hook has left " + std::to_string(unset) + " of the panel's three functions unset.";
     finding.function = "CreatePanelHook";
-    parts.findings.Add(std::move(finding));
+    parts.sensors.findings.Add(std::move(finding));
 }
 } // namespace
 
 HookResult RunHook(HostParts& parts, const HookCall& call, const std::function<A_Err()>& body)
 {
-    const HookKind outerKind = std::exchange(parts.hookKind, call.kind);
-    const A_long outerPlugin = std::exchange(parts.runningPlugin, call.pluginId);
-    const int depth = ++parts.hookDepth;
+    const HookKind outerKind = std::exchange(parts.sensors.hookKind, call.kind);
+    const A_long outerPlugin = std::exchange(parts.plugins.runningPlugin, call.pluginId);
+    const int depth = ++parts.sensors.hookDepth;
     HookResult result = catchAll(body);
     reportThrown(parts, result);
     reportError(parts, call, result);
     reportLeaks(parts, depth);
     if (depth == 1)
         EndUndoGroupsOfHook(parts);
-    --parts.hookDepth;
-    parts.runningPlugin = outerPlugin;
-    parts.hookKind = outerKind;
+    --parts.sensors.hookDepth;
+    parts.plugins.runningPlugin = outerPlugin;
+    parts.sensors.hookKind = outerKind;
     return result;
 }
 
@@ -127,7 +127,7 @@ void DestroyContainer(HostParts& parts, Panel& panel)
 {
     if (panel.container == nullptr)
         return;
-    parts.provider->DestroyContainer(panel.container);
+    parts.plugins.provider->DestroyContainer(panel.container);
     panel.container = nullptr;
 }
 
@@ -136,7 +136,7 @@ HookResult ChangePanelState(HostParts& parts, Panel& panel, PanelState state)
     HookResult result;
     if (state != PanelState::absent && panel.container == nullptr)
     {
-        panel.container = parts.provider->MakeContainer(panel.matchName);
+        panel.container = parts.plugins.provider->MakeContainer(panel.matchName);
         panel.handle = reinterpret_cast<PanelH>(&panel);
         panel.functions = {};
         panel.panelRefcon = nullptr;
@@ -144,16 +144,16 @@ HookResult ChangePanelState(HostParts& parts, Panel& panel, PanelState state)
         result = RunHook(parts, {HookKind::ordinary, panel.pluginId, "CreatePanelHook"},
                          [&]
                          {
-                             return panel.hook(parts.hooks.globalRefcons[panel.pluginId], panel.refcon,
-                                               panel.container, panel.handle, &panel.functions,
+                             return panel.hook(parts.plugins.hooks.globalRefcons[panel.pluginId],
+                                               panel.refcon, panel.container, panel.handle, &panel.functions,
                                                &panel.panelRefcon);
                          });
         reportPanelFunctions(parts, panel.functions);
     }
     panel.state = state;
     if (panel.container != nullptr)
-        parts.provider->ShowContainer(panel.container, state == PanelState::frontmost ? Visibility::visible
-                                                                                      : Visibility::hidden);
+        parts.plugins.provider->ShowContainer(
+            panel.container, state == PanelState::frontmost ? Visibility::visible : Visibility::hidden);
     if (state == PanelState::absent && parts.options.closedPanel == ClosedPanel::destroysView)
         DestroyContainer(parts, panel);
     return result;

@@ -28,11 +28,12 @@ Host::Host(HostOptions options)
 {
     if (currentHost != nullptr)
     {
-        currentHost->parts->Report(finding::nestedHost, "A second host was made while this one lives.");
+        currentHost->parts->sensors.Report(finding::nestedHost,
+                                           "A second host was made while this one lives.");
         throw std::logic_error("a stand-in host lives already");
     }
     parts = std::make_unique<HostParts>(*this, options);
-    parts->nextPlugin = PluginId() + 1;
+    parts->plugins.nextId = PluginId() + 1;
     currentHost = this;
 }
 
@@ -50,41 +51,41 @@ HostOptions& Host::Options() { return parts->options; }
 
 int Host::AddComposition(const std::string& name)
 {
-    parts->project.items.push_back({parts->nextItem, ItemKind::composition, name});
-    if (parts->selection.frontComp == 0)
-        parts->selection.frontComp = parts->nextItem;
-    return parts->nextItem++;
+    parts->project.state.items.push_back({parts->project.nextItem, ItemKind::composition, name});
+    if (parts->project.selection.frontComp == 0)
+        parts->project.selection.frontComp = parts->project.nextItem;
+    return parts->project.nextItem++;
 }
 
 int Host::AddFootage(const std::string& name)
 {
-    parts->project.items.push_back({parts->nextItem, ItemKind::footage, name});
-    return parts->nextItem++;
+    parts->project.state.items.push_back({parts->project.nextItem, ItemKind::footage, name});
+    return parts->project.nextItem++;
 }
 
 int Host::AddFolder(const std::string& name)
 {
-    parts->project.items.push_back({parts->nextItem, ItemKind::folder, name});
-    return parts->nextItem++;
+    parts->project.state.items.push_back({parts->project.nextItem, ItemKind::folder, name});
+    return parts->project.nextItem++;
 }
 
 int Host::AddLayer(int compId, const std::string& name)
 {
     Layer layer;
-    layer.id = parts->nextLayer++;
+    layer.id = parts->project.nextLayer++;
     layer.compId = compId;
     layer.name = name;
-    parts->project.layers.push_back(layer);
+    parts->project.state.layers.push_back(layer);
     return layer.id;
 }
 
 A_long Host::Install(InstalledEffect effect)
 {
     if (effect.key == 0)
-        effect.key = parts->nextKey;
-    parts->nextKey = std::max(parts->nextKey, effect.key) + 3;
-    parts->installed.push_back(std::move(effect));
-    return parts->installed.back().key;
+        effect.key = parts->project.nextKey;
+    parts->project.nextKey = std::max(parts->project.nextKey, effect.key) + 3;
+    parts->project.installed.push_back(std::move(effect));
+    return parts->project.installed.back().key;
 }
 
 int Host::AddEffect(int layerId, const std::string& matchName, const std::string& label)
@@ -94,55 +95,58 @@ int Host::AddEffect(int layerId, const std::string& matchName, const std::string
         throw std::logic_error("no effect \"" + matchName + "\" is installed");
     const int effectId = PlaceEffect(*parts, layerId, *entry);
     if (!label.empty())
-        parts->project.FindEffect(effectId)->label = label;
+        parts->project.state.FindEffect(effectId)->label = label;
     return effectId;
 }
 
 // Looking.
 
-ProjectState& Host::State() { return parts->project; }
+ProjectState& Host::State() { return parts->project.state; }
 
-EffectInstance& Host::Effect(const std::string& label) { return existing(parts->project, label); }
+EffectInstance& Host::Effect(const std::string& label) { return existing(parts->project.state, label); }
 
 std::string Host::StackText(int layerId) const
 {
-    const Layer* layer = std::as_const(parts->project).FindLayer(layerId);
+    const Layer* layer = std::as_const(parts->project.state).FindLayer(layerId);
     std::string text;
     for (const EffectInstance& effect : layer != nullptr ? layer->effects : std::vector<EffectInstance>())
         text += (text.empty() ? "" : " ") + effect.label;
     return text;
 }
 
-std::string Host::NameOf(const std::string& label) { return parts->NameOf(Effect(label)); }
+std::string Host::NameOf(const std::string& label) { return parts->project.NameOf(Effect(label)); }
 
-const std::vector<InstalledEffect>& Host::InstalledEffects() const { return parts->installed; }
+const std::vector<InstalledEffect>& Host::InstalledEffects() const { return parts->project.installed; }
 
 const InstalledEffect* Host::FindInstalled(A_long key) const
 {
-    const auto found = std::find_if(parts->installed.begin(), parts->installed.end(),
+    const auto found = std::find_if(parts->project.installed.begin(), parts->project.installed.end(),
                                     [key](const InstalledEffect& effect) { return effect.key == key; });
-    return found == parts->installed.end() ? nullptr : &*found;
+    return found == parts->project.installed.end() ? nullptr : &*found;
 }
 
 const InstalledEffect* Host::FindInstalled(const std::string& matchName) const
 {
     const auto found =
-        std::find_if(parts->installed.begin(), parts->installed.end(),
+        std::find_if(parts->project.installed.begin(), parts->project.installed.end(),
                      [&](const InstalledEffect& effect) { return effect.matchName == matchName; });
-    return found == parts->installed.end() ? nullptr : &*found;
+    return found == parts->project.installed.end() ? nullptr : &*found;
 }
 
-bool Host::IsOpen(const std::string& label) { return parts->twirledOpen[Effect(label).id]; }
+bool Host::IsOpen(const std::string& label) { return parts->project.twirledOpen[Effect(label).id]; }
 
-const ViewEvents& Host::ViewLog() const { return parts->viewLog; }
+const ViewEvents& Host::ViewLog() const { return parts->project.viewLog; }
 
-void Host::ClearViewLog() { parts->viewLog.clear(); }
+void Host::ClearViewLog() { parts->project.viewLog.clear(); }
 
-EffectRuntime& Host::RuntimeOf(int effectId) { return parts->runtimes[effectId]; }
+EffectRuntime& Host::RuntimeOf(int effectId) { return parts->project.runtimes[effectId]; }
 
-void Host::SetIdentitySource(std::function<Identity()> source) { parts->identitySource = std::move(source); }
+void Host::SetIdentitySource(std::function<Identity()> source)
+{
+    parts->project.identitySource = std::move(source);
+}
 
-Identity Host::MakeIdentity() { return parts->identitySource(); }
+Identity Host::MakeIdentity() { return parts->project.identitySource(); }
 
 // Handles.
 
@@ -153,7 +157,7 @@ void* Host::LayerHandle(int layerId)
     Reference reference;
     reference.kind = ReferenceKind::layer;
     reference.owner = layerId;
-    return parts->references.HandOut(reference);
+    return parts->sensors.references.HandOut(reference);
 }
 
 void* Host::ItemHandle(int itemId)
@@ -163,7 +167,7 @@ void* Host::ItemHandle(int itemId)
     Reference reference;
     reference.kind = ReferenceKind::item;
     reference.owner = itemId;
-    return parts->references.HandOut(reference);
+    return parts->sensors.references.HandOut(reference);
 }
 
 void* Host::EffectReference(const std::string& label)
@@ -171,7 +175,7 @@ void* Host::EffectReference(const std::string& label)
     Reference reference;
     reference.kind = ReferenceKind::effect;
     reference.owner = Effect(label).id;
-    reference.layer = parts->project.FindLayerOfEffect(reference.owner)->id;
+    reference.layer = parts->project.state.FindLayerOfEffect(reference.owner)->id;
     return parts->HandOut(reference);
 }
 
@@ -180,7 +184,7 @@ void* Host::StreamReference(const std::string& label, A_long parameter)
     Reference reference;
     reference.kind = parameter == 0 ? ReferenceKind::groupStream : ReferenceKind::parameterStream;
     reference.owner = Effect(label).id;
-    reference.layer = parts->project.FindLayerOfEffect(reference.owner)->id;
+    reference.layer = parts->project.state.FindLayerOfEffect(reference.owner)->id;
     reference.parameter = parameter;
     return parts->HandOut(reference);
 }
@@ -195,59 +199,62 @@ bool Host::Undo() { return parts->user.Undo(); }
 
 bool Host::Redo() { return parts->user.Redo(); }
 
-std::vector<std::string> Host::UndoNames() const { return parts->undo.UndoNames(); }
+std::vector<std::string> Host::UndoNames() const { return parts->history.UndoNames(); }
 
-std::vector<std::string> Host::RedoNames() const { return parts->undo.RedoNames(); }
+std::vector<std::string> Host::RedoNames() const { return parts->history.RedoNames(); }
 
-int Host::OpenUndoGroups() const { return parts->undo.OpenGroups(); }
+int Host::OpenUndoGroups() const { return parts->history.OpenGroups(); }
 
-int Host::UndoGroupsLeftOpen() const { return parts->undoGroupsLeftOpen; }
+int Host::UndoGroupsLeftOpen() const { return parts->history.groupsLeftOpen; }
 
 // Sensors.
 
-CallTrace& Host::Trace() { return parts->trace; }
+CallTrace& Host::Trace() { return parts->sensors.trace; }
 
-std::vector<std::string> Host::CallTexts(SuiteTraffic traffic) const { return parts->trace.Texts(traffic); }
+std::vector<std::string> Host::CallTexts(SuiteTraffic traffic) const
+{
+    return parts->sensors.trace.Texts(traffic);
+}
 
-void Host::ClearTrace() { parts->trace.Clear(); }
+void Host::ClearTrace() { parts->sensors.trace.Clear(); }
 
-FaultPlan& Host::Faults() { return parts->faults; }
+FaultPlan& Host::Faults() { return parts->sensors.faults; }
 
-IdlePlan& Host::Idles() { return parts->idles; }
+IdlePlan& Host::Idles() { return parts->sensors.idles; }
 
-FindingLog& Host::Findings() { return parts->findings; }
+FindingLog& Host::Findings() { return parts->sensors.findings; }
 
-std::vector<Finding> Host::TakeFindings() { return parts->findings.Take(); }
+std::vector<Finding> Host::TakeFindings() { return parts->sensors.findings.Take(); }
 
 void Host::Expect(const std::string& id, const std::string& function, const std::string& reason)
 {
-    parts->findings.Expect(id, function, reason);
+    parts->sensors.findings.Expect(id, function, reason);
 }
 
-std::string Host::FindingsReport() const { return parts->findings.Report(); }
+std::string Host::FindingsReport() const { return parts->sensors.findings.Report(); }
 
 int Host::SuiteCount(const std::string& name, A_long version) const
 {
-    return parts->suiteCounts.Count(name, version);
+    return parts->sensors.suites.Count(name, version);
 }
 
 void Host::CheckSuiteBalance()
 {
-    for (const SuiteCounts::Held& held : parts->suiteCounts.AllHeld())
-        parts->Report(finding::unbalancedSuite, "\"" + held.name + "\" version " +
-                                                    std::to_string(held.version) + " is still held " +
-                                                    std::to_string(held.count) + " times.");
+    for (const SuiteCounts::Held& held : parts->sensors.suites.AllHeld())
+        parts->sensors.Report(finding::unbalancedSuite, "\"" + held.name + "\" version " +
+                                                            std::to_string(held.version) + " is still held " +
+                                                            std::to_string(held.count) + " times.");
 }
 
 void Host::CheckMemoryBalance()
 {
-    for (const auto& [block, note] : parts->blocks.all)
-        parts->findings.Add(
+    for (const auto& [block, note] : parts->plugins.blocks.all)
+        parts->sensors.findings.Add(
             {finding::leakedBlock, "Memory of the host was not given back.", note.call, note.function, ""});
-    parts->blocks.FreeAll();
+    parts->plugins.blocks.FreeAll();
 }
 
-int Host::LiveReferences() const { return parts->references.CountLive(); }
+int Host::LiveReferences() const { return parts->sensors.references.CountLive(); }
 
-int Host::LeakedReferences() const { return parts->leakedReferences; }
+int Host::LeakedReferences() const { return parts->sensors.leakedReferences; }
 } // namespace standin

@@ -26,6 +26,8 @@
 #include "standin/core/HostOptions.h"
 #include "standin/core/MenuBar.h"
 #include "standin/core/PanelDock.h"
+#include "standin/core/Plugins.h"
+#include "standin/core/Project.h"
 #include "standin/core/ProjectState.h"
 #include "standin/core/UserActions.h"
 #include "standin/faults/FaultPlan.h"
@@ -59,16 +61,6 @@ enum class IdleMode
     normal,  ///< One idle pass.
     starved, ///< The user holds a mouse button down: no hook is called.
     burst    ///< HostOptions::burstLength passes.
-};
-
-/// One line of what the user sees happen to the streams: "open B", "close B", "reveal B", "reveal B.1".
-using ViewEvents = std::vector<std::string>;
-
-/// An alert that a plug-in raised, or the host itself.
-struct Alert
-{
-    A_long pluginId = 0; ///< 0 for the host.
-    std::string text;
 };
 
 class Host

@@ -25,7 +25,7 @@ std::ptrdiff_t landingPlace(const HostParts& parts, const Layer& layer)
     case ApplyPlace::start:
         return 0;
     case ApplyPlace::afterSelected:
-        return std::min(end, positionOf(layer, parts.selection.effect) + 1);
+        return std::min(end, positionOf(layer, parts.project.selection.effect) + 1);
     case ApplyPlace::end:
         break;
     }
@@ -35,7 +35,7 @@ std::ptrdiff_t landingPlace(const HostParts& parts, const Layer& layer)
 EffectInstance makeInstance(HostParts& parts, const InstalledEffect& entry)
 {
     EffectInstance effect;
-    effect.id = parts.nextEffect++;
+    effect.id = parts.project.nextEffect++;
     effect.label = "e" + std::to_string(effect.id);
     effect.key = entry.key;
     effect.parameters = FreshParameters(entry);
@@ -51,8 +51,8 @@ void changeEverywhere(HostParts& parts, int effectId, Change change)
         if (EffectInstance* effect = project.FindEffect(effectId))
             change(*effect);
     };
-    changeIn(parts.project);
-    parts.undo.ChangeAllCopies(changeIn);
+    changeIn(parts.project.state);
+    parts.history.ChangeAllCopies(changeIn);
 }
 
 template <class Change>
@@ -73,10 +73,10 @@ bool& hiddenFlag(EffectInstance& effect, A_long parameter)
 
 void logTwirl(HostParts& parts, int effectId, bool open)
 {
-    if (parts.twirledOpen[effectId] == open)
+    if (parts.project.twirledOpen[effectId] == open)
         return;
-    parts.twirledOpen[effectId] = open;
-    parts.viewLog.push_back((open ? "open " : "close ") + parts.LabelOf(effectId));
+    parts.project.twirledOpen[effectId] = open;
+    parts.project.viewLog.push_back((open ? "open " : "close ") + parts.project.LabelOf(effectId));
 }
 
 /// Un-hiding a parameter opens its effect and scrolls to it; un-hiding an effect's own group shows
@@ -88,42 +88,42 @@ void reveal(HostParts& parts, int effectId, A_long parameter)
         twirl == UnhidingTwirl::alwaysOpens || (twirl == UnhidingTwirl::opensByParameter && parameter != 0);
     logTwirl(parts, effectId, opens);
     const std::string suffix = parameter == 0 ? "" : "." + std::to_string(parameter);
-    parts.viewLog.push_back("reveal " + parts.LabelOf(effectId) + suffix);
+    parts.project.viewLog.push_back("reveal " + parts.project.LabelOf(effectId) + suffix);
 }
 
 void restore(HostParts& parts, ProjectState state)
 {
-    parts.project = std::move(state);
-    parts.references.EverythingChanged();
+    parts.project.state = std::move(state);
+    parts.sensors.references.EverythingChanged();
 }
 
 void reportOpenGroup(HostParts& parts, const std::string& when)
 {
-    ++parts.undoGroupsLeftOpen;
+    ++parts.history.groupsLeftOpen;
     Finding finding;
     finding.id = finding::undoGroupLeftOpen;
-    finding.sentence = "The undo group \"" + parts.undo.OpenName() + "\" is still open when " + when + ".";
-    finding.call = parts.undo.OpenCall();
+    finding.sentence = "The undo group \"" + parts.history.OpenName() + "\" is still open when " + when + ".";
+    finding.call = parts.history.OpenCall();
     finding.function = "AEGP_StartUndoGroup";
-    parts.findings.Add(std::move(finding));
+    parts.sensors.findings.Add(std::move(finding));
 }
 
 void closeUndoGroups(HostParts& parts, const std::string& when)
 {
-    if (parts.undo.OpenGroups() == 0)
+    if (parts.history.OpenGroups() == 0)
         return;
-    if (parts.undo.OpenGroups() > parts.excusedUndoLevels && !parts.isOpenGroupReported)
+    if (parts.history.OpenGroups() > parts.history.excusedLevels && !parts.history.isOpenGroupReported)
         reportOpenGroup(parts, when);
-    parts.isOpenGroupReported = false;
-    parts.excusedUndoLevels = 0;
-    parts.undo.CloseAllGroups(parts.project);
+    parts.history.isOpenGroupReported = false;
+    parts.history.excusedLevels = 0;
+    parts.history.CloseAllGroups(parts.project.state);
 }
 
 /// Before an undo. The user is told of a group that has outlived its hook.
 void fixUndoGroups(HostParts& parts, const std::string& when)
 {
-    if (parts.undo.OpenGroups() > 0 && parts.hookDepth == 0)
-        parts.Alarm("undo group mismatch, will attempt to fix");
+    if (parts.history.OpenGroups() > 0 && parts.sensors.hookDepth == 0)
+        parts.plugins.Alarm("undo group mismatch, will attempt to fix");
     closeUndoGroups(parts, when);
 }
 } // namespace
@@ -138,19 +138,19 @@ std::vector<Parameter> FreshParameters(const InstalledEffect& entry)
 
 int PlaceEffect(HostParts& parts, int layerId, const InstalledEffect& entry)
 {
-    Layer* layer = parts.project.FindLayer(layerId);
+    Layer* layer = parts.project.state.FindLayer(layerId);
     if (layer == nullptr)
         throw std::logic_error("there is no layer " + std::to_string(layerId));
     const EffectInstance effect = makeInstance(parts, entry);
     layer->effects.push_back(effect);
-    parts.BehaviourOf(effect).OnApplied({parts.host, effect.id});
+    parts.project.BehaviourOf(effect).OnApplied({parts.host, effect.id});
     return effect.id;
 }
 
 int ApplyEffect(HostParts& parts, int layerId, A_long key)
 {
     const InstalledEffect* entry = parts.host.FindInstalled(key);
-    if (entry == nullptr || parts.project.FindLayer(layerId) == nullptr)
+    if (entry == nullptr || parts.project.state.FindLayer(layerId) == nullptr)
         throw std::logic_error("applying needs an installed effect and a layer");
     const EffectInstance effect = makeInstance(parts, *entry);
     ChangeProject(parts, "Apply Effect",
@@ -158,19 +158,19 @@ int ApplyEffect(HostParts& parts, int layerId, A_long key)
                   {
                       Layer& layer = *project.FindLayer(layerId);
                       layer.effects.insert(layer.effects.begin() + landingPlace(parts, layer), effect);
-                      parts.BehaviourOf(effect).OnApplied({parts.host, effect.id});
+                      parts.project.BehaviourOf(effect).OnApplied({parts.host, effect.id});
                   });
-    parts.undo.NoteApplied(effect.id);
-    parts.references.LayerChanged(layerId);
-    parts.selection.effectControls = layerId;
+    parts.history.NoteApplied(effect.id);
+    parts.sensors.references.LayerChanged(layerId);
+    parts.project.selection.effectControls = layerId;
     return effect.id;
 }
 
 int DuplicateEffect(HostParts& parts, int effectId)
 {
-    const int layerId = parts.project.FindLayerOfEffect(effectId)->id;
-    EffectInstance copy = *parts.project.FindEffect(effectId);
-    copy.id = parts.nextEffect++;
+    const int layerId = parts.project.state.FindLayerOfEffect(effectId)->id;
+    EffectInstance copy = *parts.project.state.FindEffect(effectId);
+    copy.id = parts.project.nextEffect++;
     copy.label = "e" + std::to_string(copy.id);
     ChangeProject(parts, "Duplicate Effect",
                   [&](ProjectState& project)
@@ -178,28 +178,28 @@ int DuplicateEffect(HostParts& parts, int effectId)
                       Layer& layer = *project.FindLayer(layerId);
                       layer.effects.insert(layer.effects.begin() + positionOf(layer, effectId) + 1, copy);
                       if (parts.options.duplicateIdentity == DuplicateIdentity::isFresh)
-                          parts.BehaviourOf(copy).OnApplied({parts.host, copy.id});
+                          parts.project.BehaviourOf(copy).OnApplied({parts.host, copy.id});
                   });
-    parts.references.LayerChanged(layerId);
+    parts.sensors.references.LayerChanged(layerId);
     return copy.id;
 }
 
 void DeleteEffect(HostParts& parts, int effectId)
 {
-    const int layerId = parts.project.FindLayerOfEffect(effectId)->id;
-    (void)parts.LabelOf(effectId);
+    const int layerId = parts.project.state.FindLayerOfEffect(effectId)->id;
+    (void)parts.project.LabelOf(effectId);
     ChangeProject(parts, "Delete Effect",
                   [&](ProjectState& project)
                   {
                       Layer& layer = *project.FindLayer(layerId);
                       layer.effects.erase(layer.effects.begin() + positionOf(layer, effectId));
                   });
-    parts.references.LayerChanged(layerId);
+    parts.sensors.references.LayerChanged(layerId);
 }
 
 void ReorderEffect(HostParts& parts, int effectId, A_long index)
 {
-    const int layerId = parts.project.FindLayerOfEffect(effectId)->id;
+    const int layerId = parts.project.state.FindLayerOfEffect(effectId)->id;
     ChangeProject(parts, "Reorder Effect",
                   [&](ProjectState& project)
                   {
@@ -211,8 +211,8 @@ void ReorderEffect(HostParts& parts, int effectId, A_long index)
                       else
                           std::rotate(to, from, from + 1);
                   });
-    parts.undo.NoteReordered(effectId);
-    parts.references.LayerChanged(layerId);
+    parts.history.NoteReordered(effectId);
+    parts.sensors.references.LayerChanged(layerId);
 }
 
 void RenameEffect(HostParts& parts, int effectId, const std::string& name)
@@ -253,7 +253,7 @@ void SetEffectIdentity(HostParts& parts, int effectId, const Identity& identity)
 void SetStreamHidden(HostParts& parts, int effectId, A_long parameter, Switch hidden, Undoable undoable)
 {
     const bool hide = hidden == Switch::on;
-    const bool wasHidden = hiddenFlag(*parts.project.FindEffect(effectId), parameter);
+    const bool wasHidden = hiddenFlag(*parts.project.state.FindEffect(effectId), parameter);
     if (undoable == Undoable::no)
         changeEverywhere(parts, effectId,
                          [=](EffectInstance& effect) { hiddenFlag(effect, parameter) = hide; });
@@ -261,7 +261,7 @@ void SetStreamHidden(HostParts& parts, int effectId, A_long parameter, Switch hi
         ChangeProject(parts, hide ? "Hide Stream" : "Show Stream",
                       [&](ProjectState& project)
                       { hiddenFlag(*project.FindEffect(effectId), parameter) = hide; });
-    const bool reveals = parts.project.FindEffect(effectId)->revealing == Revealing::isWanted;
+    const bool reveals = parts.project.state.FindEffect(effectId)->revealing == Revealing::isWanted;
     if (wasHidden && !hide && reveals)
         reveal(parts, effectId, parameter);
 }
@@ -269,7 +269,7 @@ void SetStreamHidden(HostParts& parts, int effectId, A_long parameter, Switch hi
 bool UndoStep(HostParts& parts)
 {
     fixUndoGroups(parts, "the user undoes");
-    std::optional<ProjectState> state = parts.undo.Undo();
+    std::optional<ProjectState> state = parts.history.Undo();
     if (state)
         restore(parts, std::move(*state));
     return state.has_value();
@@ -278,7 +278,7 @@ bool UndoStep(HostParts& parts)
 bool RedoStep(HostParts& parts)
 {
     fixUndoGroups(parts, "the user redoes");
-    std::optional<ProjectState> state = parts.undo.Redo();
+    std::optional<ProjectState> state = parts.history.Redo();
     if (state)
         restore(parts, std::move(*state));
     return state.has_value();
@@ -288,10 +288,10 @@ void EndUndoGroupsOfHook(HostParts& parts)
 {
     if (parts.options.groupAtReturn == GroupAtReturn::isClosed)
         return closeUndoGroups(parts, "the hook returns");
-    if (parts.undo.OpenGroups() > parts.excusedUndoLevels && !parts.isOpenGroupReported)
+    if (parts.history.OpenGroups() > parts.history.excusedLevels && !parts.history.isOpenGroupReported)
     {
         reportOpenGroup(parts, "the hook returns");
-        parts.isOpenGroupReported = true;
+        parts.history.isOpenGroupReported = true;
     }
 }
 } // namespace standin

@@ -12,14 +12,14 @@ namespace standin
 template <class Change>
 void ChangeProject(HostParts& parts, const char* stepName, Change change)
 {
-    if (parts.undo.OpenGroups() > 0)
+    if (parts.history.OpenGroups() > 0)
     {
-        change(parts.project);
+        change(parts.project.state);
         return;
     }
-    const ProjectState before = parts.project;
-    change(parts.project);
-    parts.undo.Change(stepName, before, parts.project);
+    const ProjectState before = parts.project.state;
+    change(parts.project.state);
+    parts.history.Change(stepName, before, parts.project.state);
 }
 
 /// The parameters of an effect as it is installed.

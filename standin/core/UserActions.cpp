@@ -53,18 +53,21 @@ void UserActions::SetHidden(const std::string& label, Switch on)
 void UserActions::SetGroup(const std::string& label, std::int16_t group)
 {
     const EffectInstance& effect = host.Effect(label);
-    host.Parts().BehaviourOf(effect).OnGroupChosen({host, effect.id}, group, Undoable::yes);
+    host.Parts().project.BehaviourOf(effect).OnGroupChosen({host, effect.id}, group, Undoable::yes);
 }
 
 bool UserActions::Undo() { return UndoStep(host.Parts()); }
 
 bool UserActions::Redo() { return RedoStep(host.Parts()); }
 
-void UserActions::SelectItems(std::vector<int> itemIds) { host.Parts().selection.items = std::move(itemIds); }
+void UserActions::SelectItems(std::vector<int> itemIds)
+{
+    host.Parts().project.selection.items = std::move(itemIds);
+}
 
 void UserActions::SelectLayers(std::vector<int> layerIds)
 {
-    Selection& selection = host.Parts().selection;
+    Selection& selection = host.Parts().project.selection;
     selection.layers = std::move(layerIds);
     if (selection.layers.size() == 1)
         selection.effectControls = selection.layers.front();
@@ -72,14 +75,14 @@ void UserActions::SelectLayers(std::vector<int> layerIds)
 
 void UserActions::SelectEffect(const std::string& label)
 {
-    host.Parts().selection.effect = host.Effect(label).id;
+    host.Parts().project.selection.effect = host.Effect(label).id;
 }
 
-void UserActions::SelectNoEffect() { host.Parts().selection.effect = 0; }
+void UserActions::SelectNoEffect() { host.Parts().project.selection.effect = 0; }
 
 void UserActions::Activate(ActivePanel panel)
 {
-    Selection& selection = host.Parts().selection;
+    Selection& selection = host.Parts().project.selection;
     if (panel == ActivePanel::ours && selection.panel != ActivePanel::ours)
         selection.panelBefore = selection.panel;
     selection.panel = panel;
@@ -87,16 +90,16 @@ void UserActions::Activate(ActivePanel panel)
 
 void UserActions::ActivateLast()
 {
-    Selection& selection = host.Parts().selection;
+    Selection& selection = host.Parts().project.selection;
     if (selection.panel == ActivePanel::ours)
         selection.panel = selection.panelBefore;
 }
 
-void UserActions::OpenComposition(int itemId) { host.Parts().selection.frontComp = itemId; }
+void UserActions::OpenComposition(int itemId) { host.Parts().project.selection.frontComp = itemId; }
 
-void UserActions::OpenFootage(int itemId) { host.Parts().selection.frontFootage = itemId; }
+void UserActions::OpenFootage(int itemId) { host.Parts().project.selection.frontFootage = itemId; }
 
-void UserActions::OpenLayer(int layerId) { host.Parts().selection.layerTab = layerId; }
+void UserActions::OpenLayer(int layerId) { host.Parts().project.selection.layerTab = layerId; }
 
-void UserActions::ShowEffectControls(int layerId) { host.Parts().selection.effectControls = layerId; }
+void UserActions::ShowEffectControls(int layerId) { host.Parts().project.selection.effectControls = layerId; }
 } // namespace standin

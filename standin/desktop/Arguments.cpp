@@ -30,9 +30,10 @@ void AddArguments(CLI::App& app, DesktopArguments& arguments)
         ->allow_extra_args(false);
     app.add_option("--scale", arguments.scale, "Draw everything so many times as large, from 0.5 to 4")
         ->check(CLI::Validator(scaleError, "NUMBER"));
-    app.add_option(
-        "--tour", arguments.tour,
-        "Play the guided tour on a screen of its own, and leave pictures and the calls in this folder");
+    app.add_option("--play", arguments.scenario,
+                   "Play a scenario on a screen of its own, in the desktop's windows");
+    app.add_option("--pictures", arguments.pictures, "The folder for its pictures and the bundle's calls")
+        ->capture_default_str();
     app.add_option("--record", arguments.record,
                    "Write what you do, in the panel as well, as a scenario that `standin play` plays");
     app.footer(exit_code::Help());

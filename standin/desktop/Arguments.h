@@ -17,7 +17,8 @@ struct DesktopArguments
     std::string bundle;                ///< Empty for the bundle beside the program.
     std::vector<std::string> effects;  ///< Modules whose effects are installed.
     std::string project;               ///< Empty for a new project with one composition and one layer.
-    std::optional<std::string> tour;   ///< The folder that the guided tour leaves its pictures in.
+    std::string scenario;              ///< Played on the desktop, if one is named.
+    std::string pictures = ".";        ///< The folder for its pictures and the bundle's calls.
     std::optional<std::string> record; ///< The scenario that is written.
     double scale = 1;                  ///< How much larger than usual everything is drawn.
 };

@@ -1,11 +1,15 @@
 #include "standin/desktop/DesktopApplication.h"
 
-#include "standin/desktop/Tour.h"
+#include "standin/desktop/DesktopSession.h"
 #include "standin/process/ExitCodes.h"
 #include "standin/project/ProjectFile.h"
+#include "standin/scenario/Player.h"
+#include "standin/scenario/Stage.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 
 namespace standin
 {
@@ -55,7 +59,7 @@ void DesktopApplication::initialise(const juce::String&)
     }
     catch (const std::runtime_error&)
     {
-        return fail(exit_code::noDisplay, "there is no display; --tour plays on a screen of its own");
+        return fail(exit_code::noDisplay, "there is no display; --play has a screen of its own");
     }
     try
     {
@@ -64,6 +68,10 @@ void DesktopApplication::initialise(const juce::String&)
     catch (const RecordingError& error)
     {
         fail(exit_code::noRecording, error.what());
+    }
+    catch (const ScenarioError& error)
+    {
+        fail(isThere(arguments.scenario) ? exit_code::badInput : exit_code::noFile, error.what());
     }
     catch (const ProjectFileError& error)
     {
@@ -79,6 +87,9 @@ void DesktopApplication::initialise(const juce::String&)
 
 void DesktopApplication::open()
 {
+    std::vector<Step> scenario;
+    if (!arguments.scenario.empty())
+        scenario = ReadScenario(arguments.scenario);
     bench = std::make_unique<Workbench>(*containers);
     for (const std::string& effect : arguments.effects)
         bench->InstallEffect(effect);
@@ -96,7 +107,7 @@ void DesktopApplication::open()
     juce::LookAndFeel::setDefaultLookAndFeel(look.get());
     juce::Desktop::getInstance().setGlobalScaleFactor(static_cast<float>(arguments.scale));
     window = std::make_unique<DesktopWindow>(*bench, *containers,
-                                             arguments.tour ? usualBounds.withPosition(0, 0) : usualBounds);
+                                             scenario.empty() ? usualBounds : usualBounds.withPosition(0, 0));
     if (!arguments.project.empty())
         window->View().SetProjectFile(
             juce::File::getCurrentWorkingDirectory().getChildFile(juce::String(arguments.project)));
@@ -107,8 +118,30 @@ void DesktopApplication::open()
     if (recording != nullptr)
         bench->RecordWith(recording.get());
     bench->Collect("Create panel");
-    if (arguments.tour)
-        tour = std::make_unique<Tour>(*bench, *window, *arguments.tour);
+    if (!scenario.empty())
+        play(scenario);
+}
+
+/// Here and not in a message, since playing delivers the messages.
+void DesktopApplication::play(const std::vector<Step>& scenario)
+{
+    int sentence = 0;
+    DesktopSession session(*bench, *window, *containers);
+    Stage stage(session);
+    PlayOptions options;
+    options.pictures = arguments.pictures;
+    options.otherwise = ActsInWindows(session);
+    options.onSay = [&](const std::string& text)
+    { bench->Printed().WriteToTerminal("\n" + std::to_string(++sentence) + ". " + text + "\n"); };
+    std::filesystem::create_directories(options.pictures);
+    session.Settle(); // The windows are painted by then.
+    const Outcome outcome = PlayOn(stage, scenario, options);
+    std::ofstream(options.pictures + "/calls.txt") << bench->Calls().Text();
+    if (!outcome.IsWell())
+        return fail(exit_code::failed, outcome.failure);
+    bench->Printed().WriteToTerminal("\nThat was all. The pictures and the calls of the bundle are in " +
+                                     arguments.pictures + "\n");
+    quit();
 }
 
 void DesktopApplication::beginRecording(const std::string& file)
@@ -116,16 +149,14 @@ void DesktopApplication::beginRecording(const std::string& file)
     try
     {
         recording = std::make_unique<ScenarioRecording>(bench->TheHost(), file);
-        panelRecording = std::make_unique<PanelRecording>(
-            bench->TheHost(), *recording,
-            [this]
-            {
-                PanelRecording::View view;
-                if (const auto area = containers->AreaOnScreen())
-                    view.area = ScreenArea{area->x, area->y, area->width, area->height};
-                view.hasKeyboard = containers->HasFocus();
-                return view;
-            });
+        panelRecording = std::make_unique<PanelRecording>(bench->TheHost(), *recording,
+                                                          [this]
+                                                          {
+                                                              PanelRecording::View view;
+                                                              view.area = containers->AreaOnScreen();
+                                                              view.hasKeyboard = containers->HasFocus();
+                                                              return view;
+                                                          });
     }
     catch (const std::runtime_error& error)
     {
@@ -153,7 +184,6 @@ void DesktopApplication::endRecording()
 
 void DesktopApplication::shutdown()
 {
-    tour.reset();
     endRecording();
     std::string report;
     if (bench != nullptr)

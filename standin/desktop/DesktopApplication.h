@@ -4,11 +4,10 @@
 #include "standin/desktop/Arguments.h"
 #include "standin/desktop/record/PanelRecording.h"
 #include "standin/desktop/views/DesktopWindow.h"
+#include "standin/scenario/Phrase.h"
 
 namespace standin
 {
-class Tour;
-
 class DesktopApplication : public juce::JUCEApplicationBase
 {
 public:
@@ -31,6 +30,7 @@ public:
 
 private:
     void open();
+    void play(const std::vector<Step>& scenario);
     void beginRecording(const std::string& file);
     void endRecording();
     std::string bundleFile() const;
@@ -43,6 +43,5 @@ private:
     std::unique_ptr<DesktopWindow> window;
     std::unique_ptr<ScenarioRecording> recording;
     std::unique_ptr<PanelRecording> panelRecording;
-    std::unique_ptr<Tour> tour;
 };
 } // namespace standin

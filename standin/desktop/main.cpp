@@ -18,11 +18,11 @@ juce::JUCEApplicationBase* makeApplication() { return new standin::DesktopApplic
 int run(const standin::DesktopArguments& arguments)
 {
     std::optional<standin::Xvfb> screen;
-    if (arguments.tour)
+    if (!arguments.scenario.empty())
         screen.emplace(1320, 820);
     else if (const char* const named = std::getenv("DISPLAY"); named == nullptr || *named == '\0')
         // JUCE would take the first display of the machine, which may be anybody's.
-        throw std::runtime_error("there is no display; --tour plays on a screen of its own");
+        throw std::runtime_error("there is no display; --play has a screen of its own");
     standin::DesktopApplication::Use(arguments);
     juce::JUCEApplicationBase::createInstance = &makeApplication;
     const char* const name[] = {"standin-desktop"};

@@ -22,8 +22,8 @@ SuiteWitness::SuiteWitness(Host& owner) : host(owner)
     current = this;
     idleSuite = {idleRef(), &addFunction};
     panelSuite = {panelRef(), &openPanel, &refreshPanel, &panelNotify};
-    host.Parts().published[{"Vortan Idle Suite v1", 1}] = {&idleSuite, host.PluginId()};
-    host.Parts().published[{"Vortan Panel Suite v1", 1}] = {&panelSuite, host.PluginId()};
+    host.Parts().plugins.published[{"Vortan Idle Suite v1", 1}] = {&idleSuite, host.PluginId()};
+    host.Parts().plugins.published[{"Vortan Panel Suite v1", 1}] = {&panelSuite, host.PluginId()};
 }
 
 void SuiteWitness::note(const std::string& call, Arguments arguments)

@@ -52,7 +52,7 @@ int callTable(Host& host, const char* name, Call call)
 template <class Table, class Call>
 int callInHook(Host& host, const char* name, Call call)
 {
-    if (host.Parts().hookDepth > 0)
+    if (host.Parts().sensors.hookDepth > 0)
         return callTable<Table>(host, name, call);
     int result = 0;
     const HookResult hook = host.RunInHook([&] { result = callTable<Table>(host, name, call); });

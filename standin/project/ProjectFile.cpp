@@ -63,13 +63,13 @@ int numberOf(const std::string& label)
 /// New things get ids that nothing in the project bears, and new effects labels that are free.
 void raiseIds(HostParts& parts)
 {
-    for (const Item& item : parts.project.items)
-        parts.nextItem = std::max(parts.nextItem, item.id + 1);
-    for (const Layer& layer : parts.project.layers)
+    for (const Item& item : parts.project.state.items)
+        parts.project.nextItem = std::max(parts.project.nextItem, item.id + 1);
+    for (const Layer& layer : parts.project.state.layers)
     {
-        parts.nextLayer = std::max(parts.nextLayer, layer.id + 1);
+        parts.project.nextLayer = std::max(parts.project.nextLayer, layer.id + 1);
         for (const EffectInstance& effect : layer.effects)
-            parts.nextEffect = std::max({parts.nextEffect, effect.id + 1, numberOf(effect.label) + 1});
+            parts.project.nextEffect = std::max({parts.project.nextEffect, effect.id + 1, numberOf(effect.label) + 1});
     }
 }
 } // namespace
@@ -78,13 +78,13 @@ ProjectFile ProjectOf(Host& host)
 {
     const HostParts& parts = host.Parts();
     ProjectFile project;
-    project.state = parts.project;
-    project.frontComp = parts.project.FindItem(parts.selection.frontComp) ? parts.selection.frontComp : 0;
-    for (const int layer : parts.selection.layers)
-        if (parts.project.FindLayer(layer) != nullptr)
+    project.state = parts.project.state;
+    project.frontComp = parts.project.state.FindItem(parts.project.selection.frontComp) ? parts.project.selection.frontComp : 0;
+    for (const int layer : parts.project.selection.layers)
+        if (parts.project.state.FindLayer(layer) != nullptr)
             project.selectedLayers.push_back(layer);
-    for (const auto& [effect, isOpen] : parts.twirledOpen)
-        if (isOpen && parts.project.FindEffect(effect) != nullptr)
+    for (const auto& [effect, isOpen] : parts.project.twirledOpen)
+        if (isOpen && parts.project.state.FindEffect(effect) != nullptr)
             project.openEffects.push_back(effect);
     return project;
 }
@@ -92,16 +92,16 @@ ProjectFile ProjectOf(Host& host)
 void ReplaceProject(Host& host, const ProjectFile& project)
 {
     HostParts& parts = host.Parts();
-    parts.project = project.state;
-    parts.references.EverythingChanged();
-    parts.undo.Forget();
-    parts.runtimes.clear();
-    parts.twirledOpen.clear();
+    parts.project.state = project.state;
+    parts.sensors.references.EverythingChanged();
+    parts.history.Forget();
+    parts.project.runtimes.clear();
+    parts.project.twirledOpen.clear();
     for (const int effect : project.openEffects)
-        parts.twirledOpen[effect] = true;
+        parts.project.twirledOpen[effect] = true;
     raiseIds(parts);
-    parts.selection = {};
-    parts.selection.frontComp = project.frontComp;
+    parts.project.selection = {};
+    parts.project.selection.frontComp = project.frontComp;
     host.User().SelectLayers(project.selectedLayers);
 }
 

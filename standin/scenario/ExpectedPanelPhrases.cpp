@@ -94,120 +94,74 @@ std::string pixel(Stage& stage, const Arguments& arguments)
 
 std::vector<Phrase> rowPhrases()
 {
-    constexpr auto expectation = Phrase::Kind::expectation;
-    return {{expectation,
-             "expect rows TEXTS",
-             "All rows that are to be seen, with a dash for each level: \"Layer\" \"- Group 1\" \"-- lamp\".",
-             {},
-             [](Stage& s, const Arguments& a) { return compare(a.texts, rowTexts(s.Rows())); }},
-            {expectation,
-             "expect no rows",
-             "The tree is empty.",
-             {},
-             [](Stage& s, const Arguments&) { return compare({}, rowTexts(s.Rows())); }},
-            {expectation,
-             "expect panel and stack agree",
-             "Rows, order, groups and boxes are what the current layer's stack calls for.",
-             {},
-             [](Stage& s, const Arguments&) { return agreement(s); }},
-            {expectation,
-             "expect selected TEXTS",
-             "Exactly these rows are selected.",
-             {},
-             [](Stage& s, const Arguments& a) { return compare(a.texts, selectedTexts(s.Rows())); }},
-            {expectation,
-             "expect nothing selected",
-             "No row is.",
-             {},
-             [](Stage& s, const Arguments&) { return compare({}, selectedTexts(s.Rows())); }},
-            {expectation,
-             "expect box of TEXT is full",
-             "Switched on.",
-             {},
-             [](Stage& s, const Arguments& a) { return box(s, a, Box::full); }},
-            {expectation,
-             "expect box of TEXT is half",
-             "A group of which some are on.",
-             {},
-             [](Stage& s, const Arguments& a) { return box(s, a, Box::half); }},
-            {expectation,
-             "expect box of TEXT is empty",
-             "Switched off.",
-             {},
-             [](Stage& s, const Arguments& a) { return box(s, a, Box::empty); }},
-            {expectation,
-             "expect TEXT is open",
-             "A row whose triangle points down.",
-             {},
-             [](Stage& s, const Arguments& a) { return triangle(s, a, Triangle::open); }},
-            {expectation,
-             "expect TEXT is closed",
-             "A row whose triangle points at it.",
-             {},
-             [](Stage& s, const Arguments& a) { return triangle(s, a, Triangle::closed); }}};
+    return {
+        Expectation(
+            "expect rows TEXTS",
+            "All rows that are to be seen, with a dash for each level: \"Layer\" \"- Group 1\" \"-- lamp\".",
+            [](Stage& s, const Arguments& a) { return compare(a.texts, rowTexts(s.Rows())); }),
+        Expectation("expect no rows", "The tree is empty.",
+                    [](Stage& s, const Arguments&) { return compare({}, rowTexts(s.Rows())); }),
+        Expectation("expect panel and stack agree",
+                    "Rows, order, groups and boxes are what the current layer's stack calls for.",
+                    [](Stage& s, const Arguments&) { return agreement(s); }),
+        Expectation("expect selected TEXTS", "Exactly these rows are selected.",
+                    [](Stage& s, const Arguments& a) { return compare(a.texts, selectedTexts(s.Rows())); }),
+        Expectation("expect nothing selected", "No row is.",
+                    [](Stage& s, const Arguments&) { return compare({}, selectedTexts(s.Rows())); }),
+        Expectation("expect box of TEXT is full", "Switched on.",
+                    [](Stage& s, const Arguments& a) { return box(s, a, Box::full); }),
+        Expectation("expect box of TEXT is half", "A group of which some are on.",
+                    [](Stage& s, const Arguments& a) { return box(s, a, Box::half); }),
+        Expectation("expect box of TEXT is empty", "Switched off.",
+                    [](Stage& s, const Arguments& a) { return box(s, a, Box::empty); }),
+        Expectation("expect TEXT is open", "A row whose triangle points down.",
+                    [](Stage& s, const Arguments& a) { return triangle(s, a, Triangle::open); }),
+        Expectation("expect TEXT is closed", "A row whose triangle points at it.",
+                    [](Stage& s, const Arguments& a) { return triangle(s, a, Triangle::closed); })};
 }
 
 std::vector<Phrase> widgetPhrases()
 {
-    constexpr auto expectation = Phrase::Kind::expectation;
-    return {
-        {expectation,
-         "expect buttons TEXTS",
-         "The panel's buttons from the top.",
-         {},
-         [](Stage& s, const Arguments& a)
-         {
-             Texts texts;
-             for (const PanelButton& button : s.Buttons())
-                 texts.push_back(button.text);
-             return compare(a.texts, texts);
-         }},
-        {expectation,
-         "expect TEXT offers TEXTS",
-         "The entries of a button's menu.",
-         {},
-         [](Stage& s, const Arguments& a)
-         {
-             const Texts found = s.OpenMenu(a.texts[0]);
-             s.CloseMenu();
-             return compare(Texts(a.texts.begin() + 1, a.texts.end()), found);
-         }},
-        {expectation,
-         "expect notification TEXT",
-         "The text that the panel shows over its middle.",
-         {},
-         [](Stage& s, const Arguments& a)
-         {
-             s.AddCandidate(a.texts[0]);
-             const std::optional<std::string> found = s.Notification();
-             return compare(a.texts, found ? Texts{*found} : Texts{});
-         }},
-        {expectation,
-         "expect no notification",
-         "None is shown.",
-         {},
-         [](Stage& s, const Arguments&)
-         {
-             const std::optional<std::string> found = s.Notification();
-             return compare({}, found ? Texts{*found} : Texts{});
-         }},
-        {expectation,
-         "expect the name field",
-         "The field for a new name lies over a row.",
-         {},
-         [](Stage& s, const Arguments&)
-         { return std::string(PanelReader::IsEditorOpen(s.session.PanelPicture()) ? "" : "there is none"); }},
-        {expectation,
-         "expect no name field",
-         "It does not.",
-         {},
-         [](Stage& s, const Arguments&)
-         { return std::string(PanelReader::IsEditorOpen(s.session.PanelPicture()) ? "there is one" : ""); }},
-        {expectation,
-         "expect pixel NUMBER NUMBER is TEXT",
-         "A colour in the panel, as \"rrggbb\".",
-         {},
-         [](Stage& s, const Arguments& a) { return pixel(s, a); }}};
+    return {Expectation("expect buttons TEXTS", "The panel's buttons from the top.",
+                        [](Stage& s, const Arguments& a)
+                        {
+                            Texts texts;
+                            for (const PanelButton& button : s.Buttons())
+                                texts.push_back(button.text);
+                            return compare(a.texts, texts);
+                        }),
+            Expectation("expect TEXT offers TEXTS", "The entries of a button's menu.",
+                        [](Stage& s, const Arguments& a)
+                        {
+                            const Texts found = s.OpenMenu(a.texts[0]);
+                            s.session.CloseMenu();
+                            return compare(Texts(a.texts.begin() + 1, a.texts.end()), found);
+                        }),
+            Expectation("expect notification TEXT", "The text that the panel shows over its middle.",
+                        [](Stage& s, const Arguments& a)
+                        {
+                            s.AddCandidate(a.texts[0]);
+                            const std::optional<std::string> found = s.Notification();
+                            return compare(a.texts, found ? Texts{*found} : Texts{});
+                        }),
+            Expectation("expect no notification", "None is shown.",
+                        [](Stage& s, const Arguments&)
+                        {
+                            const std::optional<std::string> found = s.Notification();
+                            return compare({}, found ? Texts{*found} : Texts{});
+                        }),
+            Expectation("expect the name field", "The field for a new name lies over a row.",
+                        [](Stage& s, const Arguments&) {
+                            return std::string(
+                                PanelReader::IsEditorOpen(s.session.PanelPicture()) ? "" : "there is none");
+                        }),
+            Expectation("expect no name field", "It does not.",
+                        [](Stage& s, const Arguments&) {
+                            return std::string(
+                                PanelReader::IsEditorOpen(s.session.PanelPicture()) ? "there is one" : "");
+                        }),
+            Expectation("expect pixel NUMBER NUMBER is TEXT", "A colour in the panel, as \"rrggbb\".",
+                        [](Stage& s, const Arguments& a) { return pixel(s, a); })};
 }
 } // namespace
 

@@ -5,6 +5,7 @@
 #include "standin/scenario/Statement.h"
 
 #include <functional>
+#include <utility>
 
 namespace standin
 {
@@ -38,6 +39,21 @@ struct Phrase
     Act act;    ///< Of a setting or an action.
     Look check; ///< Of an expectation.
 };
+
+inline Phrase Setting(const char* pattern, const char* help, Act act)
+{
+    return {Phrase::Kind::setting, pattern, help, std::move(act), {}};
+}
+
+inline Phrase Action(const char* pattern, const char* help, Act act)
+{
+    return {Phrase::Kind::action, pattern, help, std::move(act), {}};
+}
+
+inline Phrase Expectation(const char* pattern, const char* help, Look check)
+{
+    return {Phrase::Kind::expectation, pattern, help, {}, std::move(check)};
+}
 
 /// A chapter of the reference.
 struct PhraseBook

@@ -12,11 +12,6 @@ namespace standin
 {
 namespace
 {
-/// How long an expectation may take to come true. On a busy machine little happens in a second, so nobody
-/// gives up before so many looks.
-constexpr auto patience = std::chrono::seconds(5);
-constexpr int leastLooks = 50;
-
 bool loadsByItself(const std::vector<Step>& steps)
 {
     return std::any_of(steps.begin(), steps.end(),
@@ -36,10 +31,10 @@ void requireExpectations(const std::vector<Step>& steps)
 class Play
 {
 public:
-    Play(Stage& theStage, const std::string& traceFile) : stage(theStage)
+    Play(Stage& theStage, const PlayOptions& playOptions) : stage(theStage), options(playOptions)
     {
-        if (!traceFile.empty())
-            trace.open(traceFile, std::ios::app);
+        if (!options.traceFile.empty())
+            trace.open(options.traceFile, std::ios::app);
     }
     ~Play() { writeTrace(); }
     Play(const Play&) = delete;
@@ -53,7 +48,7 @@ public:
         switch (step.phrase->kind)
         {
         case Phrase::Kind::setting:
-            return step.phrase->act(stage, step.arguments);
+            return carryOut(step);
         case Phrase::Kind::action:
             return act(step);
         case Phrase::Kind::expectation:
@@ -62,6 +57,12 @@ public:
     }
 
 private:
+    void carryOut(const Step& step)
+    {
+        const auto other = options.otherwise.find(step.phrase->pattern);
+        (other == options.otherwise.end() ? step.phrase->act : other->second)(stage, step.arguments);
+    }
+
     /// The calls since the last time, below the line that began them.
     void writeTrace()
     {
@@ -80,27 +81,21 @@ private:
             stage.session.Forget();
             traced = step.statement.Place() + step.statement.text;
         }
-        step.phrase->act(stage, step.arguments);
+        carryOut(step);
         if (stage.held == IdleHeld::no)
             stage.session.Settle();
     }
 
     void expect(const Step& step)
     {
-        const auto end = std::chrono::steady_clock::now() + patience;
-        std::string found = step.phrase->check(stage, step.arguments);
-        for (int looks = 1; !found.empty() && stage.held == IdleHeld::no &&
-                            (std::chrono::steady_clock::now() < end || looks < leastLooks);
-             ++looks)
-        {
-            stage.session.IdleFor(std::chrono::milliseconds(20));
-            found = step.phrase->check(stage, step.arguments);
-        }
-        if (!found.empty())
+        std::string found;
+        const auto holds = [&] { return (found = step.phrase->check(stage, step.arguments)).empty(); };
+        if (!stage.Await(holds, waits::untilExpected))
             throw StageError(found);
     }
 
     Stage& stage;
+    const PlayOptions& options;
     std::ofstream trace;
     std::string traced = "before the first action"; ///< The line whose calls come next.
 };
@@ -118,7 +113,7 @@ std::string pictureOfFailure(Stage& stage, const Statement& statement)
         return "";
     const std::string stem = std::filesystem::path(statement.file).stem().string();
     const std::string file = stage.pictures + "/" + stem + "-line-" + std::to_string(statement.line) + ".png";
-    WritePng(stage.session.dock.Picture(stage.session.dock.WholeScreen()), file);
+    WritePng(stage.session.hands.screen(), file);
     return "\n  the screen at that moment: " + file;
 }
 
@@ -128,9 +123,8 @@ std::string whatIsFoundAtTheEnd(Stage& stage, const Statement& last)
     const std::string report = stage.host().FindingsReport();
     if (!report.empty())
         return last.Place() + "the scenario has ended, and this was found:\n" + report;
-    if (stage.session.dock.Errors() != 0)
-        return last.Place() + "the X server has told the host of " +
-               std::to_string(stage.session.dock.Errors()) + " errors";
+    if (const int errors = stage.session.TakeErrors(); errors != 0)
+        return last.Place() + "the X server has told the host of " + std::to_string(errors) + " errors";
     return "";
 }
 
@@ -156,13 +150,19 @@ std::vector<Step> ReadScenario(const std::string& file)
 
 Outcome PlayScenario(const std::vector<Step>& steps, const PlayOptions& options)
 {
-    Outcome outcome;
     Stage stage(options.bundleFile, options.display);
-    stage.pictures = options.pictures;
-    stage.folder = std::filesystem::path(steps.front().statement.file).parent_path().string();
     if (!loadsByItself(steps))
-        stage.session.bundle.LoadAll(stage.host());
-    Play play(stage, options.traceFile);
+        stage.session.TheBundle().LoadAll(stage.host());
+    return PlayOn(stage, steps, options);
+}
+
+Outcome PlayOn(Stage& stage, const std::vector<Step>& steps, const PlayOptions& options)
+{
+    Outcome outcome;
+    stage.pictures = options.pictures;
+    stage.tell = options.onSay;
+    stage.folder = std::filesystem::path(steps.front().statement.file).parent_path().string();
+    Play play(stage, options);
     for (const Step& step : steps)
     {
         options.onStep(step.statement);

@@ -2,7 +2,9 @@
 // Plays a scenario in this process.
 
 #include "standin/scenario/Phrase.h"
-#include "standin/session/Session.h"
+#include "standin/session/WindowSession.h"
+
+#include <map>
 
 namespace standin
 {
@@ -14,6 +16,10 @@ struct PlayOptions
     std::string pictures = "."; ///< The folder for pictures. Empty for no picture of a failure.
     /// Told of each line before it is carried out.
     std::function<void(const Statement&)> onStep = [](const Statement&) {};
+    /// Told of what the scenario says.
+    std::function<void(const std::string&)> onSay = [](const std::string&) {};
+    /// By pattern, what is done in place of a phrase's own act, on a host whose windows a user can work in.
+    std::map<std::string, Act> otherwise;
 };
 
 struct Outcome
@@ -27,6 +33,9 @@ struct Outcome
 /// The statements of a file, ready to be played. Throws ScenarioError, also if there is nothing in it.
 std::vector<Step> ReadScenario(const std::string& file);
 
-/// Throws what the constructor of Session throws. The process can play no second one.
+/// Plays on a host and a bundle that are there already.
+Outcome PlayOn(Stage& stage, const std::vector<Step>& steps, const PlayOptions& options);
+
+/// Throws what the constructor of WindowSession throws. The process can play no second one.
 Outcome PlayScenario(const std::vector<Step>& steps, const PlayOptions& options);
 } // namespace standin

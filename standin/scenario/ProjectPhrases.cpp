@@ -72,7 +72,7 @@ EffectInstance& simulated(Stage& stage, const std::string& name)
 void putIntoGroup(Stage& stage, const std::string& name, int group)
 {
     const EffectInstance& found = effect(stage, name);
-    stage.host().Parts().BehaviourOf(found).OnGroupChosen({stage.host(), found.id},
+    stage.host().Parts().project.BehaviourOf(found).OnGroupChosen({stage.host(), found.id},
                                                           static_cast<std::int16_t>(group), Undoable::no);
 }
 
@@ -88,7 +88,7 @@ void installModule(Stage& stage, const std::string& file)
 void uninstall(Stage& stage, const std::string& name)
 {
     const std::string matchName = stage.Installed(name).matchName;
-    auto& installed = stage.host().Parts().installed;
+    auto& installed = stage.host().Parts().project.installed;
     installed.erase(std::find_if(installed.begin(), installed.end(),
                                  [&](const InstalledEffect& entry) { return entry.matchName == matchName; }));
 }
@@ -106,26 +106,18 @@ void turnSwitch(Stage& stage, const std::string& word)
 
 PhraseBook ProjectPhrases()
 {
-    constexpr auto setting = Phrase::Kind::setting;
     return {
         "The project",
-        {{setting,
-          "composition TEXT",
-          "The project has a composition of this name; layers go into it.",
-          [](Stage& s, const Arguments& a) { s.composition = s.host().AddComposition(a.texts[0]); },
-          {}},
-         {setting,
-          "layer TEXT",
-          "The composition has this layer. It is selected, and effects go onto it.",
-          [](Stage& s, const Arguments& a) { addLayer(s, a.texts[0]); },
-          {}},
-         {setting,
-          "layer TEXT with three objects",
-          "The same, with \"lamp\" and \"route\", which are geometry, and below them \"dots\", a renderer, "
-          "in \"Comp 1\" if "
-          "there is no composition.",
-          [](Stage& s, const Arguments& a) { addLayerWithThreeObjects(s, a.texts[0]); },
-          {}},
+        {Setting("composition TEXT", "The project has a composition of this name; layers go into it.",
+                 [](Stage& s, const Arguments& a) { s.composition = s.host().AddComposition(a.texts[0]); }),
+         Setting("layer TEXT", "The composition has this layer. It is selected, and effects go onto it.",
+                 [](Stage& s, const Arguments& a) { addLayer(s, a.texts[0]); }),
+         Setting("layer TEXT with three objects",
+                 "The same, with \"lamp\" and \"route\", which are geometry, and below them \"dots\", a "
+                 "renderer, "
+                 "in \"Comp 1\" if "
+                 "there is no composition.",
+                 [](Stage& s, const Arguments& a) { addLayerWithThreeObjects(s, a.texts[0]); }),
          {Phrase::Kind::action,
           "open the panel on three objects",
           "The layer \"Solid 1\" with these, and the panel in front.",
@@ -135,96 +127,60 @@ PhraseBook ProjectPhrases()
               (void)s.host().SetPanelState(Session::panelName, PanelState::frontmost);
           },
           {}},
-         {setting,
-          "footage TEXT",
-          "The project has a footage item.",
-          [](Stage& s, const Arguments& a) { (void)s.host().AddFootage(a.texts[0]); },
-          {}},
-         {setting,
-          "effect TEXT",
-          "The layer has one more effect at its end, by its match name or its default name.",
-          [](Stage& s, const Arguments& a) { (void)addEffect(s, a.texts[0]); },
-          {}},
-         {setting,
-          "effect TEXT named TEXT",
-          "The same, under a name that the user gave it.",
-          [](Stage& s, const Arguments& a) { addNamed(s, a.texts[0], a.texts[1]); },
-          {}},
-         {setting,
-          "TEXT is in group NUMBER",
-          "The effect has been in this group all along.",
-          [](Stage& s, const Arguments& a) { putIntoGroup(s, a.texts[0], a.numbers[0]); },
-          {}},
-         {setting,
-          "TEXT is off",
-          "The effect has been off all along.",
-          [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).flags &= ~effectActive; },
-          {}},
-         {setting,
-          "TEXT is rigid",
-          "The effect takes part in no group: it answers -1 whatever it is told.",
-          [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).family.rigidity = Rigidity::rigid; },
-          {}},
-         {setting,
-          "TEXT asks for no reveal",
-          "Un-hiding the effect neither opens it nor scrolls to it.",
-          [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).revealing = Revealing::isNotWanted; },
-          {}},
-         {setting,
-          "TEXT has the identity of TEXT",
-          "Two effects bear the same identity.",
-          [](Stage& s, const Arguments& a)
-          {
-              const Identity identity = effect(s, a.texts[1]).family.uuid;
-              simulated(s, a.texts[0]).behaviour = RepeatsIdentity(identity);
-          },
-          {}},
-         {setting,
-          "TEXT answers after NUMBER messages",
-          "The effect leaves its first messages unanswered.",
-          [](Stage& s, const Arguments& a)
-          { simulated(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); },
-          {}},
-         {setting,
-          "TEXT answers nothing",
-          "The effect gives an error to each message.",
-          [](Stage& s, const Arguments& a) { simulated(s, a.texts[0]).behaviour = FailsWith(errGeneric); },
-          {}},
-         {setting,
-          "TEXT always answers group NUMBER",
-          "Whatever it is told.",
-          [](Stage& s, const Arguments& a)
-          { simulated(s, a.texts[0]).behaviour = AnswersGroup(static_cast<std::int16_t>(a.numbers[0])); },
-          {}},
-         {setting,
-          "install TEXT as TEXT",
-          "One more effect of the family is installed: match name, default name.",
-          [](Stage& s, const Arguments& a)
-          {
-              InstalledEffect more = s.Installed("QVK VORTKIT");
-              more.key = 0;
-              more.matchName = a.texts[0];
-              more.defaultName = a.texts[1];
-              (void)s.host().Install(more);
-              s.AddCandidate(a.texts[1]);
-          },
-          {}},
-         {setting,
-          "install the effect in TEXT",
-          "The effect in this module is installed, in place of the one of its match name. The file is looked "
-          "for "
-          "from the scenario's folder.",
-          [](Stage& s, const Arguments& a) { installModule(s, a.texts[0]); },
-          {}},
-         {setting,
-          "TEXT is not installed",
-          "The user has not installed this effect.",
-          [](Stage& s, const Arguments& a) { uninstall(s, a.texts[0]); },
-          {}},
-         {setting,
-          "switch WORD",
-          "The host behaves in its other way. An unknown switch gives the list of all.",
-          [](Stage& s, const Arguments& a) { turnSwitch(s, a.texts[0]); },
-          {}}}};
+         Setting("footage TEXT", "The project has a footage item.",
+                 [](Stage& s, const Arguments& a) { (void)s.host().AddFootage(a.texts[0]); }),
+         Setting("effect TEXT",
+                 "The layer has one more effect at its end, by its match name or its default name.",
+                 [](Stage& s, const Arguments& a) { (void)addEffect(s, a.texts[0]); }),
+         Setting("effect TEXT named TEXT", "The same, under a name that the user gave it.",
+                 [](Stage& s, const Arguments& a) { addNamed(s, a.texts[0], a.texts[1]); }),
+         Setting("TEXT is in group NUMBER", "The effect has been in this group all along.",
+                 [](Stage& s, const Arguments& a) { putIntoGroup(s, a.texts[0], a.numbers[0]); }),
+         Setting("TEXT is off", "The effect has been off all along.",
+                 [](Stage& s, const Arguments& a) { effect(s, a.texts[0]).flags &= ~effectActive; }),
+         Setting("TEXT is rigid", "The effect takes part in no group: it answers -1 whatever it is told.",
+                 [](Stage& s, const Arguments& a)
+                 { simulated(s, a.texts[0]).family.rigidity = Rigidity::rigid; }),
+         Setting("TEXT asks for no reveal", "Un-hiding the effect neither opens it nor scrolls to it.",
+                 [](Stage& s, const Arguments& a)
+                 { effect(s, a.texts[0]).revealing = Revealing::isNotWanted; }),
+         Setting("TEXT has the identity of TEXT", "Two effects bear the same identity.",
+                 [](Stage& s, const Arguments& a)
+                 {
+                     const Identity identity = effect(s, a.texts[1]).family.uuid;
+                     simulated(s, a.texts[0]).behaviour = RepeatsIdentity(identity);
+                 }),
+         Setting("TEXT answers after NUMBER messages", "The effect leaves its first messages unanswered.",
+                 [](Stage& s, const Arguments& a)
+                 { simulated(s, a.texts[0]).behaviour = AnswersLate(a.numbers[0]); }),
+         Setting("TEXT answers nothing", "The effect gives an error to each message.",
+                 [](Stage& s, const Arguments& a)
+                 { simulated(s, a.texts[0]).behaviour = FailsWith(errGeneric); }),
+         Setting("TEXT always answers group NUMBER", "Whatever it is told.",
+                 [](Stage& s, const Arguments& a) {
+                     simulated(s, a.texts[0]).behaviour =
+                         AnswersGroup(static_cast<std::int16_t>(a.numbers[0]));
+                 }),
+         Setting("install TEXT as TEXT",
+                 "One more effect of the family is installed: match name, default name.",
+                 [](Stage& s, const Arguments& a)
+                 {
+                     InstalledEffect more = s.Installed("QVK VORTKIT");
+                     more.key = 0;
+                     more.matchName = a.texts[0];
+                     more.defaultName = a.texts[1];
+                     (void)s.host().Install(more);
+                     s.AddCandidate(a.texts[1]);
+                 }),
+         Setting("install the effect in TEXT",
+                 "The effect in this module is installed, in place of the one of its match name. The file is "
+                 "looked "
+                 "for "
+                 "from the scenario's folder.",
+                 [](Stage& s, const Arguments& a) { installModule(s, a.texts[0]); }),
+         Setting("TEXT is not installed", "The user has not installed this effect.",
+                 [](Stage& s, const Arguments& a) { uninstall(s, a.texts[0]); }),
+         Setting("switch WORD", "The host behaves in its other way. An unknown switch gives the list of all.",
+                 [](Stage& s, const Arguments& a) { turnSwitch(s, a.texts[0]); })}};
 }
 } // namespace standin

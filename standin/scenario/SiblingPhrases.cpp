@@ -24,36 +24,20 @@ void queue(Stage& stage, int count)
 
 PhraseBook SiblingPhrases()
 {
-    constexpr auto action = Phrase::Kind::action;
     return {"The siblings",
-            {{action,
-              "a sibling opens the panel",
-              "It asks for the panel unless it is up already.",
-              [](Stage& s, const Arguments&) { (void)Sibling(s.host()).OpenPanel(Force::ifNotUp); },
-              {}},
-             {action,
-              "a sibling opens the panel by force",
-              "It asks in any case.",
-              [](Stage& s, const Arguments&) { (void)Sibling(s.host()).OpenPanel(Force::always); },
-              {}},
-             {action,
-              "a sibling refreshes the panel",
-              "It asks for a rebuild of the rows.",
-              [](Stage& s, const Arguments&) { (void)Sibling(s.host()).RefreshPanel(); },
-              {}},
-             {action,
-              "a sibling notifies TEXT",
-              "It has the panel show a text for ten seconds.",
-              [](Stage& s, const Arguments& a)
-              {
-                  s.AddCandidate(a.texts[0]);
-                  (void)Sibling(s.host()).NotifyPanel(a.texts[0].c_str());
-              },
-              {}},
-             {action,
-              "a sibling queues NUMBER functions",
-              "Each is to be run once at the next idle.",
-              [](Stage& s, const Arguments& a) { queue(s, a.numbers[0]); },
-              {}}}};
+            {Action("a sibling opens the panel", "It asks for the panel unless it is up already.",
+                    [](Stage& s, const Arguments&) { (void)Sibling(s.host()).OpenPanel(Force::ifNotUp); }),
+             Action("a sibling opens the panel by force", "It asks in any case.",
+                    [](Stage& s, const Arguments&) { (void)Sibling(s.host()).OpenPanel(Force::always); }),
+             Action("a sibling refreshes the panel", "It asks for a rebuild of the rows.",
+                    [](Stage& s, const Arguments&) { (void)Sibling(s.host()).RefreshPanel(); }),
+             Action("a sibling notifies TEXT", "It has the panel show a text for ten seconds.",
+                    [](Stage& s, const Arguments& a)
+                    {
+                        s.AddCandidate(a.texts[0]);
+                        (void)Sibling(s.host()).NotifyPanel(a.texts[0].c_str());
+                    }),
+             Action("a sibling queues NUMBER functions", "Each is to be run once at the next idle.",
+                    [](Stage& s, const Arguments& a) { queue(s, a.numbers[0]); })}};
 }
 } // namespace standin

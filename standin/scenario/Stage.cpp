@@ -2,7 +2,6 @@
 
 #include "standin/scenario/Parser.h"
 #include "standin/screen/DisplayNames.h"
-#include "standin/session/Typing.h"
 
 #include <algorithm>
 #include <cctype>
@@ -86,7 +85,15 @@ std::string QuotedList(const std::vector<std::string>& texts)
     return list.empty() ? "nothing" : list;
 }
 
-Stage::Stage(const std::string& bundleFile, DisplayChoice display) : session(bundleFile, display)
+Stage::Stage(const std::string& bundleFile, DisplayChoice display)
+    : own(std::make_unique<WindowSession>(bundleFile, display)), session(*own)
+{
+    addUsualTexts();
+}
+
+Stage::Stage(Session& on) : session(on) { addUsualTexts(); }
+
+void Stage::addUsualTexts()
 {
     AddCandidate("Layer");
     AddCandidate(""); // An empty name is drawn as it is.
@@ -200,7 +207,7 @@ PanelRow Stage::Row(const std::string& name)
         }
         return found.has_value();
     };
-    if (held == IdleHeld::yes ? !look() : !session.IdleUntil(look))
+    if (!Await(look))
         throw StageError("no row " + Quoted(name) + " is to be seen; the rows are " + QuotedList(seen));
     return *found;
 }
@@ -220,25 +227,21 @@ PanelButton Stage::Button(const std::string& name)
         }
         return found.has_value();
     };
-    if (held == IdleHeld::yes ? !look() : !session.IdleUntil(look))
+    if (!Await(look))
         throw StageError("no button " + Quoted(name) + " is to be seen; the buttons are " + QuotedList(seen));
     return *found;
 }
 
+Place Stage::MiddleOf(const PanelButton& button) const
+{
+    return session.OnScreen(
+        Area{button.x, button.y, PanelReader::buttonWidth, PanelReader::buttonHeight}.Middle());
+}
+
 std::vector<std::string> Stage::OpenMenu(const std::string& button)
 {
-    // The menu takes no choice in its first quarter of a second, nor does it stay without the pointer's
-    // having come to rest.
-    constexpr auto untilItListens = std::chrono::milliseconds(400);
-    const PanelButton place = Button(button);
-    session.Click({place.x + PanelReader::buttonWidth / 2, place.y + PanelReader::buttonHeight / 2});
-    if (!session.IdleUntil([this] { return !session.dock.PopUps().empty(); }, std::chrono::seconds(5)))
-        throw StageError("no menu has opened");
-    session.IdleFor(untilItListens);
-    const std::vector<PopUp> menus = session.dock.PopUps();
-    if (menus.empty())
-        throw StageError("the menu has closed by itself");
-    return reader.MenuEntries(session.dock.Picture(menus.back().area), candidates());
+    menu = session.OpenMenu(MiddleOf(Button(button)));
+    return reader.MenuEntries(session.hands.picture(menu), candidates());
 }
 
 void Stage::ChooseFromMenu(const std::string& button, const std::string& entry)
@@ -247,24 +250,11 @@ void Stage::ChooseFromMenu(const std::string& button, const std::string& entry)
     const auto found = std::find(entries.begin(), entries.end(), entry);
     if (found == entries.end())
     {
-        CloseMenu();
+        session.CloseMenu();
         throw StageError("the menu offers " + QuotedList(entries));
     }
-    const Area area = session.dock.PopUps().back().area;
     const auto index = static_cast<std::size_t>(found - entries.begin());
-    session.user.move(area.x + area.width / 2, area.y + PanelReader::MenuEntryMiddle(index));
-    session.Idle();
-    session.user.press();
-    session.user.release();
-    if (!session.IdleUntil([this] { return session.dock.PopUps().empty(); }))
-        throw StageError("the menu does not close");
-}
-
-void Stage::CloseMenu()
-{
-    PressKey(session.user, "Escape");
-    if (!session.IdleUntil([this] { return session.dock.PopUps().empty(); }))
-        throw StageError("the menu does not close");
+    session.ClickEntry({menu.Middle().x, menu.y + PanelReader::MenuEntryMiddle(index)});
 }
 
 std::vector<PanelRow> Stage::RowsOfStack()

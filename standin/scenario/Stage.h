@@ -3,7 +3,7 @@
 
 #include "standin/family/Sibling.h"
 #include "standin/screen/PanelReader.h"
-#include "standin/session/Session.h"
+#include "standin/session/WindowSession.h"
 
 #include <set>
 
@@ -26,16 +26,25 @@ enum class IdleHeld
 class Stage
 {
 public:
+    /// On a plain host of its own.
     Stage(const std::string& bundleFile, DisplayChoice display);
+    explicit Stage(Session& on);
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
 
-    Session session;
+private:
+    std::unique_ptr<Session> own;
+
+public:
+    Session& session;
     IdleHeld held = IdleHeld::no;
     int composition = 0;
     int layer = 0;
     int queuedRuns = 0; ///< How often functions of the idle queue have run.
     std::string pictures = ".";
     std::string folder; ///< Where the scenario's file lies; empty for the working directory.
-    Place pressed{};    ///< Where the button went down that is held.
+    Place pressed{};    ///< Where the button went down that is held, on the screen.
+    std::function<void(const std::string&)> tell; ///< Takes what a scenario says.
 
     Host& host() { return session.host; }
 
@@ -48,6 +57,12 @@ public:
     PanelRow Row(const std::string& name);
     PanelButton Button(const std::string& name);
 
+    /// Whether the condition holds, or comes to hold while the host idles, unless that is held.
+    bool Await(const std::function<bool()>& condition, std::chrono::milliseconds limit = waits::untilSeen)
+    {
+        return held == IdleHeld::yes ? condition() : session.IdleUntil(condition, limit);
+    }
+
     // What is on the screen.
     std::vector<PanelRow> Rows();
     std::optional<std::string> Notification();
@@ -55,7 +70,8 @@ public:
     /// Opens the menu of a button and reads its entries.
     std::vector<std::string> OpenMenu(const std::string& button);
     void ChooseFromMenu(const std::string& button, const std::string& entry);
-    void CloseMenu();
+    /// Where a button is clicked, on the screen.
+    Place MiddleOf(const PanelButton& button) const;
 
     /// From now on, rows and the like may show this text.
     void AddCandidate(const std::string& text);
@@ -65,10 +81,12 @@ public:
 
 private:
     std::vector<std::string> candidates();
+    void addUsualTexts();
     void addNamesOfProject();
     const Layer& currentLayer();
 
     PanelReader reader;
+    Area menu; ///< The one that was opened last.
     std::set<std::string> texts;
 };
 

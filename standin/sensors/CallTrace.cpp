@@ -47,4 +47,13 @@ std::vector<std::string> CallTrace::Texts(SuiteTraffic traffic) const
     }
     return texts;
 }
+
+bool DoesWork(const std::string& call)
+{
+    constexpr const char* working[] = {"AEGP_GetLayerParentComp", "AEGP_StartUndoGroup", "AEGP_ApplyEffect",
+                                       "AEGP_SetEffectFlags",     "AEGP_ReorderEffect",  "AEGP_DoCommand",
+                                       "AEGP_SetStreamName"};
+    return std::any_of(std::begin(working), std::end(working),
+                       [&](const char* name) { return call.find(name) != std::string::npos; });
+}
 } // namespace standin

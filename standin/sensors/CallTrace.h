@@ -56,4 +56,7 @@ private:
     std::size_t count = 0;
     std::vector<CallRecord> records;
 };
+
+/// Whether a call, by its text, does more to the project than look at it.
+bool DoesWork(const std::string& call);
 } // namespace standin

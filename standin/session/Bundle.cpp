@@ -54,11 +54,11 @@ void Bundle::KeepMemoryOf(Host& host)
 {
     static std::vector<const void*>& kept = *new std::vector<const void*>;
     HostParts& parts = host.Parts();
-    for (const auto& [plugin, refcon] : parts.hooks.globalRefcons)
+    for (const auto& [plugin, refcon] : parts.plugins.hooks.globalRefcons)
         kept.push_back(refcon);
-    for (const Panel& panel : parts.panels.All())
+    for (const Panel& panel : parts.plugins.panels.All())
         kept.push_back(panel.panelRefcon);
-    for (const auto& [name, suite] : parts.published)
+    for (const auto& [name, suite] : parts.plugins.published)
         kept.push_back(suite.table);
 }
 } // namespace standin

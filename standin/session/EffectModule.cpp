@@ -130,7 +130,7 @@ void InstallEffectModule(Host& host, const std::string& file)
     effect.defaultName = module.DefaultName();
     effect.category = "Vortan";
     effect.behaviour = std::make_shared<ModuleBehaviour>(std::move(module));
-    for (InstalledEffect& installed : host.Parts().installed)
+    for (InstalledEffect& installed : host.Parts().project.installed)
         if (installed.matchName == effect.matchName)
         {
             effect.key = installed.key;

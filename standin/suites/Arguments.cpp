@@ -27,7 +27,7 @@ std::string PrintHandle(HostParts& parts, const char* kind, const void* handle)
     const std::string word = kind;
     if (handle == nullptr)
         return word + " null";
-    const Reference* reference = parts.references.Find(handle);
+    const Reference* reference = parts.sensors.references.Find(handle);
     if (reference == nullptr)
         return word + " foreign";
     switch (reference->kind)
@@ -39,13 +39,13 @@ std::string PrintHandle(HostParts& parts, const char* kind, const void* handle)
     case ReferenceKind::composition:
         return "comp " + std::to_string(reference->owner);
     case ReferenceKind::effect:
-        return "effect " + parts.LabelOf(reference->owner);
+        return "effect " + parts.project.LabelOf(reference->owner);
     case ReferenceKind::groupStream:
-        return "stream " + parts.LabelOf(reference->owner);
+        return "stream " + parts.project.LabelOf(reference->owner);
     case ReferenceKind::parameterStream:
         break;
     }
-    return "stream " + parts.LabelOf(reference->owner) + "." + std::to_string(reference->parameter);
+    return "stream " + parts.project.LabelOf(reference->owner) + "." + std::to_string(reference->parameter);
 }
 
 std::string MessageArg::Print(HostParts&)

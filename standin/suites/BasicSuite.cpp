@@ -23,33 +23,34 @@ const void* findTable(HostParts& parts, const char* name, A_long version)
 {
     if (const SuiteDescription* suite = FindSuite(name, version))
         return suite->table.data();
-    const auto found = parts.published.find({name, version});
-    return found == parts.published.end() ? nullptr : found->second.table;
+    const auto found = parts.plugins.published.find({name, version});
+    return found == parts.plugins.published.end() ? nullptr : found->second.table;
 }
 
 A_Err acquireSuite(HostParts& parts, TextArg<char> name, NumberArg<A_long> version, OutTable out)
 {
-    if (const std::optional<Withheld> withheld = parts.faults.IsWithheld(name.Text(), version.value))
+    if (const std::optional<Withheld> withheld = parts.sensors.faults.IsWithheld(name.Text(), version.value))
         return refuse(parts, out, *withheld);
     const void* table = findTable(parts, name.Text(), version.value);
     if (table == nullptr)
         return refuse(parts, out, Withheld::asError);
-    parts.suiteCounts.Acquired(name.Text(), version.value);
+    parts.sensors.suites.Acquired(name.Text(), version.value);
     *out.value = table;
     return errNone;
 }
 
 A_Err releaseSuite(HostParts& parts, TextArg<char> name, NumberArg<A_long> version)
 {
-    const bool unused = !parts.suiteCounts.WasUsed(name.Text(), version.value);
-    if (!parts.suiteCounts.Released(name.Text(), version.value))
+    const bool unused = !parts.sensors.suites.WasUsed(name.Text(), version.value);
+    if (!parts.sensors.suites.Released(name.Text(), version.value))
     {
-        parts.Report(finding::overReleasedSuite, "The suite is released more often than it was acquired.");
+        parts.sensors.Report(finding::overReleasedSuite,
+                             "The suite is released more often than it was acquired.");
         return errSuiteOverReleased;
     }
     const bool isHostSuite = FindSuite(name.Text(), version.value) != nullptr;
     if (unused && isHostSuite && parts.options.unusedAcquire == UnusedAcquire::isFinding)
-        parts.Report(finding::unusedSuite, "The suite was not used since it was acquired.");
+        parts.sensors.Report(finding::unusedSuite, "The suite was not used since it was acquired.");
     return errNone;
 }
 
@@ -57,7 +58,7 @@ A_Err releaseSuite(HostParts& parts, TextArg<char> name, NumberArg<A_long> versi
 A_Err excuseRelease(HostParts& parts, TextArg<char> name, NumberArg<A_long> version)
 {
     if (name.value != nullptr)
-        (void)parts.suiteCounts.Released(name.Text(), version.value);
+        (void)parts.sensors.suites.Released(name.Text(), version.value);
     return errNone;
 }
 
@@ -90,16 +91,18 @@ A_Err giveBlock(HostParts& parts, void* block, OutPointer out)
     *out.value = block;
     if (block == nullptr)
         return errAlloc;
-    parts.blocks.all[block] = {parts.running.back().function, parts.running.back().head};
+    parts.plugins.blocks.all[block] = {parts.sensors.running.back().function,
+                                       parts.sensors.running.back().head};
     return errNone;
 }
 
 /// Takes the block from the books. False, with a finding, for one that is not in them.
 bool takeBlock(HostParts& parts, void* block)
 {
-    if (parts.blocks.all.erase(block) != 0)
+    if (parts.plugins.blocks.all.erase(block) != 0)
         return true;
-    parts.Report(finding::foreignBlock, "The block is none that the host has allocated, or freed already.");
+    parts.sensors.Report(finding::foreignBlock,
+                         "The block is none that the host has allocated, or freed already.");
     return false;
 }
 
@@ -119,7 +122,7 @@ A_Err freeBlock(HostParts& parts, KeptArg<void*> block)
 /// A fault made the freeing fail: the holder has done what it could.
 A_Err excuseFreeing(HostParts& parts, KeptArg<void*> block)
 {
-    if (parts.blocks.all.erase(block.value) != 0)
+    if (parts.plugins.blocks.all.erase(block.value) != 0)
         std::free(block.value);
     return errNone;
 }

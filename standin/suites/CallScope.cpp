@@ -19,9 +19,9 @@ HostParts* hostForCall(const std::string& callee, const std::string& function)
     }
     if (host->Parts().thread == std::this_thread::get_id())
         return &host->Parts();
-    host->Parts().findings.Add({finding::wrongThread,
-                                "The call came from a thread that is not the host's main one.",
-                                callee + "(...)", function, ""});
+    host->Parts().sensors.findings.Add({finding::wrongThread,
+                                        "The call came from a thread that is not the host's main one.",
+                                        callee + "(...)", function, ""});
     return nullptr;
 }
 } // namespace
@@ -37,8 +37,8 @@ CallScope::~CallScope()
 {
     if (!begun)
         return;
-    parts->trace.End(parts->running.back().ordinal, error, answers, WasStruck());
-    parts->running.pop_back();
+    parts->sensors.trace.End(parts->sensors.running.back().ordinal, error, answers, WasStruck());
+    parts->sensors.running.pop_back();
 }
 
 void CallScope::Begin(const std::string& arguments, bool hasOutValues)
@@ -51,25 +51,27 @@ void CallScope::Begin(const std::string& arguments, bool hasOutValues)
     record.function = slot.function;
     record.head = suite.ShortName() + " " + slot.function + "(" + arguments + ")";
     const std::string head = record.head;
-    parts->running.push_back({parts->trace.Begin(std::move(record)), slot.function, head});
-    parts->suiteCounts.Used(suite.name, suite.version);
+    parts->sensors.running.push_back({parts->sensors.trace.Begin(std::move(record)), slot.function, head});
+    parts->sensors.suites.Used(suite.name, suite.version);
     if (slot.access == Access::writesProject)
-        parts->undo.NoteWrite();
+        parts->history.NoteWrite();
     begun = true;
 }
 
 bool CallScope::MayProceed()
 {
-    const std::optional<FailedCall> fault = parts->faults.Strike({suite.name, suite.version, slot.function});
-    if (parts->hookDepth == 0)
+    const std::optional<FailedCall> fault =
+        parts->sensors.faults.Strike({suite.name, suite.version, slot.function});
+    if (parts->sensors.hookDepth == 0)
     {
-        parts->Report(finding::outsideHook, "The call came while the host was running no hook.");
-        parts->Alarm("internal verification failure: no current context");
+        parts->sensors.Report(finding::outsideHook, "The call came while the host was running no hook.");
+        parts->plugins.Alarm("internal verification failure: no current context");
         error = errGeneric;
     }
-    else if (!suite.name.empty() && parts->suiteCounts.Count(suite.name, suite.version) == 0)
+    else if (!suite.name.empty() && parts->sensors.suites.Count(suite.name, suite.version) == 0)
     {
-        parts->Report(finding::releasedTable, "Nobody holds the suite: its last holder has released it.");
+        parts->sensors.Report(finding::releasedTable,
+                              "Nobody holds the suite: its last holder has released it.");
         error = errNotImplemented;
     }
     else if (fault)
@@ -77,23 +79,25 @@ bool CallScope::MayProceed()
         struck = fault;
         error = fault->error;
         // What the fault has kept the caller from cannot be held against it.
-        parts->undo.NoteWrite();
+        parts->history.NoteWrite();
     }
-    else if (parts->hookKind == HookKind::death && parts->options.suitesAtDeath == SuitesAtDeath::fail)
+    else if (parts->sensors.hookKind == HookKind::death &&
+             parts->options.suitesAtDeath == SuitesAtDeath::fail)
         error = errGeneric;
     return error == errNone && !struck;
 }
 
 void CallScope::IdleIfDue()
 {
-    if (parts->idles.IsIdling() || parts->hookDepth == 0 || parts->hookKind != HookKind::ordinary)
+    if (parts->sensors.idles.IsIdling() || parts->sensors.hookDepth == 0 ||
+        parts->sensors.hookKind != HookKind::ordinary)
         return;
-    const bool isDue = parts->idles.IsDue({suite.name, suite.version, slot.function});
+    const bool isDue = parts->sensors.idles.IsDue({suite.name, suite.version, slot.function});
     if (!isDue && parts->options.idleInCalls == IdleInCalls::never)
         return;
-    parts->idles.Begin();
+    parts->sensors.idles.Begin();
     (void)parts->host.RunIdle();
-    parts->idles.End();
+    parts->sensors.idles.End();
 }
 
 A_Err SpringTrap(SuiteId suiteId, int slot)
@@ -101,17 +105,18 @@ A_Err SpringTrap(SuiteId suiteId, int slot)
     const SuiteDescription& suite = DescriptionOf(suiteId);
     const std::string callee = suite.ShortName() + " slot " + std::to_string(slot);
     if (HostParts* parts = hostForCall(callee, callee))
-        parts->findings.Add({finding::reservedSlot,
-                             "Slot " + std::to_string(slot) + " of \"" + suite.name + "\" version " +
-                                 std::to_string(suite.version) + " is reserved and was called.",
-                             callee, callee, ""});
+        parts->sensors.findings.Add({finding::reservedSlot,
+                                     "Slot " + std::to_string(slot) + " of \"" + suite.name + "\" version " +
+                                         std::to_string(suite.version) + " is reserved and was called.",
+                                     callee, callee, ""});
     return errNotImplemented;
 }
 
 A_Err SpringPoison()
 {
     if (HostParts* parts = hostForCall("poisoned slot", "poisoned slot"))
-        parts->Report(finding::poisonedTable, "A function was called in a table whose acquire had failed.");
+        parts->sensors.Report(finding::poisonedTable,
+                              "A function was called in a table whose acquire had failed.");
     return errNotImplemented;
 }
 

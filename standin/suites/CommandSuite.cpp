@@ -9,33 +9,34 @@ namespace
 {
 A_Err refuseCommand(HostParts& parts, A_long command)
 {
-    parts.Report(finding::unknownCommand, "The command " + std::to_string(command) + " is not the caller's.");
+    parts.sensors.Report(finding::unknownCommand,
+                         "The command " + std::to_string(command) + " is not the caller's.");
     return errParameter;
 }
 
 A_Err getUniqueCommand(HostParts& parts, OutNumber<A_long> command)
 {
-    *command.value = parts.menus.MakeCommand();
+    *command.value = parts.plugins.menus.MakeCommand();
     return errNone;
 }
 
 A_Err insertMenuCommand(HostParts& parts, NumberArg<A_long> command, TextArg<char> name,
                         NumberArg<A_char> menu, NumberArg<A_long> place)
 {
-    if (!parts.menus.IsOwn(command.value))
+    if (!parts.plugins.menus.IsOwn(command.value))
         return refuseCommand(parts, command.value);
     if (menu.value == menuWindow && (place.value == menuTop || place.value == menuBottom))
     {
-        parts.Report(finding::menuPosition, "The Window menu takes no items at its top or bottom.");
+        parts.sensors.Report(finding::menuPosition, "The Window menu takes no items at its top or bottom.");
         return errParameter;
     }
-    parts.menus.Insert({command.value, name.Text(), menu.value, false, false});
+    parts.plugins.menus.Insert({command.value, name.Text(), menu.value, false, false});
     return errNone;
 }
 
 A_Err enableCommand(HostParts& parts, NumberArg<A_long> command)
 {
-    MenuItem* item = parts.menus.Find(command.value);
+    MenuItem* item = parts.plugins.menus.Find(command.value);
     if (item == nullptr)
         return refuseCommand(parts, command.value);
     item->enabled = true;
@@ -44,7 +45,7 @@ A_Err enableCommand(HostParts& parts, NumberArg<A_long> command)
 
 A_Err checkMarkMenuCommand(HostParts& parts, NumberArg<A_long> command, NumberArg<A_Boolean> check)
 {
-    MenuItem* item = parts.menus.Find(command.value);
+    MenuItem* item = parts.plugins.menus.Find(command.value);
     if (item == nullptr)
         return refuseCommand(parts, command.value);
     item->ticked = check.value != 0;

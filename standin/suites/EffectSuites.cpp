@@ -38,8 +38,9 @@ bool isIndexOf(const Layer& layer, A_long index)
 
 A_Err refuseIndex(HostParts& parts, const Layer& layer, A_long index)
 {
-    parts.Report(finding::indexOutOfRange, "Index " + std::to_string(index) + " is not in a stack of " +
-                                               std::to_string(layer.effects.size()) + ".");
+    parts.sensors.Report(finding::indexOutOfRange, "Index " + std::to_string(index) +
+                                                       " is not in a stack of " +
+                                                       std::to_string(layer.effects.size()) + ".");
     return errParameter;
 }
 
@@ -81,7 +82,7 @@ A_Err setEffectFlags(HostParts& parts, EffectArg effect, NumberArg<A_long> mask,
         return errParameter;
     if ((mask.value & ~effectActive) != 0)
     {
-        parts.Report(finding::readOnlyFlag, "Only the active flag of an effect can be set.");
+        parts.sensors.Report(finding::readOnlyFlag, "Only the active flag of an effect can be set.");
         return errParameter;
     }
     SetEffectFlags(parts, found->id, (found->flags & ~mask.value) | (value.value & mask.value));
@@ -93,7 +94,7 @@ A_Err reorderEffect(HostParts& parts, EffectArg effect, NumberArg<A_long> index)
     const EffectInstance* found = ResolveEffect(parts, effect.value);
     if (found == nullptr)
         return errParameter;
-    const Layer& layer = *parts.project.FindLayerOfEffect(found->id);
+    const Layer& layer = *parts.project.state.FindLayerOfEffect(found->id);
     if (!isIndexOf(layer, index.value))
         return refuseIndex(parts, layer, index.value);
     ReorderEffect(parts, found->id, index.value);
@@ -108,12 +109,13 @@ A_Err callGeneric(HostParts& parts, const PluginArg& id, const EffectArg& effect
     const bool hasTime = CheckTime(parts, *time.value);
     if (!knownPlugin || found == nullptr || !hasTime)
         return errParameter;
-    ++parts.runtimes[found->id].messages;
+    ++parts.project.runtimes[found->id].messages;
     if ((found->flags & effectMissing) != 0)
         return errNone;
     try
     {
-        return parts.BehaviourOf(*found).OnGeneralCommand({parts.host, found->id}, *time.value, extra.value);
+        return parts.project.BehaviourOf(*found).OnGeneralCommand({parts.host, found->id}, *time.value,
+                                                                  extra.value);
     }
     catch (int)
     {
@@ -147,7 +149,8 @@ A_Err excuseDisposal(HostParts& parts, EffectArg effect)
 
 A_Err refuseKey(HostParts& parts, A_long key)
 {
-    parts.Report(finding::unknownKey, "No effect with the key " + std::to_string(key) + " is installed.");
+    parts.sensors.Report(finding::unknownKey,
+                         "No effect with the key " + std::to_string(key) + " is installed.");
     return errParameter;
 }
 
@@ -170,17 +173,17 @@ A_Err deleteLayerEffect(HostParts& parts, EffectArg effect)
     const EffectInstance* found = ResolveEffect(parts, effect.value);
     if (found == nullptr)
         return errParameter;
-    const bool clears =
-        parts.options.deletedSelection == DeletedSelection::clearsAll && parts.selection.effect == found->id;
+    const bool clears = parts.options.deletedSelection == DeletedSelection::clearsAll &&
+                        parts.project.selection.effect == found->id;
     DeleteEffect(parts, found->id);
     if (clears)
-        parts.selection.layers.clear();
+        parts.project.selection.layers.clear();
     return errNone;
 }
 
 A_Err getNumInstalledEffects(HostParts& parts, OutNumber<A_long> count)
 {
-    *count.value = static_cast<A_long>(parts.installed.size());
+    *count.value = static_cast<A_long>(parts.project.installed.size());
     return errNone;
 }
 
@@ -192,12 +195,12 @@ A_Err getNextInstalledEffect(HostParts& parts, NumberArg<A_long> key, OutNumber<
         const InstalledEffect* found = parts.host.FindInstalled(key.value);
         if (found == nullptr)
             return refuseKey(parts, key.value);
-        position = static_cast<std::size_t>(found - parts.installed.data()) + 1;
+        position = static_cast<std::size_t>(found - parts.project.installed.data()) + 1;
     }
-    const bool atEnd = position >= parts.installed.size();
+    const bool atEnd = position >= parts.project.installed.size();
     if (atEnd && parts.options.walkEnd == WalkEnd::isError)
         return errGeneric;
-    *next.value = atEnd ? 0 : parts.installed[position].key;
+    *next.value = atEnd ? 0 : parts.project.installed[position].key;
     return errNone;
 }
 

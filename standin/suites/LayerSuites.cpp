@@ -20,7 +20,7 @@ void* handOut(HostParts& parts, ReferenceKind kind, int id)
 
 A_Err getActiveItem(HostParts& parts, OutHandle<ItemH> out)
 {
-    const int item = parts.selection.ActiveItem(parts.project, parts.options.focusInPanel);
+    const int item = parts.project.selection.ActiveItem(parts.project.state, parts.options.focusInPanel);
     out.Give(handOut(parts, ReferenceKind::item, item));
     return errNone;
 }
@@ -36,7 +36,7 @@ A_Err getItemId(HostParts& parts, HandleArg<ItemH> item, OutNumber<A_long> id)
 
 A_Err getActiveLayer(HostParts& parts, OutHandle<LayerH> out)
 {
-    const int layer = parts.selection.ActiveLayer(parts.project, parts.options.focusInPanel);
+    const int layer = parts.project.selection.ActiveLayer(parts.project.state, parts.options.focusInPanel);
     out.Give(handOut(parts, ReferenceKind::layer, layer));
     return errNone;
 }

@@ -13,9 +13,9 @@ namespace
 /// Registering is for the entry point alone, under an id that the host knows.
 bool mayRegister(HostParts& parts, A_long pluginId)
 {
-    if (parts.hookKind != HookKind::entryPoint)
-        parts.Report(finding::outsideEntryPoint, "Hooks are registered in the entry point only.");
-    return CheckPlugin(parts, pluginId) && parts.hookKind == HookKind::entryPoint;
+    if (parts.sensors.hookKind != HookKind::entryPoint)
+        parts.sensors.Report(finding::outsideEntryPoint, "Hooks are registered in the entry point only.");
+    return CheckPlugin(parts, pluginId) && parts.sensors.hookKind == HookKind::entryPoint;
 }
 
 template <class List, class Hook>
@@ -31,46 +31,46 @@ A_Err addHook(HostParts& parts, List& list, A_long pluginId, Hook hook, void* re
 A_Err registerCommandHook(HostParts& parts, PluginArg id, NumberArg<A_u_long> priority,
                           NumberArg<A_long> command, KeptArg<CommandHook> hook, KeptArg<void*> refcon)
 {
-    if (!parts.menus.MayBeHooked(command.value))
+    if (!parts.plugins.menus.MayBeHooked(command.value))
     {
-        parts.Report(finding::unknownCommand,
-                     "The command " + std::to_string(command.value) + " was never handed out.");
+        parts.sensors.Report(finding::unknownCommand,
+                             "The command " + std::to_string(command.value) + " was never handed out.");
         return errParameter;
     }
-    return addHook(parts, parts.hooks.command, id.value, hook.value, refcon.value, command.value,
+    return addHook(parts, parts.plugins.hooks.command, id.value, hook.value, refcon.value, command.value,
                    priority.value);
 }
 
 A_Err registerUpdateMenuHook(HostParts& parts, PluginArg id, KeptArg<UpdateMenuHook> hook,
                              KeptArg<void*> refcon)
 {
-    return addHook(parts, parts.hooks.updateMenu, id.value, hook.value, refcon.value);
+    return addHook(parts, parts.plugins.hooks.updateMenu, id.value, hook.value, refcon.value);
 }
 
 A_Err registerDeathHook(HostParts& parts, PluginArg id, KeptArg<DeathHook> hook, KeptArg<void*> refcon)
 {
-    return addHook(parts, parts.hooks.death, id.value, hook.value, refcon.value);
+    return addHook(parts, parts.plugins.hooks.death, id.value, hook.value, refcon.value);
 }
 
 A_Err registerIdleHook(HostParts& parts, PluginArg id, KeptArg<IdleHook> hook, KeptArg<void*> refcon)
 {
-    return addHook(parts, parts.hooks.idle, id.value, hook.value, refcon.value);
+    return addHook(parts, parts.plugins.hooks.idle, id.value, hook.value, refcon.value);
 }
 
 using PanelName = TextArg<A_u_char>;
 
 Panel* findPanel(HostParts& parts, PanelName name)
 {
-    Panel* panel = parts.panels.Find(name.Text());
+    Panel* panel = parts.plugins.panels.Find(name.Text());
     if (panel == nullptr)
-        parts.Report(finding::unknownPanel, "No panel is registered under this name.");
+        parts.sensors.Report(finding::unknownPanel, "No panel is registered under this name.");
     return panel;
 }
 
 A_Err registerCreatePanelHook(HostParts& parts, PluginArg id, PanelName name, KeptArg<CreatePanelHook> hook,
                               KeptArg<void*> refcon, NumberArg<A_Boolean> paintBackground)
 {
-    if (!mayRegister(parts, id.value) || parts.panels.Find(name.Text()) != nullptr)
+    if (!mayRegister(parts, id.value) || parts.plugins.panels.Find(name.Text()) != nullptr)
         return errParameter;
     Panel panel;
     panel.pluginId = id.value;
@@ -78,7 +78,7 @@ A_Err registerCreatePanelHook(HostParts& parts, PluginArg id, PanelName name, Ke
     panel.hook = hook.value;
     panel.refcon = refcon.value;
     panel.paintBackground = paintBackground.value != 0;
-    parts.panels.Add(panel);
+    parts.plugins.panels.Add(panel);
     return errNone;
 }
 
@@ -96,7 +96,7 @@ A_Err isShown(HostParts& parts, PanelName name, OutNumber<A_Boolean> tabIsShown,
 {
     if (findPanel(parts, name) == nullptr)
         return errParameter;
-    const PanelState state = parts.panels.StateOf(name.Text());
+    const PanelState state = parts.plugins.panels.StateOf(name.Text());
     const bool behindCounts = parts.options.tabBehind == TabBehind::isShown;
     const bool frontmost = state == PanelState::frontmost;
     *tabIsShown.value = frontmost || (behindCounts && state == PanelState::behind) ? 1 : 0;
@@ -111,13 +111,13 @@ A_Err addSuite(HostParts& parts, KeptArg<void*>, KeptArg<void*>, TextArg<char> n
     if (internalVersion.value < 1)
         return errBadInternalVersion;
     const std::pair<std::string, A_long> key{name.Text(), version.value};
-    if (FindSuite(key.first, key.second) != nullptr || parts.published.count(key) != 0)
+    if (FindSuite(key.first, key.second) != nullptr || parts.plugins.published.count(key) != 0)
     {
-        parts.Report(finding::duplicateSuite, "A suite of this name and version exists already.");
+        parts.sensors.Report(finding::duplicateSuite, "A suite of this name and version exists already.");
         return errSuiteExists;
     }
-    parts.published[key] = {table.value, parts.runningPlugin};
-    *out.value = &parts.published.find(key)->second;
+    parts.plugins.published[key] = {table.value, parts.plugins.runningPlugin};
+    *out.value = &parts.plugins.published.find(key)->second;
     return errNone;
 }
 } // namespace

@@ -52,14 +52,15 @@ Reference* findOfKind(HostParts& parts, const void* handle, Wanted wanted)
     const std::string word = wordFor(wanted);
     if (handle == nullptr)
     {
-        parts.Report(finding::nullReference, "The " + word + " is null.");
+        parts.sensors.Report(finding::nullReference, "The " + word + " is null.");
         return nullptr;
     }
-    Reference* reference = parts.references.Find(handle);
+    Reference* reference = parts.sensors.references.Find(handle);
     if (reference == nullptr)
-        parts.Report(finding::foreignReference, "The " + word + " is none that this host has handed out.");
+        parts.sensors.Report(finding::foreignReference,
+                             "The " + word + " is none that this host has handed out.");
     else if (!isKind(reference->kind, wanted))
-        parts.Report(finding::wrongKind, "The handle is no " + word + ".");
+        parts.sensors.Report(finding::wrongKind, "The handle is no " + word + ".");
     return reference != nullptr && isKind(reference->kind, wanted) ? reference : nullptr;
 }
 
@@ -72,18 +73,19 @@ Reference* findUsable(HostParts& parts, const void* handle, Wanted wanted)
     const std::string word = wordFor(wanted);
     if (reference->state == ReferenceState::disposed || reference->state == ReferenceState::excused)
     {
-        parts.Report(finding::disposedReference, "The " + word + " has been disposed of.");
+        parts.sensors.Report(finding::disposedReference, "The " + word + " has been disposed of.");
         return nullptr;
     }
     if (reference->state == ReferenceState::expired)
     {
-        parts.Report(finding::staleReference, "The " + word + " was handed out in a hook that has returned.");
+        parts.sensors.Report(finding::staleReference,
+                             "The " + word + " was handed out in a hook that has returned.");
         return nullptr;
     }
-    if (parts.references.IsStale(*reference))
+    if (parts.sensors.references.IsStale(*reference))
     {
-        parts.Report(finding::staleReference,
-                     "The layer's stack has changed since the " + word + " was handed out.");
+        parts.sensors.Report(finding::staleReference,
+                             "The layer's stack has changed since the " + word + " was handed out.");
         return nullptr;
     }
     return reference;
@@ -91,8 +93,8 @@ Reference* findUsable(HostParts& parts, const void* handle, Wanted wanted)
 
 void reportGone(HostParts& parts, Wanted wanted)
 {
-    parts.Report(finding::staleReference,
-                 "What the " + std::string(wordFor(wanted)) + " stands for is gone.");
+    parts.sensors.Report(finding::staleReference,
+                         "What the " + std::string(wordFor(wanted)) + " stands for is gone.");
 }
 
 A_Err dispose(HostParts& parts, const void* handle, Wanted wanted)
@@ -102,11 +104,11 @@ A_Err dispose(HostParts& parts, const void* handle, Wanted wanted)
         return errParameter;
     if (reference->state != ReferenceState::live)
     {
-        parts.Report(finding::doubleDispose,
-                     "The " + std::string(wordFor(wanted)) + " is disposed of once more.");
+        parts.sensors.Report(finding::doubleDispose,
+                             "The " + std::string(wordFor(wanted)) + " is disposed of once more.");
         return errParameter;
     }
-    parts.references.Settle(*reference, ReferenceState::disposed);
+    parts.sensors.references.Settle(*reference, ReferenceState::disposed);
     return errNone;
 }
 } // namespace
@@ -116,7 +118,7 @@ Layer* ResolveLayer(HostParts& parts, LayerH layer)
     const Reference* reference = findUsable(parts, layer, Wanted::layer);
     if (reference == nullptr)
         return nullptr;
-    Layer* found = parts.project.FindLayer(reference->owner);
+    Layer* found = parts.project.state.FindLayer(reference->owner);
     if (found == nullptr)
         reportGone(parts, Wanted::layer);
     return found;
@@ -127,7 +129,7 @@ const Item* ResolveItem(HostParts& parts, ItemH item)
     const Reference* reference = findUsable(parts, item, Wanted::item);
     if (reference == nullptr)
         return nullptr;
-    const Item* found = parts.project.FindItem(reference->owner);
+    const Item* found = parts.project.state.FindItem(reference->owner);
     if (found == nullptr)
         reportGone(parts, Wanted::item);
     return found;
@@ -138,7 +140,7 @@ EffectInstance* ResolveEffect(HostParts& parts, EffectRefH effect)
     const Reference* reference = findUsable(parts, effect, Wanted::effect);
     if (reference == nullptr)
         return nullptr;
-    EffectInstance* found = parts.project.FindEffect(reference->owner);
+    EffectInstance* found = parts.project.state.FindEffect(reference->owner);
     if (found == nullptr)
         reportGone(parts, Wanted::effect);
     return found;
@@ -149,7 +151,7 @@ ResolvedStream ResolveStream(HostParts& parts, StreamRefH stream)
     const Reference* reference = findUsable(parts, stream, Wanted::stream);
     if (reference == nullptr)
         return {};
-    EffectInstance* effect = parts.project.FindEffect(reference->owner);
+    EffectInstance* effect = parts.project.state.FindEffect(reference->owner);
     if (effect == nullptr)
         reportGone(parts, Wanted::stream);
     return {effect, reference->parameter, reference};
@@ -157,14 +159,15 @@ ResolvedStream ResolveStream(HostParts& parts, StreamRefH stream)
 
 A_Err DisposeEffectReference(HostParts& parts, EffectRefH effect)
 {
-    if (effect != nullptr && parts.references.HasLiveStreams(effect))
-        parts.Report(finding::disposeOrder,
-                     "A stream that was had through the effect is still to be disposed of.");
-    Reference* reference = parts.references.Find(effect);
+    if (effect != nullptr && parts.sensors.references.HasLiveStreams(effect))
+        parts.sensors.Report(finding::disposeOrder,
+                             "A stream that was had through the effect is still to be disposed of.");
+    Reference* reference = parts.sensors.references.Find(effect);
     if (parts.options.disposeDeleted == DisposeDeleted::isRefused && reference != nullptr &&
-        reference->state == ReferenceState::live && parts.project.FindEffect(reference->owner) == nullptr)
+        reference->state == ReferenceState::live &&
+        parts.project.state.FindEffect(reference->owner) == nullptr)
     {
-        parts.references.Settle(*reference, ReferenceState::excused);
+        parts.sensors.references.Settle(*reference, ReferenceState::excused);
         return errParameter;
     }
     return dispose(parts, effect, Wanted::effect);
@@ -177,19 +180,20 @@ A_Err DisposeStreamReference(HostParts& parts, StreamRefH stream)
 
 void ExcuseReference(HostParts& parts, const void* handle)
 {
-    Reference* reference = parts.references.Find(handle);
+    Reference* reference = parts.sensors.references.Find(handle);
     if (reference != nullptr && reference->state == ReferenceState::live)
-        parts.references.Settle(*reference, ReferenceState::excused);
+        parts.sensors.references.Settle(*reference, ReferenceState::excused);
 }
 
 bool CheckPlugin(HostParts& parts, A_long pluginId)
 {
     const std::string id = "The plug-in id " + std::to_string(pluginId);
-    if (!parts.IsPlugin(pluginId))
-        parts.Report(finding::wrongPluginId, id + " was never handed out.");
+    if (!parts.plugins.IsPlugin(pluginId))
+        parts.sensors.Report(finding::wrongPluginId, id + " was never handed out.");
     else if (!parts.MayUseId(pluginId))
-        parts.Report(finding::wrongPluginId, id + " is another's than that of plug-in " +
-                                                 std::to_string(parts.runningPlugin) + ", whose hook runs.");
+        parts.sensors.Report(finding::wrongPluginId, id + " is another's than that of plug-in " +
+                                                         std::to_string(parts.plugins.runningPlugin) +
+                                                         ", whose hook runs.");
     else
         return true;
     return false;
@@ -199,7 +203,7 @@ bool CheckTime(HostParts& parts, const A_Time& time)
 {
     if (time.scale != 0)
         return true;
-    parts.Report(finding::timeScale, "The scale of the time is 0.");
+    parts.sensors.Report(finding::timeScale, "The scale of the time is 0.");
     return false;
 }
 } // namespace standin

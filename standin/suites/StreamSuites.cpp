@@ -24,14 +24,14 @@ A_Err getNewEffectStreamByIndex(HostParts& parts, PluginArg id, EffectArg effect
     const auto count = static_cast<A_long>(found->parameters.size());
     if (index.value < 1 || index.value >= count)
     {
-        parts.Report(finding::parameterIndex, "Effect param_index " + std::to_string(index.value) +
-                                                  " is out of range: the effect has " +
-                                                  std::to_string(count) +
-                                                  " parameters with the input layer, which is index 0.");
-        parts.Alarm("internal verification failure: effect param_index out of range (5027 :: 150)");
+        parts.sensors.Report(finding::parameterIndex,
+                             "Effect param_index " + std::to_string(index.value) +
+                                 " is out of range: the effect has " + std::to_string(count) +
+                                 " parameters with the input layer, which is index 0.");
+        parts.plugins.Alarm("internal verification failure: effect param_index out of range (5027 :: 150)");
         return errParameter;
     }
-    Reference reference = *parts.references.Find(effect.value);
+    Reference reference = *parts.sensors.references.Find(effect.value);
     reference.kind = ReferenceKind::parameterStream;
     reference.parameter = index.value;
     reference.parent = effect.value;
@@ -53,10 +53,10 @@ A_Err excuseDisposal(HostParts& parts, StreamArg stream)
 /// Forcing English selects among the default names, and on some hosts goes by them alone.
 std::string nameOfGroup(const HostParts& parts, const EffectInstance& effect, bool forcesEnglish)
 {
-    const InstalledEffect* entry = parts.InstalledOf(effect);
+    const InstalledEffect* entry = parts.project.InstalledOf(effect);
     if (forcesEnglish && entry != nullptr && parts.options.forcedEnglish == ForcedEnglish::givesDefaultNames)
         return entry->defaultName;
-    return parts.NameOf(effect);
+    return parts.project.NameOf(effect);
 }
 
 A_Err getStreamName(HostParts& parts, StreamArg stream, NumberArg<A_Boolean> forceEnglish, OutText name)
@@ -79,7 +79,7 @@ A_Err getNewParentStreamRef(HostParts& parts, PluginArg id, StreamArg stream, Ou
         return errParameter;
     if (found.parameter == 0)
     {
-        parts.Report(finding::wrongKind, "The stand-in has no stream above an effect's own group.");
+        parts.sensors.Report(finding::wrongKind, "The stand-in has no stream above an effect's own group.");
         return errParameter;
     }
     Reference reference = *found.reference;
@@ -112,8 +112,8 @@ A_Err setDynamicStreamFlag(HostParts& parts, StreamArg stream, NumberArg<A_u_lon
     const bool isEyeballOfGroup = flag.value == streamEyeball && found.parameter == 0;
     if (flag.value != streamHidden && !isEyeballOfGroup)
     {
-        parts.Report(finding::readOnlyFlag,
-                     "The flags " + std::to_string(flag.value) + " cannot be set here.");
+        parts.sensors.Report(finding::readOnlyFlag,
+                             "The flags " + std::to_string(flag.value) + " cannot be set here.");
         return errParameter;
     }
     const bool on = set.value != 0;

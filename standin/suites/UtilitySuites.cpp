@@ -15,8 +15,8 @@ namespace
 /// One alert is open at a time, and none where no hook of the ordinary kind runs.
 void waitForAnswer(HostParts& parts)
 {
-    const bool waits = parts.options.alertReturn == AlertReturn::isWhenAnswered && parts.openDialogs == 0 &&
-                       parts.hookKind == HookKind::ordinary;
+    const bool waits = parts.options.alertReturn == AlertReturn::isWhenAnswered &&
+                       parts.plugins.openDialogs == 0 && parts.sensors.hookKind == HookKind::ordinary;
     if (!waits)
         return;
     parts.host.OpenDialog();
@@ -29,7 +29,7 @@ A_Err reportInfo(HostParts& parts, PluginArg id, TextArg<char> text)
 {
     if (!CheckPlugin(parts, id.value))
         return errParameter;
-    parts.alerts.push_back({id.value, text.Text()});
+    parts.plugins.alerts.push_back({id.value, text.Text()});
     waitForAnswer(parts);
     return errNone;
 }
@@ -45,34 +45,34 @@ A_Err startUndoGroup(HostParts& parts, NullableTextArg name)
 {
     if (name.value == nullptr)
     {
-        parts.Report(finding::nullUndoName, "A null name crashes newer hosts.");
+        parts.sensors.Report(finding::nullUndoName, "A null name crashes newer hosts.");
         return errParameter;
     }
-    if (parts.undo.OpenGroups() > parts.excusedUndoLevels)
-        parts.Report(finding::nestedUndoGroup,
-                     "The undo group \"" + parts.undo.OpenName() + "\" is still open.");
-    parts.undo.StartGroup(name.Text(), parts.project, parts.running.back().head);
+    if (parts.history.OpenGroups() > parts.history.excusedLevels)
+        parts.sensors.Report(finding::nestedUndoGroup,
+                             "The undo group \"" + parts.history.OpenName() + "\" is still open.");
+    parts.history.StartGroup(name.Text(), parts.project.state, parts.sensors.running.back().head);
     return errNone;
 }
 
 A_Err endUndoGroup(HostParts& parts)
 {
-    if (parts.undo.OpenGroups() == 1 && parts.undo.IsOpenGroupEmpty(parts.project))
-        parts.Report(finding::emptyUndoGroup,
-                     "Nothing is in the undo group \"" + parts.undo.OpenName() + "\".");
-    if (parts.undo.EndGroup(parts.project))
+    if (parts.history.OpenGroups() == 1 && parts.history.IsOpenGroupEmpty(parts.project.state))
+        parts.sensors.Report(finding::emptyUndoGroup,
+                             "Nothing is in the undo group \"" + parts.history.OpenName() + "\".");
+    if (parts.history.EndGroup(parts.project.state))
     {
-        parts.excusedUndoLevels = std::min(parts.excusedUndoLevels, parts.undo.OpenGroups());
+        parts.history.excusedLevels = std::min(parts.history.excusedLevels, parts.history.OpenGroups());
         return errNone;
     }
-    parts.Report(finding::undoGroupMismatch, "No undo group is open.");
+    parts.sensors.Report(finding::undoGroupMismatch, "No undo group is open.");
     return errGeneric;
 }
 
 A_Err excuseEnd(HostParts& parts)
 {
-    if (parts.excusedUndoLevels < parts.undo.OpenGroups())
-        ++parts.excusedUndoLevels;
+    if (parts.history.excusedLevels < parts.history.OpenGroups())
+        ++parts.history.excusedLevels;
     return errNone;
 }
 
@@ -88,7 +88,7 @@ SuiteDescription describeUtility(SuiteBuilder<suite, slotCount> builder)
 
 A_Err getBgColor(HostParts& parts, OutColour colour)
 {
-    *colour.value = parts.background;
+    *colour.value = parts.plugins.background;
     return errNone;
 }
 } // namespace

@@ -1,8 +1,12 @@
 #include "standin/x11/XTestInput.h"
 
+#include "standin/x11/Xvfb.h"
+
+#include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
+#include <cstdlib>
 #include <cstring>
 #include <stdexcept>
 
@@ -57,7 +61,9 @@ XTestInput::XTestInput() : connection(new Connection{XOpenDisplay(nullptr)})
         XTestQueryExtension(connection->display, &ignored, &ignored, &ignored, &ignored))
         return;
     delete connection;
-    throw std::runtime_error("no display with the test extension");
+    const char* const display = std::getenv("DISPLAY");
+    throw DisplayMissing(std::string("display ") + (display == nullptr ? "" : display) +
+                         ": no display with the test extension");
 }
 
 XTestInput::~XTestInput()
@@ -93,10 +99,25 @@ void XTestInput::key(const std::string& name)
     keyUp(name);
 }
 
+/// The characters of ASCII are their own names to X.
 void XTestInput::type(const std::string& text)
 {
+    Display* const display = connection->display;
     for (const char c : text)
-        key(c == ' ' ? "space" : std::string(1, c));
+    {
+        const auto symbol = static_cast<KeySym>(static_cast<unsigned char>(c));
+        const KeyCode code = XKeysymToKeycode(display, symbol);
+        if (code == 0)
+            throw std::runtime_error("there is no key for the character " + std::string(1, c));
+        const bool isShifted = XkbKeycodeToKeysym(display, code, 0, 0) != symbol;
+        if (isShifted)
+            keyDown("Shift_L");
+        for (const Bool isPress : {True, False})
+            (void)XTestFakeKeyEvent(display, code, isPress, CurrentTime);
+        if (isShifted)
+            keyUp("Shift_L");
+    }
+    connection->settle();
 }
 
 unsigned long XTestInput::focusedWindow()
@@ -113,45 +134,14 @@ void XTestInput::repeatHeldKeys()
     connection->settle();
 }
 
-void XTestInput::setFocus(unsigned long window)
-{
-    (void)XSetInputFocus(connection->display, window, RevertToParent, CurrentTime);
-    connection->settle();
-}
-
-bool XTestInput::focusIsBelow(unsigned long window)
-{
-    for (Window one = focusedWindow(); one != None && one != PointerRoot;)
-    {
-        Window root = None;
-        Window parent = None;
-        Window* children = nullptr;
-        unsigned count = 0;
-        if (XQueryTree(connection->display, one, &root, &parent, &children, &count) == 0)
-            return false;
-        if (children != nullptr)
-            (void)XFree(children);
-        if (parent == window)
-            return true;
-        one = parent;
-    }
-    return false;
-}
-
-bool XTestInput::someWindowHasFocus()
-{
-    const Window focused = focusedWindow();
-    return focused != None && focused != PointerRoot && focused != DefaultRootWindow(connection->display);
-}
-
-std::vector<ScreenArea> XTestInput::popUps()
+std::vector<Area> XTestInput::popUps()
 {
     Display* display = connection->display;
     Window root = None;
     Window parent = None;
     Window* children = nullptr;
     unsigned count = 0;
-    std::vector<ScreenArea> found;
+    std::vector<Area> found;
     // None goes away while it is looked at.
     (void)XGrabServer(display);
     (void)XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count);
@@ -177,7 +167,7 @@ ScreenPicture XTestInput::screen()
         {0, 0, DisplayWidth(connection->display, screen), DisplayHeight(connection->display, screen)});
 }
 
-ScreenPicture XTestInput::picture(const ScreenArea& area)
+ScreenPicture XTestInput::picture(const Area& area)
 {
     Display* display = connection->display;
     ScreenPicture picture;

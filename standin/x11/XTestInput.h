@@ -2,6 +2,8 @@
 // A user's hands on an X display: mouse and key events that reach the windows through the server like those
 // of real devices, and a look at the screen. It runs on a connection of its own.
 
+#include "standin/user/Geometry.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -18,19 +20,10 @@ struct ScreenPicture
     std::uint32_t at(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
 };
 
-/// A part of the screen, in its pixels.
-struct ScreenArea
-{
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-};
-
 class XTestInput
 {
 public:
-    /// Connects to the display of the environment. Throws std::runtime_error if there is none.
+    /// Connects to the display of the environment. Throws DisplayMissing if there is none.
     XTestInput();
     ~XTestInput();
 
@@ -48,28 +41,21 @@ public:
     void keyDown(const std::string& name);
     void keyUp(const std::string& name);
     void key(const std::string& name);
-
-    /// Types plain lower-case letters, digits and blanks.
+    /// ASCII text. Throws std::runtime_error for a character that the keyboard does not have.
     void type(const std::string& text);
 
-    /// The window that has the keyboard focus: a window id, 1 for the one under the pointer, 0 for none.
     /// From now on the server presses a key that is held down again and again, which its own screens begin
     /// without.
     void repeatHeldKeys();
 
+    /// The window that has the keyboard focus: a window id, 1 for the one under the pointer, 0 for none.
     unsigned long focusedWindow();
-    void setFocus(unsigned long window);
-
-    /// Whether a window below this one has the keyboard focus.
-    bool focusIsBelow(unsigned long window);
-    /// Whether any window has it. A menu that closes leaves it on the root where no window manager runs.
-    bool someWindowHasFocus();
 
     /// Where menus and the like are, the newest last: windows on the root that no window manager tends.
-    std::vector<ScreenArea> popUps();
+    std::vector<Area> popUps();
 
     ScreenPicture screen();
-    ScreenPicture picture(const ScreenArea& area);
+    ScreenPicture picture(const Area& area);
 
 private:
     struct Connection;

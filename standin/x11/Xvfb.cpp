@@ -26,7 +26,7 @@ Xvfb::Xvfb(int width, int height) : server(serverOf(width, height), process::Str
     {
         // It tells its number when it takes connections.
         if (server.IsDone() || std::chrono::steady_clock::now() > end)
-            throw std::runtime_error("Xvfb did not start");
+            throw DisplayMissing("Xvfb did not start");
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }
     display = ":" + server.Told().substr(0, server.Told().find('\n'));

@@ -4,15 +4,23 @@
 
 #include "standin/process/Child.h"
 
+#include <stdexcept>
 #include <string>
 
 namespace standin
 {
+/// There is no X server to work on.
+class DisplayMissing : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
 class Xvfb
 {
 public:
     /// Starts the server and puts its display into the environment variable DISPLAY. Throws
-    /// std::runtime_error if no server comes up.
+    /// DisplayMissing if no server comes up.
     Xvfb(int width, int height);
 
     /// Ends the server. X connections have to be closed by then.

@@ -1,8 +1,8 @@
-// What the idle hook may cost on X11 while nobody does anything: no request to the server, and nothing from
+// What the idle hook may cost on X11 while the user does nothing: no request to the server, and nothing from
 // the heap.
 
 #include "bench/FastPanel.h"
-#include "standin/x11/XHostWindow.h"
+#include "standin/user/HostWindow.h"
 #include "standin/x11/Xvfb.h"
 #include "tests/support/CountedAllocations.h"
 #include "tree/platform/x11/TreeX11.h"
@@ -41,8 +41,8 @@ protected:
     static unsigned long requests() { return XNextRequest(GetTreeDisplay()); }
 
     Xvfb server{600, 600};
-    XHostWindow window{10, 10, 400, 500};
-    FastPanel panel{window.handle()};
+    HostWindow window{{{10, 10, 400, 500}, {0, 0, 400, 500}}};
+    FastPanel panel{window.FrameHandle()};
 };
 } // namespace
 

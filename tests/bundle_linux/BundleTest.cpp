@@ -22,7 +22,7 @@ BundleTest::~BundleTest()
 {
     EXPECT_EQ(host.FindingsReport(), "");
     if (hasLoadFailed)
-        host.Parts().hooks.death.clear();
+        host.Parts().plugins.hooks.death.clear();
     host.Quit();
     if (keptBlocks != nullptr)
         keptBlocks->Free();

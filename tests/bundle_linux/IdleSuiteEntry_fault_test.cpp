@@ -61,7 +61,7 @@ using IdleSuiteEntryDeathTest = IdleSuiteEntryFault;
 
 // The calls, one by one: the trace of the entry that goes well has ten.
 
-TEST_F(IdleSuiteEntryDeathTest, EachOfTheFirstSevenCallsThatFailsIsReportedThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, SevenFailuresReportThroughANullTable)
 {
     for (std::size_t ordinal = 1; ordinal <= 7; ++ordinal)
     {
@@ -72,7 +72,7 @@ TEST_F(IdleSuiteEntryDeathTest, EachOfTheFirstSevenCallsThatFailsIsReportedThrou
     }
 }
 
-TEST_F(IdleSuiteEntryFault, TheEighthCallThatFailsIsReportedToTheUserAndReturned)
+TEST_F(IdleSuiteEntryFault, TheEighthFailureIsReportedAndReturned)
 {
     host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
     failCall(8);
@@ -85,7 +85,7 @@ TEST_F(IdleSuiteEntryFault, TheEighthCallThatFailsIsReportedToTheUserAndReturned
     host.CheckSuiteBalance();
 }
 
-TEST_F(IdleSuiteEntryFault, TheNinthCallThatFailsIsReturnedInSilence)
+TEST_F(IdleSuiteEntryFault, TheNinthFailureIsReturnedInSilence)
 {
     host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
     failCall(9);
@@ -94,7 +94,7 @@ TEST_F(IdleSuiteEntryFault, TheNinthCallThatFailsIsReturnedInSilence)
     EXPECT_EQ(host.RunIdle().error, errNone);
 }
 
-TEST_F(IdleSuiteEntryFault, TheTenthCallThatFailsIsReturnedInSilence)
+TEST_F(IdleSuiteEntryFault, TheTenthFailureIsReturnedInSilence)
 {
     host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
     failCall(10);
@@ -104,7 +104,7 @@ TEST_F(IdleSuiteEntryFault, TheTenthCallThatFailsIsReturnedInSilence)
 
 // The suites, one by one.
 
-TEST_F(IdleSuiteEntryDeathTest, EachMissingSuiteIsReportedThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, MissingSuitesAreReportedThroughANullTable)
 {
     const std::pair<const char*, A_long> suites[] = {
         {"SP Suites Suite", 2}, {"AEGP Register Suite", 6}, {"AEGP Utility Suite", 7}};
@@ -117,7 +117,7 @@ TEST_F(IdleSuiteEntryDeathTest, EachMissingSuiteIsReportedThroughANullTable)
     }
 }
 
-TEST_F(IdleSuiteEntryFault, ASuiteForPublishingWithoutATableIsPassedOverAndTheRestGoesOn)
+TEST_F(IdleSuiteEntryFault, APublishingSuiteWithoutTableIsPassedOver)
 {
     // The release of what was not acquired is made to succeed, so that nothing else goes wrong.
     static EntryPoint entry;
@@ -146,7 +146,7 @@ TEST_F(IdleSuiteEntryFault, ASuiteForPublishingWithoutATableIsPassedOverAndTheRe
     EXPECT_EQ(Published(idleSuiteName), nullptr);
 }
 
-TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutATableIsNotMissedWhileAllGoesWell)
+TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutTableIsNotMissed)
 {
     host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asNullTable);
     expectOverRelease();
@@ -157,7 +157,7 @@ TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutATableIsNotMissedWhileAllGoesWel
     EXPECT_EQ(host.RunIdle().error, errNone);
 }
 
-TEST_F(IdleSuiteEntryFault, ARegisterSuiteWithoutATableIsReportedAndReturnedAsMissing)
+TEST_F(IdleSuiteEntryFault, ARegisterSuiteWithoutTableIsReportedMissing)
 {
     host.Faults().Withhold("AEGP Register Suite", 6, Withheld::asNullTable);
     expectOverRelease();

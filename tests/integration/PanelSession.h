@@ -3,21 +3,21 @@
 // real X11 window of a plain host, real mouse and key events, and the host's idle.
 
 #include "panel/Panelator.h"
-#include "standin/x11/XHostWindow.h"
-#include "standin/x11/XTestInput.h"
-#include "standin/x11/Xvfb.h"
+#include "standin/user/HostWindow.h"
+#include "standin/user/User.h"
 #include "tests/support/ProductHost.h"
+#include "tests/tree/support/TreeShape.h"
+#include "tree/ValueTreesDemo.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace standin
 {
-class PanelSession : public testing::Test, private ContainerProvider
+class PanelSession : public testing::Test, protected User
 {
 protected:
     PanelSession();
@@ -27,15 +27,14 @@ protected:
     void OpenPanel();
 
     // Idle.
-    HookResult Idle() { return product.host.RunIdle(); }
-    /// Runs idle passes until the condition holds; false if it does not within a generous limit.
-    bool IdleUntil(const std::function<bool()>& condition);
-    /// Runs idle passes until two in a row only looked.
+    void Idle() override { EXPECT_EQ(product.host.RunIdle().thrown, ""); }
+    Area PanelArea() const override { return window.ContainerOnScreen(); }
+    /// Idles until several passes in a row only looked.
     void Settle();
 
     // The tree, as a person sees it.
     /// "Layer(Group 1(a b) c)"; a selected row carries a "*", a closed one with rows below it a "+".
-    std::string Shape();
+    std::string Shape() { return ShapeOf(panelator->tree->treeView); }
     std::vector<std::string> TreeNames();
 
     // What a person does in the panel. Rows go by the name that they were given.
@@ -44,7 +43,8 @@ protected:
     void DragRowBelow(const std::string& name, const std::string& target);
     void DragRowAbove(const std::string& name, const std::string& target);
     void ClickButton(const std::string& text);
-    void PressKey(const std::string& key);
+    /// And a pass after it.
+    void Key(const std::string& name);
     void TypeName(const std::string& name);
 
     // The layer.
@@ -53,23 +53,12 @@ protected:
     int GroupOf(const std::string& label) { return product.host.Effect(label).family.group; }
     bool IsActive(const std::string& label) { return (product.host.Effect(label).flags & 1) != 0; }
 
-    Xvfb server{1000, 700};
-    XTestInput user;
-    XHostWindow window{40, 30, 360, 460};
+    HostWindow window;
     ProductHost product;
     Panelator* panelator = nullptr;
 
 private:
-    struct Point
-    {
-        int x;
-        int y;
-    };
-    Point RowPoint(const std::string& name, int fromTop, int fromLeft);
-    void Click(Point at);
-    void Drag(Point from, Point to);
-
-    void* MakeContainer(const std::string& panelName) override;
-    void DestroyContainer(void* container) override;
+    Place InRow(const std::string& name, Place place);
+    void ClickAndIdle(Place at);
 };
 } // namespace standin

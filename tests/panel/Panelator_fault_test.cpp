@@ -150,7 +150,7 @@ TEST_F(PanelatorFault, ThrowingAfterTheHooksLeavesTheirInboxAlive)
             host.Options().failedEntry = FailedEntry::leavesHooks;
         });
     ASSERT_EQ(bench->loading.result.thrownNumber, 516);
-    const HookTable& hooks = bench->host.Parts().hooks;
+    const HookTable& hooks = bench->host.Parts().plugins.hooks;
     ASSERT_EQ(hooks.idle.size(), 1u);
     ASSERT_EQ(hooks.command.size(), 1u);
     EXPECT_EQ(hooks.command[0].refcon, hooks.idle[0].refcon);

@@ -1,7 +1,6 @@
 // A session with the built bundle: what players and other programs rest on.
 
-#include "standin/session/Session.h"
-#include "standin/session/Typing.h"
+#include "standin/session/WindowSession.h"
 
 #include <gmock/gmock.h>
 
@@ -22,12 +21,12 @@ TEST(Typing, AModifierThatThereIsNotIsRefused)
 /// A process has one bundle, so that all of a bundle's life is one test.
 TEST(Session, ShowsTheBundlesPanelAndHearsWhatItSays)
 {
-    Session session(VORTAN_BUNDLE, DisplayChoice::own);
+    WindowSession session(VORTAN_BUNDLE, DisplayChoice::own);
     session.host.AddComposition("Comp 1");
     const int layer = session.host.AddLayer(session.host.State().items.front().id);
     (void)session.host.AddEffect(layer, "QVK VORTSRC Lamps");
     session.host.User().SelectLayers({layer});
-    session.bundle.LoadAll(session.host);
+    session.TheBundle().LoadAll(session.host);
     EXPECT_EQ(session.host.FindPanel(Session::panelName)->container, nullptr);
 
     const auto before = session.PanelPicture().pixels;
@@ -40,15 +39,15 @@ TEST(Session, ShowsTheBundlesPanelAndHearsWhatItSays)
     session.Forget();
     EXPECT_THAT(session.Printed(), IsEmpty());
 
-    session.ClickOnHost();
-    PressKey(session.user, "Control+Shift+x");
+    session.ClickHost();
+    session.PressKey("Control+Shift+x");
     EXPECT_THAT(session.HostKeys(), ElementsAre("Control+Shift+x"));
-    EXPECT_THAT(session.dock.PopUps(), IsEmpty());
+    EXPECT_THAT(session.hands.popUps(), IsEmpty());
     EXPECT_FALSE(session.IdleUntil([] { return false; }, std::chrono::milliseconds(20)));
 
     session.End();
     EXPECT_EQ(session.host.FindingsReport(), "");
-    EXPECT_EQ(session.dock.Errors(), 0);
+    EXPECT_EQ(session.TakeErrors(), 0);
 }
 } // namespace
 } // namespace standin

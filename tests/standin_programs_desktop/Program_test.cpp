@@ -41,7 +41,8 @@ TEST_F(ProgramTest, HelpNamesEveryOption)
 {
     const ProgramRun run = Run({"--help"});
     EXPECT_EQ(run.exitCode, exit_code::well);
-    for (const char* option : {"PROJECT", "--bundle", "--effect", "--scale", "--tour", "--record", "--help"})
+    for (const char* option :
+         {"PROJECT", "--bundle", "--effect", "--scale", "--play", "--pictures", "--record", "--help"})
         EXPECT_THAT(run.output, HasSubstr(option));
     EXPECT_THAT(run.output, HasSubstr(exit_code::Help()));
     EXPECT_THAT(run.errors, IsEmpty());
@@ -69,7 +70,7 @@ TEST_F(ProgramTest, WithoutADisplayItEndsWithEight)
     const Xvfb server(64, 64);
     const ProgramRun run = Run({});
     EXPECT_EQ(run.exitCode, exit_code::noDisplay);
-    EXPECT_EQ(run.errors, "standin-desktop: there is no display; --tour plays on a screen of its own\n");
+    EXPECT_EQ(run.errors, "standin-desktop: there is no display; --play has a screen of its own\n");
 }
 
 TEST_F(ProgramTest, AFileThatIsMissingOrWrongIsNamedAndHasItsOwnExitCode)

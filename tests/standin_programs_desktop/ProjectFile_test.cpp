@@ -41,7 +41,7 @@ protected:
         host.State().FindLayer(second)->startTime = -250;
         host.User().OpenComposition(other);
         host.User().SelectLayers({second});
-        host.Parts().twirledOpen[host.Effect("C").id] = true;
+        host.Parts().project.twirledOpen[host.Effect("C").id] = true;
     }
 
     /// What ReadProject says to a text.
@@ -85,13 +85,13 @@ TEST_F(ProjectFileTest, ASavedProjectComesBackWhole)
     OpenProject(host, scratch.Path("p.json"));
 
     EXPECT_EQ(host.State(), saved);
-    EXPECT_EQ(host.Parts().selection.ActiveLayer(host.State(), FocusInPanel::keepsFrontComp), second);
+    EXPECT_EQ(host.Parts().project.selection.ActiveLayer(host.State(), FocusInPanel::keepsFrontComp), second);
     EXPECT_EQ(ProjectOf(host).selectedLayers, std::vector<int>{second});
     EXPECT_TRUE(host.IsOpen("C"));
     EXPECT_FALSE(host.IsOpen("A"));
 }
 
-TEST_F(ProjectFileTest, OpeningLeavesNothingToUndoAndNewThingsGetNewIds)
+TEST_F(ProjectFileTest, OpeningLeavesNoUndoAndFreshIds)
 {
     Fill();
     host.User().Rename("A", "lamp");
@@ -110,13 +110,13 @@ TEST_F(ProjectFileTest, OpeningMakesReferencesStale)
     Fill();
     const void* effect = host.EffectReference("A");
     ReplaceProject(host, ProjectOf(host));
-    ReferenceRegistry& references = host.Parts().references;
+    ReferenceRegistry& references = host.Parts().sensors.references;
     const Reference* reference = references.Find(effect);
     ASSERT_NE(reference, nullptr);
     EXPECT_TRUE(references.IsStale(*reference));
 }
 
-TEST_F(ProjectFileTest, AShortFileTakesTheRestFromTheInstalledEffect)
+TEST_F(ProjectFileTest, AShortFileTakesTheInstalledDefaults)
 {
     ReplaceProject(host, ReadProject(WithEffect(R"({"id": 5, "effect": "QVK VORTSRC Lamps"})"),
                                      host.InstalledEffects(), "p.json"));
@@ -191,7 +191,7 @@ TEST_F(ProjectFileTest, NewEffectsGetLabelsThatAreFree)
     EXPECT_EQ(Complaint(WriteProject(ProjectOf(host), host.InstalledEffects())), "no complaint");
 }
 
-TEST_F(ProjectFileTest, AProjectIsRefusedIfItPointsAtWhatIsNotThere)
+TEST_F(ProjectFileTest, AProjectWithDanglingReferencesIsRefused)
 {
     const std::string head = R"({"format": "stand-in project", "version": 1, "items": [], "layers": [)";
     EXPECT_EQ(Complaint(head + R"({"id": 1, "composition": 7, "name": "L", "effects": []}]})"),
@@ -202,7 +202,7 @@ TEST_F(ProjectFileTest, AProjectIsRefusedIfItPointsAtWhatIsNotThere)
               "p.json: view.front: no composition has the id 4");
 }
 
-TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheHostAsItIs)
+TEST_F(ProjectFileTest, AnUnreadableFileLeavesTheHostAlone)
 {
     Fill();
     host.User().Rename("A", "lamp");
@@ -217,7 +217,7 @@ TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheHostAsItIs)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Rename Effect"));
 }
 
-TEST_F(ProjectFileTest, ASaveThatFailsLeavesTheFormerFileWhole)
+TEST_F(ProjectFileTest, AFailedSaveLeavesTheFormerFile)
 {
     Fill();
     scratch.Write("p.json", "precious");
@@ -232,7 +232,7 @@ TEST_F(ProjectFileTest, ASaveThatFailsLeavesTheFormerFileWhole)
     EXPECT_THAT(scratch.Names(), ElementsAre("p.json"));
 }
 
-TEST_F(ProjectFileTest, ASaveTouchesTheFormerFileOnlyWhenAllOfTheNewOneIsThere)
+TEST_F(ProjectFileTest, ASaveReplacesTheFileAtOnce)
 {
     Fill();
     scratch.Write("p.json", "precious");

@@ -27,8 +27,8 @@ std::vector<std::string> linesOf(Host& host, const Layer& layer)
 {
     std::vector<std::string> lines;
     for (const EffectInstance& effect : layer.effects)
-        if (host.Parts().InstalledOf(effect)->matchName.rfind("QVK VORT", 0) == 0)
-            lines.push_back(TextOf(effect.family.uuid) + " " + host.Parts().NameOf(effect) + " " +
+        if (host.Parts().project.InstalledOf(effect)->matchName.rfind("QVK VORT", 0) == 0)
+            lines.push_back(TextOf(effect.family.uuid) + " " + host.Parts().project.NameOf(effect) + " " +
                             std::to_string(effect.family.group) + " " + std::to_string(effect.flags & 1));
     return lines;
 }
@@ -48,7 +48,7 @@ public:
             bench.Settle();
         }
         begin(bench);
-        bench.host.Parts().undo.Forget();
+        bench.host.Parts().history.Forget();
         (void)bench.host.TakeFindings();
     }
 
@@ -90,7 +90,7 @@ public:
 private:
     void requireAgreement(Trial& trial)
     {
-        const std::vector<int>& layers = bench.host.Parts().selection.layers;
+        const std::vector<int>& layers = bench.host.Parts().project.selection.layers;
         trial.RequireEqual<std::size_t>(layers.size(), 1, "the number of selected layers");
         trial.RequireLines(linesOf(bench.Tree()->objects),
                            linesOf(bench.host, *bench.host.State().FindLayer(layers.front())), "the tree");

@@ -202,5 +202,5 @@ TEST_F(Drag, LeavesTheKeyboardToAHostThatHasTakenIt)
     clickOnHost();
     EXPECT_TRUE(pumpUntil([this] { return !panel->isDragAndDropActive(); }));
     pumpFor(300);
-    EXPECT_EQ(input.focusedWindow(), host.id());
+    EXPECT_EQ(hands.focusedWindow(), host.Frame());
 }

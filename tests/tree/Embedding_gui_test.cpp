@@ -34,7 +34,7 @@ protected:
 
 TEST_F(Embedding, PutsTheWidgetIntoTheHostsWindow)
 {
-    EXPECT_EQ(parentOf(windowOf(*panel)), host.id());
+    EXPECT_EQ(parentOf(windowOf(*panel)), host.Frame());
     EXPECT_EQ(panel->getBounds(), juce::Rectangle<int>(0, 0, panelWidth, panelHeight));
     EXPECT_EQ(panel->getScreenPosition(), Point(hostX, hostY));
     EXPECT_TRUE(panel->isVisible());
@@ -50,8 +50,8 @@ TEST_F(Embedding, ShowsTheWidgetOnTheScreen)
 {
     SetBGColor(panel, 1.0f, 0.0f, 0.0f, 1.0f);
     panel->repaint();
-    EXPECT_TRUE(pumpUntil([this] { return input.screen().at(hostX + 3, hostY + 3) == 0xff0000; }));
-    const auto picture = input.screen();
+    EXPECT_TRUE(pumpUntil([this] { return hands.screen().at(hostX + 3, hostY + 3) == 0xff0000; }));
+    const auto picture = hands.screen();
     EXPECT_EQ(picture.at(hostX + panelWidth - 1, hostY + panelHeight - 1), 0xff0000u);
     EXPECT_EQ(picture.at(hostX + panelWidth + 1, hostY + 3), 0x303030u);
 }
@@ -79,7 +79,7 @@ TEST_F(Embedding, ReplacesOneWidgetByAnother)
     {
         deleteWidget();
         panel = CreateTreeWidget(false);
-        addToDesktop(panel, nullptr, panelWidth, panelHeight, host.handle());
+        addToDesktop(panel, nullptr, panelWidth, panelHeight, host.FrameHandle());
         show({object(1, "a"), object(2, "b")});
         click(textOf("b"));
         EXPECT_EQ(shape(), "Layer(a b*)");
@@ -93,5 +93,5 @@ TEST_F(Embedding, GivesTheKeyboardToTheHostWhenTheWidgetGoes)
     ASSERT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }));
     deleteWidget();
     pumpFor(50);
-    EXPECT_EQ(input.focusedWindow(), host.id());
+    EXPECT_EQ(hands.focusedWindow(), host.Frame());
 }

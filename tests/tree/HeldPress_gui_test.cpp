@@ -30,7 +30,7 @@ protected:
     {
         if (panel != nullptr)
             return releaseButton();
-        input.release();
+        hands.release();
         pump();
     }
 
@@ -38,9 +38,9 @@ protected:
     {
         static const char* const names[] = {"", "Control_L", "Shift_L"};
         if (heldKey != Key::none)
-            input.keyUp(names[static_cast<int>(heldKey)]);
+            hands.keyUp(names[static_cast<int>(heldKey)]);
         if (key != Key::none)
-            input.keyDown(names[static_cast<int>(key)]);
+            hands.keyDown(names[static_cast<int>(key)]);
         heldKey = key;
         pump();
     }
@@ -51,7 +51,7 @@ protected:
     {
         panel = CreateTreeWidget(false);
         SetBGColor(panel, 0.19f, 0.19f, 0.19f, 1.0f);
-        addToDesktop(panel, nullptr, panelWidth, panelHeight, host.handle());
+        addToDesktop(panel, nullptr, panelWidth, panelHeight, host.FrameHandle());
         EXPECT_TRUE(pumpUntil([this] { return panel->isShowing(); }));
         // JUCE has not heard of the release, since it had no window then.
         for (int x = 300; isButtonDown() && x < 310; ++x)
@@ -85,11 +85,11 @@ INSTANTIATE_TEST_SUITE_P(Each, AHeldButtonInTheTable, testing::ValuesIn(EveryPre
 
 TEST_F(AHeldButton, IsFollowedByAClickInTheSameIdle)
 {
-    begin(Press(Part::box, "b", Key::none, {"b"}), Clicks::one);
+    begin(standin::Press(Part::box, "b", Key::none, {"b"}), Clicks::one);
     happen(Meanwhile::rebuild, "b");
-    input.release();
-    input.press();
-    input.release();
+    hands.release();
+    hands.press();
+    hands.release();
     pump();
     EXPECT_THAT(activesOf(GetItemsFromTree(panel)), ElementsAre(1, 1, 1, 1, 1));
     EXPECT_EQ(shape(), "Layer(a b* Group 1(c d) x e)");
@@ -97,11 +97,11 @@ TEST_F(AHeldButton, IsFollowedByAClickInTheSameIdle)
 
 TEST_F(AHeldButton, IsFollowedByADoubleClickInTheSameIdle)
 {
-    begin(Press(Part::text, "Group 1", Key::none, {}), Clicks::one);
+    begin(standin::Press(Part::text, "Group 1", Key::none, {}), Clicks::one);
     happen(Meanwhile::rebuild, "Group 1");
-    input.release();
-    input.press();
-    input.release();
+    hands.release();
+    hands.press();
+    hands.release();
     pump();
     EXPECT_EQ(shape(), "Layer(a b Group 1*+ x e)");
 }
@@ -127,7 +127,7 @@ class AHeldDrag : public AHeldButton, public testing::WithParamInterface<DragCas
 {
 protected:
     /// Drags the row to the bottom of the tree, and says what was printed.
-    std::string dragDown(const Press& made, Meanwhile before, Meanwhile meanwhileInTheAir)
+    std::string dragDown(const standin::Press& made, Meanwhile before, Meanwhile meanwhileInTheAir)
     {
         begin(made, Clicks::one);
         happen(before, made.spot.row);
@@ -146,7 +146,7 @@ protected:
         return printed;
     }
 
-    std::string dragHeld(const Press& made)
+    std::string dragHeld(const standin::Press& made)
     {
         const bool isBefore = GetParam().moment == Moment::beforeTheDrag;
         return dragDown(made, isBefore ? GetParam().meanwhile : Meanwhile::nothing,
@@ -200,7 +200,7 @@ TEST_P(AHeldDragOfARowThatStays, MovesWhatTheQuickOneMoves)
             {
                 if (GetParam().meanwhile == Meanwhile::changeOfGroup && dragged != "b")
                     continue;
-                const Press made(Part::text, dragged, key, selected);
+                const standin::Press made(Part::text, dragged, key, selected);
                 SCOPED_TRACE(testing::PrintToString(made));
                 const auto quick = movedBy(dragDown(made, Meanwhile::nothing, Meanwhile::nothing));
                 const PressOutcome before = outcome();
@@ -221,7 +221,7 @@ TEST_P(AHeldDragOfARowThatGoes, MovesNothing)
 {
     for (const auto& dragged : rowsDragged)
     {
-        EXPECT_THAT(dragHeld(Press(Part::text, dragged, Key::none, {"a", dragged, "e"})), IsEmpty());
+        EXPECT_THAT(dragHeld(standin::Press(Part::text, dragged, Key::none, {"a", dragged, "e"})), IsEmpty());
         if (GetParam().meanwhile != Meanwhile::end)
             continue;
         letGo();
@@ -238,7 +238,7 @@ TEST_F(AHeldButton, OnTheOpenButtonDragsNothing)
 {
     for (const Meanwhile meanwhile : {Meanwhile::nothing, Meanwhile::rebuild})
     {
-        begin(Press(Part::openBox, "Group 1", Key::none, {"b"}), Clicks::one);
+        begin(standin::Press(Part::openBox, "Group 1", Key::none, {"b"}), Clicks::one);
         happen(meanwhile, "Group 1");
         moveTo(view().localPointToGlobal(place + Point(0, 60)));
         EXPECT_FALSE(panel->isDragAndDropActive());
@@ -266,7 +266,7 @@ TEST_F(AHeldButton, DragsAPictureOfTheRowWithThePointerOnIt)
 {
     for (const Meanwhile meanwhile : {Meanwhile::nothing, Meanwhile::reorder})
     {
-        begin(Press(Part::text, "b", Key::none, {}), Clicks::one);
+        begin(standin::Press(Part::text, "b", Key::none, {}), Clicks::one);
         happen(meanwhile, "b");
         // JUCE adds to the place of the press what the mouse has moved until the drag begins.
         moveTo(view().localPointToGlobal(place + Point(0, 6)));

@@ -99,7 +99,7 @@ TEST_F(Keys, ReturnAndTypingRename)
     const std::string output = outputOf(
         [this]
         {
-            input.type("new name");
+            TypeText("new name");
             EXPECT_TRUE(pumpUntil([this] { return editor().getText() == "new name"; }));
             key("Return");
             EXPECT_TRUE(pumpUntil([this] { return !editor().isVisible(); }));
@@ -116,7 +116,7 @@ TEST_F(Keys, KeypadEnterRenamesAsWell)
     clickAndFocus("b");
     key("KP_Enter");
     ASSERT_TRUE(pumpUntil([this] { return editor().hasKeyboardFocus(false); }));
-    input.type("q");
+    TypeText("q");
     key("KP_Enter");
     EXPECT_TRUE(pumpUntil([this] { return shape() == "Layer(a Group 1(q* c) x)"; }));
 }
@@ -126,7 +126,7 @@ TEST_F(Keys, EscapeLeavesTheNameAsItWas)
     clickAndFocus("b");
     key("Return");
     ASSERT_TRUE(pumpUntil([this] { return editor().hasKeyboardFocus(false); }));
-    input.type("new");
+    TypeText("new");
     ASSERT_TRUE(pumpUntil([this] { return editor().getText() == "new"; }));
     key("Escape");
     EXPECT_TRUE(pumpUntil([this] { return !editor().isVisible(); }));
@@ -158,7 +158,7 @@ TEST_F(Keys, EditorStaysOpenWhenTheUserClicksElsewhere)
     clickAndFocus("b");
     key("Return");
     ASSERT_TRUE(pumpUntil([this] { return editor().hasKeyboardFocus(false); }));
-    input.type("new");
+    TypeText("new");
     ASSERT_TRUE(pumpUntil([this] { return editor().getText() == "new"; }));
     click(textOf("a"));
     EXPECT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }));
@@ -186,7 +186,7 @@ TEST_F(Keys, EditorKeepsTheKeyboardOverARebuild)
     DeleteTreeStateTable(table);
     pumpFor(100);
     EXPECT_TRUE(editor().hasKeyboardFocus(false));
-    input.type("new");
+    TypeText("new");
     key("Return");
     EXPECT_TRUE(pumpUntil([this] { return shape() == "Layer(a Group 1(new*) d)"; })) << shape();
 }

@@ -25,7 +25,7 @@ protected:
     /// On the screen: "--" for an empty box, "#-" for a half, "##" for a full one.
     std::string boxOnScreen(const std::string& name)
     {
-        const auto picture = input.screen();
+        const auto picture = hands.screen();
         std::string text;
         for (const int x : {4, 7})
         {
@@ -45,8 +45,8 @@ protected:
         moveTo(place);
         for (int i = 0; i < clicks; ++i)
         {
-            input.press(button);
-            input.release(button);
+            hands.press(button);
+            hands.release(button);
         }
         pump();
     }
@@ -352,7 +352,7 @@ TEST_F(Mouse, FirstClickGivesTheKeyboardToTheTreeWhereverItHits)
         // A new panel has never had the focus anywhere.
         deleteWidget();
         panel = CreateTreeWidget(false);
-        addToDesktop(panel, nullptr, panelWidth, panelHeight, host.handle());
+        addToDesktop(panel, nullptr, panelWidth, panelHeight, host.FrameHandle());
         show(manyItems(60));
         clickOnHost();
         ASSERT_FALSE(hasFocus());
@@ -369,7 +369,7 @@ TEST_F(Mouse, ClickOnAButtonLeavesTheKeyboardWithTheTree)
     click(centreOf(panel->groupButton));
     pumpFor(50);
     EXPECT_TRUE(view().hasKeyboardFocus(false));
-    input.key("Delete");
+    hands.key("Delete");
     EXPECT_TRUE(pumpUntil([this] { return shape() == "Layer(Group 1 a)"; }));
 }
 
@@ -377,8 +377,8 @@ TEST_F(Mouse, SelectionFromOutsideTakesNoFocus)
 {
     clickOnHost();
     pump();
-    const auto focused = input.focusedWindow();
-    ASSERT_EQ(focused, host.id());
+    const auto focused = hands.focusedWindow();
+    ASSERT_EQ(focused, host.Frame());
     auto* table = CreateTreeStateTable();
     const std::vector<ObjectItem> items = {object(1, "a"), object(2, "b")};
     show(items);
@@ -389,6 +389,6 @@ TEST_F(Mouse, SelectionFromOutsideTakesNoFocus)
     pumpFor(200);
     EXPECT_THAT(selectedNames(), ElementsAre("b"));
     EXPECT_FALSE(hasFocus());
-    EXPECT_EQ(input.focusedWindow(), focused);
+    EXPECT_EQ(hands.focusedWindow(), focused);
     DeleteTreeStateTable(table);
 }

@@ -226,7 +226,7 @@ TEST_F(Rebuild, WidgetDeletedUnderAHeldButton)
     DeleteTreeWidget(panel);
     panel = nullptr;
     pump();
-    input.release();
+    hands.release();
     pumpFor(100);
 }
 
@@ -237,7 +237,7 @@ TEST_F(Rebuild, WidgetDeletedInTheMiddleOfADrag)
     DeleteTreeWidget(panel);
     panel = nullptr;
     pump();
-    input.release();
+    hands.release();
     pumpFor(300);
 }
 
@@ -250,7 +250,7 @@ TEST_F(Rebuild, WidgetDeletedWithRetiredRows)
     DeleteTreeWidget(panel);
     panel = nullptr;
     pump();
-    input.release();
+    hands.release();
     pumpFor(100);
 }
 

@@ -43,8 +43,7 @@ private:
         std::exchange(inside, nullptr)();
     }
 
-    /// It takes no choice in its first quarter of a second.
-    static constexpr int untilMenuListens = 400;
+    static constexpr int untilMenuListens = static_cast<int>(waits::menuIgnoresClicks.count());
 
     std::function<void()> atOpening;
     std::function<void()> inside;
@@ -68,8 +67,8 @@ protected:
     void openMenuAnd(std::function<void()> inside)
     {
         moveTo(centreOf(panel->geometryButton));
-        const InMenu menu([this] { input.release(); }, std::move(inside));
-        input.press();
+        const InMenu menu([this] { hands.release(); }, std::move(inside));
+        hands.press();
         (void)outputOf([&menu]
                        { EXPECT_TRUE(pumpUntil([&menu] { return menu.isDone() && !isMenuOpen(); })); });
     }

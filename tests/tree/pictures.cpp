@@ -2,6 +2,7 @@
 //
 // Each is what stands on the screen of a private X server where a host's window holds the panel.
 
+#include "standin/screen/Png.h"
 #include "tests/tree/support/TreeGuiTest.h"
 
 #include <cstdlib>
@@ -83,15 +84,7 @@ private:
     {
         // Repaints come with a timer.
         pumpFor(400);
-        const auto screen = input.screen();
-        juce::Image image(juce::Image::RGB, hostWidth, hostHeight, false);
-        for (int y = 0; y < hostHeight; ++y)
-            for (int x = 0; x < hostWidth; ++x)
-                image.setPixelAt(x, y, juce::Colour(0xff000000u | screen.at(hostX + x, hostY + y)));
-        (void)file.deleteFile();
-        juce::FileOutputStream out(file);
-        if (!out.openedOk() || !juce::PNGImageFormat().writeImageToStream(image, out))
-            throw std::runtime_error("cannot write " + file.getFullPathName().toStdString());
+        WritePng(hands.picture({hostX, hostY, hostWidth, hostHeight}), file.getFullPathName().toStdString());
     }
 };
 } // namespace

@@ -2,25 +2,21 @@
 
 #include "panel/platform/PlatformEvents.h"
 
-#include "standin/x11/XHostWindow.h"
-#include "standin/x11/XTestInput.h"
-#include "standin/x11/Xvfb.h"
+#include "standin/user/HostWindow.h"
+#include "standin/user/User.h"
 #include "tests/x11/support/AttachTree.h"
 #include "tree/ValueTreesDemo.h"
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <thread>
-
 using namespace standin;
 
 namespace
 {
-class Dispatch : public testing::Test
+class Dispatch : public testing::Test, protected User
 {
 protected:
-    Dispatch()
+    Dispatch() : User(std::make_unique<Xvfb>(400, 400))
     {
         const PlatformErrorScope errors;
         JuceGlobalInit();
@@ -32,38 +28,26 @@ protected:
         const PlatformErrorScope errors;
         DeleteTreeWidget(tree);
         JuceGlobalShutDown();
+        EXPECT_EQ(window.TakeErrors(), 0);
     }
+
+    Area PanelArea() const override { return window.ContainerOnScreen(); }
 
     ValueTreesDemo* make()
     {
         ValueTreesDemo* made = CreateTreeWidget(false);
-        addToDesktop(made, nullptr, 200, 200, window.handle());
-        AttachTree(made, window.id());
+        addToDesktop(made, nullptr, 200, 200, window.FrameHandle());
+        AttachTree(made, window.Frame());
         return made;
     }
 
-    void idle()
+    void Idle() override
     {
         const PlatformErrorScope errors;
         DispatchPlatformEvents(tree);
     }
 
-    bool idleUntil(const std::function<bool()>& condition)
-    {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (std::chrono::steady_clock::now() < end)
-        {
-            idle();
-            if (condition())
-                return true;
-            std::this_thread::sleep_for(std::chrono::milliseconds(2));
-        }
-        return false;
-    }
-
-    Xvfb server{400, 400};
-    XTestInput user;
-    XHostWindow window{20, 20, 300, 300};
+    HostWindow window{{{20, 20, 300, 300}, {0, 0, 200, 200}}};
     ValueTreesDemo* tree = nullptr;
 };
 } // namespace
@@ -78,12 +62,12 @@ TEST_F(Dispatch, DoesNothingWhenItIsEnteredFromInsideItself)
         {
             isInside = true;
             juce::MessageManager::callAsync([&] { wasNested = isInside; });
-            idle();
+            Idle();
             isInside = false;
             wasInside = true;
         });
-    EXPECT_TRUE(idleUntil([&] { return wasInside; }));
-    idle();
+    EXPECT_TRUE(IdleUntil([&] { return wasInside; }));
+    Idle();
     EXPECT_FALSE(wasNested);
 }
 
@@ -95,10 +79,10 @@ TEST_F(Dispatch, GoesOnAfterACallFromInsideItself)
         juce::MessageManager::callAsync(
             [&]
             {
-                idle();
+                Idle();
                 ++calls;
             });
-        EXPECT_TRUE(idleUntil([&] { return calls == i + 1; }));
+        EXPECT_TRUE(IdleUntil([&] { return calls == i + 1; }));
     }
 }
 
@@ -110,13 +94,13 @@ TEST_F(Dispatch, SurvivesAWidgetThatIsDeletedInsideIt)
             DeleteTreeWidget(tree);
             tree = nullptr;
         });
-    EXPECT_TRUE(idleUntil([this] { return tree == nullptr; }));
-    idle();
+    EXPECT_TRUE(IdleUntil([this] { return tree == nullptr; }));
+    Idle();
 }
 
 TEST_F(Dispatch, SurvivesAWidgetThatIsReplacedByAKeyOrAPressInside)
 {
-    idle();
+    Idle();
     struct Replacing : juce::MouseListener
     {
         std::function<void()> replace;
@@ -133,20 +117,18 @@ TEST_F(Dispatch, SurvivesAWidgetThatIsReplacedByAKeyOrAPressInside)
         juce::MessageManager::callAsync([former] { DeleteTreeWidget(former); });
         wasReplaced = true;
     };
-    user.move(120, 120);
-    user.press();
-    user.release();
-    EXPECT_TRUE(idleUntil([&] { return wasReplaced; }));
+    Click({120, 120});
+    EXPECT_TRUE(IdleUntil([&] { return wasReplaced; }));
     for (int i = 0; i < 20; ++i)
-        idle();
+        Idle();
 }
 
 TEST_F(Dispatch, ComesBackFromAFloodOfEvents)
 {
     for (int i = 0; i < 20000; ++i)
-        user.move(30 + i % 150, 30 + i % 130);
+        hands.move(30 + i % 150, 30 + i % 130);
     for (int i = 0; i < 5; ++i)
-        idle();
+        Idle();
 }
 
 TEST_F(Dispatch, RunsMessagesAndTimersWithoutAWidget)
@@ -159,5 +141,5 @@ TEST_F(Dispatch, RunsMessagesAndTimersWithoutAWidget)
     timer.startTimer(5);
     DeleteTreeWidget(tree);
     tree = nullptr;
-    EXPECT_TRUE(idleUntil([&] { return timer.ticks > 3; }));
+    EXPECT_TRUE(IdleUntil([&] { return timer.ticks > 3; }));
 }

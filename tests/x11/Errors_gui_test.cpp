@@ -23,20 +23,20 @@ TEST_F(ErrorsDeathTest, DoNotEndAHostWithoutAHandler)
             PlainHost::UseDefaultErrorHandler();
             Open();
             ClickInto(Row(2));
-            OpenMenu();
+            OpenGeometryMenu();
             window.Destroy();
-            IdleFor(300);
+            IdleFor(300ms);
             (void)CreateAgain(window.MakeContainer(panelName));
             Settle();
             ClickInto(PanelBackground());
             window.Resize(1, 1);
-            IdleFor(50);
+            IdleFor(50ms);
             window.DestroyPanelWindow();
-            IdleFor(50);
+            IdleFor(50ms);
             window.Resize(PlainHost::panelWidth, PlainHost::panelHeight);
             (void)CreateAgain(reinterpret_cast<void*>(window.Container()));
             Settle();
-            OpenMenu();
+            OpenGeometryMenu();
             window.Destroy();
             Die();
             std::_Exit(HasFailure() ? 1 : 0);
@@ -59,7 +59,7 @@ TEST_F(Errors, OfThePanelDoNotReachTheHost)
     Open();
     ClickInto(Row(2));
     window.Destroy();
-    IdleFor(200);
+    IdleFor(200ms);
     EXPECT_EQ(window.TakeErrors(), 0);
     EXPECT_TRUE(window.HasItsErrorHandler());
 }

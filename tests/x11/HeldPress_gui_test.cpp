@@ -34,33 +34,26 @@ protected:
     void selectAll()
     {
         ClickInto(Row(1));
-        TypeWith({"Control_L"}, "a");
+        PressKey("Control+a");
         Settle();
     }
 
-    void press(Place place, Held held, const std::string& modifier = "")
+    void press(Place place, Held held, const std::vector<std::string>& modifiers = {})
     {
-        // Else it is a double click.
-        IdleFor(450);
-        Point(place);
-        if (!modifier.empty())
-            user.keyDown(modifier);
-        user.press();
+        Press(place, modifiers);
         if (held == Held::overARebuild)
             for (int pass = 0; pass < 4; ++pass)
                 Idle();
         else if (held == Held::forLong)
-            IdleFor(350);
-        user.release();
-        if (!modifier.empty())
-            user.keyUp(modifier);
+            IdleFor(350ms);
+        Release();
         Settle();
     }
 
     /// What is left of the stack when what is selected is deleted.
     std::string stackWithoutSelected()
     {
-        Type("Delete");
+        PressKey("Delete");
         Settle();
         return Stack();
     }
@@ -82,7 +75,7 @@ TEST_P(HeldPressOfEachLength, OnABoxLeavesItsRowAlone)
 TEST_P(HeldPressOfEachLength, WithControlTakesItsRowAway)
 {
     selectAll();
-    press(boxOf(2), GetParam(), "Control_L");
+    press(boxOf(2), GetParam(), {"Control"});
     EXPECT_FALSE(isOn("b"));
     EXPECT_EQ(stackWithoutSelected(), "b");
 }
@@ -90,8 +83,8 @@ TEST_P(HeldPressOfEachLength, WithControlTakesItsRowAway)
 TEST_P(HeldPressOfEachLength, WithShiftTakesNothingThatNobodyChose)
 {
     ClickInto(Row(2));
-    press(Row(3), Held::notAtAll, "Shift_L");
-    press(boxOf(3), GetParam(), "Shift_L");
+    press(Row(3), Held::notAtAll, {"Shift"});
+    press(boxOf(3), GetParam(), {"Shift"});
     EXPECT_FALSE(isOn("c"));
     EXPECT_EQ(stackWithoutSelected(), "a");
 }
@@ -110,30 +103,24 @@ INSTANTIATE_TEST_SUITE_P(Each, HeldPressOfEachLength,
 TEST_F(HeldPress, BeginsADragAfterARebuild)
 {
     ClickInto(Row(1));
-    IdleFor(450);
     Press(boxOf(1));
     Settle();
     EXPECT_FALSE(isOn("a"));
-    for (int y = 0; y <= 48; y += 6)
-    {
-        Point({Row(1).x, Row(1).y + y});
-        Idle();
-    }
+    Move(boxOf(1), Row(1) + Place{0, 48});
     Settle();
-    user.release();
+    hands.release();
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "b c a"; })) << Stack();
 }
 
 TEST_F(HeldPress, IsFollowedByAClickInTheSameIdle)
 {
     ClickInto(Row(2));
-    IdleFor(450);
     Press(boxOf(2));
     Settle();
     EXPECT_FALSE(isOn("b"));
-    user.release();
-    user.press();
-    user.release();
+    hands.release();
+    hands.press();
+    hands.release();
     Settle();
     EXPECT_TRUE(isOn("b"));
 }

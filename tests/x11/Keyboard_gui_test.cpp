@@ -18,8 +18,8 @@ protected:
     void expectKeysAtHost()
     {
         (void)window.TakeKeys();
-        Type("Delete");
-        IdleFor(30);
+        PressKey("Delete");
+        IdleFor(30ms);
         EXPECT_THAT(window.TakeKeys(), ElementsAre("+Delete", "-Delete"));
         EXPECT_EQ(Stack(), "a b c");
     }
@@ -28,9 +28,9 @@ protected:
 
 TEST_F(Keyboard, IsNotTakenWhenThePanelIsCreated)
 {
-    window.SetFocus(window.TopWindow());
+    window.SetFocus(window.Frame());
     EXPECT_FALSE(CreateAgain(reinterpret_cast<void*>(window.Container())).error);
-    IdleFor(100);
+    IdleFor(100ms);
     EXPECT_TRUE(HostHasFocus());
     expectKeysAtHost();
 }
@@ -38,9 +38,9 @@ TEST_F(Keyboard, IsNotTakenWhenThePanelIsCreated)
 TEST_F(Keyboard, IsTakenByAClickInside)
 {
     ClickInto(Row(2));
-    Type("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; })) << Stack();
-    IdleFor(30);
+    IdleFor(30ms);
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
@@ -50,8 +50,8 @@ TEST_F(Keyboard, IsTakenByAClickOnTheBackgroundToo)
     const std::string lines = OutputOf(
         [this]
         {
-            TypeWith({"Control_L"}, "a");
-            IdleFor(30);
+            PressKey("Control+a");
+            IdleFor(30ms);
         });
     EXPECT_THAT(lines, testing::HasSubstr("Select All Button\n"));
 }
@@ -86,7 +86,7 @@ TEST_F(Keyboard, GoesBackOnAClickWithAnyButton)
     for (const unsigned button : {2u, 3u})
     {
         ClickInto(PanelBackground());
-        Click(HostArea(), button);
+        Click(HostArea(), {}, button);
         EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); })) << button;
     }
 }
@@ -101,9 +101,9 @@ TEST_F(Keyboard, GoesBackOnAClickOutsideTheHostsWindow)
 TEST_F(Keyboard, StaysOnATurnOfTheWheelOutside)
 {
     ClickInto(Row(2));
-    Click(HostArea(), 4);
-    Click(HostArea(), 5);
-    IdleFor(100);
+    Click(HostArea(), {}, 4);
+    Click(HostArea(), {}, 5);
+    IdleFor(100ms);
     EXPECT_TRUE(PanelHasFocus());
 }
 
@@ -122,10 +122,10 @@ TEST_F(Keyboard, GoesBackToTheWindowOfTheHostThatHadIt)
 {
     const unsigned long field = window.MakeField();
     window.SetFocus(field);
-    IdleFor(20);
+    IdleFor(20ms);
     ClickInto(Row(2));
     Click(HostArea());
-    EXPECT_TRUE(IdleUntil([&] { return user.focusedWindow() == field; }));
+    EXPECT_TRUE(IdleUntil([&] { return hands.focusedWindow() == field; }));
 }
 
 TEST_F(Keyboard, GoesToAHostThatTakesItItself)
@@ -142,18 +142,18 @@ TEST_F(Keyboard, StaysWhereAHostPutsItOnItsOwn)
     const unsigned long field = window.MakeField();
     ClickInto(Row(2));
     window.SetFocus(field);
-    IdleFor(100);
-    EXPECT_EQ(user.focusedWindow(), field);
+    IdleFor(100ms);
+    EXPECT_EQ(hands.focusedWindow(), field);
     window.SetFocus(pointerRoot);
-    IdleFor(100);
-    EXPECT_EQ(user.focusedWindow(), pointerRoot);
+    IdleFor(100ms);
+    EXPECT_EQ(hands.focusedWindow(), pointerRoot);
 }
 
 TEST_F(Keyboard, IsNotTakenByAPointerOverThePanel)
 {
-    window.SetFocus(window.TopWindow());
+    window.SetFocus(window.Frame());
     Point(Row(2));
-    IdleFor(50);
+    IdleFor(50ms);
     expectKeysAtHost();
 }
 
@@ -161,7 +161,7 @@ TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelWhileNobodyHasTheFocus)
 {
     window.SetFocus(pointerRoot);
     Point(Row(2));
-    IdleFor(50);
+    IdleFor(50ms);
     expectKeysAtHost();
 }
 
@@ -171,7 +171,7 @@ TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelAfterItWentBack)
     Click(HostArea());
     EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); }));
     Point(Row(2));
-    IdleFor(50);
+    IdleFor(50ms);
     expectKeysAtHost();
 }
 
@@ -190,12 +190,12 @@ TEST_F(Keyboard, IsTheHostsWhileThePanelIsHidden)
 {
     ClickInto(Row(2));
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
-    IdleFor(50);
+    IdleFor(50ms);
     EXPECT_FALSE(PanelHasFocus());
-    EXPECT_TRUE(HostHasFocus()) << user.focusedWindow();
+    EXPECT_TRUE(HostHasFocus()) << hands.focusedWindow();
     expectKeysAtHost();
     Click(HostArea());
-    IdleFor(50);
+    IdleFor(50ms);
     expectKeysAtHost();
 }
 
@@ -207,12 +207,7 @@ protected:
     KeyboardInADrag()
     {
         ClickInto(Row(3));
-        Press(Row(3));
-        for (int step = 1; step <= 8; ++step)
-        {
-            Point({Row(3).x, Row(3).y - 5 * step});
-            Idle();
-        }
+        StartDrag(3);
         Idle();
     }
 };
@@ -221,45 +216,45 @@ protected:
 TEST_F(KeyboardInADrag, StaysWithThePanel)
 {
     EXPECT_TRUE(PanelHasFocus());
-    Type("F5");
-    IdleFor(30);
+    PressKey("F5");
+    IdleFor(30ms);
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+F5", "-F5"));
-    user.release();
+    hands.release();
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "c a b"; })) << Stack();
-    IdleFor(300);
+    IdleFor(300ms);
     EXPECT_TRUE(PanelHasFocus());
-    Type("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack().size() == 3; })) << Stack();
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
 TEST_F(KeyboardInADrag, KeepsTheTreesKeysFromTheHostWithoutAUseForThem)
 {
-    Type("Delete");
-    IdleFor(30);
-    user.release();
+    PressKey("Delete");
+    IdleFor(30ms);
+    hands.release();
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "c a b"; })) << Stack();
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
 TEST_F(KeyboardInADrag, IsTheTreesRightAfterTheDrop)
 {
-    user.release();
-    Type("Delete");
+    hands.release();
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a b"; })) << Stack();
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
 TEST_F(KeyboardInADrag, EndsTheDragByEscapeWhichTheHostDoesNotGet)
 {
-    Type("Escape");
-    IdleFor(30);
-    user.release();
-    IdleFor(300);
+    PressKey("Escape");
+    IdleFor(30ms);
+    hands.release();
+    IdleFor(300ms);
     EXPECT_EQ(Stack(), "a b c");
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
     EXPECT_TRUE(PanelHasFocus());
-    Type("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a b"; })) << Stack();
 }
 
@@ -268,11 +263,11 @@ TEST_F(Keyboard, FollowsClicksInTheOrderTheyWereMadeInOneIdleInterval)
     ClickInto(Row(2));
     Click(HostArea());
     Click(PanelBackground());
-    IdleFor(50);
+    IdleFor(50ms);
     EXPECT_TRUE(PanelHasFocus());
     Click(PanelBackground());
     Click(HostArea());
-    IdleFor(50);
+    IdleFor(50ms);
     EXPECT_TRUE(HostHasFocus());
 }
 
@@ -281,11 +276,11 @@ TEST_F(Keyboard, FollowsClicksOfALeftHandedMouse)
     window.SwapMouseButtons();
     for (const unsigned button : {1u, 3u})
     {
-        Click(PanelBackground(), button);
+        Click(PanelBackground(), {}, button);
         EXPECT_TRUE(IdleUntil([this] { return PanelHasFocus(); })) << button;
-        IdleFor(50);
+        IdleFor(50ms);
         EXPECT_TRUE(PanelHasFocus()) << button;
-        Click(HostArea(), button);
+        Click(HostArea(), {}, button);
         EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); })) << button;
     }
 }

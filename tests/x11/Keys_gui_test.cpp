@@ -24,27 +24,26 @@ protected:
     }
 
     /// What the key writes, and what the host gets of it.
-    std::string write(const std::vector<std::string>& modifiers, const std::string& key)
+    std::string write(const std::string& key)
     {
         return OutputOf(
             [&]
             {
-                TypeWith(modifiers, key);
-                IdleFor(30);
+                PressKey(key);
+                IdleFor(30ms);
             });
     }
 
-    void expectAtHost(const std::vector<std::string>& modifiers, const std::string& key,
-                      const std::vector<std::string>& atHost)
+    void expectAtHost(const std::string& key, const std::vector<std::string>& atHost)
     {
-        expectAtHostAfter("Key Pressed\n", modifiers, key, atHost);
+        expectAtHostAfter("Key Pressed\n", key, atHost);
     }
 
     /// The same for a key about which the panel writes these lines.
-    void expectAtHostAfter(const std::string& written, const std::vector<std::string>& modifiers,
-                           const std::string& key, const std::vector<std::string>& atHost)
+    void expectAtHostAfter(const std::string& written, const std::string& key,
+                           const std::vector<std::string>& atHost)
     {
-        EXPECT_EQ(write(modifiers, key), written) << key;
+        EXPECT_EQ(write(key), written) << key;
         EXPECT_EQ(window.TakeKeys(), atHost);
         EXPECT_EQ(Stack(), "a b c");
         EXPECT_TRUE(PanelHasFocus());
@@ -54,14 +53,14 @@ protected:
 
 TEST_F(Keys, DeleteIsTheTrees)
 {
-    EXPECT_EQ(write({}, "Delete").substr(0, 31), "Delete Key Pressed\nKey Pressed\n");
+    EXPECT_EQ(write("Delete").substr(0, 31), "Delete Key Pressed\nKey Pressed\n");
     EXPECT_EQ(Stack(), "a c");
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
 TEST_F(Keys, BackSpaceIsTheTrees)
 {
-    EXPECT_EQ(write({}, "BackSpace").substr(0, 31), "Delete Key Pressed\nKey Pressed\n");
+    EXPECT_EQ(write("BackSpace").substr(0, 31), "Delete Key Pressed\nKey Pressed\n");
     EXPECT_EQ(Stack(), "a c");
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
@@ -69,7 +68,7 @@ TEST_F(Keys, BackSpaceIsTheTrees)
 TEST_F(Keys, DeleteWithNothingSelectedIsTheTreesAllTheSame)
 {
     ClickInto(PanelBackground());
-    EXPECT_EQ(write({}, "Delete"), "Delete Key Pressed\nKey Pressed\n");
+    EXPECT_EQ(write("Delete"), "Delete Key Pressed\nKey Pressed\n");
     EXPECT_EQ(Stack(), "a b c");
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
@@ -78,8 +77,8 @@ TEST_F(Keys, ReturnAndKeypadEnterAreTheTrees)
 {
     for (const char* key : {"Return", "KP_Enter"})
     {
-        EXPECT_EQ(write({}, key), "Return Key Pressed\nKey Pressed\nReturn Key Pressed\nEdit Button\n");
-        EXPECT_EQ(write({}, "Escape"), "");
+        EXPECT_EQ(write(key), "Return Key Pressed\nKey Pressed\nReturn Key Pressed\nEdit Button\n");
+        EXPECT_EQ(write("Escape"), "");
     }
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
@@ -87,22 +86,22 @@ TEST_F(Keys, ReturnAndKeypadEnterAreTheTrees)
 TEST_F(Keys, ReturnWithNothingSelectedIsTheTreesAllTheSame)
 {
     ClickInto(PanelBackground());
-    EXPECT_EQ(write({}, "Return"), "Return Key Pressed\nKey Pressed\nReturn Key Pressed\nEdit Button\n");
+    EXPECT_EQ(write("Return"), "Return Key Pressed\nKey Pressed\nReturn Key Pressed\nEdit Button\n");
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
 TEST_F(Keys, GroupsThatTheTreeHasNoUseForAreNotTheHosts)
 {
     const std::tuple<std::string, std::string, std::string> groups[] = {
-        {"Control_L", "Delete", "Delete Key Pressed\n"},   {"Shift_L", "Delete", "Delete Key Pressed\n"},
-        {"Alt_L", "BackSpace", "Delete Key Pressed\n"},    {"Shift_L", "Return", "Return Key Pressed\n"},
-        {"Control_L", "Return", "Return Key Pressed\n"},   {"Alt_L", "KP_Enter", "Return Key Pressed\n"},
-        {"Control_L", "KP_Delete", "Delete Key Pressed\n"}};
+        {"Control", "Delete", "Delete Key Pressed\n"},   {"Shift", "Delete", "Delete Key Pressed\n"},
+        {"Alt", "BackSpace", "Delete Key Pressed\n"},    {"Shift", "Return", "Return Key Pressed\n"},
+        {"Control", "Return", "Return Key Pressed\n"},   {"Alt", "KP_Enter", "Return Key Pressed\n"},
+        {"Control", "KP_Delete", "Delete Key Pressed\n"}};
     for (const auto& [modifier, key, line] : groups)
     {
         ClickInto(PanelBackground());
-        EXPECT_THAT(write({modifier}, key), HasSubstr(line)) << modifier << " " << key;
-        EXPECT_THAT(window.TakeKeys(), testing::Each(HasSubstr(modifier))) << modifier << " " << key;
+        EXPECT_THAT(write(modifier + "+" + key), HasSubstr(line)) << modifier << " " << key;
+        EXPECT_THAT(window.TakeKeys(), testing::Each(HasSubstr(modifier + "_L"))) << modifier << " " << key;
     }
     EXPECT_EQ(Stack(), "a b c");
 }
@@ -115,7 +114,7 @@ TEST_F(Keys, CommandGroupsWithAltAreNotTheHosts)
                                                       {"a", "Command Key Pressed\nCmd a Pressed\n"}};
     for (const auto& [key, line] : lines)
     {
-        EXPECT_THAT(write({"Control_L", "Alt_L"}, key), HasSubstr(line));
+        EXPECT_THAT(write("Control+Alt+" + key), HasSubstr(line));
         EXPECT_THAT(window.TakeKeys(),
                     ElementsAre("+Control_L", "+ctrl+Alt_L", "-ctrl+alt+Alt_L", "-ctrl+Control_L"));
     }
@@ -130,7 +129,7 @@ TEST_F(Keys, CutCopyPasteAndSelectAllAreTheTrees)
         {"a", "Command Key Pressed\nCmd a Pressed\nKey Pressed\nSelect All Button\n"}};
     for (const auto& [key, written] : lines)
     {
-        EXPECT_EQ(write({"Control_L"}, key).substr(0, written.size()), written);
+        EXPECT_EQ(write("Control+" + key).substr(0, written.size()), written);
         EXPECT_THAT(window.TakeKeys(), ElementsAre("+Control_L", "-ctrl+Control_L")) << key;
     }
     EXPECT_EQ(Stack(), "a b c");
@@ -140,7 +139,7 @@ TEST_F(Keys, SelectAllIsNotDoneByCtrlAWhileTheTreeIsEmpty)
 {
     host.User().SelectLayers({});
     Settle();
-    EXPECT_THAT(write({"Control_L"}, "a"), HasSubstr("Select All Button\n"));
+    EXPECT_THAT(write("Control+a"), HasSubstr("Select All Button\n"));
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+Control_L", "-ctrl+Control_L"));
 }
 
@@ -148,82 +147,80 @@ TEST_F(Keys, GroupsStayTheTreesWithLockKeysDown)
 {
     for (const char* lock : {"Caps_Lock", "Num_Lock"})
     {
-        Type(lock);
-        EXPECT_THAT(write({"Control_L"}, "c"), HasSubstr("Cmd C Pressed\nKey Pressed\nCopy Button\n"))
-            << lock;
-        Type(lock);
-        IdleFor(20);
+        PressKey(lock);
+        EXPECT_THAT(write("Control+c"), HasSubstr("Cmd C Pressed\nKey Pressed\nCopy Button\n")) << lock;
+        PressKey(lock);
+        IdleFor(20ms);
         (void)window.TakeKeys();
     }
-    Type("Caps_Lock");
-    EXPECT_THAT(write({}, "Delete"), HasSubstr("Key Pressed\n"));
-    Type("Caps_Lock");
+    PressKey("Caps_Lock");
+    EXPECT_THAT(write("Delete"), HasSubstr("Key Pressed\n"));
+    PressKey("Caps_Lock");
     EXPECT_EQ(Stack(), "a c");
 }
 
 TEST_F(Keys, KeysWithoutAnEffectInTheTreeAreTheHosts)
 {
-    expectAtHost({}, "F5", {"+F5", "-F5"});
-    expectAtHost({}, "q", {"+q", "-q"});
-    expectAtHost({}, "x", {"+x", "-x"});
-    expectAtHost({}, "space", {"+space", "-space"});
-    expectAtHost({}, "Escape", {"+Escape", "-Escape"});
-    expectAtHost({}, "Tab", {"+Tab", "-Tab"});
-    expectAtHost({}, "Insert", {"+Insert", "-Insert"});
-    expectAtHostAfter("", {}, "KP_5", {"+KP_Begin", "-KP_Begin"});
-    expectAtHostAfter("", {}, "Shift_R", {"+Shift_R", "-shift+Shift_R"});
-    expectAtHostAfter("", {}, "Control_L", {"+Control_L", "-ctrl+Control_L"});
+    expectAtHost("F5", {"+F5", "-F5"});
+    expectAtHost("q", {"+q", "-q"});
+    expectAtHost("x", {"+x", "-x"});
+    expectAtHost("space", {"+space", "-space"});
+    expectAtHost("Escape", {"+Escape", "-Escape"});
+    expectAtHost("Tab", {"+Tab", "-Tab"});
+    expectAtHost("Insert", {"+Insert", "-Insert"});
+    expectAtHostAfter("", "KP_5", {"+KP_Begin", "-KP_Begin"});
+    expectAtHostAfter("", "Shift_R", {"+Shift_R", "-shift+Shift_R"});
+    expectAtHostAfter("", "Control_L", {"+Control_L", "-ctrl+Control_L"});
 }
 
 TEST_F(Keys, KeysWithOtherModifiersAreTheHosts)
 {
-    expectAtHostAfter("Command Key Pressed\nKey Pressed\n", {"Control_L", "Shift_L"}, "c",
+    expectAtHostAfter("Command Key Pressed\nKey Pressed\n", "Control+Shift+c",
                       {"+Control_L", "+ctrl+Shift_L", "+ctrl+shift+C", "-ctrl+shift+C", "-ctrl+shift+Shift_L",
                        "-ctrl+Control_L"});
-    expectAtHost({"Alt_L"}, "q", {"+Alt_L", "+alt+q", "-alt+q", "-alt+Alt_L"});
-    expectAtHostAfter("", {"Super_L"}, "a", {"+Super_L", "+super+a", "-super+a", "-super+Super_L"});
-    expectAtHostAfter("", {"Super_L"}, "Delete",
-                      {"+Super_L", "+super+Delete", "-super+Delete", "-super+Super_L"});
-    expectAtHostAfter("", {"Control_L", "Super_L"}, "c",
+    expectAtHost("Alt+q", {"+Alt_L", "+alt+q", "-alt+q", "-alt+Alt_L"});
+    expectAtHostAfter("", "Super+a", {"+Super_L", "+super+a", "-super+a", "-super+Super_L"});
+    expectAtHostAfter("", "Super+Delete", {"+Super_L", "+super+Delete", "-super+Delete", "-super+Super_L"});
+    expectAtHostAfter("", "Control+Super+c",
                       {"+Control_L", "+ctrl+Super_L", "+ctrl+super+c", "-ctrl+super+c", "-ctrl+super+Super_L",
                        "-ctrl+Control_L"});
-    expectAtHostAfter("Command Key Pressed\nKey Pressed\n", {"Control_L"}, "z",
+    expectAtHostAfter("Command Key Pressed\nKey Pressed\n", "Control+z",
                       {"+Control_L", "+ctrl+z", "-ctrl+z", "-ctrl+Control_L"});
 }
 
 TEST_F(Keys, KeysThatMoveTheSelectionAreTheHostsToo)
 {
     for (const std::string key : {"Up", "Down", "Left", "Right", "Home", "End", "Prior", "Next"})
-        expectAtHostAfter("Key Pressed\nState Changed\n", {}, key, {"+" + key, "-" + key});
+        expectAtHostAfter("Key Pressed\nState Changed\n", key, {"+" + key, "-" + key});
 }
 
 TEST_F(Keys, ArrowsMoveTheSelectionInTheTree)
 {
-    (void)write({}, "Down");
-    (void)write({}, "Delete");
+    (void)write("Down");
+    (void)write("Delete");
     EXPECT_EQ(Stack(), "a b");
 }
 
 TEST_F(Keys, ReachTheHostWithTheirLockState)
 {
-    Type("Caps_Lock");
-    Type("Num_Lock");
-    IdleFor(20);
+    PressKey("Caps_Lock");
+    PressKey("Num_Lock");
+    IdleFor(20ms);
     (void)window.TakeKeys();
-    expectAtHost({}, "q", {"+caps+num+Q", "-caps+num+Q"});
-    expectAtHost({}, "KP_5", {"+caps+num+KP_5", "-caps+num+KP_5"});
-    Type("Num_Lock");
-    Type("Caps_Lock");
+    expectAtHost("q", {"+caps+num+Q", "-caps+num+Q"});
+    expectAtHost("KP_5", {"+caps+num+KP_5", "-caps+num+KP_5"});
+    PressKey("Num_Lock");
+    PressKey("Caps_Lock");
 }
 
 TEST_F(Keys, ReachTheHostAsEventsOfItsOwnWindowWithTheirTime)
 {
     const unsigned long before = window.ServerTime();
-    Type("F5");
+    PressKey("F5");
     const unsigned long after = window.ServerTime();
-    IdleFor(50);
+    IdleFor(50ms);
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+F5", "-F5"));
-    EXPECT_EQ(window.LastKeyWindow(), window.TopWindow());
+    EXPECT_EQ(window.LastKeyWindow(), window.Frame());
     EXPECT_GE(window.LastKeyTime(), before);
     EXPECT_LE(window.LastKeyTime(), after);
 }
@@ -232,24 +229,24 @@ TEST_F(Keys, ReachTheHostWindowThatHadTheKeyboardOrTheFirstAroundItThatWantsKeys
 {
     const unsigned long field = window.MakeField();
     window.SetFocus(field);
-    IdleFor(20);
+    IdleFor(20ms);
     ClickInto(Row(2));
-    expectAtHost({}, "F5", {"+F5", "-F5"});
-    EXPECT_EQ(window.LastKeyWindow(), window.TopWindow());
+    expectAtHost("F5", {"+F5", "-F5"});
+    EXPECT_EQ(window.LastKeyWindow(), window.Frame());
     window.SelectKeysOn(field);
-    expectAtHost({}, "F6", {"+F6", "-F6"});
+    expectAtHost("F6", {"+F6", "-F6"});
     EXPECT_EQ(window.LastKeyWindow(), field);
 }
 
 TEST_F(Keys, AKeyThatWentDownInTheHostComesUpInTheHost)
 {
-    window.SetFocus(window.TopWindow());
-    IdleFor(20);
-    user.keyDown("Delete");
-    IdleFor(20);
+    window.SetFocus(window.Frame());
+    IdleFor(20ms);
+    hands.keyDown("Delete");
+    IdleFor(20ms);
     ClickInto(Row(2));
-    user.keyUp("Delete");
-    IdleFor(30);
+    hands.keyUp("Delete");
+    IdleFor(30ms);
     EXPECT_EQ(Stack(), "a b c");
     const auto keys = window.TakeKeys();
     EXPECT_THAT(keys, testing::Contains("+Delete"));
@@ -259,11 +256,11 @@ TEST_F(Keys, AKeyThatWentDownInTheHostComesUpInTheHost)
 TEST_F(Keys, AKeyThatIsHeldDownRepeatsWhereItIsUsed)
 {
     ClickInto(Row(1));
-    user.repeatHeldKeys();
-    user.keyDown("F5");
+    hands.repeatHeldKeys();
+    hands.keyDown("F5");
     EXPECT_TRUE(IdleUntil([this] { return window.CountOf("+F5") >= 3; }));
-    user.keyUp("F5");
-    IdleFor(30);
+    hands.keyUp("F5");
+    IdleFor(30ms);
     const auto keys = window.TakeKeys();
     EXPECT_EQ(std::count(keys.begin(), keys.end(), "+F5"), std::count(keys.begin(), keys.end(), "-F5"));
 }
@@ -271,18 +268,18 @@ TEST_F(Keys, AKeyThatIsHeldDownRepeatsWhereItIsUsed)
 TEST_F(Keys, AClickAndAKeyInOneIdleIntervalActInTheirOrder)
 {
     Click(Row(3));
-    Type("Delete");
-    IdleFor(50);
+    PressKey("Delete");
+    IdleFor(50ms);
     EXPECT_EQ(Stack(), "a b");
     // The rebuild has brought the selection back that was there before: "b".
-    Type("Delete");
+    PressKey("Delete");
     Click(Row(1));
-    IdleFor(50);
+    IdleFor(50ms);
     EXPECT_EQ(Stack(), "a");
-    Type("F5");
+    PressKey("F5");
     Click(HostArea());
-    Type("Delete");
-    IdleFor(50);
+    PressKey("Delete");
+    IdleFor(50ms);
     EXPECT_EQ(Stack(), "a");
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+F5", "-F5", "+Delete", "-Delete"));
 }
@@ -290,10 +287,10 @@ TEST_F(Keys, AClickAndAKeyInOneIdleIntervalActInTheirOrder)
 TEST_F(Keys, GroupsReachTheTreeAfterAClickOnAToolbarButton)
 {
     Click(Button(3));
-    IdleFor(50);
-    TypeWith({"Control_L"}, "a");
-    IdleFor(30);
-    Type("Delete");
+    IdleFor(50ms);
+    PressKey("Control+a");
+    IdleFor(30ms);
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack().empty(); })) << Stack();
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+Control_L", "-ctrl+Control_L"));
 }
@@ -301,8 +298,8 @@ TEST_F(Keys, GroupsReachTheTreeAfterAClickOnAToolbarButton)
 TEST_F(Keys, WorkOnAfterTheKeyboardMapHasChanged)
 {
     window.ChangeKeyboardMap();
-    IdleFor(20);
-    expectAtHost({}, "F5", {"+F5", "-F5"});
-    (void)write({}, "Delete");
+    IdleFor(20ms);
+    expectAtHost("F5", {"+F5", "-F5"});
+    (void)write("Delete");
     EXPECT_EQ(Stack(), "a c");
 }

@@ -63,55 +63,50 @@ protected:
         case State::focused:
             return ClickInto(Row(2));
         case State::menuOpen:
-            return OpenMenu();
+            return OpenGeometryMenu();
         case State::menuClicked:
-            OpenMenu();
+            OpenGeometryMenu();
             return Click(MenuEntry(1));
         case State::editorOpen:
             ClickInto(Row(2));
-            Type("Return");
-            user.type("half");
-            return IdleFor(50);
+            PressKey("Return");
+            TypeText("half");
+            return IdleFor(50ms);
         case State::buttonDown:
             ClickInto(Row(2));
             Press(Row(2));
-            return IdleFor(50);
+            return IdleFor(50ms);
         case State::dragging:
             return startDrag();
         case State::dragReleased:
             startDrag();
-            return user.release();
+            return hands.release();
         case State::hidden:
             ClickInto(Row(2));
             EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
-            return IdleFor(20);
+            return IdleFor(20ms);
         case State::withoutLayer:
             ClickInto(Row(2));
             host.User().SelectLayers({});
-            return IdleFor(20);
+            return IdleFor(20ms);
         case State::eventsWaiting:
             ClickInto(Row(2));
-            Type("Delete");
+            PressKey("Delete");
             Click(HostArea());
             Click(Row(1));
-            return Type("F5");
+            return PressKey("F5");
         }
     }
 
     void startDrag()
     {
         ClickInto(Row(3));
-        Press(Row(3));
-        for (int step = 1; step <= 8; ++step)
-        {
-            Point({Row(3).x, Row(3).y - 5 * step});
-            Idle();
-        }
+        StartDrag(3);
     }
 
     void expectPanelWorks()
     {
-        user.release();
+        hands.release();
         host.User().SelectLayers({layer});
         EXPECT_EQ(host.SetPanelState(panelName, PanelState::frontmost).thrown, "");
         (void)Sibling(host).RefreshPanel();
@@ -119,7 +114,7 @@ protected:
         Settle();
         const std::string first = Stack().substr(0, 1);
         ClickInto(Row(1));
-        Type("Delete");
+        PressKey("Delete");
         EXPECT_TRUE(IdleUntil([&] { return Stack().substr(0, 1) != first; })) << Stack();
     }
 };
@@ -147,7 +142,7 @@ TEST_P(EveryState, CanEndAfterItsContainer)
 TEST_P(EveryState, CanLoseItsContainer)
 {
     window.Destroy();
-    IdleFor(150);
+    IdleFor(150ms);
     void* view = window.MakeContainer(panelName);
     EXPECT_EQ(CreateAgain(view).thrown, "");
     expectPanelWorks();
@@ -156,21 +151,21 @@ TEST_P(EveryState, CanLoseItsContainer)
 TEST_P(EveryState, CanBeReplacedInItsContainer)
 {
     EXPECT_EQ(CreateAgain(reinterpret_cast<void*>(window.Container())).thrown, "");
-    IdleFor(150);
+    IdleFor(150ms);
     expectPanelWorks();
 }
 
 TEST_P(EveryState, CanBeReplacedByOneWithoutAView)
 {
     EXPECT_EQ(CreateAgain(nullptr).thrown, "");
-    IdleFor(150);
+    IdleFor(150ms);
     EXPECT_EQ(window.PanelWindow(), 0u);
 }
 
 TEST_P(EveryState, CanGoOnAfterThePanelWasHiddenForAWhile)
 {
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
-    IdleFor(150);
+    IdleFor(150ms);
     expectPanelWorks();
 }
 
@@ -199,12 +194,12 @@ protected:
     void callIdleHooks()
     {
         HostParts& parts = host.Parts();
-        for (const auto& hook : parts.hooks.idle)
+        for (const auto& hook : parts.plugins.hooks.idle)
         {
             A_long sleep = 2;
             (void)RunHook(
                 parts, {HookKind::ordinary, hook.pluginId, "IdleHook"},
-                [&] { return hook.hook(parts.hooks.globalRefcons[hook.pluginId], hook.refcon, &sleep); });
+                [&] { return hook.hook(parts.plugins.hooks.globalRefcons[hook.pluginId], hook.refcon, &sleep); });
         }
     }
 };
@@ -250,7 +245,7 @@ void ExpectMemoryGrewAtMost([[maybe_unused]] long kilobytes, [[maybe_unused]] co
 
 TEST_F(Lifetime, IdlesWithoutAPanelAndAfterTheEnd)
 {
-    IdleFor(50);
+    IdleFor(50ms);
     Die();
     callIdleHooks();
     callIdleHooks();
@@ -294,7 +289,7 @@ TEST_F(Lifetime, FiftyPanelsOneAfterAnotherLeaveTheProcessAsItWas)
         for (int i = 0; i < times; ++i)
         {
             EXPECT_EQ(CreateAgain(reinterpret_cast<void*>(window.Container())).thrown, "");
-            IdleFor(5);
+            IdleFor(5ms);
         }
     };
     replace(10);
@@ -322,10 +317,10 @@ TEST_F(Lifetime, ARowHeldOverARebuildIsDraggedOn)
         Idle();
     }
     Settle();
-    user.release();
+    hands.release();
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "b a c"; })) << Stack();
     Settle();
     ClickInto(Row(2));
-    Type("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "b c"; })) << Stack();
 }

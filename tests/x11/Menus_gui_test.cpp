@@ -21,7 +21,7 @@ protected:
     void expectNothingChosen()
     {
         EXPECT_TRUE(waitForMenuToClose());
-        IdleFor(200);
+        IdleFor(200ms);
         EXPECT_EQ(Stack(), "a b c");
     }
 
@@ -34,33 +34,33 @@ protected:
 
 TEST_F(Menus, AreOpenWhileTheHostGoesOn)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     host.User().Delete("b");
-    IdleFor(100);
+    IdleFor(100ms);
     EXPECT_EQ(Stack(), "a c");
     EXPECT_TRUE(IsMenuOpen());
-    Type("Escape");
+    PressKey("Escape");
     EXPECT_TRUE(waitForMenuToClose());
 }
 
 TEST_F(Menus, AddTheEffectThatIsClicked)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     Click(MenuEntry(1));
     EXPECT_TRUE(waitForMenuToClose());
     EXPECT_TRUE(IdleUntil([this] { return lastEffect() == "QVK VORTSRC Routes"; })) << lastEffect();
     EXPECT_TRUE(IdleUntil([this] { return PanelHasFocus(); }));
-    IdleFor(200);
+    IdleFor(200ms);
     EXPECT_TRUE(PanelHasFocus());
 }
 
 TEST_F(Menus, AddTheEffectThatIsChosenByKeysWhichTheHostDoesNotGet)
 {
-    OpenMenu();
-    Type("Down");
-    Type("Down");
-    IdleFor(100);
-    Type("Return");
+    OpenGeometryMenu();
+    PressKey("Down");
+    PressKey("Down");
+    IdleFor(100ms);
+    PressKey("Return");
     EXPECT_TRUE(waitForMenuToClose());
     EXPECT_TRUE(IdleUntil([this] { return lastEffect() == "QVK VORTSRC Routes"; })) << lastEffect();
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
@@ -69,57 +69,57 @@ TEST_F(Menus, AddTheEffectThatIsChosenByKeysWhichTheHostDoesNotGet)
 
 TEST_F(Menus, AreClosedByEscapeWhichTheHostDoesNotGet)
 {
-    OpenMenu();
-    Type("Escape");
+    OpenGeometryMenu();
+    PressKey("Escape");
     expectNothingChosen();
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
     EXPECT_TRUE(PanelHasFocus());
-    Type("Escape");
-    IdleFor(50);
+    PressKey("Escape");
+    IdleFor(50ms);
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+Escape", "-Escape"));
 }
 
 TEST_F(Menus, LeaveTheKeysThatTheyDoNotUseToTheHost)
 {
-    OpenMenu();
-    Type("F5");
-    TypeWith({"Control_L"}, "z");
-    IdleFor(50);
+    OpenGeometryMenu();
+    PressKey("F5");
+    PressKey("Control+z");
+    IdleFor(50ms);
     EXPECT_THAT(window.TakeKeys(),
                 ElementsAre("+F5", "-F5", "+Control_L", "+ctrl+z", "-ctrl+z", "-ctrl+Control_L"));
     EXPECT_TRUE(IsMenuOpen());
-    Type("Escape");
+    PressKey("Escape");
     expectNothingChosen();
 }
 
 TEST_F(Menus, KeepTheTreesKeysFromTheHostWithoutAUseForThem)
 {
-    OpenMenu();
-    Type("Delete");
-    TypeWith({"Control_L"}, "x");
-    IdleFor(50);
+    OpenGeometryMenu();
+    PressKey("Delete");
+    PressKey("Control+x");
+    IdleFor(50ms);
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+Control_L", "-ctrl+Control_L"));
     EXPECT_TRUE(IsMenuOpen());
-    Type("Escape");
+    PressKey("Escape");
     expectNothingChosen();
 }
 
 TEST_F(Menus, AreClosedByAClickOnTheHostsWindow)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     Click(HostArea());
     expectNothingChosen();
     EXPECT_TRUE(HostHasFocus());
-    Type("Delete");
-    IdleFor(50);
+    PressKey("Delete");
+    IdleFor(50ms);
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+Delete", "-Delete"));
 }
 
 TEST_F(Menus, AreClosedByAClickOnTheHostsWindowAfterThePointerWasOverThem)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     Point(MenuEntry(1));
-    IdleFor(150);
+    IdleFor(150ms);
     Click(HostArea());
     expectNothingChosen();
     EXPECT_TRUE(HostHasFocus());
@@ -128,7 +128,7 @@ TEST_F(Menus, AreClosedByAClickOnTheHostsWindowAfterThePointerWasOverThem)
 TEST_F(Menus, AreClosedByAClickInAHostThatTakesTheFocusItself)
 {
     window.SetClicks(HostClicks::takeTheFocus);
-    OpenMenu();
+    OpenGeometryMenu();
     Click(HostArea());
     expectNothingChosen();
     EXPECT_TRUE(HostHasFocus());
@@ -136,14 +136,14 @@ TEST_F(Menus, AreClosedByAClickInAHostThatTakesTheFocusItself)
 
 TEST_F(Menus, AreClosedByAClickOnTheDesktop)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     Click(Desktop());
     expectNothingChosen();
 }
 
 TEST_F(Menus, AreClosedByAClickInThePanel)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     Click({PlainHost::left + 300, PlainHost::top + 300});
     expectNothingChosen();
     EXPECT_TRUE(PanelHasFocus());
@@ -151,7 +151,7 @@ TEST_F(Menus, AreClosedByAClickInThePanel)
 
 TEST_F(Menus, AreClosedByAClickOnTheirButton)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     Click(Button(0));
     expectNothingChosen();
     EXPECT_TRUE(PanelHasFocus());
@@ -159,21 +159,21 @@ TEST_F(Menus, AreClosedByAClickOnTheirButton)
 
 TEST_F(Menus, AreClosedWhenTheHostTakesTheFocusWithoutAClick)
 {
-    OpenMenu();
-    window.SetFocus(window.TopWindow());
+    OpenGeometryMenu();
+    window.SetFocus(window.Frame());
     expectNothingChosen();
     EXPECT_TRUE(HostHasFocus());
 }
 
 TEST_F(Menus, OpenUnderAFirstClickIntoThePanel)
 {
-    window.SetFocus(window.TopWindow());
-    IdleFor(20);
-    OpenMenu();
-    Type("F5");
-    IdleFor(50);
+    window.SetFocus(window.Frame());
+    IdleFor(20ms);
+    OpenGeometryMenu();
+    PressKey("F5");
+    IdleFor(50ms);
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+F5", "-F5"));
-    Type("Escape");
+    PressKey("Escape");
     expectNothingChosen();
     EXPECT_TRUE(PanelHasFocus());
 }
@@ -181,28 +181,28 @@ TEST_F(Menus, OpenUnderAFirstClickIntoThePanel)
 TEST_F(Menus, GiveTheKeyboardToTheTreeAgain)
 {
     ClickInto(Row(2));
-    OpenMenu();
-    Type("Escape");
+    OpenGeometryMenu();
+    PressKey("Escape");
     EXPECT_TRUE(waitForMenuToClose());
     EXPECT_TRUE(IdleUntil([this] { return PanelHasFocus(); }));
-    Type("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; }));
 }
 
 TEST_F(Menus, AddNothingOnceTheirPanelHasBeenReplaced)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     EXPECT_EQ(CreateAgain(reinterpret_cast<void*>(window.Container())).thrown, "");
     expectNothingChosen();
     Settle();
     ClickInto(Row(2));
-    Type("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; }));
 }
 
 TEST_F(Menus, AddNothingWhenTheirPanelIsReplacedBetweenTheClickAndItsDelivery)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     Click(MenuEntry(1));
     EXPECT_EQ(CreateAgain(reinterpret_cast<void*>(window.Container())).thrown, "");
     expectNothingChosen();
@@ -210,13 +210,13 @@ TEST_F(Menus, AddNothingWhenTheirPanelIsReplacedBetweenTheClickAndItsDelivery)
 
 TEST_F(Menus, StayOpenWithoutALayerThatGetsTheEffectLater)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     host.User().SelectLayers({});
-    IdleFor(300);
+    IdleFor(300ms);
     EXPECT_TRUE(IsMenuOpen());
     Click(MenuEntry(1));
     EXPECT_TRUE(waitForMenuToClose());
-    IdleFor(100);
+    IdleFor(100ms);
     EXPECT_EQ(Stack(), "a b c");
     host.User().SelectLayers({layer});
     EXPECT_TRUE(IdleUntil([this] { return lastEffect() == "QVK VORTSRC Routes"; })) << lastEffect();
@@ -225,9 +225,9 @@ TEST_F(Menus, StayOpenWithoutALayerThatGetsTheEffectLater)
 TEST_F(Menus, StayOpenWithoutAnItemThatComesBackLater)
 {
     const int comp = host.State().FindLayer(layer)->compId;
-    OpenMenu();
+    OpenGeometryMenu();
     host.User().OpenComposition(0);
-    IdleFor(300);
+    IdleFor(300ms);
     EXPECT_TRUE(IsMenuOpen());
     Click(MenuEntry(1));
     expectNothingChosen();
@@ -238,13 +238,13 @@ TEST_F(Menus, StayOpenWithoutAnItemThatComesBackLater)
 
 TEST_F(Menus, AreClosedWhenAnotherTabCoversThePanel)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
     expectNothingChosen();
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::frontmost).thrown, "");
     Settle();
     EXPECT_EQ(Stack(), "a b c");
-    OpenMenu();
+    OpenGeometryMenu();
     Click(MenuEntry(1));
     EXPECT_TRUE(IdleUntil([this] { return lastEffect() == "QVK VORTSRC Routes"; })) << lastEffect();
 }

@@ -21,7 +21,7 @@ protected:
 
     std::string pixelsOfTheMiddle()
     {
-        const ScreenPicture picture = user.screen();
+        const ScreenPicture picture = hands.screen();
         std::string text;
         for (int y = 0; y < 20; ++y)
             for (int x = 0; x < 60; ++x)
@@ -65,7 +65,7 @@ TEST_F(PanelHooks, TheMenuEntryTogglesThePanel)
     EXPECT_EQ(state(), PanelState::frontmost);
     Settle();
     ClickInto(Row(1));
-    Type("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "b c"; })) << "the tree was filled again";
 }
 
@@ -117,8 +117,8 @@ TEST_F(PanelHooks, DeliversEventsWhileThePanelIsBehindOrHiddenOrWithoutAnItem)
         const std::string lines = OutputOf(
             [this]
             {
-                TypeWith({"Control_L"}, "c");
-                IdleFor(30);
+                PressKey("Control+c");
+                IdleFor(30ms);
             });
         EXPECT_THAT(lines, HasSubstr("Copy Button\n"));
         EXPECT_EQ(host.SetPanelState(panelName, PanelState::frontmost).thrown, "");
@@ -190,7 +190,7 @@ TEST_F(CreatePanel, WithoutOneOfTheOtherSuitesThrows516AndLeavesTheWidgetUsable)
         host.Faults().GiveBack(name, version);
         EXPECT_EQ(window.PanelWindow(), 0u);
         EXPECT_EQ(host.SuiteCount("PF AE App Suite", 6), 0);
-        IdleFor(20);
+        IdleFor(20ms);
     }
     expectPanelWorks();
 }
@@ -235,6 +235,6 @@ TEST_F(CreatePanel, EndsAfterAFailureThatLeftAWidgetWithoutAWindow)
     host.Faults().Withhold("AEGP Utility Suite", 7);
     EXPECT_EQ(thrownByCreate(), 516);
     host.Faults().GiveBack("AEGP Utility Suite", 7);
-    IdleFor(20);
+    IdleFor(20ms);
     Die();
 }

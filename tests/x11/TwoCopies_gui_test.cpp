@@ -72,17 +72,17 @@ TEST_F(TwoCopies, DoNotMeet)
     EXPECT_EQ(juce::ComponentPeer::getNumPeers(), 1) << "the panel's window is not the host's";
     EXPECT_EQ(juce::Desktop::getInstance().getNumComponents(), 1);
 
-    EXPECT_TRUE(idleBothUntil([this] { return user.screen().at(680, 330) != 0; })) << "it is painted";
+    EXPECT_TRUE(idleBothUntil([this] { return hands.screen().at(680, 330) != 0; })) << "it is painted";
     Click({680, 330});
     EXPECT_TRUE(idleBothUntil([this] { return hostEditor->editor.hasKeyboardFocus(true); }));
-    user.type("host");
+    TypeText("host");
     EXPECT_TRUE(idleBothUntil([this] { return hostEditor->editor.getText() == "host"; }));
     EXPECT_EQ(Stack(), "a b c");
 
     Click(Row(2));
     EXPECT_TRUE(idleBothUntil([this] { return PanelHasFocus(); }));
     EXPECT_TRUE(idleBothUntil([this] { return !hostEditor->editor.hasKeyboardFocus(true); }));
-    Type("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(idleBothUntil([this] { return Stack() == "a c"; }));
     EXPECT_EQ(hostEditor->editor.getText(), "host");
 }
@@ -103,6 +103,6 @@ TEST_F(TwoCopies, TheBundlesGoesOnAfterTheHostsHasEnded)
     hostEditor.reset();
     juceOfHost.reset();
     ClickInto(Row(2));
-    Type("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; }));
 }

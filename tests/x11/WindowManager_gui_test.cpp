@@ -23,25 +23,25 @@ TEST_F(WindowManager, LetsThePanelTakeTheKeyboardAndGiveItBack)
     for (int i = 0; i < 5; ++i)
     {
         ClickInto(Row(2));
-        IdleFor(100);
+        IdleFor(100ms);
         EXPECT_TRUE(PanelHasFocus());
-        Type("F5");
-        IdleFor(30);
+        PressKey("F5");
+        IdleFor(30ms);
         EXPECT_THAT(window.TakeKeys(), ElementsAre("+F5", "-F5"));
         EXPECT_THAT(OutputOf(
                         [this]
                         {
-                            TypeWith({"Control_L"}, "c");
-                            IdleFor(30);
+                            PressKey("Control+c");
+                            IdleFor(30ms);
                         }),
                     HasSubstr("Copy Button\n"));
         Click(HostArea());
         EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); }));
-        IdleFor(100);
+        IdleFor(100ms);
         EXPECT_TRUE(HostHasFocus());
         (void)window.TakeKeys();
-        Type("Delete");
-        IdleFor(30);
+        PressKey("Delete");
+        IdleFor(30ms);
         EXPECT_THAT(window.TakeKeys(), ElementsAre("+Delete", "-Delete"));
     }
     EXPECT_EQ(Stack(), "a b c");
@@ -53,19 +53,19 @@ TEST_F(WindowManager, LeavesFurtherClicksInThePanelToIt)
     for (int i = 0; i < 5; ++i)
     {
         Click(Row(1 + i % 3));
-        IdleFor(150);
+        IdleFor(150ms);
         EXPECT_TRUE(PanelHasFocus()) << i;
     }
-    Type("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; })) << Stack();
 }
 
 TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterAMenu)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     Click(MenuEntry(1));
     EXPECT_TRUE(IdleUntil([this] { return !IsMenuOpen(); }));
-    IdleFor(200);
+    IdleFor(200ms);
     EXPECT_TRUE(PanelHasFocus());
     EXPECT_EQ(Stack(), "a b c e4");
 }
@@ -73,25 +73,19 @@ TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterAMenu)
 TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterADrag)
 {
     ClickInto(Row(3));
-    Press(Row(3));
-    IdleFor(100);
-    for (int step = 1; step <= 8; ++step)
-    {
-        Point({Row(3).x, Row(3).y - 5 * step});
-        Idle();
-    }
-    user.release();
+    StartDrag(3);
+    hands.release();
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "c a b"; })) << Stack();
-    IdleFor(300);
+    IdleFor(300ms);
     EXPECT_TRUE(PanelHasFocus());
 }
 
 TEST_F(WindowManager, ClosesAMenuAtAClickOnTheHost)
 {
-    OpenMenu();
+    OpenGeometryMenu();
     Click(HostArea());
     EXPECT_TRUE(IdleUntil([this] { return !IsMenuOpen(); }));
-    IdleFor(200);
+    IdleFor(200ms);
     EXPECT_TRUE(HostHasFocus());
     EXPECT_EQ(Stack(), "a b c");
 }
@@ -101,14 +95,14 @@ TEST_F(WindowManager, GivesTheKeyboardToAnotherProgramThatIsClicked)
     for (int i = 0; i < 5; ++i)
     {
         ClickInto(Row(2));
-        IdleFor(100);
+        IdleFor(100ms);
         const unsigned long other = window.MakeWindowOfAnotherProgram(620, 100, 150, 150);
-        IdleFor(100);
+        IdleFor(100ms);
         Click({700, 180});
-        EXPECT_TRUE(IdleUntil([&] { return user.focusedWindow() == other; })) << i;
-        IdleFor(100);
-        EXPECT_EQ(user.focusedWindow(), other) << i;
+        EXPECT_TRUE(IdleUntil([&] { return hands.focusedWindow() == other; })) << i;
+        IdleFor(100ms);
+        EXPECT_EQ(hands.focusedWindow(), other) << i;
         window.DestroyWindowOfAnotherProgram();
-        IdleFor(50);
+        IdleFor(50ms);
     }
 }

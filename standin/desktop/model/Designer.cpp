@@ -21,7 +21,7 @@ void toggle(std::vector<Value>& values, Value value)
 
 int activeLayerOf(const HostParts& parts)
 {
-    return parts.selection.ActiveLayer(parts.project, parts.options.focusInPanel);
+    return parts.project.selection.ActiveLayer(parts.project.state, parts.options.focusInPanel);
 }
 } // namespace
 
@@ -36,7 +36,7 @@ std::string Designer::nameOf(int effectId) const { return ScenarioNameOf(host, e
 void Designer::saySelection() const
 {
     std::vector<std::string> names;
-    for (const int id : host.Parts().selection.layers)
+    for (const int id : host.Parts().project.selection.layers)
         if (const Layer* layer = host.State().FindLayer(id))
             names.push_back(layer->name);
     if (names.empty())
@@ -58,13 +58,13 @@ int Designer::NewComposition()
 {
     HostParts& parts = host.Parts();
     std::vector<std::string> taken;
-    for (const Item& item : parts.project.items)
+    for (const Item& item : parts.project.state.items)
         taken.push_back(item.name);
-    const ProjectState before = parts.project;
+    const ProjectState before = parts.project.state;
     const std::string name = unusedName("Comp", taken);
     say("composition TEXT", {name});
     const int comp = host.AddComposition(name);
-    parts.undo.Change("New Composition", before, parts.project);
+    parts.history.Change("New Composition", before, parts.project.state);
     ClickItem(comp);
     return comp;
 }
@@ -72,18 +72,18 @@ int Designer::NewComposition()
 int Designer::NewLayer()
 {
     HostParts& parts = host.Parts();
-    const int comp = parts.selection.frontComp;
-    if (parts.project.FindItem(comp) == nullptr)
+    const int comp = parts.project.selection.frontComp;
+    if (parts.project.state.FindItem(comp) == nullptr)
         return 0;
     std::vector<std::string> taken;
-    for (const Layer& layer : parts.project.layers)
+    for (const Layer& layer : parts.project.state.layers)
         if (layer.compId == comp)
             taken.push_back(layer.name);
-    const ProjectState before = parts.project;
+    const ProjectState before = parts.project.state;
     const std::string name = unusedName("Layer", taken);
     say("layer TEXT", {name});
     const int layer = host.AddLayer(comp, name);
-    parts.undo.Change("New Layer", before, parts.project);
+    parts.history.Change("New Layer", before, parts.project.state);
     ClickLayer(layer, Click::alone);
     return layer;
 }
@@ -113,7 +113,7 @@ void Designer::ClickLayer(int layerId, Click click)
     std::vector<int> layers;
     if (click == Click::toggle)
     {
-        layers = host.Parts().selection.layers;
+        layers = host.Parts().project.selection.layers;
         toggle(layers, layerId);
     }
     else
@@ -150,7 +150,7 @@ void Designer::ClickEffect(int effectId)
     if (find(effectId) == nullptr)
         return;
     focusControls();
-    host.Parts().selection.effect = effectId;
+    host.Parts().project.selection.effect = effectId;
 }
 
 void Designer::ClickNoEffect()
@@ -166,7 +166,7 @@ int Designer::Apply(const std::string& matchName)
         return 0;
     say("apply TEXT", {matchName});
     const int effect = host.User().Apply(layer, matchName);
-    host.Parts().selection.effect = effect;
+    host.Parts().project.selection.effect = effect;
     return effect;
 }
 
@@ -192,7 +192,7 @@ void Designer::ToggleHidden(int effectId)
 void Designer::ToggleTwirl(int effectId)
 {
     if (find(effectId) != nullptr)
-        host.Parts().twirledOpen[effectId] = !host.Parts().twirledOpen[effectId];
+        host.Parts().project.twirledOpen[effectId] = !host.Parts().project.twirledOpen[effectId];
 }
 
 void Designer::Rename(int effectId, const std::string& name)
@@ -227,7 +227,7 @@ void Designer::Duplicate(int effectId)
     if (effect == nullptr)
         return;
     say("duplicate TEXT", {nameOf(effectId)});
-    host.Parts().selection.effect = host.User().Duplicate(effect->label);
+    host.Parts().project.selection.effect = host.User().Duplicate(effect->label);
 }
 
 void Designer::Delete(int effectId)
@@ -242,11 +242,11 @@ void Designer::Delete(int effectId)
 int Designer::SelectedEffect() const
 {
     const HostParts& parts = host.Parts();
-    const Layer* layer = parts.project.FindLayer(activeLayerOf(parts));
+    const Layer* layer = parts.project.state.FindLayer(activeLayerOf(parts));
     if (layer == nullptr)
         return 0;
     for (const EffectInstance& effect : layer->effects)
-        if (effect.id == parts.selection.effect)
+        if (effect.id == parts.project.selection.effect)
             return effect.id;
     return 0;
 }

@@ -6,7 +6,7 @@ namespace standin
 {
 const Panel* DockState::panel() const
 {
-    auto& panels = host.Parts().panels.All();
+    auto& panels = host.Parts().plugins.panels.All();
     return panels.empty() ? nullptr : &panels.front();
 }
 

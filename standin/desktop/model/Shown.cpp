@@ -16,15 +16,15 @@ bool contains(const std::vector<int>& ids, int id)
 
 std::vector<ShownItem> showItems(const HostParts& parts)
 {
-    const bool projectHasFocus = parts.selection.panel == ActivePanel::project;
+    const bool projectHasFocus = parts.project.selection.panel == ActivePanel::project;
     std::vector<ShownItem> shown;
-    for (const Item& item : parts.project.items)
+    for (const Item& item : parts.project.state.items)
     {
         ShownItem row{item.id, item.kind, item.name, 0, false};
-        for (const Layer& layer : parts.project.layers)
+        for (const Layer& layer : parts.project.state.layers)
             row.layerCount += layer.compId == item.id ? 1 : 0;
         row.isFront =
-            projectHasFocus ? contains(parts.selection.items, item.id) : item.id == parts.selection.frontComp;
+            projectHasFocus ? contains(parts.project.selection.items, item.id) : item.id == parts.project.selection.frontComp;
         shown.push_back(std::move(row));
     }
     return shown;
@@ -33,28 +33,28 @@ std::vector<ShownItem> showItems(const HostParts& parts)
 std::vector<ShownLayer> showLayers(const HostParts& parts, int activeLayer)
 {
     std::vector<ShownLayer> shown;
-    for (const Layer& layer : parts.project.layers)
+    for (const Layer& layer : parts.project.state.layers)
     {
-        if (layer.compId == parts.selection.frontComp)
+        if (layer.compId == parts.project.selection.frontComp)
             shown.push_back({layer.id, layer.name, static_cast<int>(layer.effects.size()),
-                             contains(parts.selection.layers, layer.id), layer.id == activeLayer});
+                             contains(parts.project.selection.layers, layer.id), layer.id == activeLayer});
     }
     return shown;
 }
 
 ShownEffect showEffect(HostParts& parts, const EffectInstance& effect)
 {
-    const InstalledEffect* entry = parts.InstalledOf(effect);
-    const auto twirl = parts.twirledOpen.find(effect.id);
+    const InstalledEffect* entry = parts.project.InstalledOf(effect);
+    const auto twirl = parts.project.twirledOpen.find(effect.id);
     ShownEffect shown;
     shown.id = effect.id;
-    shown.name = parts.NameOf(effect);
+    shown.name = parts.project.NameOf(effect);
     shown.defaultName = entry != nullptr ? entry->defaultName : "";
     shown.group = effect.family.group;
     shown.isOn = (effect.flags & effectActive) != 0;
     shown.isHidden = effect.groupHidden;
-    shown.isOpen = twirl != parts.twirledOpen.end() && twirl->second;
-    shown.isSelected = parts.selection.effect == effect.id;
+    shown.isOpen = twirl != parts.project.twirledOpen.end() && twirl->second;
+    shown.isSelected = parts.project.selection.effect == effect.id;
     for (std::size_t i = 1; i < effect.parameters.size(); ++i)
         shown.parameters.push_back({effect.parameters[i].name, effect.parameters[i].hidden});
     return shown;
@@ -62,9 +62,9 @@ ShownEffect showEffect(HostParts& parts, const EffectInstance& effect)
 
 std::string sayWhyNothingIsActive(const HostParts& parts, const std::vector<ShownLayer>& layers)
 {
-    if (parts.selection.panel == ActivePanel::project)
+    if (parts.project.selection.panel == ActivePanel::project)
         return "The project's own list is in use: no layer is active.";
-    if (parts.project.FindItem(parts.selection.frontComp) == nullptr)
+    if (parts.project.state.FindItem(parts.project.selection.frontComp) == nullptr)
         return "No composition is open.";
     if (layers.empty())
         return "The composition has no layers.";
@@ -78,12 +78,12 @@ Shown ShowHost(Host& host)
 {
     HostParts& parts = host.Parts();
     Shown shown;
-    shown.activeLayer = parts.selection.ActiveLayer(parts.project, parts.options.focusInPanel);
+    shown.activeLayer = parts.project.selection.ActiveLayer(parts.project.state, parts.options.focusInPanel);
     shown.items = showItems(parts);
     shown.layers = showLayers(parts, shown.activeLayer);
-    if (const Item* comp = parts.project.FindItem(parts.selection.frontComp))
+    if (const Item* comp = parts.project.state.FindItem(parts.project.selection.frontComp))
         shown.compositionName = comp->name;
-    if (const Layer* layer = parts.project.FindLayer(shown.activeLayer))
+    if (const Layer* layer = parts.project.state.FindLayer(shown.activeLayer))
     {
         shown.activeLayerName = layer->name;
         for (const EffectInstance& effect : layer->effects)

@@ -4,6 +4,8 @@
 #include "standin/project/ProjectFile.h"
 #include "standin/session/EffectModule.h"
 
+#include <algorithm>
+
 namespace standin
 {
 Workbench::Workbench(ContainerProvider& containers)
@@ -41,23 +43,30 @@ void Workbench::InstallEffect(const std::string& file)
 
 void Workbench::Idle(double now, IdleMode mode)
 {
+    ++passes;
     if (mode == IdleMode::starved)
         return;
     Collect("Between idle passes");
     const std::size_t before = host.Trace().Count();
     (void)host.RunIdle(mode);
     meter.Tick(now);
-    ++idles;
     callsInLastPass = host.Trace().Count() - before;
     Collect("Idle pass");
 }
 
 void Workbench::Collect(const std::string& origin)
 {
-    calls.Add(origin, host.CallTexts());
+    const std::vector<std::string> news = host.CallTexts();
+    if (onCall)
+        std::for_each(news.begin(), news.end(), onCall);
+    calls.Add(origin, news);
     host.ClearTrace();
     for (const std::string& line : printed.TakeLines())
+    {
+        if (onPrinted)
+            onPrinted(line);
         messages.Add(MessageKind::printed, line);
+    }
     const std::vector<Alert>& alerts = host.Alerts();
     for (; alertsTaken < alerts.size(); ++alertsTaken)
         messages.Add(MessageKind::alert, alerts[alertsTaken].text);

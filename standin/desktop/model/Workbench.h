@@ -1,7 +1,8 @@
 #pragma once
 // The desktop without its windows: a host with the family installed, a bundle, and everything that the
-// windows show and the user can do. Used by the windows, by the guided tour and by tests.
+// windows show and the user can do. Used by the windows, by the player of scenarios and by tests.
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -35,7 +36,12 @@ public:
     /// From now on this hears of what the user does, outside the panel; null for nobody.
     void RecordWith(ActionRecord* one);
 
+    /// Hears each host call and each line that the bundle prints; may be empty.
+    std::function<void(const std::string&)> onCall;
+    std::function<void(const std::string&)> onPrinted;
+
     Host& TheHost() { return host; }
+    const Bundle& TheBundle() const { return *bundle; }
     Designer& User() { return designer; }
     DockState& TheDock() { return dock; }
     MessageLog& Messages() { return messages; }
@@ -51,8 +57,8 @@ public:
 
     // The status bar.
     int IdlesPerSecond(double now) const { return meter.PerSecond(now); }
-    /// All passes so far.
-    std::size_t Idles() const { return idles; }
+    /// All passes so far, with those in which the host did not idle.
+    std::size_t Passes() const { return passes; }
     std::size_t CallsInLastPass() const { return callsInLastPass; }
     std::size_t Findings() const { return findings; }
 
@@ -95,7 +101,7 @@ private:
     ActionRecord* record = nullptr;
     CallLog calls;
     IdleMeter meter;
-    std::size_t idles = 0;
+    std::size_t passes = 0;
     std::size_t callsInLastPass = 0;
     std::size_t alertsTaken = 0;
     std::size_t findings = 0;

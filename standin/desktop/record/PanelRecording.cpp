@@ -1,6 +1,7 @@
 #include "standin/desktop/record/PanelRecording.h"
 
 #include "standin/screen/DisplayNames.h"
+#include "standin/user/Waits.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -12,8 +13,7 @@ namespace
 {
 constexpr int rowHeight = PanelReader::rowHeight;
 constexpr int dragThreshold = 5;
-constexpr unsigned long doubleClick = 400; ///< Milliseconds.
-constexpr int passesOfDoubleClick = 20;    ///< Surely longer than that.
+constexpr int passesOfDoubleClick = 20; ///< Surely longer than a double click takes.
 constexpr int mostGroups = 10;
 constexpr unsigned wheelUp = 4;
 constexpr unsigned wheelDown = 5;
@@ -129,6 +129,7 @@ void PanelRecording::press(const InputEvent& event)
         if (button.text == "Add Vortan" || button.text == "Add Group")
             return line("click button TEXT", {button.text});
         menuOf = button.text;
+        menuPicture.clear();
         entries.clear();
         menuEntry = -1;
         return;
@@ -152,7 +153,7 @@ void PanelRecording::pressRow(const InputEvent& event, const PanelRow& row)
     const int x = event.x - view.area->x - row.x;
     constexpr int boxWidth = 12;
     const bool isSecond = click.has_value() && click->row == row.text && !isFar(click->x, click->y, event) &&
-                          event.time - click->time < doubleClick;
+                          event.time - click->time < static_cast<unsigned long>(waits::doubleClick.count());
     if (isSecond)
     {
         click.reset();
@@ -206,9 +207,9 @@ void PanelRecording::drop(const InputEvent& event, const std::string& name)
 
 // ---- The menus of the buttons
 
-std::optional<ScreenArea> PanelRecording::menu()
+std::optional<Area> PanelRecording::menu()
 {
-    const std::vector<ScreenArea> popUps = eyes.popUps();
+    const std::vector<Area> popUps = eyes.popUps();
     if (popUps.empty())
         return {};
     return popUps.back();
@@ -216,10 +217,14 @@ std::optional<ScreenArea> PanelRecording::menu()
 
 void PanelRecording::readMenu()
 {
-    const std::optional<ScreenArea> area = menu();
+    const std::optional<Area> area = menu();
     if (!area.has_value())
         return;
-    const std::vector<std::string> seen = reader.MenuEntries(eyes.picture(*area), candidates());
+    ScreenPicture now = eyes.picture(*area);
+    if (now.pixels == menuPicture)
+        return; // Reading takes many times as long as looking, and a menu stays as it is for many passes.
+    const std::vector<std::string> seen = reader.MenuEntries(now, candidates());
+    menuPicture = std::move(now.pixels);
     entries.resize(seen.size(), PanelReader::unreadable);
     for (std::size_t i = 0; i < seen.size(); ++i)
         if (seen[i] != PanelReader::unreadable)
@@ -239,7 +244,7 @@ void PanelRecording::choose(int entry)
 
 void PanelRecording::chooseEntry(const InputEvent& event)
 {
-    const std::optional<ScreenArea> area = menu();
+    const std::optional<Area> area = menu();
     if (!area.has_value() || event.x < area->x || event.x >= area->x + area->width)
         return leaveMenu();
     constexpr int halfAnEntry = 11;

@@ -18,7 +18,7 @@ public:
     /// Where the panel is on the screen, and whether it has the keyboard; asked for anew each time.
     struct View
     {
-        std::optional<ScreenArea> area; ///< Nothing while it cannot be seen.
+        std::optional<Area> area; ///< Nothing while it cannot be seen.
         bool hasKeyboard = false;
     };
 
@@ -40,7 +40,7 @@ private:
     void leaveMenu();
     void choose(int entry);
     void readMenu();
-    std::optional<ScreenArea> menu();
+    std::optional<Area> menu();
     void drop(const InputEvent& event, const std::string& name);
     void flushText();
     void flushClick();
@@ -68,6 +68,7 @@ private:
     View view;
     std::string menuOf;                ///< The button whose menu is open.
     std::vector<std::string> entries;  ///< Of that menu. One that is pointed at is not always to be read.
+    std::vector<std::uint32_t> menuPicture; ///< When it was read last.
     int menuEntry = -1;                ///< What the arrow keys have come to in it.
     std::vector<PanelRow> rowsAtPress; ///< What is dragged hangs over them later.
     std::string typed;                 ///< Typed so far.

@@ -1,5 +1,7 @@
 #include "standin/desktop/views/MainView.h"
 
+#include "standin/desktop/views/WindowEvents.h"
+
 #include <JuceText.h>
 
 namespace standin
@@ -7,6 +9,7 @@ namespace standin
 namespace
 {
 constexpr int idlesPerSecond = 30;
+constexpr double pauseAfterPass = 0.01; ///< At the least, in seconds.
 constexpr int passesUntilSure = 10; ///< That the desktop has the keyboard and JUCE does not know.
 constexpr int menuHeight = 26;
 constexpr int statusHeight = 24;
@@ -55,18 +58,22 @@ Menus::Windows MainView::actions()
 
 void MainView::SetProjectFile(const juce::File& file) { projectFile = file; }
 
-/// The real host does not idle while the user holds a mouse button down in it.
+/// After a pass that took long JUCE calls again at once, and once more, and would deliver nothing else: the
+/// others get their turn in between. The real host does not idle while the user holds a mouse button down in it.
 void MainView::timerCallback()
 {
+    if (now() < soonestPass)
+        return;
     if (beforeIdle)
         beforeIdle();
     followFocus();
     bench.Idle(now(), effects.IsDragging() ? IdleMode::starved : IdleMode::normal);
     tendWindow();
     Refresh();
+    soonestPass = now() + pauseAfterPass;
 }
 
-/// Behind the idle, in which the panel fetches a lost focus back for itself.
+/// After the idle, in which the panel fetches a lost focus back for itself.
 void MainView::tendWindow()
 {
     auto* peer = getPeer();
@@ -80,7 +87,7 @@ void MainView::tendWindow()
     // focus has come may be under way, though, and would take it from whoever has it by then.
     if (passesDeaf == passesUntilSure)
         peer->handleFocusGain();
-    containers.Wake(window);
+    DeliverWindowEvents();
     if (waiting && getCurrentlyModalComponent() == nullptr && getCurrentlyFocusedComponent() != nullptr)
         std::exchange(waiting, nullptr)();
 }

@@ -73,5 +73,6 @@ private:
     juce::Component::SafePointer<Field> field; ///< What the user types into, or did last.
     int passesDeaf = 0; ///< With the keyboard on the window, and no component that it goes to.
     bool panelHadFocus = false;
+    double soonestPass = 0;
 };
 } // namespace standin

@@ -72,7 +72,7 @@ void X11Containers::ShowContainer(void* container, Visibility visibility)
     (void)XSync(connection->display, False);
 }
 
-void X11Containers::Place(unsigned long parentWindow, NativeArea area)
+void X11Containers::Place(unsigned long parentWindow, Area area)
 {
     area.width = std::max(area.width, 1);
     area.height = std::max(area.height, 1);
@@ -93,7 +93,7 @@ bool X11Containers::isContainer(unsigned long window) const
     return std::find(containers.begin(), containers.end(), window) != containers.end();
 }
 
-std::optional<NativeArea> X11Containers::AreaOnScreen() const
+std::optional<Area> X11Containers::AreaOnScreen() const
 {
     for (const Window window : containers)
     {
@@ -101,7 +101,7 @@ std::optional<NativeArea> X11Containers::AreaOnScreen() const
         if (XGetWindowAttributes(connection->display, window, &attributes) == 0 ||
             attributes.map_state != IsViewable)
             continue;
-        NativeArea area{0, 0, attributes.width, attributes.height};
+        Area area{0, 0, attributes.width, attributes.height};
         Window ignored = None;
         (void)XTranslateCoordinates(connection->display, window, attributes.root, 0, 0, &area.x, &area.y,
                                     &ignored);
@@ -130,16 +130,5 @@ bool X11Containers::FetchLostFocus(unsigned long window) const
     (void)XSetInputFocus(connection->display, window, RevertToParent, CurrentTime);
     (void)XSync(connection->display, False);
     return false;
-}
-
-void X11Containers::Wake(unsigned long window) const
-{
-    XEvent event{};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = window;
-    event.xclient.message_type = XInternAtom(connection->display, "STANDIN_WAKE", False);
-    event.xclient.format = 32;
-    (void)XSendEvent(connection->display, window, False, NoEventMask, &event);
-    (void)XFlush(connection->display);
 }
 } // namespace standin

@@ -7,18 +7,10 @@
 #include <vector>
 
 #include "standin/core/ContainerProvider.h"
+#include "standin/user/Geometry.h"
 
 namespace standin
 {
-/// In pixels of the screen, from the top-left of the window around it.
-struct NativeArea
-{
-    int x = 0;
-    int y = 0;
-    int width = 1;
-    int height = 1;
-};
-
 class X11Containers : public ContainerProvider
 {
 public:
@@ -32,20 +24,16 @@ public:
     void DestroyContainer(void* container) override;
     void ShowContainer(void* container, Visibility visibility) override;
 
-    /// Where containers are, and will be: in this X11 window. One that is there already is moved.
-    void Place(unsigned long parentWindow, NativeArea area);
+    /// Where containers are, and will be: in this X11 window, from its upper left corner. One that is there
+    /// already is moved.
+    void Place(unsigned long parentWindow, Area area);
     /// Where the first that can be seen is on the screen.
-    std::optional<NativeArea> AreaOnScreen() const;
+    std::optional<Area> AreaOnScreen() const;
     /// Whether the keyboard focus is in one of them.
     bool HasFocus() const;
     /// Gives the focus to a window of the desktop if nobody has it: a menu that closes leaves it on the
     /// screen's root where no window manager hands it on. Whether the window has had it all along.
     bool FetchLostFocus(unsigned long window) const;
-    /// Sends the window a message that means nothing. JUCE looks for its events when something new arrives
-    /// from the server, and leaves lying what came in along with the answer to a question of its own; an open
-    /// menu asks one twenty times a second. Without this a key or a click may wait for the next move of the
-    /// mouse.
-    void Wake(unsigned long window) const;
 
 private:
     struct Connection;
@@ -53,7 +41,7 @@ private:
 
     Connection* connection;
     unsigned long parent = 0;
-    NativeArea place;
+    Area place{0, 0, 1, 1};
     std::vector<unsigned long> containers;
 };
 } // namespace standin

@@ -14,20 +14,22 @@ namespace standin
 {
 bool isButtonDown() { return juce::Desktop::getInstance().getMainMouseSource().isDragging(); }
 
-TestScreen::TestScreen() : server(800, 600) {}
-
-TreeGuiTest::TreeGuiTest() : TreeTest(Screen::ofTheEnvironment), host(hostX, hostY, hostWidth, hostHeight)
+TreeGuiTest::TreeGuiTest() : User(std::make_unique<Xvfb>(800, 600)), TreeTest(Screen::ofTheEnvironment)
 {
     // Two clicks in a row are two clicks, unless a test wants a double click.
     juce::MouseEvent::setDoubleClickTimeout(0);
     SetBGColor(panel, 0.19f, 0.19f, 0.19f, 1.0f);
-    addToDesktop(panel, nullptr, panelWidth, panelHeight, host.handle());
+    addToDesktop(panel, nullptr, panelWidth, panelHeight, host.FrameHandle());
     EXPECT_TRUE(pumpUntil([this] { return panel->isShowing(); }));
-    input.move(hostX + panelWidth + 30, hostY + 10);
+    User::Point(host.EmptyPlace());
     pump();
 }
 
-TreeGuiTest::~TreeGuiTest() { deleteWidget(); }
+TreeGuiTest::~TreeGuiTest()
+{
+    deleteWidget();
+    EXPECT_EQ(host.TakeErrors(), 0);
+}
 
 void TreeGuiTest::show(const std::vector<ObjectItem>& items)
 {
@@ -43,20 +45,20 @@ TreeGuiTest::Point TreeGuiTest::at(const std::string& name, Point fromRow)
 
 void TreeGuiTest::moveTo(Point to)
 {
-    input.move(to.x, to.y);
+    hands.move(to.x, to.y);
     EXPECT_TRUE(pumpUntil([to] { return mousePosition() == to; })) << to.toString();
 }
 
 void TreeGuiTest::pressAt(Point place, unsigned button)
 {
     moveTo(place);
-    input.press(button);
+    hands.press(button);
     EXPECT_TRUE(pumpUntil(isButtonDown));
 }
 
 void TreeGuiTest::releaseButton(unsigned button)
 {
-    input.release(button);
+    hands.release(button);
     EXPECT_TRUE(pumpUntil([] { return !isButtonDown(); }));
 }
 
@@ -68,9 +70,9 @@ void TreeGuiTest::click(Point place, unsigned button)
 
 void TreeGuiTest::clickHolding(const std::string& modifierKey, Point place)
 {
-    input.keyDown(modifierKey);
+    hands.keyDown(modifierKey);
     click(place);
-    input.keyUp(modifierKey);
+    hands.keyUp(modifierKey);
 }
 
 void TreeGuiTest::startDrag(Point from, Point to)
@@ -98,16 +100,15 @@ void TreeGuiTest::drag(Point from, Point to)
 
 void TreeGuiTest::clickOnHost()
 {
-    input.move(hostX + panelWidth + 30, hostY + 10);
-    input.press();
-    input.release();
-    EXPECT_EQ(host.takeFocusOnPresses(), 1);
+    Click(host.EmptyPlace());
+    host.HandleEvents();
+    EXPECT_EQ(hands.focusedWindow(), host.Frame());
 }
 
 void TreeGuiTest::keyHolding(const std::string& modifierKey, const std::string& name)
 {
-    input.keyDown(modifierKey);
-    input.key(name);
-    input.keyUp(modifierKey);
+    hands.keyDown(modifierKey);
+    hands.key(name);
+    hands.keyUp(modifierKey);
 }
 } // namespace standin

@@ -1,24 +1,15 @@
 #pragma once
 // The widget in a host's window on a real X server, with a user's hands on mouse and keyboard.
 
-#include "standin/x11/XHostWindow.h"
-#include "standin/x11/XTestInput.h"
-#include "standin/x11/Xvfb.h"
+#include "standin/user/HostWindow.h"
+#include "standin/user/User.h"
 #include "tests/tree/support/Pump.h"
 #include "tests/tree/support/TreeTest.h"
 
 namespace standin
 {
-/// Comes before JUCE and goes after it.
-class TestScreen
-{
-protected:
-    TestScreen();
-
-    Xvfb server;
-};
-
-class TreeGuiTest : protected TestScreen, public TreeTest
+/// The user's screen comes before JUCE and goes after it.
+class TreeGuiTest : protected User, public TreeTest
 {
 protected:
     static constexpr int hostX = 60;
@@ -43,6 +34,9 @@ protected:
     Point openBoxOf(const std::string& name) { return at(name, {-10, 10}); }
     Point centreOf(juce::Component& component) { return component.getScreenBounds().getCentre(); }
 
+    void Idle() override { pump(); }
+    Area PanelArea() const override { return {hostX, hostY, panelWidth, panelHeight}; }
+
     /// Each waits until JUCE has seen it.
     void moveTo(Point);
     void pressAt(Point, unsigned button = 1);
@@ -56,12 +50,11 @@ protected:
     /// A click into the window around the panel, which takes the focus for it.
     void clickOnHost();
 
-    void key(const std::string& name) { input.key(name); }
+    void key(const std::string& name) { hands.key(name); }
     void keyHolding(const std::string& modifierKey, const std::string& name);
     bool hasFocus() { return panel->hasKeyboardFocus(true); }
 
-    XHostWindow host;
-    XTestInput input;
+    HostWindow host{{{hostX, hostY, hostWidth, hostHeight}, {0, 0, panelWidth, panelHeight}}};
 };
 
 bool isButtonDown();

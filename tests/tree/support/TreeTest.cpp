@@ -1,41 +1,10 @@
 #include "tests/tree/support/TreeTest.h"
 
 #include "tests/tree/support/Pump.h"
+#include "tests/tree/support/TreeShape.h"
 
 #include <cstdlib>
 #include <stdexcept>
-
-namespace
-{
-std::string nameOf(const juce::ValueTree& node) { return node[TreeIds::name].toString().toStdString(); }
-
-std::string shapeOf(juce::TreeViewItem& item)
-{
-    const auto& row = dynamic_cast<ValueTreeItem&>(item);
-    std::string text = nameOf(row.getNode());
-    if (row.isSelected())
-        text += "*";
-    if (!row.isOpen() && row.getNode().getNumChildren() > 0)
-        text += "+";
-    if (item.getNumSubItems() == 0)
-        return text;
-    text += "(";
-    for (int i = 0; i < item.getNumSubItems(); ++i)
-        text += (i > 0 ? " " : "") + shapeOf(*item.getSubItem(i));
-    return text + ")";
-}
-
-ValueTreeItem* findRow(juce::TreeViewItem* item, const std::string& name)
-{
-    auto* row = dynamic_cast<ValueTreeItem*>(item);
-    if (row == nullptr || nameOf(row->getNode()) == name)
-        return row;
-    for (int i = 0; i < item->getNumSubItems(); ++i)
-        if (auto* found = findRow(item->getSubItem(i), name))
-            return found;
-    return nullptr;
-}
-} // namespace
 
 namespace standin
 {
@@ -124,11 +93,11 @@ void TreeTest::deleteWidget()
 
 ValueTreeItem* TreeTest::root() { return dynamic_cast<ValueTreeItem*>(view().getRootItem()); }
 
-std::string TreeTest::shape() { return root() == nullptr ? "" : shapeOf(*root()); }
+std::string TreeTest::shape() { return ShapeOf(view()); }
 
 ValueTreeItem& TreeTest::row(const std::string& name)
 {
-    auto* found = findRow(view().getRootItem(), name);
+    auto* found = FindRow(view(), name);
     if (found == nullptr)
         throw std::runtime_error("no row " + name + " in " + shape());
     return *found;
@@ -145,7 +114,7 @@ std::vector<std::string> TreeTest::selectedNames()
 {
     std::vector<std::string> names;
     for (int i = 0; i < view().getNumSelectedItems(); ++i)
-        names.push_back(nameOf(dynamic_cast<ValueTreeItem*>(view().getSelectedItem(i))->getNode()));
+        names.push_back(NameOf(dynamic_cast<ValueTreeItem&>(*view().getSelectedItem(i))));
     return names;
 }
 

@@ -3,21 +3,12 @@
 #include "standin/family/Family.h"
 #include "standin/family/Sibling.h"
 
-#include <chrono>
-#include <thread>
 #include <utility>
 
 namespace standin
 {
-namespace
-{
-using Clock = std::chrono::steady_clock;
-constexpr auto limit = std::chrono::seconds(30);
-constexpr auto betweenIdles = std::chrono::milliseconds(5);
-constexpr int stillIdles = 30;
-} // namespace
-
-PanelInHost::PanelInHost(HostOptions options) : host(options), bundle(VORTAN_BUNDLE)
+PanelInHost::PanelInHost(HostOptions options)
+    : User(std::make_unique<Xvfb>(800, 600)), host(options), bundle(VORTAN_BUNDLE)
 {
     InstallFamily(host);
     const int comp = host.AddComposition("Comp 1");
@@ -57,7 +48,6 @@ void PanelInHost::Open()
 {
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::frontmost).thrown, "");
     Settle();
-    rootChildrenBefore = window.ChildrenOfRoot();
 }
 
 HookResult PanelInHost::CreateWith(void* view, PanelFunctions& functions)
@@ -83,94 +73,34 @@ void PanelInHost::Idle()
     window.HandleEvents();
 }
 
-bool PanelInHost::IdleUntil(const std::function<bool()>& condition)
-{
-    const auto end = Clock::now() + limit;
-    while (Clock::now() < end)
-    {
-        Idle();
-        if (condition())
-            return true;
-        std::this_thread::sleep_for(betweenIdles);
-    }
-    return false;
-}
-
-void PanelInHost::IdleFor(int milliseconds)
-{
-    const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
-    while (Clock::now() < end)
-    {
-        Idle();
-        std::this_thread::sleep_for(betweenIdles);
-    }
-}
-
 void PanelInHost::Settle()
 {
-    int still = 0;
-    auto picture = user.screen().pixels;
-    EXPECT_TRUE(IdleUntil(
-        [&]
-        {
-            auto now = user.screen().pixels;
-            still = now == picture ? still + 1 : 0;
-            picture = std::move(now);
-            return still == stillIdles;
-        }));
-}
-
-void PanelInHost::Point(Place place) { user.move(place.x, place.y); }
-
-void PanelInHost::Press(Place place, unsigned button)
-{
-    Point(place);
-    user.press(button);
-}
-
-void PanelInHost::Click(Place place, unsigned button)
-{
-    Press(place, button);
-    user.release(button);
+    const ScreenPicture screen = hands.screen();
+    EXPECT_TRUE(IdleUntilStill({0, 0, screen.width, screen.height}));
 }
 
 void PanelInHost::ClickInto(Place place)
 {
     Click(place);
+    Idle();
     EXPECT_TRUE(IdleUntil([this] { return PanelHasFocus(); }));
     Idle();
 }
 
-void PanelInHost::TypeWith(const std::vector<std::string>& modifiers, const std::string& key)
+void PanelInHost::StartDrag(int row)
 {
-    for (const auto& modifier : modifiers)
-        user.keyDown(modifier);
-    user.key(key);
-    for (auto modifier = modifiers.rbegin(); modifier != modifiers.rend(); ++modifier)
-        user.keyUp(*modifier);
+    Press(Row(row));
+    Idle();
+    Move(Row(row), Row(row) + Place{0, -40});
 }
 
 bool PanelInHost::PanelHasFocus()
 {
     const unsigned long panel = window.PanelWindow();
-    return panel != 0 && user.focusedWindow() == panel;
+    return panel != 0 && hands.focusedWindow() == panel;
 }
 
-void PanelInHost::OpenMenu()
-{
-    Click(Button(0));
-    EXPECT_TRUE(IdleUntil([this] { return IsMenuOpen(); }));
-    // The menu takes no choice in its first quarter of a second, and would close within this time if it
-    // believed that nobody looks at it.
-    IdleFor(400);
-    EXPECT_TRUE(IsMenuOpen());
-}
-
-Place PanelInHost::MenuEntry(int index)
-{
-    const Place button = Button(0);
-    return {button.x + 20, button.y + 21 + 22 * index};
-}
+Place PanelInHost::MenuEntry(int index) { return Button(0) + Place{20, 21 + 22 * index}; }
 
 std::string PanelInHost::OutputOf(const std::function<void()>& action)
 {

@@ -5,8 +5,7 @@
 
 #include "standin/core/Host.h"
 #include "standin/session/Bundle.h"
-#include "standin/x11/XTestInput.h"
-#include "standin/x11/Xvfb.h"
+#include "standin/user/User.h"
 #include "tests/support/KeptBlocks.h"
 #include "tests/x11/support/PlainHost.h"
 
@@ -20,14 +19,9 @@
 
 namespace standin
 {
-/// A place on the screen.
-struct Place
-{
-    int x;
-    int y;
-};
+using namespace std::chrono_literals;
 
-class PanelInHost : public testing::Test
+class PanelInHost : public testing::Test, protected User
 {
 protected:
     explicit PanelInHost(HostOptions options = {});
@@ -44,47 +38,36 @@ protected:
     /// The death hook, once; nothing may be called afterwards.
     void Die();
 
-    // Idle.
-    void Idle();
-    /// Idles until the condition holds; false if it does not within a generous limit.
-    bool IdleUntil(const std::function<bool()>& condition);
-    /// Idles for a while: only for showing that something does not happen.
-    void IdleFor(int milliseconds);
-    /// Idles until nothing has changed on the screen and on the layer for a while.
+    void Idle() override;
+    /// Idles until nothing has changed on the screen for a while.
     void Settle();
 
     // Places.
+    Area PanelArea() const override { return window.ContainerOnScreen(); }
     static Place Row(int index) { return {PlainHost::left + 70, PlainHost::top + 88 + 20 * index + 10}; }
     static Place Button(int index) { return {PlainHost::left + 40, PlainHost::top + 15 + 16 * index}; }
     static Place PanelBackground() { return {PlainHost::left + 300, PlainHost::top + 30}; }
     static Place HostArea() { return {PlainHost::left + 460, PlainHost::top + 200}; }
     static Place Desktop() { return {20, 560}; }
 
-    // The user. Nothing idles inside these unless it is said.
-    void Point(Place);
-    void Press(Place, unsigned button = 1);
-    void Click(Place, unsigned button = 1);
-    /// And idles until the panel has the keyboard.
+    /// Clicks and idles until the panel has the keyboard.
     void ClickInto(Place);
-    void Type(const std::string& key) { user.key(key); }
-    void TypeWith(const std::vector<std::string>& modifiers, const std::string& key);
+    /// Presses a row and moves it upwards by two.
+    void StartDrag(int row);
 
     bool PanelHasFocus();
-    bool HostHasFocus() { return user.focusedWindow() == window.TopWindow(); }
+    bool HostHasFocus() { return hands.focusedWindow() == window.Frame(); }
     std::string Stack() { return host.StackText(layer); }
 
-    // Menus.
-    /// Clicks the button "Add Geometry" and waits for its menu.
-    void OpenMenu();
-    bool IsMenuOpen() { return window.ChildrenOfRoot() > rootChildrenBefore; }
+    /// That of the button "Add Geometry".
+    void OpenGeometryMenu() { (void)OpenMenu(Button(0)); }
+    bool IsMenuOpen() { return !hands.popUps().empty(); }
     /// The n-th entry of the open menu, from 0.
-    Place MenuEntry(int index);
+    static Place MenuEntry(int index);
 
     /// What `action` writes to standard output.
     static std::string OutputOf(const std::function<void()>& action);
 
-    Xvfb server{800, 600};
-    XTestInput user;
     PlainHost window;
     Host host;
     Bundle bundle;
@@ -92,7 +75,6 @@ protected:
 
 private:
     std::unique_ptr<KeptBlocks> keptBlocks;
-    int rootChildrenBefore = 0;
     bool isDead = false;
 };
 } // namespace standin

@@ -1,8 +1,8 @@
 #pragma once
-// The windows of a host without any toolkit, on a connection of its own: a top window and the container of a
-// panel in it. It notes every key that reaches it and every error that it is told of.
+// The host's window with what only tests do to it: it notes every key that comes and goes, tells what lies in
+// it and who listens to it, and does to the panel's windows what a host may do.
 
-#include "standin/core/ContainerProvider.h"
+#include "standin/user/HostWindow.h"
 
 #include <functional>
 #include <string>
@@ -24,47 +24,27 @@ enum class ContainerStart
     unmapped
 };
 
-struct WindowGeometry
-{
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-
-    friend bool operator==(const WindowGeometry& a, const WindowGeometry& b)
-    {
-        return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
-    }
-};
-
-class PlainHost : public ContainerProvider
+class PlainHost : public HostWindow
 {
 public:
     static constexpr int left = 60;
     static constexpr int top = 40;
-    static constexpr int width = 520;
-    static constexpr int height = 480;
     /// The container leaves a strip of the host's window free at its right and below it.
     static constexpr int panelWidth = 400;
     static constexpr int panelHeight = 420;
 
     PlainHost();
     ~PlainHost() override;
-    PlainHost(const PlainHost&) = delete;
-    PlainHost& operator=(const PlainHost&) = delete;
 
-    void SetClicks(HostClicks);
-    void SetContainerStart(ContainerStart);
-
-    /// Reads what has come for the host's windows.
-    void HandleEvents();
+    void SetClicks(HostClicks wanted) { clicks = wanted; }
+    void SetContainerStart(ContainerStart wanted) { start = wanted; }
 
     /// The keys since the last call, in order: "+Control_L", "+c", "-c". A modifier or lock that is down is
     /// named in front: "+ctrl+shift C". A key that another program has sent by XSendEvent looks the same.
     std::vector<std::string> TakeKeys();
     /// The fields of the last key that a reader of TakeKeys does not see.
-    unsigned long LastKeyTime() const;
-    unsigned long LastKeyWindow() const;
+    unsigned long LastKeyTime() const { return lastKeyTime; }
+    unsigned long LastKeyWindow() const { return lastKeyWindow; }
 
     /// How often a key stands in what TakeKeys would give.
     long CountOf(const std::string& key) const;
@@ -77,10 +57,7 @@ public:
     /// What a left-handed user sets.
     void SwapMouseButtons();
 
-    /// Errors that the host's handler was told of since the last call.
-    int TakeErrors();
-    /// Whether that handler is the one that is set now.
-    bool HasItsErrorHandler() const;
+    bool HasItsErrorHandler() const { return hasItsErrorHandler(); }
     /// Has the server refuse a request of the host's.
     void MakeAnError();
     /// Lets Xlib's own handler have the errors, which ends the program at the first.
@@ -88,16 +65,16 @@ public:
     /// Sets another handler of the host's, and tells whether it is still that one.
     static void SetOtherErrorHandler();
     static bool HasOtherErrorHandler();
-    static void UseOwnErrorHandler();
+    static void UseOwnErrorHandler() { setItsErrorHandler(); }
     /// What the host does besides whenever it makes a container.
-    void SetWhileMakingContainer(std::function<void()> action);
+    void SetWhileMakingContainer(std::function<void()> action) { whileMakingContainer = std::move(action); }
 
-    unsigned long TopWindow() const;
-    unsigned long Container() const;
+    unsigned long Container() const { return container; }
     /// The window that the panel has put into the container; 0 for none. Throws
     /// std::runtime_error if there are several.
     unsigned long PanelWindow() const;
-    WindowGeometry GeometryOf(unsigned long window) const;
+    /// In the window around it.
+    Area GeometryOf(unsigned long window) const;
     bool IsOnScreen(unsigned long window) const;
     /// The host's own event mask of a window.
     long SelectionOn(unsigned long window) const;
@@ -110,6 +87,7 @@ public:
     /// A small window at the right of the container, which wants no keys itself.
     unsigned long MakeField();
     void SelectKeysOn(unsigned long window);
+    /// The container alone.
     void Resize(int newWidth, int newHeight);
     void Map();
     void Unmap();
@@ -131,7 +109,14 @@ public:
     void ShowContainer(void* container, Visibility visibility) override;
 
 private:
-    struct Windows;
-    Windows* windows;
+    void handle(_XEvent& event) override;
+
+    HostClicks clicks = HostClicks::areIgnored;
+    ContainerStart start = ContainerStart::mapped;
+    std::vector<std::string> keys;
+    unsigned long lastKeyTime = 0;
+    unsigned long lastKeyWindow = 0;
+    unsigned long other = 0;
+    std::function<void()> whileMakingContainer;
 };
 } // namespace standin

@@ -1,4 +1,4 @@
-#include "standin/core/UndoHistory.h"
+#include "standin/core/History.h"
 
 #include <algorithm>
 
@@ -35,7 +35,7 @@ bool hasOlderTwin(ProjectState state, int effectId)
 }
 } // namespace
 
-void UndoHistory::StartGroup(const std::string& name, const ProjectState& now, std::string call)
+void History::StartGroup(const std::string& name, const ProjectState& now, std::string call)
 {
     if (depth++ > 0)
         return;
@@ -47,13 +47,13 @@ void UndoHistory::StartGroup(const std::string& name, const ProjectState& now, s
     reordered.clear();
 }
 
-bool UndoHistory::IsOpenGroupEmpty(const ProjectState& now) const
+bool History::IsOpenGroupEmpty(const ProjectState& now) const
 {
     const bool mayChangeNothing = options.emptyGroup == EmptyGroup::asksForNothing && openIsAsked;
     return !mayChangeNothing && openBefore == now;
 }
 
-bool UndoHistory::EndGroup(const ProjectState& now)
+bool History::EndGroup(const ProjectState& now)
 {
     if (depth == 0)
         return false;
@@ -62,13 +62,13 @@ bool UndoHistory::EndGroup(const ProjectState& now)
     return true;
 }
 
-void UndoHistory::CloseAllGroups(const ProjectState& now)
+void History::CloseAllGroups(const ProjectState& now)
 {
     depth = std::min(depth, 1);
     (void)EndGroup(now);
 }
 
-void UndoHistory::Change(const std::string& name, const ProjectState& before, const ProjectState& now)
+void History::Change(const std::string& name, const ProjectState& before, const ProjectState& now)
 {
     if (depth > 0 || before == now)
         return;
@@ -77,7 +77,7 @@ void UndoHistory::Change(const std::string& name, const ProjectState& before, co
     reordered.clear();
 }
 
-void UndoHistory::push(const std::string& name, const ProjectState& before, const ProjectState& now)
+void History::push(const std::string& name, const ProjectState& before, const ProjectState& now)
 {
     if (before == now && options.unchangedGroup == UnchangedGroup::leavesNothing)
         return;
@@ -91,7 +91,7 @@ void UndoHistory::push(const std::string& name, const ProjectState& before, cons
     done = steps.size();
 }
 
-void UndoHistory::ChangeAllCopies(const std::function<void(ProjectState&)>& change)
+void History::ChangeAllCopies(const std::function<void(ProjectState&)>& change)
 {
     for (Step& step : steps)
     {
@@ -101,7 +101,7 @@ void UndoHistory::ChangeAllCopies(const std::function<void(ProjectState&)>& chan
     change(openBefore);
 }
 
-ProjectState UndoHistory::stateBefore(const Step& step) const
+ProjectState History::stateBefore(const Step& step) const
 {
     if (options.twinUndo == TwinUndo::sound)
         return step.before;
@@ -116,21 +116,21 @@ ProjectState UndoHistory::stateBefore(const Step& step) const
     return step.before;
 }
 
-std::optional<ProjectState> UndoHistory::Undo()
+std::optional<ProjectState> History::Undo()
 {
     if (done == 0)
         return std::nullopt;
     return stateBefore(steps[--done]);
 }
 
-std::optional<ProjectState> UndoHistory::Redo()
+std::optional<ProjectState> History::Redo()
 {
     if (done == steps.size())
         return std::nullopt;
     return steps[done++].after;
 }
 
-void UndoHistory::Forget()
+void History::Forget()
 {
     steps.clear();
     done = 0;
@@ -139,7 +139,7 @@ void UndoHistory::Forget()
     reordered.clear();
 }
 
-std::vector<std::string> UndoHistory::UndoNames() const
+std::vector<std::string> History::UndoNames() const
 {
     std::vector<std::string> names;
     for (std::size_t i = 0; i < done; ++i)
@@ -147,7 +147,7 @@ std::vector<std::string> UndoHistory::UndoNames() const
     return names;
 }
 
-std::vector<std::string> UndoHistory::RedoNames() const
+std::vector<std::string> History::RedoNames() const
 {
     std::vector<std::string> names;
     for (std::size_t i = done; i < steps.size(); ++i)

@@ -13,10 +13,10 @@
 
 namespace standin
 {
-class UndoHistory
+class History
 {
 public:
-    explicit UndoHistory(const HostOptions& hostOptions) : options(hostOptions) {}
+    explicit History(const HostOptions& hostOptions) : options(hostOptions) {}
 
     /// Opens a group, or one more level of the open one, whose name then holds.
     void StartGroup(const std::string& name, const ProjectState& now, std::string call);
@@ -45,6 +45,11 @@ public:
     void Forget();
     std::vector<std::string> UndoNames() const;
     std::vector<std::string> RedoNames() const;
+
+    /// Levels of groups whose end was made to fail by a fault: that they stay open is not the caller's doing.
+    int excusedLevels = 0;
+    int groupsLeftOpen = 0;           ///< By hooks, all of them together.
+    bool isOpenGroupReported = false; ///< Of the group that is open now.
 
 private:
     struct Step
