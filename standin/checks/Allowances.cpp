@@ -57,6 +57,7 @@ const std::vector<Allowance>& Allowances()
         {"AEGP_StartUndoGroup", Fate::orderMixed, undeleted},
         {"AEGP_DeleteLayerEffect", Fate::orderMixed, undeleted},
         {"AcquireSuite", Fate::orderMixed, undeleted},
+        {"operator new", Fate::orderMixed, undeleted},
 
         {"AEGP_ConvertLayerToCompTime", Fate::hiddenWrongly, lost},
         {"AEGP_GetLayerNumEffects", Fate::hiddenWrongly, lost},

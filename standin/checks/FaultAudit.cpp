@@ -13,6 +13,7 @@ namespace
 {
 constexpr int missingSuite = 516;
 constexpr int missingPanelSuite = 13;
+constexpr const char* outOfMemory = "an exception: std::bad_alloc";
 
 /// An undo group as the trace shows it, up to its end, the next start, or the end of the run.
 struct UndoChain
@@ -121,6 +122,7 @@ struct Consequences
     OutValues outs = OutValues::untouched;
     std::set<std::string> struck; ///< The functions, and of the basic suite the calls.
     bool suiteMissing = false;
+    bool isOutOfMemory = false;
     bool groupLeft = false;
     bool startRefused = false;
     bool readingFailed = false;
@@ -189,6 +191,9 @@ bool isKept(const Finding& finding, const Consequences& is)
 {
     if (isRefusal(finding, is))
         return true;
+    if (is.isOutOfMemory &&
+        (finding.id == finding::exceptionLeftHook || finding.id == finding::undoGroupLeftOpen))
+        return true;
     // An effect whose reference could not be had is still asked for its name, and still moved and deleted.
     if (finding.id == finding::nullReference)
         return finding.function == "AEGP_GetInstalledKeyFromLayerEffect" ||
@@ -223,15 +228,17 @@ void AuditFaultyRun(Trial& trial, const FaultyRun& run, FaultTally& tally)
                         : 0;
     const bool isSuiteMissing = std::any_of(run.calls.begin(), run.calls.end(), isAcquireThatFailed);
     for (const HookResult& result : run.results)
-        if (!result.thrown.empty())
+        if (!result.thrown.empty() && !(run.isOutOfMemory && result.thrown == outOfMemory))
         {
             trial.Require(isSuiteMissing, "a hook was left by " + result.thrown);
             trial.RequireEqual(result.thrownNumber.value_or(0), numberFor(run.calls),
                                "the number that left a hook for want of a suite");
         }
     const int leftBefore = tally.left;
-    auditChains(trial, chainsOf(run.calls), isSuiteMissing, tally);
+    // Both end the pass where it stands.
+    auditChains(trial, chainsOf(run.calls), isSuiteMissing || run.isOutOfMemory, tally);
     Consequences of;
+    of.isOutOfMemory = run.isOutOfMemory;
     of.outs = run.how.outs;
     for (const CallRecord& call : run.calls)
         if (call.struck)
@@ -250,7 +257,7 @@ void AuditFaultyRun(Trial& trial, const FaultyRun& run, FaultTally& tally)
 
 void AuditProject(Trial& trial, const FaultyRun& run, FaultTally& tally)
 {
-    const ProjectFates fates = JudgeProject(run.project, run.calls);
+    const ProjectFates fates = JudgeProject(run.project, run.calls, run.isOutOfMemory);
     trial.Require(fates.violation.empty(), fates.violation);
     for (const Allowance* row : fates.needed)
         ++tally.allowed[row];

@@ -17,7 +17,8 @@ struct FaultyRun
     std::vector<Finding> findings;
     std::vector<HookResult> results; ///< Of the passes.
     ComparedProject project;
-    FailedCall how; ///< What the calls did that were struck.
+    FailedCall how;             ///< What the calls did that were struck.
+    bool isOutOfMemory = false; ///< An allocation of the bundle's has failed instead.
 };
 
 /// What an audit has seen, so that a sweep can tell that it met what it is there for.

@@ -285,12 +285,15 @@ SeenProject SeeProject(Host& host)
     return seen;
 }
 
-ProjectFates JudgeProject(const ComparedProject& compared, const std::vector<CallRecord>& calls)
+ProjectFates JudgeProject(const ComparedProject& compared, const std::vector<CallRecord>& calls,
+                          bool isOutOfMemory)
 {
     ProjectFates fates;
     if (compared.after.rest != compared.before.rest && compared.after.rest != compared.wanted.rest)
         fates.violation = "the project has changed beside the effects";
-    const std::set<std::string> failed = failedFunctions(calls);
+    std::set<std::string> failed = failedFunctions(calls);
+    if (isOutOfMemory)
+        failed.insert("operator new");
     for (const auto& [layer, stack] : compared.after.layers)
         if (compared.before.layers.count(layer) != 0 && compared.wanted.layers.count(layer) != 0)
             Judge(compared.before.layers.at(layer), compared.wanted.layers.at(layer), stack, failed, fates)

@@ -73,6 +73,7 @@ struct ProjectFates
 };
 
 /// `calls` are those of the run; the rows of the functions that a fault struck, or that were refused a suite,
-/// apply.
-ProjectFates JudgeProject(const ComparedProject& compared, const std::vector<CallRecord>& calls);
+/// apply, and with `isOutOfMemory` those of operator new.
+ProjectFates JudgeProject(const ComparedProject& compared, const std::vector<CallRecord>& calls,
+                          bool isOutOfMemory = false);
 } // namespace standin

@@ -1,5 +1,7 @@
 #include "standin/faults/FaultKinds.h"
 
+#include "standin/faults/AllocationPlan.h"
+
 #include <utility>
 
 namespace standin
@@ -29,26 +31,38 @@ std::vector<FaultKind> makeKinds()
             if (call.error != errNone || span != FaultLength::everythingForGood)
                 kinds.push_back({std::string(how) + "-" + length, FaultKind::Happens::failure, span, call});
     kinds.push_back({"idle-inside", idle});
+    kinds.push_back({"no-memory", FaultKind::Happens::noMemory});
     return kinds;
 }
 } // namespace
 
 bool FaultKind::AppliesTo(const CallRecord& call) const
 {
-    return happens == idle || how.outs == OutValues::untouched || call.hasOutValues;
+    return happens != Happens::failure || how.outs == OutValues::untouched || call.hasOutValues;
 }
 
 void FaultKind::Arm(Host& host, std::size_t ordinal) const
 {
     if (happens == idle)
         host.Idles().InCall(ordinal);
+    else if (happens == Happens::noMemory)
+        FailAllocation(ordinal);
     else
         host.Faults().FailCall(ordinal, length, how);
 }
 
 bool FaultKind::WasMet(Host& host) const
 {
-    return happens == idle ? host.Idles().TimesIdled() > 0 : host.Faults().Struck().has_value();
+    return happens == idle                ? host.Idles().TimesIdled() > 0
+           : happens == Happens::noMemory ? HasAllocationFailed()
+                                          : host.Faults().Struck().has_value();
+}
+
+void FaultKind::Disarm(Host& host)
+{
+    host.Faults().Disarm();
+    host.Idles().Clear();
+    FailAllocation(0);
 }
 
 const std::vector<FaultKind>& FaultKinds()

@@ -13,7 +13,8 @@ struct FaultKind
     enum class Happens
     {
         failure,
-        idleInside ///< The call does its work, and the host idles before it returns.
+        idleInside, ///< The call does its work, and the host idles before it returns.
+        noMemory    ///< Not a call, but an allocation of the plug-in's fails.
     };
 
     std::string name; ///< "garbage-once"
@@ -23,9 +24,10 @@ struct FaultKind
 
     /// Some kinds only make a difference to a call that gives answers.
     bool AppliesTo(const CallRecord& call) const;
-    /// From the `ordinal`-th call from now on, counted from 1.
+    /// The `ordinal`-th call from now on, or allocation, counted from 1.
     void Arm(Host& host, std::size_t ordinal) const;
     bool WasMet(Host& host) const;
+    static void Disarm(Host& host);
 };
 
 const std::vector<FaultKind>& FaultKinds();

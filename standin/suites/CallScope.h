@@ -6,6 +6,7 @@
 #include <string>
 
 #include "standin/core/HostParts.h"
+#include "standin/sensors/AtWork.h"
 #include "standin/suites/SuiteDescription.h"
 
 namespace standin
@@ -37,6 +38,7 @@ public:
     void SetAnswers(std::string text) { answers = std::move(text); }
 
 private:
+    const Working host{AtWork::host}; ///< Before all that the host does for the call.
     const SuiteDescription& suite;
     const SlotDescription& slot;
     HostParts* parts = nullptr;

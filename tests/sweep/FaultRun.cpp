@@ -65,8 +65,7 @@ FaultyRun carryOut(SweptWork& work, const std::function<void(Host&)>& armFault)
         {
             run.project.before = SeeProject(host);
             host.ClearTrace();
-            host.Faults().Disarm();
-            host.Idles().Clear();
+            FaultKind::Disarm(host);
             armFault(host);
         },
         run.results);
@@ -80,8 +79,7 @@ FaultyRun carryOut(SweptWork& work, const std::function<void(Host&)>& armFault)
 void recover(Trial& trial, SweptWork& work, FaultyRun& run, FaultTally& tally)
 {
     Host& host = work.TheHost();
-    host.Faults().Disarm();
-    host.Idles().Clear();
+    FaultKind::Disarm(host);
     work.Recover(trial);
     run.project.after = SeeProject(host);
     AuditProject(trial, run, tally);
@@ -99,7 +97,8 @@ std::string outcomeOf(const FaultyRun& run, const SoundRun& sound, const FaultTa
 {
     for (const HookResult& result : run.results)
         if (!result.thrown.empty())
-            return "a hook was left for want of a suite";
+            return run.isOutOfMemory ? "a hook was left for want of memory"
+                                     : "a hook was left for want of a suite";
     if (before.allowed != after.allowed)
         return "beyond old and new, as the table has it";
     const std::vector<std::string> lines = allLines(run.project.after);
@@ -178,6 +177,7 @@ FaultVerdict RunWithFault(const SweptScenario& scenario, const FaultKind& kind, 
         FaultyRun run = carryOut(*work, [&](Host& host) { kind.Arm(host, ordinal); });
         verdict.wasMet = kind.WasMet(work->TheHost());
         run.how = kind.how;
+        run.isOutOfMemory = verdict.wasMet && kind.happens == FaultKind::Happens::noMemory;
         run.project.wanted = sound.after;
         judge(trial, kind, run, sound, verdict.wasMet, tally);
         verdict.outcome = outcomeOf(run, sound, former, tally);

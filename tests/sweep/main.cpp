@@ -83,6 +83,8 @@ private:
     /// Up to the first ordinal that no run meets.
     void sweep(const SweptScenario& scenario, const FaultKind& kind, const SoundRun& sound)
     {
+        if (kind.happens == FaultKind::Happens::noMemory)
+            return sweepAllocations(scenario, kind, sound);
         for (std::size_t ordinal = firstOf(scenario, sound);; ++ordinal)
         {
             const bool isBehind = ordinal > sound.calls.size();
@@ -92,6 +94,16 @@ private:
                 continue;
             if (!strike(scenario, kind, ordinal, sound) || isBehind)
                 return;
+        }
+    }
+
+    /// How many there are shows only when none is met any more.
+    void sweepAllocations(const SweptScenario& scenario, const FaultKind& kind, const SoundRun& sound)
+    {
+        if (choice.ordinal != 0)
+            return (void)strike(scenario, kind, choice.ordinal, sound);
+        for (std::size_t ordinal = 1; strike(scenario, kind, ordinal, sound); ordinal += choice.every)
+        {
         }
     }
 
