@@ -64,6 +64,8 @@ const std::vector<Allowance>& Allowances()
         {"AEGP_GetLayerEffectByIndex", Fate::hiddenWrongly, lost},
         {"AEGP_GetEffectFlags", Fate::hiddenWrongly, lost},
         {"AEGP_EffectCallGeneric", Fate::hiddenWrongly, lost},
+        {"operator new", Fate::hiddenWrongly,
+         "a rebuild that ends half-way leaves no selection to bring back"},
         {"AEGP_IsShown", Fate::hiddenWrongly, emptied},
         {"AEGP_GetActiveItem", Fate::hiddenWrongly, emptied},
         {"AEGP_GetActiveLayer", Fate::hiddenWrongly, emptied},

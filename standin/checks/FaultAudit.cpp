@@ -207,7 +207,7 @@ bool isKept(const Finding& finding, const Consequences& is)
         return is.groupLeft;
     // Where the identities could not be read, or the tree was emptied, there is no order to write.
     if (finding.id == finding::emptyUndoGroup)
-        return is.readingFailed;
+        return is.readingFailed || is.isOutOfMemory;
     // The group of the order is ended whatever became of its start.
     if (finding.id == finding::undoGroupMismatch)
         return is.startRefused;

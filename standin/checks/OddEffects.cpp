@@ -135,7 +135,9 @@ void meet(PanelScene& scene, const ProjectState& base, const OddBehaviour& odd)
     trial.At(std::string("an effect that ") + odd.what);
     scene.host().State() = base;
     scene.host().Parts().history.Forget();
-    scene.host().Effect("odd").behaviour = odd.behaviour;
+    EffectInstance& effect = scene.host().Effect("odd");
+    effect.behaviour = odd.behaviour;
+    scene.host().RuntimeOf(effect.id).messages = 0; // Some behaviours count them.
     for (int i = 0; i < 6; ++i)
     {
         const HookResult result = scene.host().RunIdle();
