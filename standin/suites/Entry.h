@@ -68,7 +68,8 @@ private:
         }
         if ((roles.IsMissing() || ...))
         {
-            parts.sensors.Report(finding::nullPointer, "A text, a time, a hook or a place for an answer is null.");
+            parts.sensors.Report(finding::nullPointer,
+                                 "A text, a time, a hook or a place for an answer is null.");
             scope.SetError(errParameter);
             return;
         }

@@ -135,7 +135,8 @@ protected:
         Count count{errNone, -7};
         host.Faults().FailFunction(effectSuite, 1, "AEGP_GetLayerNumEffects", 1, FaultLength::once, how);
         host.RunInHook(
-            [&] { count.error = Client(host).Call(effectSuite, 1, 0, host.LayerHandle(layer), &count.value); });
+            [&]
+            { count.error = Client(host).Call(effectSuite, 1, 0, host.LayerHandle(layer), &count.value); });
         return count;
     }
 };
@@ -179,7 +180,7 @@ TEST_F(FaultOuts, GarbageIsAHandleOfNobodyAndAPoisonedTable)
             host.Faults().FailFunction("", 0, "AcquireSuite", 1, FaultLength::once,
                                        {errGeneric, OutValues::garbage});
             (void)client.Acquire(layerSuite, 5, &table);
-            reinterpret_cast<A_Err (*)()>(*static_cast<const std::uintptr_t*>(table))();
+            reinterpret_cast<A_Err (*)()> (*static_cast<const std::uintptr_t*>(table))();
         });
 }
 
