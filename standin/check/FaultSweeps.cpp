@@ -7,6 +7,7 @@
 #include "standin/host/sensors/FindingIds.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 namespace standin::check::bundles
@@ -51,10 +52,13 @@ public:
         {
             const auto ordinal = static_cast<std::size_t>(call - calls.begin() + 1);
             const std::string what = std::string(change.name) + ", " + call->head;
-            faultyRun("call " + std::to_string(ordinal) + " fails once: " + what,
-                      [&](FaultPlan& plan) { plan.FailCall(ordinal); });
+            // Each with other out-values, so that the kinds take turns.
+            const FailedCall how = {call->hasOutValues && ordinal % 3 == 0 ? errAlloc : errGeneric,
+                                    turns[ordinal % std::size(turns)]};
+            faultyRun("call " + std::to_string(ordinal) + " fails once: " + what, how,
+                      [&](FaultPlan& plan) { plan.FailCall(ordinal, FaultLength::once, how); });
             if (functions.insert({call->suite + "|" + call->function, call->version}).second)
-                faultyRun("its function fails from the first call on: " + what,
+                faultyRun("its function fails from the first call on: " + what, {},
                           [&](FaultPlan& plan) {
                               plan.FailFunction(call->suite, call->version, call->function, 1,
                                                 FaultLength::functionForGood);
@@ -74,18 +78,23 @@ private:
         reset();
         change.begin(scene);
         const FaultyRun run = idle();
+        wanted = run.project.after;
         scene.trial.Require(run.findings.empty(), run.findings.empty() ? "" : run.findings.front().Text());
         return run.calls;
     }
 
+    static constexpr OutValues turns[] = {OutValues::untouched, OutValues::garbage, OutValues::null};
+
     template <class Arm>
-    void faultyRun(const std::string& what, Arm arm)
+    void faultyRun(const std::string& what, FailedCall how, Arm arm)
     {
         scene.trial.At(what);
         reset();
         change.begin(scene);
         arm(scene.host().Faults());
-        const FaultyRun run = idle();
+        FaultyRun run = idle();
+        run.how = how;
+        run.project.wanted = wanted;
         scene.host().Faults().Disarm();
         AuditFaultyRun(scene.trial, run, tally);
     }
@@ -113,17 +122,20 @@ private:
     FaultyRun idle()
     {
         FaultyRun run;
+        run.project.before = SeeProject(scene.host());
         scene.host().ClearTrace();
         for (int i = 0; i < change.passes; ++i)
             run.results.push_back(scene.host().RunIdle());
         run.calls = scene.host().Trace().Records();
         run.findings = scene.host().TakeFindings();
+        run.project.after = SeeProject(scene.host());
         return run;
     }
 
     PanelScene& scene;
     SweptChange change;
     ProjectState base;
+    SeenProject wanted; ///< What the change makes of the project without a fault.
     FaultTally tally;
 };
 
@@ -182,7 +194,7 @@ void SweepOfRename(Trial& trial)
                              [](PanelScene& scene) {
                                  scene.PressUnseen({"Home", "Down", "Return", "x", "Return"});
                              },
-                             "AEGP_StartUndoGroup", "AEGP_SetStreamName", 1};
+                             "", "AEGP_SetStreamName", 1};
     sweep(trial, change, 4);
 }
 
@@ -192,7 +204,7 @@ void SweepOfDelete(Trial& trial)
                              [](PanelScene& scene) {
                                  scene.PressUnseen({"Home", "Down", "Delete"});
                              },
-                             "AEGP_StartUndoGroup", "AEGP_DeleteLayerEffect", 1};
+                             "", "AEGP_DeleteLayerEffect", 1};
     sweep(trial, change, 3);
 }
 } // namespace standin::check::bundles

@@ -1,12 +1,14 @@
 // Misbehaving effects, and odd names.
 
 #include "standin/check/PanelScene.h"
+#include "standin/host/core/HostParts.h"
 #include "standin/host/family/Liars.h"
 #include "standin/host/sensors/FindingIds.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <set>
 
 namespace standin::check::bundles
 {
@@ -69,25 +71,32 @@ struct OddBehaviour
 {
     const char* what;
     std::shared_ptr<const Behaviour> behaviour;
+    /// What the effect does to the stack by itself: these effects go, and so many come.
+    std::set<std::string> gone{};
+    std::size_t come = 0;
 };
 
 std::vector<OddBehaviour> oddBehaviours()
 {
-    return {
-        {"leaves its first three messages unanswered", AnswersLate(3)},
-        {"gives an error to every message", FailsWith(4)},
-        {"answers and gives an error", AnswersAndFailsWith(4)},
-        {"bears an identity that others bear", RepeatsIdentity(IdentityOf(7))},
-        {"scribbles into the reserved bytes", ScribblesReserved()},
-        {"scribbles over the whole message", ScribblesAll()},
-        {"always answers group 5", AnswersGroup(5)},
-        {"always answers group -300", AnswersGroup(-300)},
-        {"deletes itself inside a message", ActsInMessage([](Host& host) { host.User().Delete("odd"); }, 2)},
-        {"deletes another effect inside a message",
-         ActsInMessage([](Host& host) { host.User().Delete("disc"); }, 3)},
-        {"applies an effect inside a message",
-         ActsInMessage([](Host& host) { (void)host.User().Apply(1, "QVK VORTREN Dots"); }, 2)},
-        {"undoes inside a message", ActsInMessage([](Host& host) { (void)host.Undo(); }, 4)}};
+    return {{"leaves its first three messages unanswered", AnswersLate(3)},
+            {"gives an error to every message", FailsWith(4)},
+            {"answers and gives an error", AnswersAndFailsWith(4)},
+            {"bears an identity that others bear", RepeatsIdentity(IdentityOf(7))},
+            {"scribbles into the reserved bytes", ScribblesReserved()},
+            {"scribbles over the whole message", ScribblesAll()},
+            {"always answers group 5", AnswersGroup(5)},
+            {"always answers group -300", AnswersGroup(-300)},
+            {"deletes itself inside a message",
+             ActsInMessage([](Host& host) { host.User().Delete("odd"); }, 2),
+             {"odd"}},
+            {"deletes another effect inside a message",
+             ActsInMessage([](Host& host) { host.User().Delete("disc"); }, 3),
+             {"disc"}},
+            {"applies an effect inside a message",
+             ActsInMessage([](Host& host) { (void)host.User().Apply(1, "QVK VORTREN Dots"); }, 2),
+             {},
+             1},
+            {"undoes inside a message", ActsInMessage([](Host& host) { (void)host.Undo(); }, 4)}};
 }
 
 /// References that an effect has made stale inside a message are the host's to refuse.
@@ -96,12 +105,39 @@ bool isHandedOn(const Finding& finding)
     return finding.id == finding::staleReference || finding.id == finding::indexOutOfRange;
 }
 
+/// An effect with all that a user sees of it.
+std::string lineOf(const EffectInstance& effect)
+{
+    return effect.customName.value_or("") + ", group " + std::to_string(effect.family.group) + ", flags " +
+           std::to_string(effect.flags) + (effect.groupHidden ? ", hidden" : ", shown");
+}
+
+/// The odd effect does what it does, and the bundle nothing: every other effect is as it was, in its place.
+void requireTheRestAsItWas(PanelScene& scene, const ProjectState& base, const OddBehaviour& odd)
+{
+    const std::vector<EffectInstance>& former = base.layers.front().effects;
+    std::vector<std::string> expected;
+    for (const EffectInstance& effect : former)
+        if (odd.gone.count(effect.label) == 0)
+            expected.push_back(lineOf(effect));
+    std::vector<std::string> found;
+    for (const EffectInstance& effect : scene.TheLayer().effects)
+        if (base.FindEffect(effect.id) != nullptr)
+            found.push_back(lineOf(effect));
+    scene.trial.RequireLines(found, expected, "the effects that were there before");
+    scene.trial.RequireEqual(scene.TheLayer().effects.size(), expected.size() + odd.come,
+                             "the number of effects");
+}
+
 void meet(PanelScene& scene, const ProjectState& base, const OddBehaviour& odd)
 {
     Trial& trial = scene.trial;
     trial.At(std::string("an effect that ") + odd.what);
     scene.host().State() = base;
-    scene.host().Effect("odd").behaviour = odd.behaviour;
+    scene.host().ForgetHistory();
+    EffectInstance& effect = scene.host().Effect("odd");
+    effect.behaviour = odd.behaviour;
+    scene.host().RuntimeOf(effect.id).messages = 0; // Some behaviours count them.
     for (int i = 0; i < 6; ++i)
     {
         const HookResult result = scene.host().RunIdle();
@@ -113,6 +149,7 @@ void meet(PanelScene& scene, const ProjectState& base, const OddBehaviour& odd)
     }
     for (const Finding& finding : scene.host().TakeFindings())
         trial.Require(isHandedOn(finding), finding.Text());
+    requireTheRestAsItWas(scene, base, odd);
 }
 } // namespace
 

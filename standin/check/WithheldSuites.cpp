@@ -1,6 +1,7 @@
 // An open panel, without a suite that its passes need.
 
 #include "standin/check/PanelScene.h"
+#include "standin/check/ProjectVerdict.h"
 #include "standin/host/sensors/FindingIds.h"
 
 #include <algorithm>
@@ -54,6 +55,7 @@ void withhold(PanelScene& scene, const NeededSuite& suite, Withheld how)
              std::to_string(suite.version) + " is answered by " + textOf(how));
     scene.host().User().Rename("lamp", "torch");
     scene.host().Faults().Withhold(suite.name, suite.version, how);
+    const SeenProject before = SeeProject(scene.host());
     const int held = scene.host().SuiteCount(suite.name, suite.version);
     const HookResult result = scene.host().RunIdle();
     trial.RequireEqual(result.thrownNumber.value_or(0), missingSuite, "the number that left the idle hook");
@@ -63,6 +65,9 @@ void withhold(PanelScene& scene, const NeededSuite& suite, Withheld how)
     trial.RequireLines(takeFindingIds(scene.host()), expected, "what the host found of the pass");
     trial.RequireEqual(scene.host().SuiteCount(suite.name, suite.version), held,
                        "how often the suite is held after the pass");
+
+    const ProjectFates fates = JudgeProject({before, before, SeeProject(scene.host())}, {});
+    trial.Require(fates.violation.empty(), fates.violation);
 
     scene.host().Faults().GiveBack(suite.name, suite.version);
     scene.host().User().Rename("lamp", "lamp");

@@ -125,5 +125,40 @@ TEST_F(FaultAudit, FindingsPassInTheirSituationAlone)
     run.calls = {call("AcquireSuite", errSuiteNotFound)};
     EXPECT_THAT(Verdict(), HasSubstr("double-dispose")) << "no missing suite excuses that";
 }
+
+TEST_F(FaultAudit, GarbageIsGivenBackWhereItCameFromAlone)
+{
+    run.calls = {call("AEGP_GetLayerEffectByIndex", errGeneric)};
+    run.calls[0].suite = "AEGP Effect Suite";
+    run.calls[0].struck = true;
+    run.findings = {found(finding::foreignReference, "AEGP_DisposeEffect")};
+    EXPECT_THAT(Verdict(), HasSubstr("foreign-reference")) << "the fault has left nothing there";
+    run.how.outs = OutValues::garbage;
+    EXPECT_EQ(Verdict(), "");
+    run.findings = {found(finding::foreignReference, "AEGP_SetEffectFlags")};
+    EXPECT_THAT(Verdict(), HasSubstr("foreign-reference")) << "the error was not looked at";
+}
+
+TEST_F(FaultAudit, AHookMayBeLeftForWantOfMemoryWhereThereWasNone)
+{
+    run.results = {{errGeneric, std::nullopt, "an exception: std::bad_alloc"}};
+    EXPECT_THAT(Verdict(), HasSubstr("a hook was left by an exception: std::bad_alloc"));
+    run.isOutOfMemory = true;
+    EXPECT_EQ(Verdict(), "");
+    run.findings = {found(finding::leakedReference, "AEGP_GetLayerEffectByIndex")};
+    EXPECT_THAT(Verdict(), HasSubstr("leaked-reference"));
+}
+
+TEST_F(FaultAudit, TheProjectIsPartOfIt)
+{
+    SeenEffect lamp;
+    lamp.id = 1;
+    lamp.name = "lamp";
+    run.project.before.layers[1] = {lamp};
+    run.project.wanted = run.project.before;
+    lamp.name = "torch";
+    run.project.after.layers[1] = {lamp};
+    EXPECT_THAT(Verdict(), HasSubstr("the effect \"lamp\" is called \"torch\""));
+}
 } // namespace
 } // namespace standin

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "standin/host/core/StackChanges.h"
+#include "standin/host/sensors/AtWork.h"
 #include "standin/host/sensors/FindingIds.h"
 
 namespace standin
@@ -17,6 +18,7 @@ HookResult catchAll(const std::function<A_Err()>& body)
     HookResult result;
     try
     {
+        const Working plugin(AtWork::plugin);
         result.error = body();
         return result;
     }

@@ -8,18 +8,29 @@ void FaultPlan::Disarm() { *this = FaultPlan(); }
 
 void FaultPlan::FailCall(std::size_t ordinal, FaultLength length, A_Err error)
 {
-    faults.push_back({{ordinal, length}, error});
+    FailCall(ordinal, length, FailedCall{error});
+}
+
+void FaultPlan::FailCall(std::size_t ordinal, FaultLength length, FailedCall how)
+{
+    faults.push_back({{ordinal, length}, how});
 }
 
 void FaultPlan::FailFunction(const std::string& function, std::size_t nth, FaultLength length, A_Err error)
 {
-    faults.push_back({{function, nth, length}, error});
+    faults.push_back({{function, nth, length}, {error}});
 }
 
 void FaultPlan::FailFunction(const std::string& suite, A_long version, const std::string& function,
                              std::size_t nth, FaultLength length, A_Err error)
 {
-    faults.push_back({{suite, version, function, nth, length}, error});
+    FailFunction(suite, version, function, nth, length, FailedCall{error});
+}
+
+void FaultPlan::FailFunction(const std::string& suite, A_long version, const std::string& function,
+                             std::size_t nth, FaultLength length, FailedCall how)
+{
+    faults.push_back({{suite, version, function, nth, length}, how});
 }
 
 void FaultPlan::Withhold(const std::string& suite, A_long version, Withheld how)
@@ -37,16 +48,16 @@ void FaultPlan::GiveBack(const std::string& suite, A_long version)
                    withheld.end());
 }
 
-std::optional<A_Err> FaultPlan::Strike(const CallPoint& call)
+std::optional<FailedCall> FaultPlan::Strike(const CallPoint& call)
 {
     ++calls;
-    std::optional<A_Err> error;
+    std::optional<FailedCall> how;
     for (Fault& fault : faults)
-        if (fault.calls.Picks(call) && !error)
-            error = fault.error;
-    if (error && !struck)
+        if (fault.calls.Picks(call) && !how)
+            how = fault.how;
+    if (how && !struck)
         struck = call;
-    return error;
+    return how;
 }
 
 std::optional<Withheld> FaultPlan::IsWithheld(const std::string& suite, A_long version) const

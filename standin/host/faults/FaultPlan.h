@@ -1,6 +1,6 @@
 #pragma once
-// Which calls fail. A call that is made to fail does nothing, leaves its out-values alone and gives
-// the fault's error code. AcquireSuite and ReleaseSuite are calls like any other.
+// Which calls fail. A call that is made to fail does nothing and gives the fault's error code; what it leaves
+// in its out-values is the fault's choice. AcquireSuite and ReleaseSuite are calls like any other.
 
 #include <cstddef>
 #include <optional>
@@ -14,6 +14,21 @@ namespace standin
 {
 /// How long a fault lasts once it has struck.
 using FaultLength = CallSpan;
+
+/// What a call that is made to fail leaves in the places for its answers.
+enum class OutValues
+{
+    untouched,
+    null,   ///< Null, zero or an empty text.
+    garbage ///< A handle that nobody has handed out, the number 77, the text "garbage", a poisoned table.
+};
+
+/// What a call does that is made to fail. The error may be none: the call then says that all went well.
+struct FailedCall
+{
+    A_Err error = errGeneric;
+    OutValues outs = OutValues::untouched;
+};
 
 /// How a withheld suite is refused.
 enum class Withheld
@@ -31,6 +46,7 @@ public:
 
     /// The `ordinal`-th call from now on fails, counted from 1.
     void FailCall(std::size_t ordinal, FaultLength length = FaultLength::once, A_Err error = errGeneric);
+    void FailCall(std::size_t ordinal, FaultLength length, FailedCall how);
 
     /// The `nth` call from now on of a named function fails, counted from 1, whatever its suite.
     void FailFunction(const std::string& function, std::size_t nth = 1,
@@ -38,6 +54,8 @@ public:
     /// The same for one suite; version 0 means any.
     void FailFunction(const std::string& suite, A_long version, const std::string& function,
                       std::size_t nth = 1, FaultLength length = FaultLength::once, A_Err error = errGeneric);
+    void FailFunction(const std::string& suite, A_long version, const std::string& function, std::size_t nth,
+                      FaultLength length, FailedCall how);
 
     /// From now on the suite is missing; version 0 means any.
     void Withhold(const std::string& suite, A_long version = 0, Withheld how = Withheld::asError);
@@ -49,15 +67,15 @@ public:
     const std::optional<CallPoint>& Struck() const { return struck; }
 
     // For the host.
-    /// Counts a call; the error with which it has to fail, or none.
-    std::optional<A_Err> Strike(const CallPoint& call);
+    /// Counts a call; how it has to fail, or none.
+    std::optional<FailedCall> Strike(const CallPoint& call);
     std::optional<Withheld> IsWithheld(const std::string& suite, A_long version) const;
 
 private:
     struct Fault
     {
         CallChoice calls;
-        A_Err error;
+        FailedCall how;
     };
     struct WithheldSuite
     {

@@ -23,7 +23,7 @@ std::size_t CallTrace::Begin(CallRecord record)
     return count;
 }
 
-void CallTrace::End(std::size_t ordinal, A_Err error, std::string answers)
+void CallTrace::End(std::size_t ordinal, A_Err error, std::string answers, bool struck)
 {
     const auto found =
         std::find_if(records.rbegin(), records.rend(),
@@ -32,6 +32,7 @@ void CallTrace::End(std::size_t ordinal, A_Err error, std::string answers)
         return; // Cleared while the call ran.
     found->error = error;
     found->answers = std::move(answers);
+    found->struck = struck;
 }
 
 std::vector<std::string> CallTrace::Texts(SuiteTraffic traffic) const

@@ -23,6 +23,8 @@ struct CallRecord
     std::string answers; ///< The out-values, separated by ", "; empty if there are none.
     A_Err error = errNone;
     std::size_t ordinal = 0; ///< From 1, since the host was made.
+    bool hasOutValues = false;
+    bool struck = false; ///< A fault made it fail.
 
     std::string Text() const;
 };
@@ -41,7 +43,7 @@ public:
 
     /// Puts the call at the end and gives its ordinal.
     std::size_t Begin(CallRecord record);
-    void End(std::size_t ordinal, A_Err error, std::string answers);
+    void End(std::size_t ordinal, A_Err error, std::string answers, bool struck = false);
 
     const std::vector<CallRecord>& Records() const { return records; }
     std::vector<std::string> Texts(SuiteTraffic traffic) const;

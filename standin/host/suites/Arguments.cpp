@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "standin/host/family/FamilyBehaviour.h"
+#include "standin/host/suites/CallScope.h"
 
 namespace standin
 {
@@ -85,6 +86,20 @@ std::string OutText::Answer(HostParts&) const
 {
     const void* end = std::memchr(value, 0, bufferSize);
     return end != nullptr ? PrintText(value) : "\"" + std::string(value, bufferSize) + "\" and no end";
+}
+
+void OutText::Spoil(OutValues outs) const
+{
+    if (value != nullptr && outs != OutValues::untouched)
+        Give(outs == OutValues::null ? "" : garbageText, bufferSize - 1);
+}
+
+void OutTable::Spoil(OutValues outs) const { spoilWith(outs, nullptr, PoisonTable()); }
+
+void* GarbageHandle()
+{
+    static void* nothing = nullptr;
+    return &nothing;
 }
 
 std::string OutColour::Answer(HostParts&) const

@@ -23,6 +23,7 @@ struct Argument
     static constexpr bool isOut = false;
     bool IsMissing() const { return false; }
     std::string Answer(HostParts&) const { return {}; }
+    void Spoil(OutValues) const {}
 };
 
 template <class T>
@@ -140,7 +141,20 @@ struct OutArg : Argument
     explicit OutArg(T* v) : value(v) {}
     bool IsMissing() const { return value == nullptr; }
     std::string Print(HostParts&) const { return {}; }
+
+protected:
+    void spoilWith(OutValues outs, const T& null, const T& garbage) const
+    {
+        if (value != nullptr && outs != OutValues::untouched)
+            *value = outs == OutValues::null ? null : garbage;
+    }
 };
+
+/// What garbage is.
+constexpr int garbageNumber = 77;
+constexpr const char* garbageText = "garbage";
+/// Nothing that a host has handed out.
+void* GarbageHandle();
 
 template <class T>
 struct OutNumber : OutArg<T>
@@ -151,6 +165,7 @@ struct OutNumber : OutArg<T>
                                                                          : "A_long*";
     using OutArg<T>::OutArg;
     std::string Answer(HostParts&) const { return PrintNumber(static_cast<A_long>(*this->value)); }
+    void Spoil(OutValues outs) const { this->spoilWith(outs, T{0}, T{garbageNumber}); }
 };
 
 template <class Handle>
@@ -169,6 +184,7 @@ struct OutHandle : OutArg<Handle>
     using OutArg<Handle>::OutArg;
     void Give(void* handle) const { *this->value = static_cast<Handle>(handle); }
     std::string Answer(HostParts& parts) const { return PrintHandle(parts, In::kind, *this->value); }
+    void Spoil(OutValues outs) const { this->spoilWith(outs, nullptr, static_cast<Handle>(GarbageHandle())); }
 };
 
 /// A caller's buffer for a name.
@@ -182,6 +198,7 @@ struct OutText : OutArg<char>
     /// Fills 128 characters and writes no zero.
     void GiveUnterminated(const std::string& text) const;
     std::string Answer(HostParts&) const;
+    void Spoil(OutValues outs) const;
 };
 
 struct OutTime : OutArg<A_Time>
@@ -189,6 +206,7 @@ struct OutTime : OutArg<A_Time>
     static constexpr const char* abiName = "A_Time*";
     using OutArg::OutArg;
     std::string Answer(HostParts&) const { return PrintTime(*value); }
+    void Spoil(OutValues outs) const { spoilWith(outs, {0, 0}, {garbageNumber, garbageNumber}); }
 };
 
 struct OutColour : OutArg<PF_App_Color>
@@ -196,6 +214,10 @@ struct OutColour : OutArg<PF_App_Color>
     static constexpr const char* abiName = "PF_App_Color*";
     using OutArg::OutArg;
     std::string Answer(HostParts&) const;
+    void Spoil(OutValues outs) const
+    {
+        spoilWith(outs, {0, 0, 0}, {garbageNumber, garbageNumber, garbageNumber});
+    }
 };
 
 /// A table of functions that goes out; the trace does not mention it.
@@ -204,6 +226,7 @@ struct OutTable : OutArg<const void*>
     static constexpr const char* abiName = "const void**";
     static constexpr const char* owner = "the host, until ReleaseSuite";
     using OutArg::OutArg;
+    void Spoil(OutValues outs) const;
 };
 
 /// Memory, or the host's mark of a published suite.
@@ -211,5 +234,6 @@ struct OutPointer : OutArg<void*>
 {
     static constexpr const char* abiName = "void**";
     using OutArg::OutArg;
+    void Spoil(OutValues outs) const { spoilWith(outs, nullptr, GarbageHandle()); }
 };
 } // namespace standin

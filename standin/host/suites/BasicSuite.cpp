@@ -10,17 +10,10 @@ namespace standin
 {
 namespace
 {
-/// A table as long as the longest, of functions that must never be called.
-const void* poisonTable()
-{
-    static const std::vector<AnyFunction> table(40, reinterpret_cast<AnyFunction>(&SpringPoison));
-    return table.data();
-}
-
 A_Err refuse(HostParts& parts, OutTable out, Withheld how)
 {
     if (how == Withheld::asPoisonedPointer)
-        *out.value = poisonTable();
+        *out.value = PoisonTable();
     else if (how == Withheld::asNullTable || parts.options.failedAcquire == FailedAcquire::givesNull)
         *out.value = nullptr;
     return how == Withheld::asNullTable ? errNone : errSuiteNotFound;

@@ -37,13 +37,14 @@ CallScope::~CallScope()
 {
     if (!begun)
         return;
-    parts->sensors.trace.End(parts->sensors.running.back().ordinal, error, answers);
+    parts->sensors.trace.End(parts->sensors.running.back().ordinal, error, answers, WasStruck());
     parts->sensors.running.pop_back();
 }
 
-void CallScope::Begin(const std::string& arguments)
+void CallScope::Begin(const std::string& arguments, bool hasOutValues)
 {
     CallRecord record;
+    record.hasOutValues = hasOutValues;
     record.suite = suite.name;
     record.version = suite.version;
     record.slot = slot.slot;
@@ -59,7 +60,7 @@ void CallScope::Begin(const std::string& arguments)
 
 bool CallScope::MayProceed()
 {
-    const std::optional<A_Err> fault =
+    const std::optional<FailedCall> fault =
         parts->sensors.faults.Strike({suite.name, suite.version, slot.function});
     if (parts->sensors.hookDepth == 0)
     {
@@ -75,15 +76,15 @@ bool CallScope::MayProceed()
     }
     else if (fault)
     {
-        struck = true;
-        error = *fault;
+        struck = fault;
+        error = fault->error;
         // What the fault has kept the caller from cannot be held against it.
         parts->history.NoteWrite();
     }
     else if (parts->sensors.hookKind == HookKind::death &&
              parts->options.suitesAtDeath == SuitesAtDeath::fail)
         error = errGeneric;
-    return error == errNone;
+    return error == errNone && !struck;
 }
 
 void CallScope::IdleIfDue()
@@ -117,5 +118,11 @@ A_Err SpringPoison()
         parts->sensors.Report(finding::poisonedTable,
                               "A function was called in a table whose acquire had failed.");
     return errNotImplemented;
+}
+
+const void* PoisonTable()
+{
+    static const std::vector<AnyFunction> table(40, reinterpret_cast<AnyFunction>(&SpringPoison));
+    return table.data();
 }
 } // namespace standin

@@ -58,16 +58,18 @@ private:
         HostParts& parts = scope.Parts();
         std::string printed;
         (Append(printed, roles.Print(parts)), ...);
-        scope.Begin(printed);
+        scope.Begin(printed, (Roles::isOut || ...));
         if (!scope.MayProceed())
         {
             if (scope.WasStruck() && excuse != nullptr)
                 (void)excuse(parts, roles...);
+            (roles.Spoil(scope.OutsOfFault()), ...);
             return;
         }
         if ((roles.IsMissing() || ...))
         {
-            parts.sensors.Report(finding::nullPointer, "A text, a time, a hook or a place for an answer is null.");
+            parts.sensors.Report(finding::nullPointer,
+                                 "A text, a time, a hook or a place for an answer is null.");
             scope.SetError(errParameter);
             return;
         }
