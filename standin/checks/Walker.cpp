@@ -81,12 +81,12 @@ Box boxOf(const ModelRow& group)
     return on == 0 ? Box::empty : on == group.objects.size() ? Box::full : Box::half;
 }
 
-Texts textsOf(const std::vector<ModelRow>& rows)
+Texts textsOf(const StackModel& model)
 {
-    if (rows.empty())
+    if (!model.HasRoot())
         return {};
     Texts texts{"Layer"};
-    for (const ModelRow& row : rows)
+    for (const ModelRow& row : model.Rows())
     {
         if (row.kind != ModelRow::Kind::group)
             texts.push_back(rowText(1, DisplayNameOf(row.effect.name), boxOf(row.effect)));
@@ -149,7 +149,7 @@ std::string Walker::Take(const WalkStep& step)
     const Texts lines = LinesOf(state, step);
     if (!state.isHeld)
         stage.session.Forget();
-    CarryOut(state, step);
+    (void)CarryOut(state, step);
     try
     {
         for (const std::string& line : lines)
@@ -181,7 +181,8 @@ std::string Walker::compareStacks()
     {
         Texts found;
         for (const EffectInstance& effect : stage.host().State().FindLayer(layerIds[i])->effects)
-            found.push_back(textOf(stage.host().NameOf(effect.label), effect.family.group,
+            found.push_back(textOf(stage.host().NameOf(effect.label),
+                                   effect.family.rigidity == Rigidity::rigid ? -1 : effect.family.group,
                                    (effect.flags & effectActive) != 0 ? Power::on : Power::off));
         const std::string what = "the stack of layer \"Solid " + std::to_string(i + 1) + "\"";
         const std::string wrong =
@@ -215,9 +216,9 @@ std::string Walker::compareWrites()
 
 std::string Walker::compareRows()
 {
-    if (state.isCovered)
+    if (state.model.Tab() != TabPlace::inFront)
         return "";
-    const Texts wanted = textsOf(state.model.Rows());
+    const Texts wanted = textsOf(state.model);
     const auto agree = [&] { return textsOf(stage.Rows()) == wanted; };
     if (stage.session.IdleUntil(agree, waits::untilRowsFollow))
         return "";

@@ -22,7 +22,7 @@ std::vector<std::string> script(const std::vector<WalkStep>& steps)
     {
         for (const std::string& line : LinesOf(state, step))
             lines.push_back(line);
-        CarryOut(state, step);
+        (void)CarryOut(state, step);
     }
     return lines;
 }
@@ -104,7 +104,7 @@ TEST(WalkStepTest, TheSecondOfANameIsCalledSo)
     copy.action = &WalkActionOf("duplicate");
     copy.id = 3;
     copy.newId = 100;
-    CarryOut(state, copy);
+    (void)CarryOut(state, copy);
     WalkStep deletion;
     deletion.action = &WalkActionOf("delete");
     deletion.id = 100;
