@@ -110,6 +110,7 @@ public:
     /// Whether the toolbar offers objects, or else a main effect alone.
     bool OffersObjects() const { return offersObjects; }
     bool IsHidden(int id) const { return hidden.count(id) != 0; }
+    std::size_t AddsWaiting() const { return toBeAdded.size(); }
     TabPlace Tab() const { return tab; }
     bool HasItem() const { return hasItem; }
     int ActiveLayer() const { return active; } ///< -1 for none.

@@ -64,7 +64,10 @@ bool hasGroup(State state, Step step) { return GroupRow(state.model, step.text).
 std::size_t groupOf(State state, Step step) { return GroupRow(state.model, step.text).value_or(0); }
 
 bool hasRoomForARow(State state) { return RowCount(state.model) < mostRows; }
-bool hasRoom(State state) { return state.model.Stack().size() < mostEffects && hasRoomForARow(state); }
+bool hasRoom(State state)
+{
+    return state.model.Stack().size() + state.model.AddsWaiting() < mostEffects && hasRoomForARow(state);
+}
 
 /// Whether the rows that a drag of this row moves may all be put there. A rigid object starts no drag into a
 /// group, though one that is taken along goes into it.
@@ -138,7 +141,7 @@ const std::vector<WalkAction>& WalkActions()
     // clang-format off
     static const std::vector<WalkAction> rows{
         // In the host.
-        {"apply", host, applicable, true, {1, 0, 1, 1}, [](State s, Step) { return hasRoom(s); },
+        {"apply", host, applicable, true, {1, 0, 1, 1}, [](State s, Step) { return s.model.ActiveLayer() >= 0 && hasRoom(s); },
          [](State, Step a) -> Lines { return {"apply " + Quoted(a.text)}; },
          [](WalkState& s, Step a) { s.model.Apply(fresh(a)); }},
         {"rename", host, newName, true, {1, 0, 1, 1}, &hasEffect,
@@ -311,7 +314,7 @@ const std::vector<WalkAction>& WalkActions()
          [](State s, Step a) -> Lines
          { return {"click row " + row(s, a), "press Return", "type " + Quoted(a.text), "press Return"}; },
          [](WalkState& s, Step a) { s.model.RenameRow(a.id, a.text); }},
-        {"add main", panel, title, true, {0, 0, 0, 3}, [](State s, Step) { return !s.model.OffersObjects(); },
+        {"add main", panel, title, true, {0, 0, 0, 3}, [](State s, Step) { return !s.model.OffersObjects() && s.model.AddsWaiting() == 0; },
          [](State, Step) -> Lines { return {"click button \"Add Vortan\""}; },
          [](WalkState& s, Step a) { s.model.AddMain({a.newId, ModelKind::main, "Vortan", 0, Power::on}); }},
     };

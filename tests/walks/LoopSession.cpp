@@ -6,6 +6,7 @@
 #include "tests/support/KeptObjects.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
+#include "tree/platform/x11/JuceInternals.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -104,18 +105,20 @@ LoopSession::LoopSession(const StackModel& begin) : host(plainOptions())
     window = std::make_unique<HeadlessWindow>(Tree());
 }
 
-LoopSession::~LoopSession() { End(); }
+LoopSession::~LoopSession() { (void)End(); }
 
-void LoopSession::End()
+std::string LoopSession::End()
 {
     if (panelator == nullptr)
-        return;
+        return "";
     window.reset();
     host.Expect("unbalanced-suite", "", "the panel and its controller hold their suites until the host ends");
     host.Idles().Clear();
     host.Options().idleInCalls = IdleInCalls::never;
     host.Quit();
+    std::string findings = host.FindingsReport();
     DeleteKeptObjects(host, std::exchange(panelator, nullptr));
+    return findings;
 }
 
 std::string LoopSession::Idle(int passes)
@@ -158,7 +161,9 @@ ValueTreeItem& LoopSession::Row(const std::string& name)
 void LoopSession::ClickAt(ValueTreeItem& row, int x, juce::ModifierKeys keys)
 {
     CustomTreeView& view = Tree().treeView;
-    view.layOutIfStale();
+    while (DispatchJuceMessages()) // Rows are laid out by a message.
+    {
+    }
     const juce::Point<int> place = view.getPosition() + row.getItemPosition(true).getPosition();
     window->wait(1000); // Not the second of a double click.
     window->hold(keys);
@@ -202,7 +207,7 @@ void LoopSession::PressKey(const std::string& key)
     else if (key == "Return")
         (void)view.keyPressed(juce::KeyPress(juce::KeyPress::returnKey));
     else if (key == "Delete")
-        (void)view.keyPressed(juce::KeyPress(127));
+        (void)view.keyPressed(juce::KeyPress(juce::KeyPress::deleteKey));
     else if (key == "Control+a")
         (void)view.keyPressed(juce::KeyPress('a', juce::ModifierKeys::commandModifier, 0));
     else

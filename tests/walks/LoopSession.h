@@ -46,8 +46,8 @@ public:
     void Do(const std::string& line);
     /// Passes of the host's idle. What left a hook, in words.
     std::string Idle(int passes);
-    /// Ends the host.
-    void End();
+    /// Ends the host; what is found then.
+    std::string End();
 
     ValueTreesDemo& Tree() { return *panelator->tree; }
     std::vector<ValueTreeItem*> Rows();
