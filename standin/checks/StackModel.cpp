@@ -137,7 +137,8 @@ void StackModel::Switch(int id, Power power)
 
 void StackModel::PutIntoGroup(int id, int group)
 {
-    change("Change Group", [&] { inStack(id)->group = group; });
+    if (!inStack(id)->isRigid)
+        change("Change Group", [&] { inStack(id)->group = group; });
 }
 
 void StackModel::Undo() { layers = steps[--done].before; }

@@ -74,8 +74,9 @@ void StackModel::makeRows()
             continue;
         }
         auto group = std::find_if(rows.begin(), rows.end(),
-                                  [&](const ModelRow& row)
-                                  { return row.kind == ModelRow::Kind::group && row.number == effect.group; });
+                                  [&](const ModelRow& row) {
+                                      return row.kind == ModelRow::Kind::group && row.number == effect.group;
+                                  });
         if (group == rows.end())
         {
             group = rows.insert(rows.end(), ModelRow::Group(effect.group));
@@ -270,8 +271,8 @@ bool StackModel::isViewChanged() const
     return active >= 0 && entry != views.end() && entry->second && !(entry->second == viewNow());
 }
 
-/// Objects that are selected are shown, and the others hidden. A main effect is never hidden, an outside effect
-/// never touched.
+/// Objects that are selected are shown, and the others hidden. A main effect is never hidden, an outside
+/// effect never touched.
 void StackModel::pushSelection()
 {
     std::set<int> selected;

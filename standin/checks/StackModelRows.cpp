@@ -91,7 +91,8 @@ void StackModel::ClickRow(const ModelRowId& row, Selecting selecting)
         const std::vector<ModelRowId> all = AllRows();
         const auto place = [&](const ModelRowId& of) { return std::find(all.begin(), all.end(), of); };
         const auto clicked = place(row);
-        const auto other = clicked < place(selected.back()) ? place(selected.front()) : place(selected.back());
+        const auto other =
+            clicked < place(selected.back()) ? place(selected.front()) : place(selected.back());
         for (auto at = std::min(clicked, other); at <= std::max(clicked, other); ++at)
             selection(*at) = true;
         return;
@@ -263,9 +264,9 @@ void StackModel::dropSelected(Target target)
     };
     std::vector<Moved> all;
     for (const ModelRowId& row : selectedRows())
-        all.push_back({row, row.group < 0 ? 0 : rows[static_cast<std::size_t>(row.group)].serial, titleOf(row)});
-    const int targetSerial =
-        target.groupRow < 0 ? 0 : rows[static_cast<std::size_t>(target.groupRow)].serial;
+        all.push_back(
+            {row, row.group < 0 ? 0 : rows[static_cast<std::size_t>(row.group)].serial, titleOf(row)});
+    const int targetSerial = target.groupRow < 0 ? 0 : rows[static_cast<std::size_t>(target.groupRow)].serial;
     printed.push_back("Items: " + std::to_string(all.size()));
     std::size_t index = target.index;
     for (auto moved = all.rbegin(); moved != all.rend(); ++moved)

@@ -111,9 +111,10 @@ WalkOutcome TakeWalk(const WalkPlan& plan)
     const auto again = [&](const Steps& fewer) { return walkSeparately(plan.bundleFile, fewer, end); };
     ShortenedWalk shortening(plan.kind, again, std::min(end, Clock::now() + plan.shortening));
     shortening.Shorten(steps, outcome);
-    outcome.failure = shortening.Failure() + "\n  seed " + std::to_string(plan.seed) + ", step " +
-                      std::to_string(std::min(used, steps.size())) +
-                      "; as a scenario, made as short as it went:" + AsScenario(shortening.Steps(), plan.kind);
+    outcome.failure =
+        shortening.Failure() + "\n  seed " + std::to_string(plan.seed) + ", step " +
+        std::to_string(std::min(used, steps.size())) +
+        "; as a scenario, made as short as it went:" + AsScenario(shortening.Steps(), plan.kind);
     return outcome;
 }
 } // namespace standin

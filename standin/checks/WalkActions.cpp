@@ -57,7 +57,8 @@ bool isHeadless(State state, Step) { return state.isHeadless; }
 bool isAnythingSelected(State state)
 {
     const std::vector<ModelRowId> all = state.model.AllRows();
-    return std::any_of(all.begin(), all.end(), [&](const ModelRowId& row) { return state.model.IsSelected(row); });
+    return std::any_of(all.begin(), all.end(),
+                       [&](const ModelRowId& row) { return state.model.IsSelected(row); });
 }
 
 bool hasGroup(State state, Step step) { return GroupRow(state.model, step.text).has_value(); }
@@ -77,9 +78,7 @@ bool mayDrop(State state, const ModelRowId& dragged, const StackModel::Target& t
         return true;
     const ModelStack effects = InRowOrder(state.model);
     const auto goes = [&](const ModelRowId& row)
-    {
-        return row == ModelRowId{} || (row.group < 0 && !isOutside(*FindEffect(effects, row.effect)));
-    };
+    { return row == ModelRowId{} || (row.group < 0 && !isOutside(*FindEffect(effects, row.effect))); };
     if (dragged.group >= 0 || FindEffect(effects, dragged.effect)->isRigid)
         return false;
     if (!state.model.IsSelected(dragged))
@@ -164,7 +163,7 @@ const std::vector<WalkAction>& WalkActions()
         {"put into group", host, title, true, {1, 0, 1, 1},
          [](State s, Step a)
          {
-             return hasEffect(s, a) && !isOutside(*effectOf(s, a)) &&
+             return hasEffect(s, a) && !isOutside(*effectOf(s, a)) && !effectOf(s, a)->isRigid &&
                     a.number <= static_cast<int>(mostGroups) && hasRoomForARow(s);
          },
          [](State s, Step a) -> Lines { return {"put " + inHost(s, a) + " into group " + std::to_string(a.number)}; },

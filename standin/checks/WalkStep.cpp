@@ -71,7 +71,8 @@ WalkState WalkBegin(WalkKind kind)
                            {4, ModelKind::main, "Vortan", 0, Power::on}};
     const ModelStack second{{5, ModelKind::effector, "pulse", 2, Power::on},
                             {6, ModelKind::geometry, "sheet", 2, Power::on},
-                            {7, ModelKind::outside, "Gaussian Blur", 0, Power::on}};
+                            {7, ModelKind::outside, "Gaussian Blur", 0, Power::on},
+                            {8, ModelKind::geometry, "rail", -1, Power::on, true}};
     WalkState state{StackModel({first, second})};
     state.isHeadless = kind == WalkKind::loop;
     (void)state.model.Settle();
@@ -120,8 +121,10 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 bool IsPossible(const WalkState& state, const WalkStep& step)
 {
     const WalkAction& action = *step.action;
-    return (action.isPossibleWhileHeld || !state.isHeld || (state.isHeadless && action.place == WalkAction::Place::panel)) &&
-           (action.place == WalkAction::Place::host || state.model.Tab() == TabPlace::inFront) && action.isPossible(state, step);
+    return (action.isPossibleWhileHeld || !state.isHeld ||
+            (state.isHeadless && action.place == WalkAction::Place::panel)) &&
+           (action.place == WalkAction::Place::host || state.model.Tab() == TabPlace::inFront) &&
+           action.isPossible(state, step);
 }
 
 std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step)

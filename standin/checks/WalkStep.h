@@ -50,7 +50,7 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 bool IsPossible(const WalkState& state, const WalkStep& step);
 /// The step as lines of a scenario, in the state before it.
 std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step);
-/// Carries the step out in the model, which is settled afterwards unless the host does not idle. How many idle
-/// passes that takes.
+/// Carries the step out in the model, which is settled afterwards unless the host does not idle. How many
+/// idle passes that takes.
 int CarryOut(WalkState& state, const WalkStep& step);
 } // namespace standin

@@ -1,5 +1,5 @@
-// What a line of a scenario does where there is no screen. The language is the scenarios'; here its lines reach
-// the tree's own components.
+// What a line of a scenario does where there is no screen. The language is the scenarios'; here its lines
+// reach the tree's own components.
 
 #include "standin/family/Sibling.h"
 #include "standin/scenario/Parser.h"
@@ -99,7 +99,8 @@ Lines hostLines()
         {"choose TEXT in the WORD menu",
          [](S& s, A a) { requireChange(s.host.ChooseMenuItem(a.texts[0]), "choose"); }},
         {"a sibling opens the panel", [](S& s, A) { (void)Sibling(s.host).OpenPanel(Force::ifNotUp); }},
-        {"a sibling opens the panel by force", [](S& s, A) { (void)Sibling(s.host).OpenPanel(Force::always); }},
+        {"a sibling opens the panel by force",
+         [](S& s, A) { (void)Sibling(s.host).OpenPanel(Force::always); }},
         {"a sibling refreshes the panel", [](S& s, A) { (void)Sibling(s.host).RefreshPanel(); }},
         {"a sibling notifies TEXT", [](S& s, A a) { (void)Sibling(s.host).NotifyPanel(a.texts[0].c_str()); }},
         {"idle inside no call", [](S& s, A) { idleInside(s, IdleInCalls::never); }},
@@ -130,8 +131,7 @@ Lines panelLines()
         {"click button TEXT", [](S& s, A a) { s.ClickButton(a.texts[0]); }},
         {"choose TEXT from TEXT", [](S& s, A a) { s.ChooseFromMenu(a.texts[0]); }},
         {"press WORD", [](S& s, A a) { s.PressKey(a.texts[0]); }},
-        {"type TEXT",
-         [](S& s, A a) { s.Tree().treeView.renameEditor->setText(TextFromBytes(a.texts[0])); }},
+        {"type TEXT", [](S& s, A a) { s.Tree().treeView.renameEditor->setText(TextFromBytes(a.texts[0])); }},
         {"drag row TEXT into TEXT", [](S& s, A a) { dropAtEnd(s, a.texts[0], s.Row(a.texts[1])); }},
         {"drag row TEXT above TEXT", [](S& s, A a) { dropBeside(s, a.texts[0], a.texts[1], 0); }},
         {"drag row TEXT below TEXT", [](S& s, A a) { dropBeside(s, a.texts[0], a.texts[1], 1); }},

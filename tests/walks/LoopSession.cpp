@@ -193,7 +193,8 @@ void LoopSession::Drop(const std::string& dragged, ValueTreeItem& target, int in
     ValueTreeItem& row = Row(dragged);
     if (!row.isSelected())
         ClickAt(row, 24);
-    const juce::DragAndDropTarget::SourceDetails details(row.getDragSourceDescription(), &Tree().treeView, {});
+    const juce::DragAndDropTarget::SourceDetails details(row.getDragSourceDescription(), &Tree().treeView,
+                                                         {});
     if (!target.isInterestedInDragSource(details))
         throw std::runtime_error("the row " + dragged + " cannot be dropped there");
     target.itemDropped(details, index);

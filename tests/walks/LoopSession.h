@@ -1,10 +1,10 @@
 #pragma once
-// The product in one process with the stand-in host, without a screen: the panel's own tree in a window that no
-// server knows. Lines of a scenario are carried out on it.
+// The product in one process with the stand-in host, without a screen: the panel's own tree in a window that
+// no server knows. Lines of a scenario are carried out on it.
 
 #include "panel/Panelator.h"
-#include "standin/core/Host.h"
 #include "standin/checks/WalkStep.h"
+#include "standin/core/Host.h"
 #include "standin/scenario/Phrase.h"
 #include "tests/tree/support/HeadlessWindow.h"
 #include "tree/ValueTreeItem.h"

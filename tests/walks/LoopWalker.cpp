@@ -58,7 +58,8 @@ std::string boxText(const ModelEffect& effect)
 {
     if (effect.kind == ModelKind::outside)
         return "";
-    return (effect.power == Power::on ? " [x]" : " [ ]") + std::string(" group ") + std::to_string(effect.group);
+    return (effect.power == Power::on ? " [x]" : " [ ]") + std::string(" group ") +
+           std::to_string(effect.group);
 }
 
 Texts textsOfRows(const StackModel& model)

@@ -1,5 +1,5 @@
-// random-walk: walks without a screen, until so many steps are done. Each walk has its seed; one that fails is
-// made shorter, and told as a scenario. The last line is for programs.
+// random-walk: walks without a screen, until so many steps are done. Each walk has its seed; one that fails
+// is made shorter, and told as a scenario. The last line is for programs.
 //
 //     random-walk --steps 100000 --seed 1          walks of seed 1, 2, 3 and so on
 //     random-walk --steps 200 --length 200 --seed 17   the walk of seed 17 alone
