@@ -1,5 +1,6 @@
 #include "tests/walks/LoopWalker.h"
 
+#include "standin/checks/WalkTexts.h"
 #include "standin/scenario/Parser.h"
 #include "standin/sensors/FindingIds.h"
 #include "tree/NameText.h"
@@ -13,39 +14,6 @@ namespace standin
 namespace
 {
 using Texts = std::vector<std::string>;
-
-/// The host's functions that change a project. What hides and shows is none of them.
-constexpr const char* writingFunctions[] = {"AEGP_ApplyEffect",    "AEGP_ReorderEffect",
-                                            "AEGP_SetEffectFlags", "AEGP_DeleteLayerEffect",
-                                            "AEGP_SetStreamName",  "AEGP_DuplicateEffect"};
-
-std::string listed(const Texts& texts)
-{
-    std::string all;
-    for (const std::string& text : texts)
-        all += (all.empty() ? "" : ", ") + text;
-    return all.empty() ? "nothing" : all;
-}
-
-std::string difference(const std::string& what, const Texts& wanted, const Texts& found)
-{
-    if (wanted == found)
-        return "";
-    return what + " should be: " + listed(wanted) + "\n    and is: " + listed(found);
-}
-
-std::string effectText(const std::string& name, int group, bool isOn)
-{
-    return Quoted(name) + (group == 0 ? "" : " in group " + std::to_string(group)) + (isOn ? "" : " off");
-}
-
-Texts textsOf(const ModelStack& stack)
-{
-    Texts texts;
-    for (const ModelEffect& effect : stack)
-        texts.push_back(effectText(effect.name, effect.group, effect.power == Power::on));
-    return texts;
-}
 
 /// "-- lamp [x] *" for a row that is selected.
 std::string rowText(int depth, const std::string& name, const std::string& box, bool isSelected)
@@ -157,38 +125,22 @@ std::string LoopWalker::compareFindings()
 
 std::string LoopWalker::compareStacks()
 {
-    for (std::size_t i = 0; i < session.layerIds.size(); ++i)
-    {
-        Texts found;
-        for (const EffectInstance& effect : session.host.State().FindLayer(session.layerIds[i])->effects)
-            found.push_back(effectText(session.host.NameOf(effect.label),
-                                       effect.family.rigidity == Rigidity::rigid ? -1 : effect.family.group,
-                                       (effect.flags & effectActive) != 0));
-        const std::string wrong = difference("the stack of layer \"Solid " + std::to_string(i + 1) + "\"",
-                                             textsOf(state.model.StackOf(static_cast<int>(i))), found);
-        if (!wrong.empty())
-            return wrong;
-    }
-    return "";
+    return StackDifference(state.model, session.host, session.layerIds);
 }
 
 std::string LoopWalker::compareHistory()
 {
     const std::string wrong =
-        difference("what can be undone", state.model.UndoNames(), session.host.UndoNames());
-    return wrong.empty() ? difference("what can be redone", state.model.RedoNames(), session.host.RedoNames())
+        Difference("what can be undone", state.model.UndoNames(), session.host.UndoNames());
+    return wrong.empty() ? Difference("what can be redone", state.model.RedoNames(), session.host.RedoNames())
                          : wrong;
 }
 
 std::string LoopWalker::compareCalls()
 {
-    Texts writes;
-    for (const std::string& call : session.host.CallTexts(SuiteTraffic::leftOut))
-        for (const char* function : writingFunctions)
-            if (call.find(" " + std::string(function) + "(") != std::string::npos)
-                writes.emplace_back(function);
+    const Texts writes = WritesAmong(session.host.CallTexts(SuiteTraffic::leftOut));
     session.host.ClearTrace();
-    return difference("the calls that write", state.model.TakeWrites(), writes);
+    return Difference("the calls that write", state.model.TakeWrites(), writes);
 }
 
 std::string LoopWalker::compareRows()
@@ -196,7 +148,7 @@ std::string LoopWalker::compareRows()
     Texts found;
     for (ValueTreeItem* row : session.Rows())
         found.push_back(rowText(*row));
-    return difference("the panel's rows", textsOfRows(state.model), found);
+    return Difference("the panel's rows", textsOfRows(state.model), found);
 }
 
 std::string LoopWalker::compareHidden()
@@ -212,7 +164,7 @@ std::string LoopWalker::compareHidden()
             if (effect.groupHidden)
                 found.push_back(Quoted(session.host.NameOf(effect.label)));
         const std::string wrong =
-            difference("what is hidden of layer \"Solid " + std::to_string(i + 1) + "\"", wanted, found);
+            Difference("what is hidden of layer \"Solid " + std::to_string(i + 1) + "\"", wanted, found);
         if (!wrong.empty())
             return wrong;
     }
@@ -221,7 +173,7 @@ std::string LoopWalker::compareHidden()
 
 std::string LoopWalker::comparePrinted()
 {
-    return difference("what is printed", state.model.TakePrinted(), session.TakePrinted());
+    return Difference("what is printed", state.model.TakePrinted(), session.TakePrinted());
 }
 
 std::string LoopWalker::End() { return session.End(); }
