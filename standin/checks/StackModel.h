@@ -185,7 +185,8 @@ private:
         int layer = 0;
         ModelStack list;
 
-        bool operator==(const Seen& other) const { return layer == other.layer && list == other.list; }
+        /// Outside effects have no identity: two of one name that change places are the same list.
+        bool operator==(const Seen& other) const;
     };
 
     /// How a tree looks: its rows, and which of them are selected.

@@ -40,6 +40,18 @@ Extent extentOf(const ModelStack& stack, ModelKind kind, std::size_t otherwise)
 }
 } // namespace
 
+bool StackModel::Seen::operator==(const Seen& other) const
+{
+    const auto isSame = [](ModelEffect one, const ModelEffect& two)
+    {
+        if (one.kind == ModelKind::outside && two.kind == ModelKind::outside)
+            one.id = two.id;
+        return one == two;
+    };
+    return layer == other.layer &&
+           std::equal(list.begin(), list.end(), other.list.begin(), other.list.end(), isSame);
+}
+
 ModelStack StackModel::listOfRows() const
 {
     ModelStack list;

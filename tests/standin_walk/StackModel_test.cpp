@@ -248,5 +248,14 @@ TEST(StackModelTest, AnItemThatComesBackShowsNothing)
     (void)model.Settle();
     EXPECT_THAT(rows(model), ElementsAre("a", "b", "c"));
 }
+
+TEST(StackModelTest, TwinsFromOutsideChangePlacesUnseen)
+{
+    StackModel model = modelOf({effect(1, ModelKind::geometry, "a"), effect(2, ModelKind::outside, "blur"),
+                                effect(3, ModelKind::outside, "blur")});
+    model.Move(2, 2);
+    EXPECT_EQ(model.Settle(), 1);
+    EXPECT_THAT(model.UndoNames(), ElementsAre("Reorder Effect"));
+}
 } // namespace
 } // namespace standin
