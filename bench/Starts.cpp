@@ -13,6 +13,8 @@
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 constexpr int processes = 7;

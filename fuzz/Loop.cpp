@@ -4,7 +4,7 @@
 
 #include "effects/LayerItems.h"
 #include "fuzz/Input.h"
-#include "standin/core/HostParts.h"
+#include "standin/host/core/HostParts.h"
 #include "tests/support/PanelBench.h"
 #include "tree/Tree.h"
 

@@ -3,7 +3,7 @@
 
 #include <chrono>
 
-namespace standin::waits
+namespace standin::user::waits
 {
 using namespace std::chrono_literals;
 
@@ -35,4 +35,4 @@ constexpr auto untilRowsFollow = 3s;
 constexpr auto untilStill = 30s;
 /// So many passes without a change mean that none is under way.
 constexpr int stillPasses = 8;
-} // namespace standin::waits
+} // namespace standin::user::waits

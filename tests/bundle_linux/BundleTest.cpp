@@ -1,13 +1,14 @@
 #include "tests/bundle_linux/BundleTest.h"
 
-#include "standin/core/HostParts.h"
-#include "standin/sensors/FindingIds.h"
+#include "standin/host/core/HostParts.h"
+#include "standin/host/sensors/FindingIds.h"
 
 #include <dlfcn.h>
 #include <utility>
 
 namespace standin
 {
+
 BundleTest::BundleTest(HostOptions options) : host(options), bundle(VORTAN_BUNDLE)
 {
     InstallFamily(host);
@@ -22,7 +23,7 @@ BundleTest::~BundleTest()
 {
     EXPECT_EQ(host.FindingsReport(), "");
     if (hasLoadFailed)
-        host.Parts().plugins.hooks.death.clear();
+        host.ForgetHooks();
     host.Quit();
     if (keptBlocks != nullptr)
         keptBlocks->Free();

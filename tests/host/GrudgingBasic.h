@@ -2,7 +2,7 @@
 // A basic suite that hands a suite out and says beside it, the first time, that it failed.
 
 #include "host/HostSuites.h"
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 
 #include <string>
 #include <utility>

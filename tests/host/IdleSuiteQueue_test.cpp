@@ -1,7 +1,7 @@
 // The queue of functions for the host's next idle: what is stored, what runs when, and what a full queue
 // does.
 
-#include "standin/sensors/FindingIds.h"
+#include "standin/host/sensors/FindingIds.h"
 #include "tests/host/GrudgingBasic.h"
 #include "tests/host/IdleQueueTest.h"
 

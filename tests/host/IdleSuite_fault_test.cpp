@@ -3,8 +3,8 @@
 // happen in the optimised program too.
 
 #include "host/IdleSuite.h"
-#include "standin/core/Host.h"
-#include "standin/sensors/FindingIds.h"
+#include "standin/host/core/Host.h"
+#include "standin/host/sensors/FindingIds.h"
 #include "tests/host/GrudgingBasic.h"
 #include "tests/support/Sanitized.h"
 

@@ -8,6 +8,8 @@
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 constexpr const char* panelName = "Vortan Object Panel";

@@ -1,6 +1,6 @@
 // What the user does in the host's own windows comes back into the tree.
 
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/panel/PanelTest.h"
 
 namespace standin

@@ -2,7 +2,7 @@
 // nothing leaks, and the next pass over a sound host brings tree and layer together.
 
 #include "effects/LayerItems.h"
-#include "standin/faults/Sweep.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/panel/PanelTest.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // The panel plug-in's entry point and hooks: what they ask of the host, in which order.
 
-#include "standin/family/Sibling.h"
+#include "standin/host/family/Sibling.h"
 #include "tests/panel/PanelTest.h"
 
 #include <utility>

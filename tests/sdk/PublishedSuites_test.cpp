@@ -2,7 +2,7 @@
 
 #include "sdk/VortanFamily.h"
 
-#include "standin/session/Bundle.h"
+#include "standin/host/bundle/Bundle.h"
 
 #include <gtest/gtest.h>
 

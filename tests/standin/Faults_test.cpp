@@ -1,6 +1,6 @@
 // Calls that are made to fail, suites that are withheld, and the sweep over all calls.
 
-#include "standin/faults/Sweep.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/standin/Client.h"
 #include "tests/standin/FindingsOf.h"
 #include "tests/standin/HostTest.h"

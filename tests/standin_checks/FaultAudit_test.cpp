@@ -1,7 +1,7 @@
 // The audit of a pass with a fault, on traces made by hand: what it lets pass, and what it does not.
 
-#include "standin/checks/FaultAudit.h"
-#include "standin/sensors/FindingIds.h"
+#include "standin/check/FaultAudit.h"
+#include "standin/host/sensors/FindingIds.h"
 
 #include <gmock/gmock.h>
 
@@ -9,6 +9,8 @@ using testing::HasSubstr;
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 CallRecord call(const std::string& function, A_Err error = errNone, const std::string& arguments = "")

@@ -1,6 +1,6 @@
 // The page on the stand-in lists the checks as the program has them.
 
-#include "standin/effect_checks/EffectChecks.h"
+#include "standin/check/effects/EffectChecks.h"
 #include "standin/process/ExitCodes.h"
 
 #include <cstdlib>
@@ -11,6 +11,8 @@ using testing::HasSubstr;
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 std::string beginningOf(const CheckBook& book)

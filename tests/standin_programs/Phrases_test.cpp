@@ -1,8 +1,8 @@
 // Which phrase a statement fits, and the page that lists them all.
 
-#include "standin/scenario/Parser.h"
-#include "standin/scenario/Phrase.h"
-#include "standin/scenario/Player.h"
+#include "standin/script/Parser.h"
+#include "standin/script/Phrase.h"
+#include "standin/script/Player.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -15,6 +15,8 @@ using testing::HasSubstr;
 
 namespace standin
 {
+using namespace script;
+
 namespace
 {
 Step bind(const std::string& line)

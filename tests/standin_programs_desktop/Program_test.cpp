@@ -1,7 +1,7 @@
 // The program standin-desktop as it is called from a shell: what it says and how it ends.
 
 #include "standin/process/ExitCodes.h"
-#include "standin/x11/Xvfb.h"
+#include "standin/user/x11/Xvfb.h"
 #include "tests/standin_programs/ProgramRun.h"
 #include "tests/standin_programs_desktop/Scratch.h"
 
@@ -12,6 +12,8 @@
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 using testing::HasSubstr;

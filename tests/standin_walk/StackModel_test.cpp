@@ -1,10 +1,12 @@
-#include "standin/checks/StackModel.h"
+#include "standin/check/StackModel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 using ::testing::ElementsAre;

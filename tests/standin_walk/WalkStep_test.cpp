@@ -1,7 +1,7 @@
-#include "standin/checks/Walk.h"
-#include "standin/checks/WalkActions.h"
-#include "standin/scenario/Parser.h"
-#include "standin/scenario/Phrase.h"
+#include "standin/check/Walk.h"
+#include "standin/check/WalkActions.h"
+#include "standin/script/Parser.h"
+#include "standin/script/Phrase.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,6 +11,9 @@
 
 namespace standin
 {
+using namespace check;
+using namespace script;
+
 namespace
 {
 /// All lines of a walk.

@@ -1,10 +1,10 @@
 // What a line of a scenario does where there is no screen. The language is the scenarios'; here its lines
 // reach the tree's own components.
 
-#include "standin/family/Sibling.h"
-#include "standin/scenario/Parser.h"
-#include "standin/scenario/Phrase.h"
-#include "standin/scenario/Stage.h"
+#include "standin/host/family/Sibling.h"
+#include "standin/script/Parser.h"
+#include "standin/script/Phrase.h"
+#include "standin/script/Stage.h"
 #include "tests/walks/LoopSession.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
@@ -13,12 +13,12 @@
 #include <sstream>
 #include <stdexcept>
 
-namespace standin
+namespace standin::check
 {
 namespace
 {
 using Texts = std::vector<std::string>;
-using Lines = std::map<std::string, std::function<void(LoopSession&, const Arguments&)>>;
+using Lines = std::map<std::string, std::function<void(LoopSession&, const script::Arguments&)>>;
 
 constexpr const char* panelName = "Vortan Object Panel";
 constexpr int onText = 24;
@@ -75,7 +75,7 @@ void setPanel(LoopSession& s, PanelState state) { (void)s.host.SetPanelState(pan
 Lines hostLines()
 {
     using S = LoopSession;
-    using A = const Arguments&;
+    using A = const script::Arguments&;
     return {
         {"apply TEXT", [](S& s, A a) { apply(s, a.texts[0]); }},
         {"rename TEXT to TEXT", [](S& s, A a) { s.host.User().Rename(s.LabelOf(a.texts[0]), a.texts[1]); }},
@@ -115,7 +115,7 @@ Lines hostLines()
 Lines panelLines()
 {
     using S = LoopSession;
-    using A = const Arguments&;
+    using A = const script::Arguments&;
     return {
         {"click row TEXT", [](S& s, A a) { s.ClickAt(s.Row(a.texts[0]), onText); }},
         {"click row TEXT with WORD",
@@ -154,13 +154,13 @@ const Lines& allLines()
 void LoopSession::Do(const std::string& line)
 {
     std::istringstream text(line);
-    for (const Statement& statement : ParseScenario(text, "walk"))
+    for (const script::Statement& statement : script::ParseScenario(text, "walk"))
     {
-        const Step step = BindPhrase(statement);
+        const script::Step step = script::BindPhrase(statement);
         const auto found = allLines().find(step.phrase->pattern);
         if (found == allLines().end())
             throw std::runtime_error("without a screen there is no line " + line);
         found->second(*this, step.arguments);
     }
 }
-} // namespace standin
+} // namespace standin::check

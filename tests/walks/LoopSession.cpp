@@ -1,8 +1,8 @@
 #include "tests/walks/LoopSession.h"
 
-#include "standin/family/Family.h"
-#include "standin/scenario/Stage.h"
-#include "standin/screen/DisplayNames.h"
+#include "standin/host/family/Family.h"
+#include "standin/script/Stage.h"
+#include "standin/user/eyes/DisplayNames.h"
 #include "tests/support/KeptObjects.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
@@ -14,7 +14,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace standin
+namespace standin::check
 {
 namespace
 {
@@ -142,18 +142,18 @@ std::vector<ValueTreeItem*> LoopSession::Rows()
 
 std::string LoopSession::LabelOf(const std::string& name)
 {
-    auto [wanted, count] = NameAndCount(name);
+    auto [wanted, count] = script::NameAndCount(name);
     for (const EffectInstance& effect : host.State().FindLayer(currentLayer)->effects)
-        if (DisplayNameOf(host.NameOf(effect.label)) == wanted && --count == 0)
+        if (user::DisplayNameOf(host.NameOf(effect.label)) == wanted && --count == 0)
             return effect.label;
     throw std::runtime_error("there is no effect " + name);
 }
 
 ValueTreeItem& LoopSession::Row(const std::string& name)
 {
-    auto [wanted, count] = NameAndCount(name);
+    auto [wanted, count] = script::NameAndCount(name);
     for (ValueTreeItem* row : Rows())
-        if (DisplayNameOf(BytesFromText(row->getNode()[TreeIds::name].toString())) == wanted && --count == 0)
+        if (user::DisplayNameOf(BytesFromText(row->getNode()[TreeIds::name].toString())) == wanted && --count == 0)
             return *row;
     throw std::runtime_error("there is no row " + name);
 }
@@ -220,8 +220,8 @@ void LoopSession::ChooseFromMenu(const std::string& entry)
 {
     for (const InstalledEffect& effect : host.InstalledEffects())
         for (const ValueTreesDemo::ObjectEntry& offered : Tree().objectEntries)
-            if (offered.key == effect.key && DisplayNameOf(effect.defaultName) == entry)
+            if (offered.key == effect.key && user::DisplayNameOf(effect.defaultName) == entry)
                 return Tree().keysToBeAdded.push_back(offered.key);
     throw std::runtime_error("no menu offers " + entry);
 }
-} // namespace standin
+} // namespace standin::check

@@ -3,9 +3,9 @@
 // no server knows. Lines of a scenario are carried out on it.
 
 #include "panel/Panelator.h"
-#include "standin/checks/WalkStep.h"
-#include "standin/core/Host.h"
-#include "standin/scenario/Phrase.h"
+#include "standin/check/WalkStep.h"
+#include "standin/host/core/Host.h"
+#include "standin/script/Phrase.h"
 #include "tests/tree/support/HeadlessWindow.h"
 #include "tree/ValueTreeItem.h"
 #include "tree/ValueTreesDemo.h"
@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-namespace standin
+namespace standin::check
 {
 /// What the program writes to standard output while this lives.
 class MemoryOutput
@@ -73,4 +73,4 @@ private:
     Panelator* panelator = nullptr;
     std::unique_ptr<HeadlessWindow> window;
 };
-} // namespace standin
+} // namespace standin::check

@@ -1,15 +1,15 @@
 #include "tests/walks/LoopWalker.h"
 
-#include "standin/checks/WalkTexts.h"
-#include "standin/scenario/Parser.h"
-#include "standin/sensors/FindingIds.h"
+#include "standin/check/WalkTexts.h"
+#include "standin/script/Parser.h"
+#include "standin/host/sensors/FindingIds.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
 
 #include <iterator>
 #include <stdexcept>
 
-namespace standin
+namespace standin::check
 {
 namespace
 {
@@ -158,11 +158,11 @@ std::string LoopWalker::compareHidden()
         Texts wanted;
         for (const ModelEffect& effect : state.model.StackOf(static_cast<int>(i)))
             if (state.model.IsHidden(effect.id))
-                wanted.push_back(Quoted(effect.name));
+                wanted.push_back(script::Quoted(effect.name));
         Texts found;
         for (const EffectInstance& effect : session.host.State().FindLayer(session.layerIds[i])->effects)
             if (effect.groupHidden)
-                found.push_back(Quoted(session.host.NameOf(effect.label)));
+                found.push_back(script::Quoted(session.host.NameOf(effect.label)));
         const std::string wrong =
             Difference("what is hidden of layer \"Solid " + std::to_string(i + 1) + "\"", wanted, found);
         if (!wrong.empty())
@@ -177,4 +177,4 @@ std::string LoopWalker::comparePrinted()
 }
 
 std::string LoopWalker::End() { return session.End(); }
-} // namespace standin
+} // namespace standin::check

@@ -1,13 +1,13 @@
 #pragma once
 // Carries the steps of a walk out without a screen, and holds the product against the model after each.
 
-#include "standin/checks/WalkStep.h"
+#include "standin/check/WalkStep.h"
 #include "tests/walks/LoopSession.h"
 
 #include <string>
 #include <vector>
 
-namespace standin
+namespace standin::check
 {
 class LoopWalker
 {
@@ -33,4 +33,4 @@ private:
     WalkState state = WalkBegin(WalkKind::loop);
     LoopSession session{state.model};
 };
-} // namespace standin
+} // namespace standin::check

@@ -4,7 +4,7 @@
 //     random-walk --steps 100000 --seed 1          walks of seed 1, 2, 3 and so on
 //     random-walk --steps 200 --length 200 --seed 17   the walk of seed 17 alone
 
-#include "standin/checks/ShortenedWalk.h"
+#include "standin/check/ShortenedWalk.h"
 #include "tests/walks/LoopWalker.h"
 
 #include <chrono>
@@ -15,7 +15,7 @@
 #include <stdexcept>
 #include <unistd.h>
 
-namespace standin
+namespace standin::check
 {
 namespace
 {
@@ -141,7 +141,7 @@ Options read(int count, char** words)
     return options;
 }
 } // namespace
-} // namespace standin
+} // namespace standin::check
 
 int main(int count, char** words)
 {
@@ -149,9 +149,9 @@ int main(int count, char** words)
     {
         // Without a display named, JUCE takes the first, which may be somebody's.
         (void)setenv("DISPLAY", ":65535", 1);
-        std::signal(SIGSEGV, &standin::tellSeed);
-        std::signal(SIGABRT, &standin::tellSeed);
-        return standin::run(standin::read(count, words));
+        std::signal(SIGSEGV, &standin::check::tellSeed);
+        std::signal(SIGABRT, &standin::check::tellSeed);
+        return standin::check::run(standin::check::read(count, words));
     }
     catch (const std::exception& error)
     {

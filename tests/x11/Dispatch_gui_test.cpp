@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 using namespace standin;
+using namespace standin::user;
 
 namespace
 {

@@ -3,6 +3,7 @@
 #include "tests/x11/support/PanelInHost.h"
 
 using namespace standin;
+using namespace standin::user;
 using testing::HasSubstr;
 using testing::IsEmpty;
 

@@ -6,6 +6,7 @@
 #include <functional>
 
 using namespace standin;
+using namespace standin::user;
 
 namespace
 {

@@ -3,9 +3,9 @@
 #include "tests/support/Sanitized.h"
 #include "tests/x11/support/PanelInHost.h"
 
-#include "standin/core/HookCalls.h"
-#include "standin/core/HostParts.h"
-#include "standin/family/Sibling.h"
+#include "standin/host/core/HookCalls.h"
+#include "standin/host/core/HostParts.h"
+#include "standin/host/family/Sibling.h"
 
 #include <dirent.h>
 #include <fstream>
@@ -193,7 +193,7 @@ protected:
 
     void callIdleHooks()
     {
-        HostParts& parts = host.Parts();
+        HostParts& parts = PartsOf(host);
         for (const auto& hook : parts.plugins.hooks.idle)
         {
             A_long sleep = 2;

@@ -2,11 +2,12 @@
 
 #include "tests/x11/support/PanelInHost.h"
 
-#include "standin/core/HostParts.h"
-#include "standin/family/Sibling.h"
-#include "standin/sensors/FindingIds.h"
+#include "standin/host/core/HostParts.h"
+#include "standin/host/family/Sibling.h"
+#include "standin/host/sensors/FindingIds.h"
 
 using namespace standin;
+using namespace standin::user;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;

@@ -4,7 +4,7 @@
 
 #include <JuceText.h>
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -110,7 +110,7 @@ void MainView::followFocus()
 
 void MainView::Refresh()
 {
-    Shown current = ShowHost(bench.TheHost());
+    script::Shown current = script::ShowHost(bench.TheHost());
     if (current != shown)
     {
         shown = std::move(current);
@@ -240,4 +240,4 @@ void MainView::notify()
     prompt.Ask("What does the effect want to tell?", "Notify",
                [this](const juce::String& text) { bench.SiblingNotifies(text.toStdString()); });
 }
-} // namespace standin
+} // namespace standin::desktop
