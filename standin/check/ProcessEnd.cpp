@@ -45,7 +45,7 @@ void ContainerGoesFirst(Trial& trial)
 {
     HostOptions options;
     options.deathOrder = DeathOrder::containersFirst;
-    // It tells of the X errors that another host dies of.
+    // It reports the X errors that would end another host.
     options.xErrors = XErrors::areCounted;
     PanelScene scene(trial, options);
     scene.AddFourObjects();

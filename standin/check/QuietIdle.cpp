@@ -2,12 +2,10 @@
 // behind: nothing.
 
 #include "standin/check/PanelScene.h"
+#include "standin/process/ProcessCounts.h"
 #include "standin/host/suites/SuiteDescription.h"
 
 #include <algorithm>
-#include <malloc.h>
-
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
 
 namespace standin::check::bundles
 {
@@ -52,15 +50,6 @@ std::size_t notesOf(const std::vector<std::string>& calls)
                                   "GetNewParentStreamRef", "GetActiveItem", "GetActiveLayer"})
             handles += call.find(giver) == std::string::npos ? 0 : 1;
     return handles * sizeof(std::uint64_t);
-}
-
-std::size_t bytesInUse()
-{
-    // A sanitizer's own memory is not what the C library knows of.
-    if (__sanitizer_get_current_allocated_bytes != nullptr)
-        return __sanitizer_get_current_allocated_bytes();
-    const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd;
 }
 } // namespace
 
@@ -109,9 +98,9 @@ void MemorySteady(Trial& trial)
     constexpr std::size_t allowed = 16 * 1024;
     idle(untilSteady);
     scene.session.Forget();
-    const std::size_t before = bytesInUse();
+    const std::size_t before = process::BytesInUse();
     idle(passes);
-    const std::size_t used = std::max(bytesInUse(), before) - before;
+    const std::size_t used = std::max(process::BytesInUse(), before) - before;
     const std::size_t notes = passes * notesOf(passCalls(scene));
     const std::size_t own = used - std::min(used, notes);
     trial.Require(before > 0, "the memory in use cannot be told");

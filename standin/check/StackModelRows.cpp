@@ -294,7 +294,7 @@ void StackModel::dropGroup(int serial, std::size_t& index)
     rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(index), group);
 }
 
-/// What is put down on the layer is told group -1.
+/// What is dropped at the top level is told group -1.
 void StackModel::dropEffect(int id, int groupSerial, std::size_t& index)
 {
     ModelEffect effect = *inRows(id);

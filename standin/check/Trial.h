@@ -30,8 +30,8 @@ class Trial
 public:
     using Note = std::function<void(const std::string&)>;
 
-    /// `onPlace` is told at once where the check stands, and `onSeed` that the seed is used, so that both are
-    /// known when what is judged takes the process with it.
+    /// `onPlace` is called at once with the step of the check, and `onSeed` when the seed is used, so that
+    /// both are known when what is judged takes the process with it.
     Trial(std::string file, std::uint64_t seed, Note onPlace, std::function<void()> onSeed);
 
     const std::string& File() const { return file; }
@@ -55,7 +55,7 @@ public:
             Fail(what + " is " + textOf(found) + " and should be " + textOf(expected));
         ++looked;
     }
-    /// Two lists of lines; the first difference is told, with the lines around it.
+    /// Two lists of lines; the first difference is reported, with the lines around it.
     void RequireLines(const std::vector<std::string>& found, const std::vector<std::string>& expected,
                       const std::string& what);
     /// The host has found nothing unexpected.

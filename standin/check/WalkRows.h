@@ -1,5 +1,5 @@
 #pragma once
-// Finding one's way in the rows of the model, for the steps of a walk.
+// Finding rows of the model, for the steps of a walk.
 
 #include "standin/check/StackModel.h"
 

@@ -18,7 +18,7 @@ struct NeededSuite
     std::vector<std::string> findings;
 };
 
-/// What a pass takes anew each time, so that it can go missing. The others are kept from their first use on.
+/// What each pass acquires again, so that it can go missing. The others are kept from their first use on.
 const NeededSuite neededSuites[] = {
     {"AEGP Layer Suite", 5, {}},
     {"AEGP Effect Suite", 1, {}},

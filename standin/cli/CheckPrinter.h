@@ -1,5 +1,5 @@
 #pragma once
-// How `standin check` tells what it found: as lines for a person, or as one JSON document.
+// How `standin check` reports what it found: as lines for a person, or as one JSON document.
 
 #include "standin/check/CheckRun.h"
 

@@ -51,7 +51,7 @@ std::string lastOf(const Texts& calls)
     return text;
 }
 
-/// Whether the texts stand in the lines one behind the other, with nothing between.
+/// Whether the texts are consecutive lines.
 bool containsRow(const Texts& lines, const Texts& texts)
 {
     return std::search(lines.begin(), lines.end(), texts.begin(), texts.end()) != lines.end();

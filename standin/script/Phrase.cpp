@@ -87,7 +87,7 @@ std::optional<Arguments> match(const std::vector<std::string>& pattern, const st
     return arguments;
 }
 
-/// How many words of the statement stand in the pattern, the first counting most.
+/// How many words of the statement are in the pattern, the first counting most.
 int likeness(const std::vector<std::string>& pattern, const std::vector<Word>& words)
 {
     constexpr int firstWord = 3;

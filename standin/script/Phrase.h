@@ -23,7 +23,7 @@ using Look = std::function<std::string(Stage&, const Arguments&)>;
 using Act = std::function<void(Stage&, const Arguments&)>;
 
 /// Capital words of a pattern are blanks: TEXT is one quoted text, TEXTS one or more, NUMBER a whole number,
-/// WORD a word without quotes. The other words stand for themselves.
+/// WORD a word without quotes. The other words are literal.
 struct Phrase
 {
     enum class Kind

@@ -30,7 +30,7 @@ struct Outcome
     bool IsWell() const { return failure.empty(); }
 };
 
-/// The statements of a file, ready to be played. Throws ScenarioError, also if there is nothing in it.
+/// The statements of a file, ready to be played. Throws ScenarioError, even if the file is empty.
 std::vector<Step> ReadScenario(const std::string& file);
 
 /// Plays on a host and a bundle that are there already.

@@ -44,7 +44,7 @@ void addToGroup(std::vector<user::PanelRow>& rows, int number, user::PanelRow ro
     rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(end), row);
 }
 
-/// A group's box tells of the objects in it.
+/// A group's box shows the state of its objects.
 void fillGroupBoxes(std::vector<user::PanelRow>& rows)
 {
     for (std::size_t i = 0; i < rows.size(); ++i)

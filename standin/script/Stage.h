@@ -57,7 +57,7 @@ public:
     user::PanelRow Row(const std::string& name);
     user::PanelButton Button(const std::string& name);
 
-    /// Whether the condition holds, or comes to hold while the host idles, unless that is held.
+    /// Whether the condition holds, at once or while the host idles, unless idling is held.
     bool Await(const std::function<bool()>& condition, std::chrono::milliseconds limit = user::waits::untilSeen)
     {
         return held == IdleHeld::yes ? condition() : session.IdleUntil(condition, limit);

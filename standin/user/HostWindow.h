@@ -37,7 +37,7 @@ public:
 
     /// The keys that have reached the host since the last call: "Delete", "Control+a".
     std::vector<std::string> TakeKeys();
-    /// Errors that Xlib told the host of since the last call, while it counts them.
+    /// Errors that Xlib reported to the host since the last call, while it counts them.
     int TakeErrors();
 
     unsigned long Frame() const { return frame; }

@@ -1,6 +1,6 @@
 #pragma once
 // A host with a bundle at work, and a user before it: what scenarios and checks play on. Where the panel is,
-// and how the host comes to idle, is the business of each kind of session.
+// and how the host idles is up to each kind of session.
 
 #include "standin/host/core/Host.h"
 #include "standin/host/bundle/Bundle.h"
@@ -40,7 +40,7 @@ public:
 
     /// Quits the host. What it should not have found is in Host::FindingsReport afterwards.
     virtual void End() = 0;
-    /// Errors of X that the host has been told of.
+    /// X errors that have reached the host.
     virtual int TakeErrors() { return 0; }
 
     Host& host;

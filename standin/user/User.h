@@ -37,7 +37,7 @@ public:
     virtual Area PanelArea() const = 0;
 
     // Waiting. Between the looks the host idles.
-    /// False if the condition does not come to hold within the limit.
+    /// False if the condition does not hold within the limit.
     bool IdleUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit = waits::untilSeen)
     {
         return WaitUntil(

@@ -31,8 +31,8 @@ constexpr auto untilExpected = 5s;
 /// one that goes wrong is cut down by walking again and again.
 constexpr auto untilRowsFollow = 3s;
 
-/// For what comes to rest while nothing is wrong with it.
+/// For what settles in normal operation.
 constexpr auto untilStill = 30s;
-/// So many passes without a change mean that none is under way.
+/// After this many passes without a change, none is under way.
 constexpr int stillPasses = 8;
 } // namespace standin::user::waits

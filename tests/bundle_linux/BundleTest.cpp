@@ -1,14 +1,7 @@
 #include "tests/bundle_linux/BundleTest.h"
 
-#include "standin/host/core/HostParts.h"
-#include "standin/host/sensors/FindingIds.h"
-
-#include <dlfcn.h>
-#include <utility>
-
 namespace standin
 {
-
 BundleTest::BundleTest(HostOptions options) : host(options), bundle(VORTAN_BUNDLE)
 {
     InstallFamily(host);
@@ -17,13 +10,10 @@ BundleTest::BundleTest(HostOptions options) : host(options), bundle(VORTAN_BUNDL
     host.User().SelectLayers({layer});
 }
 
-/// The controller holds suites until the host ends, so a host that ends finds them held. A host forgets the
-/// hooks of a plug-in that failed to load.
+/// The controller holds suites until the host ends, so a host that ends finds them held.
 BundleTest::~BundleTest()
 {
     EXPECT_EQ(host.FindingsReport(), "");
-    if (hasLoadFailed)
-        host.ForgetHooks();
     host.Quit();
     if (keptBlocks != nullptr)
         keptBlocks->Free();
@@ -35,11 +25,6 @@ LoadedPlugin BundleTest::LoadPanel()
     if (plugin.globalRefcon != nullptr)
         keptBlocks = std::make_unique<KeptBlocks>(host, plugin);
     return plugin;
-}
-
-EntryPoint BundleTest::Entry(const char* name) const
-{
-    return reinterpret_cast<EntryPoint>(dlsym(dlopen(VORTAN_BUNDLE, RTLD_NOW | RTLD_NOLOAD), name));
 }
 
 const void* BundleTest::Published(const char* name)
@@ -61,42 +46,10 @@ std::vector<std::string> BundleTest::TakeCalls(SuiteTraffic traffic)
     return calls;
 }
 
-std::vector<std::string> BundleTest::AlertTexts() const
-{
-    std::vector<std::string> texts;
-    for (const Alert& alert : host.Alerts())
-        texts.push_back(alert.text);
-    return texts;
-}
-
-void BundleTest::expectFinding()
-{
-    if (!std::exchange(isThrowExpected, true))
-        host.Expect(finding::exceptionLeftHook, "", "missing suites are plain integers that reach the host");
-}
-
-void BundleTest::ExpectLoadThrows(int number)
-{
-    expectFinding();
-    hasLoadFailed = true;
-    const LoadedPlugin plugin = LoadPanel();
-    EXPECT_EQ(plugin.result.thrownNumber, number) << plugin.result.thrown;
-    EXPECT_EQ(plugin.globalRefcon, nullptr);
-}
-
-void BundleTest::ExpectHookThrows(int number, const std::function<void()>& hook)
-{
-    expectFinding();
-    const HookResult result = host.RunInHook(hook);
-    EXPECT_EQ(result.thrownNumber, number) << result.thrown;
-}
-
 std::string BundleTest::OutputOf(const std::function<void()>& action)
 {
     testing::internal::CaptureStdout();
     action();
     return testing::internal::GetCapturedStdout();
 }
-
-const void* WordOf(const void* table, int index) { return static_cast<const void* const*>(table)[index]; }
 } // namespace standin

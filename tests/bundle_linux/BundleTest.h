@@ -44,7 +44,6 @@ struct PanelWords
 class BundleTest : public testing::Test
 {
 protected:
-    static constexpr const char* panelName = "Vortan Object Panel";
     static constexpr const char* idleSuiteName = "Vortan Idle Suite v1";
     static constexpr const char* panelSuiteName = "Vortan Panel Suite v1";
 
@@ -54,9 +53,6 @@ protected:
     LoadedPlugin LoadIdleSuite() { return bundle.LoadIdleSuite(host); }
     LoadedPlugin LoadPanel();
 
-    /// An entry point of the bundle by its exported name.
-    EntryPoint Entry(const char* name) const;
-
     const BasicSlots& Basic() { return *static_cast<const BasicSlots*>(host.BasicSuite()); }
     /// A published table, as a sibling gets it; null if it is not published.
     const void* Published(const char* name);
@@ -65,11 +61,6 @@ protected:
 
     /// The calls since the last time; without the traffic of suites if that is said.
     std::vector<std::string> TakeCalls(SuiteTraffic traffic = SuiteTraffic::included);
-    std::vector<std::string> AlertTexts() const;
-
-    // The integer leaves an entry point or a hook, which the stand-in reports as a finding. It is intended.
-    void ExpectLoadThrows(int number);
-    void ExpectHookThrows(int number, const std::function<void()>& hook);
 
     /// What `action` writes to standard output.
     static std::string OutputOf(const std::function<void()>& action);
@@ -79,13 +70,6 @@ protected:
     int layer = 0;
 
 private:
-    void expectFinding();
-
     std::unique_ptr<KeptBlocks> keptBlocks;
-    bool isThrowExpected = false;
-    bool hasLoadFailed = false;
 };
-
-/// The words of a table, for a look at its layout.
-const void* WordOf(const void* table, int index);
 } // namespace standin

@@ -93,11 +93,11 @@ TEST(Phrases, ThePageListsThemAllAsTheyAre)
 {
     if (std::getenv("STANDIN_WRITE_PHRASES") != nullptr)
     {
-        const std::string page = textOf(VORTAN_STANDIN_PAGE);
+        const std::string page = textOf(VORTAN_SCENARIOS_PAGE);
         const std::size_t end = page.find("### The project");
-        std::ofstream(VORTAN_STANDIN_PAGE) << page.substr(0, end) << PhraseReference();
+        std::ofstream(VORTAN_SCENARIOS_PAGE) << page.substr(0, end) << PhraseReference();
     }
-    EXPECT_THAT(textOf(VORTAN_STANDIN_PAGE), HasSubstr(PhraseReference()));
+    EXPECT_THAT(textOf(VORTAN_SCENARIOS_PAGE), HasSubstr(PhraseReference()));
 }
 
 TEST(ReadScenario, AFileWithoutAnyExpectationIsRefused)

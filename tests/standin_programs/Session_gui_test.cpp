@@ -21,7 +21,7 @@ TEST(Typing, AModifierThatThereIsNotIsRefused)
 }
 
 /// A process has one bundle, so that all of a bundle's life is one test.
-TEST(Session, ShowsTheBundlesPanelAndHearsWhatItSays)
+TEST(Session, ShowsTheBundlesPanelAndItsOutput)
 {
     WindowSession session(VORTAN_BUNDLE, DisplayChoice::own);
     session.host.AddComposition("Comp 1");

@@ -75,7 +75,7 @@ TEST_F(ProgramTest, WithoutADisplayItEndsWithEight)
     EXPECT_EQ(run.errors, "standin-desktop: there is no display; --play has a screen of its own\n");
 }
 
-TEST_F(ProgramTest, AFileThatIsMissingOrWrongIsNamedAndHasItsOwnExitCode)
+TEST_F(ProgramTest, AMissingOrWrongFileHasItsCode)
 {
     const ProgramRun noBundle = RunOnAScreen({"--bundle", scratch.Path("none.so")});
     EXPECT_EQ(noBundle.exitCode, exit_code::noFile);
@@ -93,7 +93,7 @@ TEST_F(ProgramTest, AFileThatIsMissingOrWrongIsNamedAndHasItsOwnExitCode)
     EXPECT_THAT(badProject.errors, HasSubstr("bad.json: the field \"format\" is missing"));
 }
 
-TEST_F(ProgramTest, AnEffectThatIsMissingOrNoneIsNamed)
+TEST_F(ProgramTest, AMissingOrWrongEffectIsNamed)
 {
     const ProgramRun missing = RunOnAScreen({"--effect", scratch.Path("none.so")});
     EXPECT_EQ(missing.exitCode, exit_code::noFile);
@@ -106,7 +106,7 @@ TEST_F(ProgramTest, AnEffectThatIsMissingOrNoneIsNamed)
     EXPECT_THAT(noEffect.errors, HasSubstr("text.so is no effect"));
 }
 
-TEST_F(ProgramTest, ARecordingThatCannotBeWrittenIsToldAtTheStart)
+TEST_F(ProgramTest, AnUnwritableRecordingIsReportedAtTheStart)
 {
     const std::string file = scratch.Path("no/such/folder.scenario");
     const ProgramRun run = RunOnAScreen({"--record", file});

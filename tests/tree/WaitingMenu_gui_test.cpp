@@ -103,7 +103,7 @@ TEST_F(WaitingMenu, EndsWithItsPanel)
     EXPECT_TRUE(isJuceUp());
 }
 
-TEST_F(WaitingMenu, LetsJuceEndOnceTheHostHasItsThread)
+TEST_F(WaitingMenu, LetsJuceEndOnTheHostsThread)
 {
     openMenuAnd(
         [this]

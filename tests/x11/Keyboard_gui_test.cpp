@@ -44,7 +44,7 @@ TEST_F(Keyboard, IsTakenByAClickInside)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(Keyboard, IsTakenByAClickOnTheBackgroundToo)
+TEST_F(Keyboard, IsTakenByABackgroundClick)
 {
     ClickInto(PanelBackground());
     const std::string lines = OutputOf(
@@ -56,7 +56,7 @@ TEST_F(Keyboard, IsTakenByAClickOnTheBackgroundToo)
     EXPECT_THAT(lines, testing::HasSubstr("Select All Button\n"));
 }
 
-TEST_F(Keyboard, GoesBackOnAClickInAHostThatNeverSetsTheFocus)
+TEST_F(Keyboard, GoesBackInAHostWithoutFocusCalls)
 {
     ClickInto(Row(2));
     Click(HostArea());
@@ -64,7 +64,7 @@ TEST_F(Keyboard, GoesBackOnAClickInAHostThatNeverSetsTheFocus)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, GoesBackOnAClickThatIsOverBeforeTheNextIdle)
+TEST_F(Keyboard, GoesBackOnAClickBetweenIdles)
 {
     ClickInto(Row(2));
     Click(HostArea());
@@ -73,7 +73,7 @@ TEST_F(Keyboard, GoesBackOnAClickThatIsOverBeforeTheNextIdle)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, GoesBackAfterOneIdleOnAClickOutside)
+TEST_F(Keyboard, GoesBackOneIdleAfterAClickOutside)
 {
     ClickInto(Row(2));
     Click(HostArea());
@@ -91,7 +91,7 @@ TEST_F(Keyboard, GoesBackOnAClickWithAnyButton)
     }
 }
 
-TEST_F(Keyboard, GoesBackOnAClickOutsideTheHostsWindow)
+TEST_F(Keyboard, GoesBackOnAnotherWindowsClick)
 {
     ClickInto(Row(2));
     Click(Desktop());
@@ -118,7 +118,7 @@ TEST_F(Keyboard, StaysOnFurtherClicksInside)
     }
 }
 
-TEST_F(Keyboard, GoesBackToTheWindowOfTheHostThatHadIt)
+TEST_F(Keyboard, GoesBackToTheWindowItCameFrom)
 {
     const unsigned long field = window.MakeField();
     window.SetFocus(field);
@@ -137,7 +137,7 @@ TEST_F(Keyboard, GoesToAHostThatTakesItItself)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, StaysWhereAHostPutsItOnItsOwn)
+TEST_F(Keyboard, StaysWhereTheHostPutsIt)
 {
     const unsigned long field = window.MakeField();
     ClickInto(Row(2));
@@ -149,7 +149,7 @@ TEST_F(Keyboard, StaysWhereAHostPutsItOnItsOwn)
     EXPECT_EQ(hands.focusedWindow(), pointerRoot);
 }
 
-TEST_F(Keyboard, IsNotTakenByAPointerOverThePanel)
+TEST_F(Keyboard, IsNotTakenByTheHoveringPointer)
 {
     window.SetFocus(window.Frame());
     Point(Row(2));
@@ -157,7 +157,7 @@ TEST_F(Keyboard, IsNotTakenByAPointerOverThePanel)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelWhileNobodyHasTheFocus)
+TEST_F(Keyboard, IsNotTakenByHoveringWithoutAnyFocus)
 {
     window.SetFocus(pointerRoot);
     Point(Row(2));
@@ -165,7 +165,7 @@ TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelWhileNobodyHasTheFocus)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelAfterItWentBack)
+TEST_F(Keyboard, IsNotTakenByHoveringAfterGoingBack)
 {
     ClickInto(Row(2));
     Click(HostArea());
@@ -175,7 +175,7 @@ TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelAfterItWentBack)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, CanBeTakenAndGivenBackAnyNumberOfTimes)
+TEST_F(Keyboard, CanBeTakenAndReturnedAgainAndAgain)
 {
     for (int i = 0; i < 10; ++i)
     {
@@ -228,7 +228,7 @@ TEST_F(KeyboardInADrag, StaysWithThePanel)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(KeyboardInADrag, KeepsTheTreesKeysFromTheHostWithoutAUseForThem)
+TEST_F(KeyboardInADrag, KeepsUnusedTreeKeysFromTheHost)
 {
     PressKey("Delete");
     IdleFor(30ms);
@@ -245,7 +245,7 @@ TEST_F(KeyboardInADrag, IsTheTreesRightAfterTheDrop)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(KeyboardInADrag, EndsTheDragByEscapeWhichTheHostDoesNotGet)
+TEST_F(KeyboardInADrag, EscapeEndsTheDragAndStops)
 {
     PressKey("Escape");
     IdleFor(30ms);
@@ -258,7 +258,7 @@ TEST_F(KeyboardInADrag, EndsTheDragByEscapeWhichTheHostDoesNotGet)
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a b"; })) << Stack();
 }
 
-TEST_F(Keyboard, FollowsClicksInTheOrderTheyWereMadeInOneIdleInterval)
+TEST_F(Keyboard, FollowsTheClicksOfOneIdleInOrder)
 {
     ClickInto(Row(2));
     Click(HostArea());

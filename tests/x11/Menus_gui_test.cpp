@@ -54,7 +54,7 @@ TEST_F(Menus, AddTheEffectThatIsClicked)
     EXPECT_TRUE(PanelHasFocus());
 }
 
-TEST_F(Menus, AddTheEffectThatIsChosenByKeysWhichTheHostDoesNotGet)
+TEST_F(Menus, AddTheEffectChosenByKeys)
 {
     OpenGeometryMenu();
     PressKey("Down");
@@ -67,7 +67,7 @@ TEST_F(Menus, AddTheEffectThatIsChosenByKeysWhichTheHostDoesNotGet)
     EXPECT_TRUE(IdleUntil([this] { return PanelHasFocus(); }));
 }
 
-TEST_F(Menus, AreClosedByEscapeWhichTheHostDoesNotGet)
+TEST_F(Menus, AreClosedByEscapeUnseenByTheHost)
 {
     OpenGeometryMenu();
     PressKey("Escape");
@@ -79,7 +79,7 @@ TEST_F(Menus, AreClosedByEscapeWhichTheHostDoesNotGet)
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+Escape", "-Escape"));
 }
 
-TEST_F(Menus, LeaveTheKeysThatTheyDoNotUseToTheHost)
+TEST_F(Menus, LeaveUnusedKeysToTheHost)
 {
     OpenGeometryMenu();
     PressKey("F5");
@@ -92,7 +92,7 @@ TEST_F(Menus, LeaveTheKeysThatTheyDoNotUseToTheHost)
     expectNothingChosen();
 }
 
-TEST_F(Menus, KeepTheTreesKeysFromTheHostWithoutAUseForThem)
+TEST_F(Menus, KeepUnusedTreeKeysFromTheHost)
 {
     OpenGeometryMenu();
     PressKey("Delete");
@@ -104,7 +104,7 @@ TEST_F(Menus, KeepTheTreesKeysFromTheHostWithoutAUseForThem)
     expectNothingChosen();
 }
 
-TEST_F(Menus, AreClosedByAClickOnTheHostsWindow)
+TEST_F(Menus, AreClosedByAHostClick)
 {
     OpenGeometryMenu();
     Click(HostArea());
@@ -115,7 +115,7 @@ TEST_F(Menus, AreClosedByAClickOnTheHostsWindow)
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+Delete", "-Delete"));
 }
 
-TEST_F(Menus, AreClosedByAClickOnTheHostsWindowAfterThePointerWasOverThem)
+TEST_F(Menus, AreClosedByAHostClickAfterHovering)
 {
     OpenGeometryMenu();
     Point(MenuEntry(1));
@@ -125,7 +125,7 @@ TEST_F(Menus, AreClosedByAClickOnTheHostsWindowAfterThePointerWasOverThem)
     EXPECT_TRUE(HostHasFocus());
 }
 
-TEST_F(Menus, AreClosedByAClickInAHostThatTakesTheFocusItself)
+TEST_F(Menus, AreClosedByAClickTakingTheFocus)
 {
     window.SetClicks(HostClicks::takeTheFocus);
     OpenGeometryMenu();
@@ -157,7 +157,7 @@ TEST_F(Menus, AreClosedByAClickOnTheirButton)
     EXPECT_TRUE(PanelHasFocus());
 }
 
-TEST_F(Menus, AreClosedWhenTheHostTakesTheFocusWithoutAClick)
+TEST_F(Menus, AreClosedWhenTheHostTakesTheFocus)
 {
     OpenGeometryMenu();
     window.SetFocus(window.Frame());
@@ -200,7 +200,7 @@ TEST_F(Menus, AddNothingOnceTheirPanelHasBeenReplaced)
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; }));
 }
 
-TEST_F(Menus, AddNothingWhenTheirPanelIsReplacedBetweenTheClickAndItsDelivery)
+TEST_F(Menus, AddNothingIfTheirPanelIsReplaced)
 {
     OpenGeometryMenu();
     Click(MenuEntry(1));
@@ -208,7 +208,7 @@ TEST_F(Menus, AddNothingWhenTheirPanelIsReplacedBetweenTheClickAndItsDelivery)
     expectNothingChosen();
 }
 
-TEST_F(Menus, StayOpenWithoutALayerThatGetsTheEffectLater)
+TEST_F(Menus, StayOpenWithoutALayer)
 {
     OpenGeometryMenu();
     host.User().SelectLayers({});
@@ -222,7 +222,7 @@ TEST_F(Menus, StayOpenWithoutALayerThatGetsTheEffectLater)
     EXPECT_TRUE(IdleUntil([this] { return lastEffect() == "QVK VORTSRC Routes"; })) << lastEffect();
 }
 
-TEST_F(Menus, StayOpenWithoutAnItemThatComesBackLater)
+TEST_F(Menus, StayOpenWithoutAnItem)
 {
     const int comp = host.State().FindLayer(layer)->compId;
     OpenGeometryMenu();

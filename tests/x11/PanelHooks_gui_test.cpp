@@ -32,7 +32,7 @@ protected:
 };
 } // namespace
 
-TEST_F(PanelHooks, TheMenuEntryOpensThePanelAndIsTickedWhileItIsUp)
+TEST_F(PanelHooks, TheMenuEntryOpensThePanelAndTicks)
 {
     EXPECT_FALSE(isTicked());
     EXPECT_EQ(OutputOf([this] { EXPECT_TRUE(host.ChooseMenuItem(panelName)); }),
@@ -45,7 +45,7 @@ TEST_F(PanelHooks, TheMenuEntryOpensThePanelAndIsTickedWhileItIsUp)
     EXPECT_TRUE(host.MenuItems().at(0).enabled);
 }
 
-TEST_F(PanelHooks, TheMenuEntryIsNotTickedWhileThePanelIsBehindAnother)
+TEST_F(PanelHooks, TheMenuEntryIsUntickedBehindATab)
 {
     Open();
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
@@ -104,7 +104,7 @@ TEST_F(PanelHooks, ASiblingShowsTheLastOfItsMessages)
     EXPECT_EQ(pixelsOfTheMiddle(), hello);
 }
 
-TEST_F(PanelHooks, DeliversEventsWhileThePanelIsBehindOrHiddenOrWithoutAnItem)
+TEST_F(PanelHooks, DeliversEventsInEveryState)
 {
     Open();
     for (const bool behind : {true, false})
@@ -180,7 +180,7 @@ TEST_F(CreatePanel, WithoutOneOfItsTwoSuitesThrowsThirteen)
     expectPanelWorks();
 }
 
-TEST_F(CreatePanel, WithoutOneOfTheOtherSuitesThrows516AndLeavesTheWidgetUsable)
+TEST_F(CreatePanel, WithoutAnotherSuiteThrows516)
 {
     expectThrown();
     const std::pair<const char*, A_long> suites[] = {{"AEGP Effect Suite", 1}, {"AEGP Utility Suite", 7}};
@@ -230,7 +230,7 @@ TEST_F(CreatePanel, LeavesTheHostsFunctionTableAlone)
     EXPECT_EQ(functions.doFlyoutCommand, &functions);
 }
 
-TEST_F(CreatePanel, EndsAfterAFailureThatLeftAWidgetWithoutAWindow)
+TEST_F(CreatePanel, EndsWithAWindowlessWidget)
 {
     expectThrown();
     host.Faults().Withhold("AEGP Utility Suite", 7);

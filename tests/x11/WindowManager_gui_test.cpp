@@ -18,7 +18,7 @@ protected:
 };
 } // namespace
 
-TEST_F(WindowManager, LetsThePanelTakeTheKeyboardAndGiveItBack)
+TEST_F(WindowManager, LetsThePanelTakeAndReturnTheKeyboard)
 {
     for (int i = 0; i < 5; ++i)
     {
@@ -60,7 +60,7 @@ TEST_F(WindowManager, LeavesFurtherClicksInThePanelToIt)
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; })) << Stack();
 }
 
-TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterAMenu)
+TEST_F(WindowManager, LeavesThePanelTheKeyboardAfterAMenu)
 {
     OpenGeometryMenu();
     Click(MenuEntry(1));
@@ -70,7 +70,7 @@ TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterAMenu)
     EXPECT_EQ(Stack(), "a b c e4");
 }
 
-TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterADrag)
+TEST_F(WindowManager, LeavesThePanelTheKeyboardAfterADrag)
 {
     ClickInto(Row(3));
     StartDrag(3);
@@ -80,7 +80,7 @@ TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterADrag)
     EXPECT_TRUE(PanelHasFocus());
 }
 
-TEST_F(WindowManager, ClosesAMenuAtAClickOnTheHost)
+TEST_F(WindowManager, ClosesAMenuAtAHostClick)
 {
     OpenGeometryMenu();
     Click(HostArea());
@@ -90,7 +90,7 @@ TEST_F(WindowManager, ClosesAMenuAtAClickOnTheHost)
     EXPECT_EQ(Stack(), "a b c");
 }
 
-TEST_F(WindowManager, GivesTheKeyboardToAnotherProgramThatIsClicked)
+TEST_F(WindowManager, GivesAClickedProgramTheKeyboard)
 {
     for (int i = 0; i < 5; ++i)
     {

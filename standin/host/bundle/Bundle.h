@@ -32,7 +32,7 @@ public:
     void LoadAll(Host& host, EntryOrder order = EntryOrder::idleSuiteFirst) const;
 
     /// Called when the host has quit and before it goes. What its plug-ins keep until the process ends is
-    /// known to nobody else then; it stays reachable, so that a leak checker tells it from what is lost.
+    /// reachable only from here then, so that a leak checker does not report it.
     static void KeepMemoryOf(Host& host);
 
     const std::string& File() const { return file; }

@@ -29,7 +29,7 @@ struct PF_App_Color
     A_u_short blue;
 };
 
-// Handles are pointers to pointers. What they point at tells nobody anything.
+// Handles are pointers to pointers. What they point at means nothing.
 struct LayerTag;
 struct EffectTag;
 struct StreamTag;

@@ -46,7 +46,8 @@ public:
     std::vector<std::string> UndoNames() const;
     std::vector<std::string> RedoNames() const;
 
-    /// Levels of groups whose end was made to fail by a fault: that they stay open is not the caller's doing.
+    /// Levels of groups whose end was made to fail by a fault: the caller is not to blame that they stay
+    /// open.
     int excusedLevels = 0;
     int groupsLeftOpen = 0;           ///< By hooks, all of them together.
     bool isOpenGroupReported = false; ///< Of the group that is open now.

@@ -216,7 +216,7 @@ public:
     void Expect(const std::string& id, const std::string& function, const std::string& reason);
     /// Unexpected and missing findings, a line each; empty when all is well.
     std::string FindingsReport() const;
-    /// Acquires less releases. 0 for a suite that nobody has acquired.
+    /// Acquires minus releases. 0 for a suite that was never acquired.
     int SuiteCount(const std::string& name, A_long version) const;
     /// A finding for each suite that is still held.
     void CheckSuiteBalance();

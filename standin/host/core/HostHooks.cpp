@@ -65,7 +65,7 @@ bool runCommandHooks(HostParts& parts, A_long command)
     }
     return handled != 0;
 }
-/// Which is nobody's, so that nobody may take it.
+/// It belongs to no hook, so none may take it.
 void sendCommandZero(HostParts& parts)
 {
     if (!runCommandHooks(parts, commandZero))
@@ -85,7 +85,7 @@ void removeHooksOf(A_long pluginId, List& list)
         list.end());
 }
 
-/// What the entry point has published stays: nobody can take a suite back.
+/// What the entry point has published stays: a suite cannot be withdrawn.
 void removeAllHooksOf(HostParts& parts, A_long pluginId)
 {
     removeHooksOf(pluginId, parts.plugins.hooks.command);

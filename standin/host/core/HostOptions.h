@@ -49,14 +49,14 @@ enum class GroupMinusOne
     isStored
 };
 
-/// Whether a group change that an effect is told by message can be undone.
+/// Whether a group change by message can be undone.
 enum class GroupUndo
 {
     isOwnStep,
     isNotUndoable
 };
 
-/// Whose identity a duplicated family effect bears.
+/// Whose identity a duplicated family effect has.
 enum class DuplicateIdentity
 {
     isFresh,
@@ -184,7 +184,7 @@ enum class FocusAtClicks
     isTaken
 };
 
-/// Who hears of the errors of the X server that nobody else handles.
+/// Who is told of X errors that have no other handler.
 enum class XErrors
 {
     endTheProcess, ///< Xlib's own handler, which a program has that installs none.

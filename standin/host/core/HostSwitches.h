@@ -16,6 +16,6 @@ struct HostSwitch
 };
 
 const std::vector<HostSwitch>& HostSwitches();
-/// Null for a word that stands for no switch.
+/// Null for a word that is no switch.
 const HostSwitch* FindHostSwitch(const std::string& word);
 } // namespace standin

@@ -48,7 +48,7 @@ void SetEffectGroup(HostParts& parts, int effectId, std::int16_t group, Undoable
 void SetFamilyData(HostParts& parts, int effectId, const FamilyData& data, Undoable undoable);
 void SetEffectIdentity(HostParts& parts, int effectId, const Identity& identity);
 
-/// `parameter` 0 stands for the effect's own stream group. Un-hiding opens and reveals.
+/// `parameter` 0 is the effect's own stream group. Un-hiding opens and reveals.
 void SetStreamHidden(HostParts& parts, int effectId, A_long parameter, Switch hidden, Undoable undoable);
 
 /// Undo and redo. False if there is nothing to do. An open group is closed first and reported.

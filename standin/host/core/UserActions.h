@@ -1,8 +1,8 @@
 #pragma once
-// What a user does in the host itself, outside the plug-in's panel. Each change of the project is an
-// undo step of its own under the host's name for it, makes the references of the layer stale and is
-// no call of the trace. Effects go by their label; a label that nobody bears throws
-// std::logic_error, since then the test itself is wrong.
+// What a user does in the host itself, outside the plug-in's panel. Each change of the project is an undo
+// step of its own under the host's name for it, makes the references of the layer stale and is no call of the
+// trace. Effects are named by their label; an unknown label throws std::logic_error, since then the test
+// itself is wrong.
 
 #include <cstdint>
 #include <string>

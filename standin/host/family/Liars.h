@@ -18,7 +18,7 @@ std::shared_ptr<const Behaviour> FailsWith(A_Err error);
 /// Gives this error, but only after having answered.
 std::shared_ptr<const Behaviour> AnswersAndFailsWith(A_Err error);
 
-/// Always answers this identity, so that two effects bear the same.
+/// Always answers this identity, so that two effects have the same one.
 std::shared_ptr<const Behaviour> RepeatsIdentity(Identity identity);
 
 /// Answers as it should and fills the reserved bytes of the record with 0xA5.

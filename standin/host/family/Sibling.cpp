@@ -31,7 +31,7 @@ struct BasicTable
     A_Err (*release)(const char* name, A_long version);
 };
 
-/// Acquires, calls and releases. What the call throws goes on, with the suite released.
+/// Acquires, calls and releases. What the call throws propagates, with the suite released.
 template <class Table, class Call>
 int callTable(Host& host, const char* name, Call call)
 {

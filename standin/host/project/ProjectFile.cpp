@@ -60,7 +60,7 @@ int numberOf(const std::string& label)
     return isLikeThose ? std::stoi(label.substr(1)) : 0;
 }
 
-/// New things get ids that nothing in the project bears, and new effects labels that are free.
+/// New things get unused ids, and new effects unused labels.
 void raiseIds(HostParts& parts)
 {
     for (const Item& item : parts.project.state.items)

@@ -44,7 +44,7 @@ std::string WriteProject(const ProjectFile& project, const std::vector<Installed
 ProjectFile ReadProject(const std::string& text, const std::vector<InstalledEffect>& installed,
                         const std::string& source);
 
-/// Reads the file and puts it in the place of the host's project. The host stays as it is if anything throws.
+/// Reads the file and puts it in the place of the host's project. If anything throws, the host is unchanged.
 void OpenProject(Host& host, const std::string& path);
 
 /// Writes beside the file and then takes its place: a former file is whole if anything throws.

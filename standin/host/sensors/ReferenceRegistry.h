@@ -68,6 +68,10 @@ public:
     /// Whether a stream that was had through this effect reference is still out.
     bool HasLiveStreams(const void* effectHandle) const;
     int CountLive() const;
+    /// The notes are the one thing here that grows for as long as the host lives, by whole blocks. What a
+    /// block asks of the heap, with its entry in the map: two allocations.
+    std::size_t NoteBlocks() const { return blocks.size(); }
+    static constexpr std::size_t bytesOfNoteBlock = 1024 * sizeof(std::uint64_t) + 6 * sizeof(void*);
 
 private:
     unsigned generationOf(int layerId) const;

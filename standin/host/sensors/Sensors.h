@@ -1,5 +1,5 @@
 #pragma once
-// What watches a host's calls, makes them fail and tells of misuse.
+// What watches a host's calls, makes them fail and reports misuse.
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
 #pragma once
-// A basic suite that hands a suite out and says beside it, the first time, that it failed.
+// A basic suite that hands a suite out and, the first time, returns an error nevertheless.
 
 #include "host/HostSuites.h"
 #include "standin/host/core/Host.h"
@@ -9,14 +9,14 @@
 
 namespace standin
 {
-/// The host's own acquire is done and counted; only the answer is another. One lives at a time, since the
+/// The host's own acquire is done and counted; only the result differs. One lives at a time, since the
 /// table of C functions carries no context.
-class GrudgingBasic
+class FailingBasic
 {
 public:
-    static constexpr SPErr GRUDGE = 4711;
+    static constexpr SPErr ERROR_GIVEN = 4711;
 
-    GrudgingBasic(Host& host, std::string suiteName)
+    FailingBasic(Host& host, std::string suiteName)
         : hostBasic(static_cast<SPBasicSuite*>(host.BasicSuite())),
           basic(*hostBasic),
           name(std::move(suiteName))
@@ -24,11 +24,11 @@ public:
         current = this;
         basic.AcquireSuite = &acquire;
     }
-    ~GrudgingBasic() { current = nullptr; }
-    GrudgingBasic(const GrudgingBasic&) = delete;
-    GrudgingBasic& operator=(const GrudgingBasic&) = delete;
+    ~FailingBasic() { current = nullptr; }
+    FailingBasic(const FailingBasic&) = delete;
+    FailingBasic& operator=(const FailingBasic&) = delete;
 
-    static GrudgingBasic& Current() { return *current; }
+    static FailingBasic& Current() { return *current; }
     SPBasicSuite* Basic() { return &basic; }
 
 private:
@@ -38,12 +38,12 @@ private:
         if (wanted != current->name)
             return err;
         current->name.clear();
-        return GRUDGE;
+        return ERROR_GIVEN;
     }
 
-    inline static GrudgingBasic* current = nullptr;
+    inline static FailingBasic* current = nullptr;
     SPBasicSuite* hostBasic;
     SPBasicSuite basic;
-    std::string name; ///< Empty once it has been grudged.
+    std::string name; ///< Empty once its acquire has failed.
 };
 } // namespace standin
