@@ -40,6 +40,18 @@ Extent extentOf(const ModelStack& stack, ModelKind kind, std::size_t otherwise)
 }
 } // namespace
 
+bool StackModel::Seen::operator==(const Seen& other) const
+{
+    const auto isSame = [](ModelEffect one, const ModelEffect& two)
+    {
+        if (one.kind == ModelKind::outside && two.kind == ModelKind::outside)
+            one.id = two.id;
+        return one == two;
+    };
+    return layer == other.layer &&
+           std::equal(list.begin(), list.end(), other.list.begin(), other.list.end(), isSame);
+}
+
 ModelStack StackModel::listOfRows() const
 {
     ModelStack list;
@@ -52,22 +64,38 @@ ModelStack StackModel::listOfRows() const
     return list;
 }
 
-void StackModel::makeRows()
+void StackModel::clearRows()
 {
     rows.clear();
+    hasRoot = false;
+    isLayerRowSelected = false;
+}
+
+/// From the layer, fully open and with nothing selected.
+void StackModel::makeRows()
+{
+    clearRows();
+    hasRoot = offersObjects = !Stack().empty();
     for (const ModelEffect& effect : Stack())
     {
         if (effect.kind == ModelKind::outside || effect.group < 1 || effect.group > highestGroup)
         {
             const bool isOutside = effect.kind == ModelKind::outside;
             rows.push_back({isOutside ? ModelRow::Kind::outside : ModelRow::Kind::object, effect, "", 0, {}});
+            rows.back().effect.isSelected = false;
             continue;
         }
         auto group = std::find_if(rows.begin(), rows.end(),
-                                  [&](const ModelRow& row) { return row.number == effect.group; });
+                                  [&](const ModelRow& row) {
+                                      return row.kind == ModelRow::Kind::group && row.number == effect.group;
+                                  });
         if (group == rows.end())
+        {
             group = rows.insert(rows.end(), ModelRow::Group(effect.group));
+            group->serial = ++lastSerial;
+        }
         group->objects.push_back(effect);
+        group->objects.back().isSelected = false;
     }
 }
 
@@ -90,8 +118,9 @@ std::size_t StackModel::slotFor(ModelKind kind) const
     }
 }
 
-void StackModel::carryOutRequests()
+bool StackModel::carryOutRequests()
 {
+    const bool isAsked = !toBeAdded.empty() || !toBeDeleted.empty();
     for (const ModelEffect& effect : std::exchange(toBeAdded, {}))
     {
         const std::size_t slot = slotFor(effect.kind);
@@ -103,7 +132,7 @@ void StackModel::carryOutRequests()
     doomed.erase(std::remove_if(doomed.begin(), doomed.end(), [&](int id) { return inStack(id) == nullptr; }),
                  doomed.end());
     if (doomed.empty())
-        return;
+        return isAsked;
     writes.insert(writes.end(), doomed.size(), "AEGP_ReorderEffect");
     writes.insert(writes.end(), doomed.size(), "AEGP_DeleteLayerEffect");
     change("Delete Effect(s)",
@@ -112,12 +141,18 @@ void StackModel::carryOutRequests()
                for (const int id : doomed)
                    stack().erase(std::find_if(stack().begin(), stack().end(), withId(id)));
            });
+    return isAsked;
 }
 
 /// What is wanted comes first, in its order; the rest follows in its own.
 void StackModel::carryOrderToLayer(const ModelStack& wanted, const char* stepName)
 {
     writes.insert(writes.end(), wanted.size(), "AEGP_ReorderEffect");
+    if (wanted.empty())
+    {
+        hasWrittenEmptyOrder = true;
+        return;
+    }
     change(stepName,
            [&]
            {
@@ -153,7 +188,11 @@ void StackModel::carryRowsToLayer(const ModelStack& wanted)
                      change("Rename Effect(s)", [&] { inStack(each.id)->name = each.name; });
                  });
     forEachOther(&ModelEffect::group,
-                 [&](const ModelEffect& each) { PutIntoGroup(each.id, std::max(each.group, 0)); });
+                 [&](const ModelEffect& each)
+                 {
+                     printed.push_back("Setting Group: " + each.name);
+                     PutIntoGroup(each.id, std::max(each.group, 0));
+                 });
     forEachOther(&ModelEffect::power,
                  [&](const ModelEffect& each)
                  {
@@ -163,27 +202,185 @@ void StackModel::carryRowsToLayer(const ModelStack& wanted)
     carryOrderToLayer(wanted, isOrderAlone ? "Reorder Effect(s)" : "");
 }
 
-void StackModel::Settle()
+/// Whether the tree says anything new. What it says is held against the layer without regard to which layer.
+bool StackModel::carryTreeToLayer()
 {
-    bool isQuiet = false;
-    while (!isQuiet)
+    const Seen rowsNow{active + 1, listOfRows()};
+    if (rowsNow == rowsSeen)
+        return false;
+    if (rowsNow.list != Stack())
     {
-        isQuiet = true;
-        carryOutRequests();
-        const Seen layerNow{active, Stack()};
-        if (!(layerNow == layerSeen))
-        {
-            makeRows();
-            layerSeen = layerNow;
-            isQuiet = false;
-        }
-        const Seen rowsNow{active, listOfRows()};
-        if (rowsNow == rowsSeen)
-            continue;
-        if (rowsNow.list != Stack())
+        printed.emplace_back("Hash Mismatch");
+        for (const ModelEffect& effect : Stack())
+            printed.push_back("Layer Item - " + effect.name);
+        for (const ModelEffect& effect : rowsNow.list)
+            printed.push_back("Tree Item - " + effect.name);
+        if (active >= 0)
             carryRowsToLayer(rowsNow.list);
-        rowsSeen = rowsNow;
-        isQuiet = false;
     }
+    rowsSeen = rowsNow;
+    return true;
+}
+
+// How each layer's tree looked.
+
+std::string StackModel::pathOf(const ModelRowId& row) const
+{
+    const auto part = [&](const ModelRowId& of)
+    {
+        std::string title = titleOf(of);
+        std::replace(title.begin(), title.end(), '/', '\\');
+        return "/" + title;
+    };
+    std::string path = "/Layer";
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        for (const ModelEffect& object : rows[i].objects)
+            if (object.id == row.effect)
+                path += part({0, static_cast<int>(i)});
+    return row == ModelRowId{} ? path : path + part(row);
+}
+
+std::optional<StackModel::View> StackModel::viewNow() const
+{
+    if (!hasRoot)
+        return {};
+    View view;
+    for (const ModelRow& row : rows)
+    {
+        view.rows.push_back("1" + (row.kind == ModelRow::Kind::group ? row.title : row.effect.name));
+        for (const ModelEffect& object : row.objects)
+            view.rows.push_back("2" + object.name);
+    }
+    for (const ModelRowId& row : AllRows())
+        if (IsSelected(row))
+            view.selected.push_back(pathOf(row));
+    return view;
+}
+
+/// A view is used up by it. The first row of a path is taken for all of them.
+void StackModel::restoreView()
+{
+    const auto entry = views.find(active + 1);
+    if (entry == views.end())
+        return;
+    const std::optional<View> view = std::exchange(entry->second, {});
+    if (!view || !hasRoot)
+        return;
+    ClickBeside();
+    const std::vector<ModelRowId> all = AllRows();
+    for (const std::string& path : view->selected)
+    {
+        const auto found =
+            std::find_if(all.begin(), all.end(), [&](const ModelRowId& row) { return pathOf(row) == path; });
+        if (found != all.end())
+            selection(*found) = true;
+    }
+}
+
+bool StackModel::isViewChanged() const
+{
+    const auto entry = views.find(active + 1);
+    return active >= 0 && entry != views.end() && entry->second && !(entry->second == viewNow());
+}
+
+/// Objects that are selected are shown, and the others hidden. A main effect is never hidden, an outside
+/// effect never touched.
+void StackModel::pushSelection()
+{
+    std::set<int> selected;
+    for (const ModelRow& row : rows)
+    {
+        if (row.kind == ModelRow::Kind::object && (row.effect.isSelected || isLayerRowSelected))
+            selected.insert(row.effect.id);
+        for (const ModelEffect& object : row.objects)
+            if (object.isSelected || row.isSelected || isLayerRowSelected)
+                selected.insert(object.id);
+    }
+    for (const ModelEffect& effect : Stack())
+    {
+        if (effect.kind == ModelKind::outside)
+            continue;
+        if (selected.count(effect.id) != 0)
+            hidden.erase(effect.id);
+        else if (effect.kind != ModelKind::main)
+            hidden.insert(effect.id);
+    }
+}
+
+// The tab.
+
+void StackModel::toggleTab() { tab = tab == TabPlace::inFront ? TabPlace::closed : TabPlace::inFront; }
+
+/// The view is stored before the tab goes, and also when there is none to store.
+void StackModel::ChooseEntry()
+{
+    printed.emplace_back("Make Panel Visible");
+    if (hasItem && active >= 0)
+        storeView();
+    toggleTab();
+    isRefreshWanted = true;
+}
+
+void StackModel::RequestOpening(bool isForced)
+{
+    if (isForced || tab != TabPlace::inFront)
+        isOpeningWanted = true;
+}
+
+// The passes.
+
+StackModel::PassEnd StackModel::passInFront(bool isForced)
+{
+    if (!hasItem)
+    {
+        clearRows();
+        views.clear();
+        printed.emplace_back("No active item");
+        return PassEnd::quiet;
+    }
+    bool isBusy = active >= 0 && carryOutRequests();
+    const Seen layerNow{active + 1, Stack()};
+    bool isChanged = isForced || !layerSeen || !(layerNow == *layerSeen);
+    if (isChanged)
+    {
+        makeRows();
+        restoreView();
+        storeView();
+        layerSeen = layerNow;
+    }
+    isBusy = carryTreeToLayer() || isBusy;
+    isChanged = isChanged || isViewChanged();
+    if (isChanged)
+    {
+        printed.emplace_back("State Changed");
+        if (active >= 0)
+            pushSelection();
+        storeView();
+    }
+    return isBusy || isChanged ? PassEnd::busy : PassEnd::quiet;
+}
+
+StackModel::PassEnd StackModel::pass()
+{
+    const bool isForced = std::exchange(isRefreshWanted, false);
+    bool isBusy = isForced;
+    if (std::exchange(isOpeningWanted, false))
+    {
+        isBusy = true;
+        ChooseEntry();
+    }
+    if (tab == TabPlace::closed)
+        clearRows();
+    if (tab != TabPlace::inFront)
+        return isBusy ? PassEnd::busy : PassEnd::quiet;
+    return passInFront(isForced) == PassEnd::busy || isBusy ? PassEnd::busy : PassEnd::quiet;
+}
+
+int StackModel::Settle()
+{
+    int passes = 1;
+    while (pass() == PassEnd::busy)
+        ++passes;
+    return passes;
 }
 } // namespace standin::check

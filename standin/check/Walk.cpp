@@ -1,5 +1,6 @@
 #include "standin/check/Walk.h"
 
+#include "standin/check/ShortenedWalk.h"
 #include "standin/check/Walker.h"
 #include "standin/process/Child.h"
 
@@ -53,62 +54,6 @@ WalkOutcome walkSeparately(const std::string& bundleFile, const Steps& steps, Cl
     return {done, report.Text("failure")};
 }
 
-/// Leaves steps out as long as the walk still fails and there is time.
-class Shortening
-{
-public:
-    Shortening(const std::string& file, Steps failing, std::string failure, Clock::time_point theEnd)
-        : bundleFile(file), steps(std::move(failing)), found(std::move(failure)), end(theEnd)
-    {
-    }
-
-    void Run()
-    {
-        for (std::size_t kept = 1; kept < steps.size() && hasTime(); kept *= 2)
-            if (tryInstead({steps.end() - static_cast<std::ptrdiff_t>(kept), steps.end()}))
-                break;
-        for (std::size_t length = steps.size() / 2; length >= 1 && hasTime(); length /= 2)
-            leaveOutRuns(length);
-    }
-
-    const Steps& Shortest() const { return steps; }
-    const std::string& Failure() const { return found; }
-
-private:
-    bool hasTime() const { return Clock::now() < end; }
-
-    void leaveOutRuns(std::size_t length)
-    {
-        for (std::size_t from = 0; from + length < steps.size() && hasTime();)
-        {
-            Steps fewer = steps;
-            const auto begin = fewer.begin() + static_cast<std::ptrdiff_t>(from);
-            fewer.erase(begin, begin + static_cast<std::ptrdiff_t>(length));
-            if (!tryInstead(fewer))
-                from += length;
-        }
-    }
-
-    bool tryInstead(const Steps& wanted)
-    {
-        const Steps fewer = PossibleSteps(wanted);
-        if (fewer.empty() || fewer.size() >= steps.size())
-            return false;
-        const WalkOutcome outcome = walkSeparately(bundleFile, fewer, end);
-        if (outcome.failure.empty() || !hasTime())
-            return false;
-        const auto used = std::min(fewer.size(), static_cast<std::size_t>(outcome.stepsDone) + 1);
-        steps.assign(fewer.begin(), fewer.begin() + static_cast<std::ptrdiff_t>(used));
-        found = outcome.failure;
-        return true;
-    }
-
-    std::string bundleFile;
-    Steps steps;
-    std::string found;
-    Clock::time_point end;
-};
-
 /// The calls inside which a pass would do the most harm inside another, all calls, and none.
 std::string drawIdles(std::mt19937& random)
 {
@@ -120,21 +65,6 @@ std::string drawIdles(std::mt19937& random)
         return std::string("each call of ") + functions[drawn];
     return drawn == std::size(functions) ? "each call" : "no call";
 }
-
-std::string asScenario(const Steps& steps)
-{
-    std::string text;
-    for (const std::string& line : WalkBeginLines())
-        text += "\n    " + line;
-    WalkState state = WalkBegin();
-    for (const WalkStep& step : steps)
-    {
-        for (const std::string& line : LinesOf(state, step))
-            text += "\n    " + line;
-        CarryOut(state, step);
-    }
-    return text;
-}
 } // namespace
 
 std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count)
@@ -144,28 +74,28 @@ std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count)
     // Drawn apart, so that the steps of a seed are the same with and without it.
     std::mt19937 randomIdles(seed);
     constexpr unsigned stepsBetweenTurns = 3;
-    WalkState state = WalkBegin();
+    WalkState state = WalkBegin(kind);
     Steps steps;
     for (int i = 0; i < count; ++i)
     {
         steps.push_back(DrawStep(random, state, kind, firstNewId + i));
         if (i > 0 && randomIdles() % stepsBetweenTurns == 0)
             steps.back().idlesInside = drawIdles(randomIdles);
-        CarryOut(state, steps.back());
+        (void)CarryOut(state, steps.back());
     }
     return steps;
 }
 
-std::vector<WalkStep> PossibleSteps(const std::vector<WalkStep>& steps)
+std::vector<WalkStep> PossibleSteps(const std::vector<WalkStep>& steps, WalkKind kind)
 {
-    WalkState state = WalkBegin();
+    WalkState state = WalkBegin(kind);
     Steps possible;
     for (const WalkStep& step : steps)
     {
         if (!IsPossible(state, step))
             continue;
         possible.push_back(step);
-        CarryOut(state, step);
+        (void)CarryOut(state, step);
     }
     return possible;
 }
@@ -177,13 +107,14 @@ WalkOutcome TakeWalk(const WalkPlan& plan)
     WalkOutcome outcome = walkSeparately(plan.bundleFile, steps, end);
     if (outcome.failure.empty())
         return outcome;
-    const auto used = std::min(steps.size(), static_cast<std::size_t>(outcome.stepsDone) + 1);
-    Shortening shortening(plan.bundleFile, {steps.begin(), steps.begin() + static_cast<std::ptrdiff_t>(used)},
-                          outcome.failure, std::min(end, Clock::now() + plan.shortening));
-    shortening.Run();
-    outcome.failure = shortening.Failure() + "\n  seed " + std::to_string(plan.seed) + ", step " +
-                      std::to_string(used) +
-                      "; as a scenario, made as short as it went:" + asScenario(shortening.Shortest());
+    const auto used = static_cast<std::size_t>(outcome.stepsDone) + 1;
+    const auto again = [&](const Steps& fewer) { return walkSeparately(plan.bundleFile, fewer, end); };
+    ShortenedWalk shortening(plan.kind, again, std::min(end, Clock::now() + plan.shortening));
+    shortening.Shorten(steps, outcome);
+    outcome.failure =
+        shortening.Failure() + "\n  seed " + std::to_string(plan.seed) + ", step " +
+        std::to_string(std::min(used, steps.size())) +
+        "; as a scenario, made as short as it went:" + AsScenario(shortening.Steps(), plan.kind);
     return outcome;
 }
 } // namespace standin::check

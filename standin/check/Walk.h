@@ -33,5 +33,5 @@ WalkOutcome TakeWalk(const WalkPlan& plan);
 std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count);
 
 /// Those of the steps that are possible one after the other from the beginning.
-std::vector<WalkStep> PossibleSteps(const std::vector<WalkStep>& steps);
+std::vector<WalkStep> PossibleSteps(const std::vector<WalkStep>& steps, WalkKind kind = WalkKind::mixed);
 } // namespace standin::check

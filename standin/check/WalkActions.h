@@ -18,6 +18,7 @@ struct WalkAction
     {
         groupTitle,
         newName,
+        oddName, ///< With anything in it that a name can have. Not all of it can be typed.
         applicable
     };
     using Lines = std::vector<std::string>;
@@ -26,7 +27,7 @@ struct WalkAction
     Place place;
     Text text;
     bool isPossibleWhileHeld; ///< Without the host's idle.
-    int shares[3];            ///< How often it is in the hat, for each WalkKind.
+    int shares[4];            ///< How often it is in the hat, for each WalkKind.
     bool (*isPossible)(const WalkState& state, const WalkStep& step);
     /// As lines of a scenario, in the state before it.
     Lines (*lines)(const WalkState& state, const WalkStep& step);

@@ -7,7 +7,25 @@ namespace standin::check
 {
 namespace
 {
+constexpr std::size_t numbersOfLoop = 13; ///< Among them two that are no group's.
+
 constexpr const char* newNames[] = {"lantern", "The Way (2)", "kite", "north", "a b c", "Walls", "x"};
+
+constexpr const char* oddNames[] = {"",
+                                    " ",
+                                    "a/b",
+                                    "a\\b",
+                                    "\"quoted\"",
+                                    "%s%n%d",
+                                    "K\xc3\xa4se",
+                                    "\xe6\xa1\x86",
+                                    "\xf0\x9f\x92\xa1 lamp",
+                                    "tab\there",
+                                    "Vortan Sheets Object 2",
+                                    "Hash Mismatch",
+                                    "a name that is longer than thirty-one characters",
+                                    "lamp",
+                                    "route"};
 
 /// Each action as often as its share of such walks.
 std::vector<const WalkAction*> hatOf(WalkKind kind)
@@ -33,6 +51,8 @@ std::string anyText(std::mt19937& random, const WalkState& state, WalkAction::Te
     {
     case WalkAction::Text::newName:
         return any(random, newNames);
+    case WalkAction::Text::oddName:
+        return any(random, oddNames);
     case WalkAction::Text::applicable:
         return any(random, Applicables()).defaultName;
     case WalkAction::Text::groupTitle:
@@ -43,7 +63,7 @@ std::string anyText(std::mt19937& random, const WalkState& state, WalkAction::Te
 }
 } // namespace
 
-WalkState WalkBegin()
+WalkState WalkBegin(WalkKind kind)
 {
     const ModelStack first{{1, ModelKind::geometry, "lamp", 0, Power::on},
                            {2, ModelKind::geometry, "route", 0, Power::on},
@@ -51,10 +71,13 @@ WalkState WalkBegin()
                            {4, ModelKind::main, "Vortan", 0, Power::on}};
     const ModelStack second{{5, ModelKind::effector, "pulse", 2, Power::on},
                             {6, ModelKind::geometry, "sheet", 2, Power::on},
-                            {7, ModelKind::outside, "Gaussian Blur", 0, Power::on}};
+                            {7, ModelKind::outside, "Gaussian Blur", 0, Power::on},
+                            {8, ModelKind::geometry, "rail", -1, Power::on, true}};
     WalkState state{StackModel({first, second})};
-    state.model.Settle();
+    state.isHeadless = kind == WalkKind::loop;
+    (void)state.model.Settle();
     (void)state.model.TakeWrites();
+    (void)state.model.TakePrinted();
     return state;
 }
 
@@ -65,6 +88,8 @@ std::vector<std::string> WalkBeginLines()
             "effect \"Vortan Pulse Effector\" named \"pulse\"",
             "effect \"Vortan Sheets Object\" named \"sheet\"",
             "effect \"Gaussian Blur\"",
+            "effect \"Vortan Route Object\" named \"rail\"",
+            "\"rail\" is rigid",
             "\"pulse\" is in group 2",
             "\"sheet\" is in group 2",
             "layer \"Solid 1\" with three objects",
@@ -86,7 +111,7 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
             step.id = any(random, stack).id;
             step.otherId = any(random, stack).id;
         }
-        step.number = static_cast<int>(below(random, mostEffects));
+        step.number = static_cast<int>(below(random, kind == WalkKind::loop ? numbersOfLoop : mostEffects));
         step.text = anyText(random, state, step.action->text);
         if (IsPossible(state, step))
             return step;
@@ -96,8 +121,10 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 bool IsPossible(const WalkState& state, const WalkStep& step)
 {
     const WalkAction& action = *step.action;
-    return (action.isPossibleWhileHeld || !state.isHeld) &&
-           (action.place == WalkAction::Place::host || !state.isCovered) && action.isPossible(state, step);
+    return (action.isPossibleWhileHeld || !state.isHeld ||
+            (state.isHeadless && action.place == WalkAction::Place::panel)) &&
+           (action.place == WalkAction::Place::host || state.model.Tab() == TabPlace::inFront) &&
+           action.isPossible(state, step);
 }
 
 std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step)
@@ -108,10 +135,9 @@ std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step)
     return lines;
 }
 
-void CarryOut(WalkState& state, const WalkStep& step)
+int CarryOut(WalkState& state, const WalkStep& step)
 {
     step.action->carryOut(state, step);
-    if (!state.isCovered && !state.isHeld)
-        state.model.Settle();
+    return state.isHeld ? 0 : state.model.Settle();
 }
 } // namespace standin::check

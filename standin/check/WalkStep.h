@@ -13,7 +13,8 @@ enum class WalkKind
 {
     host,
     panel,
-    mixed
+    mixed,
+    loop ///< All that can be done without a screen.
 };
 
 struct WalkAction;
@@ -35,12 +36,12 @@ struct WalkStep
 struct WalkState
 {
     StackModel model;
-    bool isCovered = false; ///< The panel's tab is behind another.
-    bool isHeld = false;    ///< The host does not idle.
+    bool isHeld = false;     ///< The host does not idle.
+    bool isHeadless = false; ///< Without a screen the panel needs no idle to take what the user does.
 };
 
 /// Where each walk begins: two layers, the first of them active, and the panel just opened.
-WalkState WalkBegin();
+WalkState WalkBegin(WalkKind kind = WalkKind::mixed);
 /// The lines that make that scene.
 std::vector<std::string> WalkBeginLines();
 
@@ -49,6 +50,7 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 bool IsPossible(const WalkState& state, const WalkStep& step);
 /// The step as lines of a scenario, in the state before it.
 std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step);
-/// Carries the step out in the model, which is settled afterwards if the panel learns of it.
-void CarryOut(WalkState& state, const WalkStep& step);
+/// Carries the step out in the model, which is settled afterwards unless the host does not idle. How many
+/// idle passes that takes.
+int CarryOut(WalkState& state, const WalkStep& step);
 } // namespace standin::check

@@ -1,5 +1,6 @@
 #include "standin/check/Walker.h"
 
+#include "standin/check/WalkTexts.h"
 #include "standin/script/Parser.h"
 #include "standin/script/Phrase.h"
 #include "standin/user/eyes/DisplayNames.h"
@@ -11,41 +12,6 @@ namespace standin::check
 namespace
 {
 using Texts = std::vector<std::string>;
-
-/// The host's functions that change a project. What hides and shows is none of them: it follows the
-/// selection, and has undo groups of its own, which leave nothing.
-constexpr const char* writingFunctions[] = {"AEGP_ApplyEffect",    "AEGP_ReorderEffect",
-                                            "AEGP_SetEffectFlags", "AEGP_DeleteLayerEffect",
-                                            "AEGP_SetStreamName",  "AEGP_DuplicateEffect"};
-
-std::string listed(const Texts& texts)
-{
-    std::string all;
-    for (const std::string& text : texts)
-        all += (all.empty() ? "" : ", ") + text;
-    return all.empty() ? "nothing" : all;
-}
-
-std::string difference(const char* what, const Texts& wanted, const Texts& found)
-{
-    if (wanted == found)
-        return "";
-    return std::string(what) + " should be: " + listed(wanted) + "\n    and is: " + listed(found);
-}
-
-std::string textOf(const std::string& name, int group, Power power)
-{
-    return script::Quoted(name) + (group == 0 ? "" : " in group " + std::to_string(group)) +
-           (power == Power::on ? "" : " off");
-}
-
-Texts textsOf(const ModelStack& stack)
-{
-    Texts texts;
-    for (const ModelEffect& effect : stack)
-        texts.push_back(textOf(effect.name, effect.group, effect.power));
-    return texts;
-}
 
 const char* textOf(user::Box box)
 {
@@ -81,12 +47,12 @@ user::Box boxOf(const ModelRow& group)
     return on == 0 ? user::Box::empty : on == group.objects.size() ? user::Box::full : user::Box::half;
 }
 
-Texts textsOf(const std::vector<ModelRow>& rows)
+Texts textsOf(const StackModel& model)
 {
-    if (rows.empty())
+    if (!model.HasRoot())
         return {};
     Texts texts{"Layer"};
-    for (const ModelRow& row : rows)
+    for (const ModelRow& row : model.Rows())
     {
         if (row.kind != ModelRow::Kind::group)
             texts.push_back(rowText(1, user::DisplayNameOf(row.effect.name), boxOf(row.effect)));
@@ -104,17 +70,6 @@ Texts textsOf(const std::vector<user::PanelRow>& rows)
     for (const user::PanelRow& row : rows)
         texts.push_back(rowText(row.depth, row.text, row.box));
     return texts;
-}
-
-/// The writing functions among the calls, in their order.
-Texts writesAmong(const Texts& calls)
-{
-    Texts writes;
-    for (const std::string& call : calls)
-        for (const char* function : writingFunctions)
-            if (call.find(" " + std::string(function) + "(") != std::string::npos)
-                writes.emplace_back(function);
-    return writes;
 }
 } // namespace
 
@@ -149,7 +104,7 @@ std::string Walker::Take(const WalkStep& step)
     const Texts lines = LinesOf(state, step);
     if (!state.isHeld)
         stage.session.Forget();
-    CarryOut(state, step);
+    (void)CarryOut(state, step);
     try
     {
         for (const std::string& line : lines)
@@ -175,22 +130,7 @@ std::string Walker::compare()
     return "";
 }
 
-std::string Walker::compareStacks()
-{
-    for (std::size_t i = 0; i < layerIds.size(); ++i)
-    {
-        Texts found;
-        for (const EffectInstance& effect : stage.host().State().FindLayer(layerIds[i])->effects)
-            found.push_back(textOf(stage.host().NameOf(effect.label), effect.family.group,
-                                   (effect.flags & effectActive) != 0 ? Power::on : Power::off));
-        const std::string what = "the stack of layer \"Solid " + std::to_string(i + 1) + "\"";
-        const std::string wrong =
-            difference(what.c_str(), textsOf(state.model.StackOf(static_cast<int>(i))), found);
-        if (!wrong.empty())
-            return wrong;
-    }
-    return "";
-}
+std::string Walker::compareStacks() { return StackDifference(state.model, stage.host(), layerIds); }
 
 std::string Walker::compareHistory()
 {
@@ -201,27 +141,27 @@ std::string Walker::compareHistory()
         return names;
     };
     const std::string wrong =
-        difference("what can be undone", quoted(state.model.UndoNames()), quoted(stage.host().UndoNames()));
+        Difference("what can be undone", quoted(state.model.UndoNames()), quoted(stage.host().UndoNames()));
     if (!wrong.empty())
         return wrong;
-    return difference("what can be redone", quoted(state.model.RedoNames()),
+    return Difference("what can be redone", quoted(state.model.RedoNames()),
                       quoted(stage.host().RedoNames()));
 }
 
 std::string Walker::compareWrites()
 {
-    return difference("the calls that write", state.model.TakeWrites(), writesAmong(stage.session.Calls()));
+    return Difference("the calls that write", state.model.TakeWrites(), WritesAmong(stage.session.Calls()));
 }
 
 std::string Walker::compareRows()
 {
-    if (state.isCovered)
+    if (state.model.Tab() != TabPlace::inFront)
         return "";
-    const Texts wanted = textsOf(state.model.Rows());
+    const Texts wanted = textsOf(state.model);
     const auto agree = [&] { return textsOf(stage.Rows()) == wanted; };
     if (stage.session.IdleUntil(agree, user::waits::untilRowsFollow))
         return "";
-    return difference("the panel's rows", wanted, textsOf(stage.Rows()));
+    return Difference("the panel's rows", wanted, textsOf(stage.Rows()));
 }
 
 std::string Walker::compareSensors()
