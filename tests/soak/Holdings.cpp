@@ -10,9 +10,6 @@
 
 namespace standin
 {
-using namespace check;
-using namespace script;
-using namespace user;
 
 namespace
 {

@@ -15,8 +15,6 @@
 namespace standin
 {
 using namespace check;
-using namespace script;
-using namespace user;
 
 namespace
 {

@@ -9,6 +9,8 @@
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 using testing::HasSubstr;

@@ -7,6 +7,8 @@
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 using testing::Contains;

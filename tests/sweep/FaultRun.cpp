@@ -6,6 +6,8 @@
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 Trial makeTrial()

@@ -14,7 +14,7 @@ struct SoundRun
 {
     std::vector<CallRecord> calls;
     std::vector<std::string> texts; ///< Of the calls.
-    SeenProject after;
+    check::SeenProject after;
     std::vector<Finding> findings; ///< What is done on purpose and reported all the same.
     std::string violation;         ///< Empty if it is fit for a sweep.
 };
@@ -30,5 +30,5 @@ SoundRun RunSoundly(const SweptScenario& scenario);
 
 /// `ordinal` counts the calls of the scenario from 1. Notes in `tally` what the verdict needed.
 FaultVerdict RunWithFault(const SweptScenario& scenario, const FaultKind& kind, std::size_t ordinal,
-                          const SoundRun& sound, FaultTally& tally);
+                          const SoundRun& sound, check::FaultTally& tally);
 } // namespace standin

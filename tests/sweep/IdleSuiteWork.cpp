@@ -9,6 +9,8 @@
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 class IdleStart : public SweptWork

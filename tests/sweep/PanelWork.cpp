@@ -8,6 +8,8 @@
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 /// As many as a change needs, and one more, which has nothing to do.

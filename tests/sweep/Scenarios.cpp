@@ -5,6 +5,8 @@
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 void nothing(PanelBench&) {}

@@ -21,7 +21,7 @@ public:
     virtual void Run(const ArmFaults& arm, std::vector<HookResult>& results) = 0;
     /// The host is sound again: what the product promises to mend is mended, and no more is wrong than that.
     /// Fails the trial if not.
-    virtual void Recover(Trial& trial) = 0;
+    virtual void Recover(check::Trial& trial) = 0;
     /// Ends the product; what is then still held is lost.
     virtual void Close() = 0;
     virtual Host& TheHost() = 0;

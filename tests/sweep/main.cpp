@@ -16,6 +16,8 @@
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 struct SweepChoice
