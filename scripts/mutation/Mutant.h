@@ -12,7 +12,8 @@ namespace mutation
 struct State
 {
     int chosen = 0;
-    unsigned char* reached = nullptr; ///< One byte for each mutant, in a file that all processes of a run share.
+    unsigned char* reached =
+        nullptr; ///< One byte for each mutant, in a file that all processes of a run share.
 
     State()
     {
@@ -23,7 +24,8 @@ struct State
         if (file < 0)
             return;
         const off_t size = lseek(file, 0, SEEK_END);
-        void* bytes = mmap(nullptr, static_cast<std::size_t>(size), PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
+        void* bytes =
+            mmap(nullptr, static_cast<std::size_t>(size), PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
         close(file);
         if (bytes != MAP_FAILED)
             reached = static_cast<unsigned char*>(bytes);

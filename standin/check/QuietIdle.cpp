@@ -2,8 +2,8 @@
 // behind: nothing.
 
 #include "standin/check/PanelScene.h"
-#include "standin/process/ProcessCounts.h"
 #include "standin/host/suites/SuiteDescription.h"
+#include "standin/process/ProcessCounts.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 // The simplest surroundings for a check: a host with the family installed and one layer that is active, the
 // bundle, and no screen.
 
-#include "standin/host/family/Sibling.h"
 #include "standin/host/bundle/Bundle.h"
+#include "standin/host/family/Sibling.h"
 
 #include <string>
 #include <vector>

@@ -23,7 +23,8 @@ std::string listed(const Texts& texts)
 
 std::string textOf(const std::string& name, int group, bool isOn)
 {
-    return script::Quoted(name) + (group == 0 ? "" : " in group " + std::to_string(group)) + (isOn ? "" : " off");
+    return script::Quoted(name) + (group == 0 ? "" : " in group " + std::to_string(group)) +
+           (isOn ? "" : " off");
 }
 
 Texts textsOf(const ModelStack& stack)

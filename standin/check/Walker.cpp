@@ -36,7 +36,8 @@ std::string rowText(int depth, const std::string& text, user::Box box)
 
 user::Box boxOf(const ModelEffect& effect)
 {
-    return effect.kind != ModelKind::outside && effect.power == Power::on ? user::Box::full : user::Box::empty;
+    return effect.kind != ModelKind::outside && effect.power == Power::on ? user::Box::full
+                                                                          : user::Box::empty;
 }
 
 user::Box boxOf(const ModelRow& group)

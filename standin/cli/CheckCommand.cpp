@@ -2,9 +2,9 @@
 
 #include "standin/check/CheckAlone.h"
 #include "standin/check/CheckRun.h"
+#include "standin/check/effects/EffectChecks.h"
 #include "standin/cli/CheckPrinter.h"
 #include "standin/cli/Commands.h"
-#include "standin/check/effects/EffectChecks.h"
 #include "standin/process/ExitCodes.h"
 
 #include <CLI/CLI.hpp>
@@ -67,17 +67,17 @@ int judge(const std::vector<check::Check>& chosen, const Options& options, Check
 {
     CheckSummary summary{chosen.size(), 0, 0};
     int code = exit_code::well;
-    const std::size_t told =
-        check::RunChecks(chosen, options.run,
-                  [&](const check::Check& check, const check::CheckOutcome& outcome)
-                  {
-                      printer.Tell(check, outcome);
-                      ++summary.run;
-                      summary.failed += outcome.IsPassed() ? 0 : 1;
-                      if (code != exit_code::well || outcome.IsPassed())
-                          return;
-                      code = outcome.code == exit_code::noDisplay ? exit_code::noDisplay : exit_code::failed;
-                  });
+    const std::size_t told = check::RunChecks(
+        chosen, options.run,
+        [&](const check::Check& check, const check::CheckOutcome& outcome)
+        {
+            printer.Tell(check, outcome);
+            ++summary.run;
+            summary.failed += outcome.IsPassed() ? 0 : 1;
+            if (code != exit_code::well || outcome.IsPassed())
+                return;
+            code = outcome.code == exit_code::noDisplay ? exit_code::noDisplay : exit_code::failed;
+        });
     printer.End(summary);
     if (told == chosen.size() && summary.run == chosen.size())
         return code;

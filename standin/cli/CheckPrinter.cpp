@@ -23,7 +23,8 @@ std::string indented(const std::string& text)
     return result;
 }
 
-std::string againText(const check::CheckJob& job, const check::Check& check, const check::CheckOutcome& outcome)
+std::string againText(const check::CheckJob& job, const check::Check& check,
+                      const check::CheckOutcome& outcome)
 {
     const std::string seedText = outcome.isSeedUsed ? " --seed " + std::to_string(job.seed) : "";
     return std::string("standin ") + job.book->command + " " + job.file + " --only " + check.id + seedText;

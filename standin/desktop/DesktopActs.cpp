@@ -41,7 +41,8 @@ void selectLayer(DesktopSession& on, script::Stage& stage, const std::string& na
     throw script::StageError("the front composition has no layer " + name);
 }
 
-void renameEffect(DesktopSession& on, script::Stage& stage, const std::string& name, const std::string& newName)
+void renameEffect(DesktopSession& on, script::Stage& stage, const std::string& name,
+                  const std::string& newName)
 {
     on.DoubleClick(on.PlaceIn("effects", {nameX, topOf(stage, indexOf(stage, name)) + middleOfRow}));
     on.TypeInto("name", newName);
@@ -74,20 +75,22 @@ void notify(DesktopSession& on, script::Stage& stage, const std::string& text)
 std::map<std::string, script::Act> ActsInWindows(DesktopSession& on)
 {
     const user::Place otherTab{260, theme::headerHeight / 2};
-    return {{"select layer TEXT", [&](script::Stage& s, const script::Arguments& a) { selectLayer(on, s, a.texts[0]); }},
+    return {{"select layer TEXT",
+             [&](script::Stage& s, const script::Arguments& a) { selectLayer(on, s, a.texts[0]); }},
             {"choose TEXT in the WORD menu",
              [&](script::Stage&, const script::Arguments& a) { on.Choose(a.texts[1], a.texts[0]); }},
-            {"rename TEXT to TEXT",
-             [&](script::Stage& s, const script::Arguments& a) { renameEffect(on, s, a.texts[0], a.texts[1]); }},
-            {"move TEXT to place NUMBER",
-             [&](script::Stage& s, const script::Arguments& a) { moveEffect(on, s, a.texts[0], a.numbers[0]); }},
+            {"rename TEXT to TEXT", [&](script::Stage& s, const script::Arguments& a)
+             { renameEffect(on, s, a.texts[0], a.texts[1]); }},
+            {"move TEXT to place NUMBER", [&](script::Stage& s, const script::Arguments& a)
+             { moveEffect(on, s, a.texts[0], a.numbers[0]); }},
             {"twirl TEXT",
              [&](script::Stage& s, const script::Arguments& a) {
                  on.Click(on.PlaceIn("effects", {twirlX, topOf(s, indexOf(s, a.texts[0])) + middleOfRow}));
              }},
-            {"a sibling notifies TEXT", [&](script::Stage& s, const script::Arguments& a) { notify(on, s, a.texts[0]); }},
-            {"cover the panel",
-             [&on, otherTab](script::Stage&, const script::Arguments&) { on.Click(on.PlaceIn("dock", otherTab)); }},
+            {"a sibling notifies TEXT",
+             [&](script::Stage& s, const script::Arguments& a) { notify(on, s, a.texts[0]); }},
+            {"cover the panel", [&on, otherTab](script::Stage&, const script::Arguments&)
+             { on.Click(on.PlaceIn("dock", otherTab)); }},
             {"filter the calls for TEXT",
              [&](script::Stage&, const script::Arguments& a)
              {

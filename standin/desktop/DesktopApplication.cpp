@@ -1,8 +1,8 @@
 #include "standin/desktop/DesktopApplication.h"
 
 #include "standin/desktop/DesktopSession.h"
-#include "standin/process/ExitCodes.h"
 #include "standin/host/project/ProjectFile.h"
+#include "standin/process/ExitCodes.h"
 #include "standin/script/Player.h"
 #include "standin/script/Stage.h"
 
@@ -150,13 +150,14 @@ void DesktopApplication::beginRecording(const std::string& file)
     {
         recording = std::make_unique<script::ScenarioRecording>(bench->TheHost(), file);
         panelRecording = std::make_unique<script::PanelRecording>(bench->TheHost(), *recording,
-                                                          [this]
-                                                          {
-                                                              script::PanelRecording::View view;
-                                                              view.area = containers->AreaOnScreen();
-                                                              view.hasKeyboard = containers->HasFocus();
-                                                              return view;
-                                                          });
+                                                                  [this]
+                                                                  {
+                                                                      script::PanelRecording::View view;
+                                                                      view.area = containers->AreaOnScreen();
+                                                                      view.hasKeyboard =
+                                                                          containers->HasFocus();
+                                                                      return view;
+                                                                  });
     }
     catch (const std::runtime_error& error)
     {

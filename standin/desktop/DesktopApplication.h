@@ -2,9 +2,9 @@
 // The program as JUCE runs it: bundle, project, window, and the end of it all.
 
 #include "standin/desktop/Arguments.h"
-#include "standin/script/record/PanelRecording.h"
 #include "standin/desktop/views/DesktopWindow.h"
 #include "standin/script/Phrase.h"
+#include "standin/script/record/PanelRecording.h"
 
 namespace standin::desktop
 {

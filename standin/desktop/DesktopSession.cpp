@@ -36,7 +36,10 @@ int lineOf(const juce::PopupMenu& menu, const std::string& entry)
 } // namespace
 
 DesktopSession::DesktopSession(Workbench& theBench, DesktopWindow& theWindow, X11Containers& theContainers)
-    : user::Session(theBench.TheHost(), nullptr), bench(theBench), window(theWindow), containers(theContainers)
+    : user::Session(theBench.TheHost(), nullptr),
+      bench(theBench),
+      window(theWindow),
+      containers(theContainers)
 {
     bench.onCall = [this](const std::string& call) { heard.calls.push_back(call); };
     bench.onPrinted = [this](const std::string& line) { heard.printed.push_back(line); };

@@ -152,13 +152,15 @@ std::vector<Phrase> widgetPhrases()
                         }),
             Expectation("expect the name field", "The field for a new name lies over a row.",
                         [](Stage& s, const Arguments&) {
-                            return std::string(
-                                user::PanelReader::IsEditorOpen(s.session.PanelPicture()) ? "" : "there is none");
+                            return std::string(user::PanelReader::IsEditorOpen(s.session.PanelPicture())
+                                                   ? ""
+                                                   : "there is none");
                         }),
             Expectation("expect no name field", "It does not.",
                         [](Stage& s, const Arguments&) {
-                            return std::string(
-                                user::PanelReader::IsEditorOpen(s.session.PanelPicture()) ? "there is one" : "");
+                            return std::string(user::PanelReader::IsEditorOpen(s.session.PanelPicture())
+                                                   ? "there is one"
+                                                   : "");
                         }),
             Expectation("expect pixel NUMBER NUMBER is TEXT", "A colour in the panel, as \"rrggbb\".",
                         [](Stage& s, const Arguments& a) { return pixel(s, a); })};

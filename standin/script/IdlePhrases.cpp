@@ -18,9 +18,11 @@ PhraseBook IdlePhrases()
                  { s.host().Idles().InFunction(a.texts[0], static_cast<std::size_t>(a.numbers[0])); }),
          Setting("idle inside each call of WORD", "The same for each of its calls from now on.",
                  [](Stage& s, const Arguments& a) { s.host().Idles().InEachCallOf(a.texts[0]); }),
-         Setting("idle inside each call", "The same for every call of the host that a hook makes; short for switch every-call-idles.",
+         Setting("idle inside each call",
+                 "The same for every call of the host that a hook makes; short for switch every-call-idles.",
                  [](Stage& s, const Arguments&) { s.host().Options().idleInCalls = IdleInCalls::always; }),
-         Setting("idle inside no call", "The host idles between calls alone again, also if it was switched to every-call-idles.",
+         Setting("idle inside no call",
+                 "The host idles between calls alone again, also if it was switched to every-call-idles.",
                  [](Stage& s, const Arguments&)
                  {
                      s.host().Options().idleInCalls = IdleInCalls::never;

@@ -21,14 +21,20 @@ user::Place textOf(Stage& stage, const std::string& name)
     return inRow(stage, row, {row.depth == 0 ? 12 : 20, middle});
 }
 
-user::Place boxOf(Stage& stage, const std::string& name) { return inRow(stage, stage.Row(name), {6, middle}); }
+user::Place boxOf(Stage& stage, const std::string& name)
+{
+    return inRow(stage, stage.Row(name), {6, middle});
+}
 
 user::Place triangleOf(Stage& stage, const std::string& name)
 {
     return inRow(stage, stage.Row(name), {-10, middle});
 }
 
-user::Place upperEdgeOf(Stage& stage, const std::string& name) { return inRow(stage, stage.Row(name), {10, 2}); }
+user::Place upperEdgeOf(Stage& stage, const std::string& name)
+{
+    return inRow(stage, stage.Row(name), {10, 2});
+}
 
 user::Place lowerEdge(const Stage& stage, const user::PanelRow& row)
 {
@@ -100,7 +106,8 @@ std::vector<Phrase> mousePhrases()
                [](Stage& s, const Arguments&) { s.session.Click(emptyPlace(s)); }),
         Action("click below the rows", "Clicks in the tree, under its last row.",
                [](Stage& s, const Arguments&) { s.session.Click(belowRows(s)); }),
-        Action("click the host", "Clicks the host's own window. The panel gives the keyboard back; the host does not take it.",
+        Action("click the host",
+               "Clicks the host's own window. The panel gives the keyboard back; the host does not take it.",
                [](Stage& s, const Arguments&) { s.session.ClickHost(); }),
         Action("click button TEXT", "Clicks a button of the panel.",
                [](Stage& s, const Arguments& a) { s.session.Click(s.MiddleOf(s.Button(a.texts[0]))); }),

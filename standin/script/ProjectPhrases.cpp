@@ -1,5 +1,6 @@
 // The scene before the play: the project, and how the host and its effects are.
 
+#include "standin/host/bundle/EffectModule.h"
 #include "standin/host/core/HostParts.h"
 #include "standin/host/core/HostSwitches.h"
 #include "standin/host/core/StackChanges.h"
@@ -7,7 +8,6 @@
 #include "standin/script/Parser.h"
 #include "standin/script/Phrase.h"
 #include "standin/script/Stage.h"
-#include "standin/host/bundle/EffectModule.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -72,8 +72,8 @@ EffectInstance& simulated(Stage& stage, const std::string& name)
 void putIntoGroup(Stage& stage, const std::string& name, int group)
 {
     const EffectInstance& found = effect(stage, name);
-    stage.host().ProjectView().BehaviourOf(found).OnGroupChosen({stage.host(), found.id},
-                                                          static_cast<std::int16_t>(group), Undoable::no);
+    stage.host().ProjectView().BehaviourOf(found).OnGroupChosen(
+        {stage.host(), found.id}, static_cast<std::int16_t>(group), Undoable::no);
 }
 
 void installModule(Stage& stage, const std::string& file)

@@ -23,9 +23,9 @@ bool isFamily(const Host& host, const EffectInstance& effect)
 /// Where the group's row stands, made at the end if it is not there.
 std::size_t groupPlace(std::vector<user::PanelRow>& rows, int number)
 {
-    const auto found =
-        std::find_if(rows.begin(), rows.end(),
-                     [&](const user::PanelRow& row) { return row.depth == 1 && row.text == groupName(number); });
+    const auto found = std::find_if(rows.begin(), rows.end(),
+                                    [&](const user::PanelRow& row)
+                                    { return row.depth == 1 && row.text == groupName(number); });
     if (found != rows.end())
         return static_cast<std::size_t>(found - rows.begin());
     user::PanelRow group;
@@ -235,7 +235,8 @@ user::PanelButton Stage::Button(const std::string& name)
 user::Place Stage::MiddleOf(const user::PanelButton& button) const
 {
     return session.OnScreen(
-        user::Area{button.x, button.y, user::PanelReader::buttonWidth, user::PanelReader::buttonHeight}.Middle());
+        user::Area{button.x, button.y, user::PanelReader::buttonWidth, user::PanelReader::buttonHeight}
+            .Middle());
 }
 
 std::vector<std::string> Stage::OpenMenu(const std::string& button)

@@ -2,8 +2,8 @@
 // Where a scenario plays: a session, and what the lines before have said.
 
 #include "standin/host/family/Sibling.h"
-#include "standin/user/eyes/PanelReader.h"
 #include "standin/user/WindowSession.h"
+#include "standin/user/eyes/PanelReader.h"
 
 #include <set>
 
@@ -42,8 +42,8 @@ public:
     int layer = 0;
     int queuedRuns = 0; ///< How often functions of the idle queue have run.
     std::string pictures = ".";
-    std::string folder; ///< Where the scenario's file lies; empty for the working directory.
-    user::Place pressed{};    ///< Where the button went down that is held, on the screen.
+    std::string folder;    ///< Where the scenario's file lies; empty for the working directory.
+    user::Place pressed{}; ///< Where the button went down that is held, on the screen.
     std::function<void(const std::string&)> tell; ///< Takes what a scenario says.
 
     Host& host() { return session.host; }
@@ -58,7 +58,8 @@ public:
     user::PanelButton Button(const std::string& name);
 
     /// Whether the condition holds, at once or while the host idles, unless idling is held.
-    bool Await(const std::function<bool()>& condition, std::chrono::milliseconds limit = user::waits::untilSeen)
+    bool Await(const std::function<bool()>& condition,
+               std::chrono::milliseconds limit = user::waits::untilSeen)
     {
         return held == IdleHeld::yes ? condition() : session.IdleUntil(condition, limit);
     }

@@ -2,8 +2,8 @@
 // A host with a bundle at work, and a user before it: what scenarios and checks play on. Where the panel is,
 // and how the host idles is up to each kind of session.
 
-#include "standin/host/core/Host.h"
 #include "standin/host/bundle/Bundle.h"
+#include "standin/host/core/Host.h"
 #include "standin/user/User.h"
 
 #include <string>

@@ -27,8 +27,8 @@ constexpr int leastPasses = 50;
 /// So long an expectation of a scenario or a check may take to come true, and a menu to open.
 constexpr auto untilExpected = 5s;
 
-/// So long the panel's rows may differ from what a step of a walk has done. A walk takes hundreds of steps, and
-/// one that goes wrong is cut down by walking again and again.
+/// So long the panel's rows may differ from what a step of a walk has done. A walk takes hundreds of steps,
+/// and one that goes wrong is cut down by walking again and again.
 constexpr auto untilRowsFollow = 3s;
 
 /// For what settles in normal operation.

@@ -3,8 +3,8 @@
 // session lives at a time, and a process has one bundle.
 
 #include "standin/process/CapturedOutput.h"
-#include "standin/user/Session.h"
 #include "standin/user/HostWindow.h"
+#include "standin/user/Session.h"
 
 namespace standin::user
 {

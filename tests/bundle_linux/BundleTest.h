@@ -2,9 +2,9 @@
 // The built bundle as a host and a sibling effect know it: two entry points, two published tables of words,
 // and nothing else. Its own headers are not used here.
 
+#include "standin/host/bundle/Bundle.h"
 #include "standin/host/core/Host.h"
 #include "standin/host/family/Family.h"
-#include "standin/host/bundle/Bundle.h"
 #include "tests/support/KeptBlocks.h"
 
 #include <gmock/gmock.h>

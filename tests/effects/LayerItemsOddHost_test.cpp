@@ -136,8 +136,7 @@ TEST_F(LayerItemsOddHost, AreOffIfTheirFlagsAreAnError)
 TEST_F(LayerItemsOddHost, AreOffIfTheirFlagsAreNotTold)
 {
     PatchedBasic<AEGP_EffectSuite1> basic(
-        Make("A").host,
-        [](AEGP_EffectSuite1& suite)
+        Make("A").host, [](AEGP_EffectSuite1& suite)
         { suite.AEGP_GetEffectFlags = [](AEGP_EffectRefH, AEGP_EffectFlags*) { return A_Err{0}; }; });
     EXPECT_EQ(TextOver(basic.Basic()), "A!");
 }

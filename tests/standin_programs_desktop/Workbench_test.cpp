@@ -1,8 +1,8 @@
 // What the user of the desktop does, and what the windows then show.
 
+#include "standin/desktop/model/Workbench.h"
 #include "standin/host/core/HostParts.h"
 #include "standin/script/record/Shown.h"
-#include "standin/desktop/model/Workbench.h"
 #include "tests/standin_programs_desktop/Scratch.h"
 
 #include <gmock/gmock.h>

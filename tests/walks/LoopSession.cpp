@@ -153,7 +153,8 @@ ValueTreeItem& LoopSession::Row(const std::string& name)
 {
     auto [wanted, count] = script::NameAndCount(name);
     for (ValueTreeItem* row : Rows())
-        if (user::DisplayNameOf(BytesFromText(row->getNode()[TreeIds::name].toString())) == wanted && --count == 0)
+        if (user::DisplayNameOf(BytesFromText(row->getNode()[TreeIds::name].toString())) == wanted &&
+            --count == 0)
             return *row;
     throw std::runtime_error("there is no row " + name);
 }

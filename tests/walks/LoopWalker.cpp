@@ -1,8 +1,8 @@
 #include "tests/walks/LoopWalker.h"
 
 #include "standin/check/WalkTexts.h"
-#include "standin/script/Parser.h"
 #include "standin/host/sensors/FindingIds.h"
+#include "standin/script/Parser.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
 

@@ -1,6 +1,5 @@
 #include "standin/desktop/model/DockState.h"
 
-
 namespace standin::desktop
 {
 const Panel* DockState::panel() const

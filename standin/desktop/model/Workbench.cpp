@@ -1,8 +1,8 @@
 #include "standin/desktop/model/Workbench.h"
 
+#include "standin/host/bundle/EffectModule.h"
 #include "standin/host/family/Family.h"
 #include "standin/host/project/ProjectFile.h"
-#include "standin/host/bundle/EffectModule.h"
 
 #include <algorithm>
 

@@ -7,15 +7,15 @@
 #include <string>
 #include <vector>
 
-#include "standin/host/core/Host.h"
 #include "standin/desktop/model/CallLog.h"
 #include "standin/desktop/model/Designer.h"
 #include "standin/desktop/model/DockState.h"
 #include "standin/desktop/model/IdleMeter.h"
 #include "standin/desktop/model/MessageLog.h"
+#include "standin/host/bundle/Bundle.h"
+#include "standin/host/core/Host.h"
 #include "standin/host/family/Sibling.h"
 #include "standin/process/CapturedOutput.h"
-#include "standin/host/bundle/Bundle.h"
 
 namespace standin::desktop
 {

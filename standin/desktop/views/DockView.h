@@ -2,10 +2,10 @@
 // The right column: a tab strip with the plug-in's panel and a tab of the host's own, and below it the area
 // that the panel's native view covers. The panel can also be in a window of its own.
 
-#include "standin/script/record/Shown.h"
 #include "standin/desktop/model/Workbench.h"
 #include "standin/desktop/views/Theme.h"
 #include "standin/desktop/views/X11Containers.h"
+#include "standin/script/record/Shown.h"
 
 namespace standin::desktop
 {

@@ -2,10 +2,10 @@
 // The middle: the effects of the active layer, as the host's own effect controls show them. A row's twirl,
 // switch and eye are clicked; its name is double-clicked; the row itself is dragged to another place.
 
-#include "standin/script/record/Shown.h"
 #include "standin/desktop/model/Workbench.h"
 #include "standin/desktop/views/Field.h"
 #include "standin/desktop/views/Theme.h"
+#include "standin/script/record/Shown.h"
 
 namespace standin::desktop
 {

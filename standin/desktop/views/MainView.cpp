@@ -10,7 +10,7 @@ namespace
 {
 constexpr int idlesPerSecond = 30;
 constexpr double pauseAfterPass = 0.01; ///< At the least, in seconds.
-constexpr int passesUntilSure = 10; ///< That the desktop has the keyboard and JUCE does not know.
+constexpr int passesUntilSure = 10;     ///< That the desktop has the keyboard and JUCE does not know.
 constexpr int menuHeight = 26;
 constexpr int statusHeight = 24;
 constexpr int leftWidth = 240;
@@ -59,7 +59,8 @@ Menus::Windows MainView::actions()
 void MainView::SetProjectFile(const juce::File& file) { projectFile = file; }
 
 /// After a pass that took long JUCE calls again at once, and once more, and would deliver nothing else: the
-/// others get their turn in between. The real host does not idle while the user holds a mouse button down in it.
+/// others get their turn in between. The real host does not idle while the user holds a mouse button down in
+/// it.
 void MainView::timerCallback()
 {
     if (now() < soonestPass)

@@ -1,9 +1,9 @@
 #pragma once
 // The menu bar: File, Edit, Effect, Window, Siblings; and the keys of its entries.
 
-#include "standin/script/record/Shown.h"
 #include "standin/desktop/model/Workbench.h"
 #include "standin/desktop/views/Theme.h"
+#include "standin/script/record/Shown.h"
 
 namespace standin::desktop
 {

@@ -1,9 +1,9 @@
 #pragma once
 // The left column: the project's items, and the layers of the composition in front.
 
-#include "standin/script/record/Shown.h"
 #include "standin/desktop/model/Workbench.h"
 #include "standin/desktop/views/Theme.h"
+#include "standin/script/record/Shown.h"
 
 namespace standin::desktop
 {

@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <vector>
 
-#include "standin/host/core/HostParts.h"
 #include "standin/host/bundle/OpenModule.h"
+#include "standin/host/core/HostParts.h"
 
 namespace standin
 {

@@ -1,9 +1,9 @@
 #include "standin/host/bundle/EffectModule.h"
 
+#include "standin/host/bundle/OpenModule.h"
 #include "standin/host/core/HostParts.h"
 #include "standin/host/core/StackChanges.h"
 #include "standin/host/family/FamilyBehaviour.h"
-#include "standin/host/bundle/OpenModule.h"
 
 #include <algorithm>
 #include <cstring>

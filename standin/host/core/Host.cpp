@@ -31,8 +31,9 @@ void Host::ForgetHooks() { parts->plugins.hooks = {}; }
 void Host::Uninstall(const std::string& matchName)
 {
     auto& installed = parts->project.installed;
-    const auto found = std::find_if(installed.begin(), installed.end(),
-                                    [&](const InstalledEffect& entry) { return entry.matchName == matchName; });
+    const auto found =
+        std::find_if(installed.begin(), installed.end(),
+                     [&](const InstalledEffect& entry) { return entry.matchName == matchName; });
     if (found == installed.end())
         throw std::logic_error("no effect " + matchName + " is installed");
     installed.erase(found);

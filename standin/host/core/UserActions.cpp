@@ -127,5 +127,8 @@ void UserActions::OpenFootage(int itemId) { PartsOf(host).project.selection.fron
 
 void UserActions::OpenLayer(int layerId) { PartsOf(host).project.selection.layerTab = layerId; }
 
-void UserActions::ShowEffectControls(int layerId) { PartsOf(host).project.selection.effectControls = layerId; }
+void UserActions::ShowEffectControls(int layerId)
+{
+    PartsOf(host).project.selection.effectControls = layerId;
+}
 } // namespace standin

@@ -69,7 +69,8 @@ void raiseIds(HostParts& parts)
     {
         parts.project.nextLayer = std::max(parts.project.nextLayer, layer.id + 1);
         for (const EffectInstance& effect : layer.effects)
-            parts.project.nextEffect = std::max({parts.project.nextEffect, effect.id + 1, numberOf(effect.label) + 1});
+            parts.project.nextEffect =
+                std::max({parts.project.nextEffect, effect.id + 1, numberOf(effect.label) + 1});
     }
 }
 } // namespace
@@ -79,7 +80,9 @@ ProjectFile ProjectOf(Host& host)
     const HostParts& parts = PartsOf(host);
     ProjectFile project;
     project.state = parts.project.state;
-    project.frontComp = parts.project.state.FindItem(parts.project.selection.frontComp) ? parts.project.selection.frontComp : 0;
+    project.frontComp = parts.project.state.FindItem(parts.project.selection.frontComp)
+                            ? parts.project.selection.frontComp
+                            : 0;
     for (const int layer : parts.project.selection.layers)
         if (parts.project.state.FindLayer(layer) != nullptr)
             project.selectedLayers.push_back(layer);

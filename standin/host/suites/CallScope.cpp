@@ -20,8 +20,8 @@ HostParts* hostForCall(const std::string& callee, const std::string& function)
     if (PartsOf(*host).thread == std::this_thread::get_id())
         return &PartsOf(*host);
     PartsOf(*host).sensors.findings.Add({finding::wrongThread,
-                                        "The call came from a thread that is not the host's main one.",
-                                        callee + "(...)", function, ""});
+                                         "The call came from a thread that is not the host's main one.",
+                                         callee + "(...)", function, ""});
     return nullptr;
 }
 } // namespace

@@ -1,7 +1,7 @@
 #include "standin/script/record/PanelRecording.h"
 
-#include "standin/user/eyes/DisplayNames.h"
 #include "standin/user/Waits.h"
+#include "standin/user/eyes/DisplayNames.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -99,7 +99,10 @@ std::vector<std::string> PanelRecording::candidates() const
     return texts;
 }
 
-std::vector<user::PanelRow> PanelRecording::rows() { return reader.Rows(eyes.picture(*view.area), candidates()); }
+std::vector<user::PanelRow> PanelRecording::rows()
+{
+    return reader.Rows(eyes.picture(*view.area), candidates());
+}
 
 std::string PanelRecording::nameOf(const std::vector<user::PanelRow>& rows, std::size_t index) const
 {
@@ -152,8 +155,9 @@ void PanelRecording::pressRow(const user::InputEvent& event, const user::PanelRo
 {
     const int x = event.x - view.area->x - row.x;
     constexpr int boxWidth = 12;
-    const bool isSecond = click.has_value() && click->row == row.text && !isFar(click->x, click->y, event) &&
-                          event.time - click->time < static_cast<unsigned long>(user::waits::doubleClick.count());
+    const bool isSecond =
+        click.has_value() && click->row == row.text && !isFar(click->x, click->y, event) &&
+        event.time - click->time < static_cast<unsigned long>(user::waits::doubleClick.count());
     if (isSecond)
     {
         click.reset();

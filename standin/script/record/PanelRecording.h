@@ -66,14 +66,14 @@ private:
     user::XTestInput eyes;
     user::PanelReader reader;
     View view;
-    std::string menuOf;                ///< The button whose menu is open.
-    std::vector<std::string> entries;  ///< Of that menu. One that is pointed at is not always to be read.
-    std::vector<std::uint32_t> menuPicture; ///< When it was read last.
-    int menuEntry = -1;                ///< What the arrow keys have come to in it.
+    std::string menuOf;               ///< The button whose menu is open.
+    std::vector<std::string> entries; ///< Of that menu. One that is pointed at is not always to be read.
+    std::vector<std::uint32_t> menuPicture;  ///< When it was read last.
+    int menuEntry = -1;                      ///< What the arrow keys have come to in it.
     std::vector<user::PanelRow> rowsAtPress; ///< What is dragged hangs over them later.
-    std::string typed;                 ///< Typed so far.
-    std::optional<Click> click;        ///< On a row's text; a second one would make a double click of it.
-    std::optional<Click> held;         ///< On a row, with the button still down.
-    int passes = 0;                    ///< Without an event.
+    std::string typed;                       ///< Typed so far.
+    std::optional<Click> click; ///< On a row's text; a second one would make a double click of it.
+    std::optional<Click> held;  ///< On a row, with the button still down.
+    int passes = 0;             ///< Without an event.
 };
 } // namespace standin::script

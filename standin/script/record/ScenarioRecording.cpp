@@ -1,9 +1,9 @@
 #include "standin/script/record/ScenarioRecording.h"
 
+#include "standin/host/bundle/EffectModule.h"
 #include "standin/host/core/HostParts.h"
 #include "standin/script/record/EffectNames.h"
 #include "standin/script/record/Shown.h"
-#include "standin/host/bundle/EffectModule.h"
 
 #include <filesystem>
 #include <stdexcept>

@@ -3,8 +3,8 @@
 // does. Each line is on the disk before the next, so that nothing is lost if the program is ended.
 
 #include "standin/host/core/Host.h"
-#include "standin/script/record/ActionRecord.h"
 #include "standin/script/Writer.h"
+#include "standin/script/record/ActionRecord.h"
 
 #include <fstream>
 #include <functional>

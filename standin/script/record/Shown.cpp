@@ -23,8 +23,8 @@ std::vector<ShownItem> showItems(const Project& project)
         ShownItem row{item.id, item.kind, item.name, 0, false};
         for (const Layer& layer : project.state.layers)
             row.layerCount += layer.compId == item.id ? 1 : 0;
-        row.isFront =
-            projectHasFocus ? contains(project.selection.items, item.id) : item.id == project.selection.frontComp;
+        row.isFront = projectHasFocus ? contains(project.selection.items, item.id)
+                                      : item.id == project.selection.frontComp;
         shown.push_back(std::move(row));
     }
     return shown;

@@ -3,8 +3,8 @@
 // keyboard, and no toolkit is near. The layer has three objects, so the panel shows the rows "Layer", "a",
 // "b" and "c" below its toolbar.
 
-#include "standin/host/core/Host.h"
 #include "standin/host/bundle/Bundle.h"
+#include "standin/host/core/Host.h"
 #include "standin/user/User.h"
 #include "tests/support/KeptBlocks.h"
 #include "tests/x11/support/PlainHost.h"
@@ -44,7 +44,10 @@ protected:
 
     // Places.
     user::Area PanelArea() const override { return window.ContainerOnScreen(); }
-    static user::Place Row(int index) { return {PlainHost::left + 70, PlainHost::top + 88 + 20 * index + 10}; }
+    static user::Place Row(int index)
+    {
+        return {PlainHost::left + 70, PlainHost::top + 88 + 20 * index + 10};
+    }
     static user::Place Button(int index) { return {PlainHost::left + 40, PlainHost::top + 15 + 16 * index}; }
     static user::Place PanelBackground() { return {PlainHost::left + 300, PlainHost::top + 30}; }
     static user::Place HostArea() { return {PlainHost::left + 460, PlainHost::top + 200}; }
