@@ -17,8 +17,10 @@ void secondAcquire(Trial& trial)
     HostOptions options;
     options.unusedAcquire = UnusedAcquire::isFinding;
     Scene scene(trial.File(), options);
-    scene.host.Expect(finding::unusedSuite, "ReleaseSuite",
-                      "the suites' registry is acquired once more than it is used");
+    scene.host
+        .Expect(finding::unusedSuite, "ReleaseSuite",
+                "the suites' registry is acquired once more than it is used")
+        .In("EntryPoint");
     trial.RequireEqual(scene.bundle.LoadIdleSuite(scene.host).result.error, errNone,
                        "the result of EffectorAEGP");
     trial.RequireNoFindings(scene.host);
@@ -47,10 +49,14 @@ void groupsLeftOpen(Trial& trial)
     PanelScene scene(trial);
     scene.AddFourObjects();
     scene.OpenPanel();
-    scene.host().Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup",
-                        "the group ends only when every call behind its start went well");
-    scene.host().Expect(finding::nestedUndoGroup, "AEGP_StartUndoGroup",
-                        "what the pass does next is inside the group that was left");
+    scene.host()
+        .Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup",
+                "the group ends only when every call behind its start went well")
+        .In("IdleHook");
+    scene.host()
+        .Expect(finding::nestedUndoGroup, "AEGP_StartUndoGroup",
+                "what the pass does next is inside the group that was left")
+        .In("IdleHook");
     scene.Do("click row \"lamp\"");
     scene.Do("press Return");
     scene.Do("type \"torch\"");
@@ -60,8 +66,10 @@ void groupsLeftOpen(Trial& trial)
     scene.RequireAgreement();
     trial.RequireNoFindings(scene.host());
 
-    scene.host().Expect(finding::nullReference, "AEGP_DeleteLayerEffect",
-                        "the second sweep deletes as often as effects were doomed");
+    scene.host()
+        .Expect(finding::nullReference, "AEGP_DeleteLayerEffect",
+                "the second sweep deletes as often as effects were doomed")
+        .In("IdleHook");
     scene.Do("click row \"disc\"");
     scene.host().Faults().FailFunction("AEGP_ReorderEffect");
     scene.Do("press Delete");

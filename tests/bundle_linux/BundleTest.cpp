@@ -1,10 +1,10 @@
 #include "tests/bundle_linux/BundleTest.h"
 
 #include "standin/core/HostParts.h"
+#include "standin/family/KeptSuites.h"
 #include "standin/sensors/FindingIds.h"
 
 #include <dlfcn.h>
-#include <utility>
 
 namespace standin
 {
@@ -16,14 +16,15 @@ BundleTest::BundleTest(HostOptions options) : host(options), bundle(VORTAN_BUNDL
     host.User().SelectLayers({layer});
 }
 
-/// The controller holds suites until the host ends, so a host that ends finds them held. A host forgets the
-/// hooks of a plug-in that failed to load.
+/// A host forgets the hooks of a plug-in that failed to load.
 BundleTest::~BundleTest()
 {
-    EXPECT_EQ(host.FindingsReport(), "");
     if (hasLoadFailed)
         host.Parts().plugins.hooks.death.clear();
+    else
+        ExpectKeptSuites(host);
     host.Quit();
+    EXPECT_EQ(host.FindingsReport(), "");
     if (keptBlocks != nullptr)
         keptBlocks->Free();
 }
@@ -68,15 +69,15 @@ std::vector<std::string> BundleTest::AlertTexts() const
     return texts;
 }
 
-void BundleTest::expectFinding()
+void BundleTest::expectThrow(const char* hook)
 {
-    if (!std::exchange(isThrowExpected, true))
-        host.Expect(finding::exceptionLeftHook, "", "missing suites are plain integers that reach the host");
+    host.Expect(finding::exceptionLeftHook, "", "missing suites are plain integers that reach the host")
+        .In(hook);
 }
 
 void BundleTest::ExpectLoadThrows(int number)
 {
-    expectFinding();
+    expectThrow("EntryPoint");
     hasLoadFailed = true;
     const LoadedPlugin plugin = LoadPanel();
     EXPECT_EQ(plugin.result.thrownNumber, number) << plugin.result.thrown;
@@ -85,7 +86,7 @@ void BundleTest::ExpectLoadThrows(int number)
 
 void BundleTest::ExpectHookThrows(int number, const std::function<void()>& hook)
 {
-    expectFinding();
+    expectThrow("");
     const HookResult result = host.RunInHook(hook);
     EXPECT_EQ(result.thrownNumber, number) << result.thrown;
 }

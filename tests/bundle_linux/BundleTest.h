@@ -79,10 +79,9 @@ protected:
     int layer = 0;
 
 private:
-    void expectFinding();
+    void expectThrow(const char* hook);
 
     std::unique_ptr<KeptBlocks> keptBlocks;
-    bool isThrowExpected = false;
     bool hasLoadFailed = false;
 };
 

@@ -50,7 +50,8 @@ protected:
     void expectOverRelease()
     {
         host.Expect("over-released-suite", "ReleaseSuite",
-                    "both are released also when they were not acquired");
+                    "both are released also when they were not acquired")
+            .In("EntryPoint");
     }
 
     void failCall(std::size_t ordinal) { host.Faults().FailCall(ordinal, FaultLength::once, A_Err{4}); }
@@ -74,7 +75,7 @@ TEST_F(IdleSuiteEntryDeathTest, EachOfTheFirstSevenCallsThatFailsIsReportedThrou
 
 TEST_F(IdleSuiteEntryFault, TheEighthCallThatFailsIsReportedToTheUserAndReturned)
 {
-    host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
+    host.Expect("error-left-hook", "EntryPoint", "the start returns the error").In("EntryPoint");
     failCall(8);
     const LoadedPlugin plugin = LoadIdleSuite();
     EXPECT_EQ(plugin.result.error, 4);
@@ -87,7 +88,7 @@ TEST_F(IdleSuiteEntryFault, TheEighthCallThatFailsIsReportedToTheUserAndReturned
 
 TEST_F(IdleSuiteEntryFault, TheNinthCallThatFailsIsReturnedInSilence)
 {
-    host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
+    host.Expect("error-left-hook", "EntryPoint", "the start returns the error").In("EntryPoint");
     failCall(9);
     EXPECT_EQ(LoadIdleSuite().result.error, 4);
     EXPECT_THAT(AlertTexts(), IsEmpty());
@@ -96,7 +97,7 @@ TEST_F(IdleSuiteEntryFault, TheNinthCallThatFailsIsReturnedInSilence)
 
 TEST_F(IdleSuiteEntryFault, TheTenthCallThatFailsIsReturnedInSilence)
 {
-    host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
+    host.Expect("error-left-hook", "EntryPoint", "the start returns the error").In("EntryPoint");
     failCall(10);
     EXPECT_EQ(LoadIdleSuite().result.error, 4);
     EXPECT_THAT(AlertTexts(), IsEmpty());
@@ -150,7 +151,7 @@ TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutATableIsNotMissedWhileAllGoesWel
 {
     host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asNullTable);
     expectOverRelease();
-    host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
+    host.Expect("error-left-hook", "EntryPoint", "the start returns the error").In("EntryPoint");
     EXPECT_EQ(LoadIdleSuite().result.error, errSuiteOverReleased) << "the result of its release";
     EXPECT_NE(Published(idleSuiteName), nullptr);
     EXPECT_THAT(AlertTexts(), IsEmpty());
@@ -161,7 +162,7 @@ TEST_F(IdleSuiteEntryFault, ARegisterSuiteWithoutATableIsReportedAndReturnedAsMi
 {
     host.Faults().Withhold("AEGP Register Suite", 6, Withheld::asNullTable);
     expectOverRelease();
-    host.Expect("error-left-hook", "EntryPoint", "the start returns the error");
+    host.Expect("error-left-hook", "EntryPoint", "the start returns the error").In("EntryPoint");
     EXPECT_EQ(LoadIdleSuite().result.error, 13);
     EXPECT_THAT(AlertTexts(), ElementsAre(alert));
 }

@@ -82,7 +82,8 @@ TEST_F(PanelEntryFault, WithoutACommandSaysSoAndDoesNotPublish)
     LoadedPlugin plugin;
     host.Faults().FailFunction("AEGP_GetUniqueCommand");
     host.Expect("unknown-command", "AEGP_InsertMenuCommand",
-                "the entry is made with whatever the command holds");
+                "the entry is made with whatever the command holds")
+        .In("EntryPoint");
     EXPECT_EQ(OutputOf([&] { plugin = LoadPanel(); }), "Command Not Found\n");
     EXPECT_EQ(plugin.result.error, errNone);
     const auto calls = TakeCalls();

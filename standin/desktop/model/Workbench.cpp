@@ -1,6 +1,7 @@
 #include "standin/desktop/model/Workbench.h"
 
 #include "standin/family/Family.h"
+#include "standin/family/KeptSuites.h"
 #include "standin/project/ProjectFile.h"
 #include "standin/session/EffectModule.h"
 
@@ -194,9 +195,7 @@ int Workbench::noteQueued(int, void*, void* refcon)
 std::string Workbench::Quit()
 {
     Collect("Between idle passes");
-    if (bundle != nullptr)
-        host.Expect("unbalanced-suite", "",
-                    "the panel and its controller hold their suites until the host ends");
+    ExpectKeptSuites(host);
     host.Quit();
     Bundle::KeepMemoryOf(host);
     Collect("The end");
