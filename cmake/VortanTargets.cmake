@@ -48,7 +48,7 @@ if(VORTAN_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_C_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
 endif()
 
-# Whoever builds the bundle with a compiler that nobody here has tried gets its warnings and the bundle.
+# With a compiler that has not been tried here, warnings do not keep the bundle from being built.
 option(VORTAN_WARNINGS_ARE_ERRORS "Stop at the first warning of the compiler in this project's sources" OFF)
 add_library(vortan-warnings INTERFACE)
 target_compile_options(vortan-warnings INTERFACE -Wall -Wextra -Wshadow -Wconversion ${vortan_instruments})

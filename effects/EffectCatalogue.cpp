@@ -4,8 +4,7 @@
 
 #include <cstring>
 
-// Kept: "Sheets" and "Cutter" here, and "Tiling" among the renderers, are other names than the match names
-// tell.
+// Kept: "Sheets" and "Cutter" here, and "Tiling" among the renderers, differ from the match names.
 const char* src_match_name_array[] = {
     "QVK VORTSRC Lamps",  "QVK VORTSRC Routes",  "QVK VORTSRC GEO", "QVK VORTSRC Solids",
     "QVK VORTSRC Copies", "QVK VORTSRC Scanner", nullptr,

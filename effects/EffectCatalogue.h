@@ -29,8 +29,8 @@ extern const char* ren_display_array[];
 bool StartsWith(const char* text, const char* prefix);
 
 /// Appends to `keys`, in the host's order, every installed effect whose match name starts with `prefix`.
-/// Returns the host error, 0 for none. After an error the walk runs to its end on the last good key,
-/// which may so be appended again.
+/// Returns the host error, 0 for none. After an error the walk runs to its end on the last good key, which
+/// may therefore be appended again.
 int FindEffectKeys(const AEGP_SuiteHandler& suites, std::vector<int>& keys, const char* prefix);
 
 /// The first installed effect whose match name starts with `matchName`, or 0.

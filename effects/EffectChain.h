@@ -13,8 +13,8 @@ public:
     /// A chain that starts with an error runs no step. `handler` must outlive the chain.
     EffectChain(const AEGP_SuiteHandler& handler, AEGP_PluginID pluginId, A_Err startError = A_Err_NONE);
 
-    /// Disposes of what is still held, in the order of Finish. A disposing suite that cannot be had leaves
-    /// its references undisposed; nothing is thrown.
+    /// Disposes of what is still held, in the order of Finish. If a disposing suite is missing, its
+    /// references leak; nothing is thrown.
     ~EffectChain();
 
     EffectChain(const EffectChain&) = delete;

@@ -11,7 +11,7 @@ namespace
 {
 VnEffectMessage makeMessage(VN_MSG_COMMAND command)
 {
-    // Not by braces, which are sure to clear no more of the union than its first member.
+    // Not by braces, which are only guaranteed to clear the first member of the union.
     VnEffectMessage message = VnEffectMessage();
     message.magic = VN_MSG_MAGIC;
     message.command = command;
@@ -96,7 +96,7 @@ int SetEffectGroupByUUID(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** 
     if (index >= 0)
     {
         VnEffectMessage message = makeMessage(VN_MSG_SET_GROUP);
-        // Kept: a number beyond 16 bits is cut, since the message has no more for it.
+        // Kept: a number of more than 16 bits is truncated to what the message holds.
         message.group = static_cast<std::int16_t>(group);
         (void)PingEffectIndex(pluginId, suites, layer, time, &message, index, 0);
     }
@@ -130,7 +130,7 @@ std::vector<std::string> ReadStackUuids(int pluginId, AEGP_SuiteHandler* suites,
 
 int FindUuid(const std::vector<std::string>& stackUuids, const std::string& uuid)
 {
-    // Kept: of two effects with one identity the upper one is found, whoever is meant.
+    // Kept: of two effects with one identity the upper one is found, whichever is meant.
     const auto found = std::find(stackUuids.begin(), stackUuids.end(), uuid);
     return found == stackUuids.end() ? -1 : static_cast<int>(found - stackUuids.begin());
 }

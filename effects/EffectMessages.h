@@ -1,7 +1,7 @@
 #pragma once
-// The direct line to the effects of the family: a 128-byte record, carried by the host's general
-// command, through which each effect tells its identity and its group and is told a new group.
-// Identity and group belong to the effect; no copy of them is kept.
+// The direct line to the effects of the family: a 128-byte record, carried by the host's general command,
+// through which each effect reports its identity and its group and is told a new group. Identity and group
+// belong to the effect; no copy of them is kept.
 
 #include "effects/ObjectItem.h"
 #include "host/SuiteHandler.h"

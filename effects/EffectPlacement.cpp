@@ -90,7 +90,7 @@ int behindLastOr(const std::vector<int>& indices, int otherwise)
     return indices.empty() ? otherwise : indices.back() + 1;
 }
 
-/// An object goes behind the last of its kind, or in front of the first of the next kind down the chain.
+/// An object goes after the last of its kind, or before the first of the next kind down the chain.
 int slotFor(Kind kind, const StackScan& scan, int count)
 {
     // Kept: without a main effect, an object that finds neither its own kind nor one that belongs below it

@@ -4,7 +4,7 @@
 
 #include "host/HostSuites.h"
 
-/// What a caller wants of GetIndexOfNewEffectToLayer.
+/// What GetIndexOfNewEffectToLayer is asked for.
 enum Idle_Cmd : int
 {
     Idle_Cmd_None = 0,     ///< Nothing.
@@ -12,9 +12,9 @@ enum Idle_Cmd : int
     Idle_Cmd_ApplyOnce = 2 ///< The same, unless the layer already holds an effect with this key.
 };
 
-/// The index that a new effect is to have in the stack with it in it, or -1 if it is not to be added:
-/// a null layer, key 0, nothing wanted. Changes nothing. Throws the integer 516 if a suite is missing;
-/// after any other host error the last effect that was read stands for those below it.
+/// The index that a new effect is to have in the stack with it in it, or -1 if it is not to be added: a null
+/// layer, key 0, nothing asked for. Changes nothing. Throws the integer 516 if a suite is missing; after any
+/// other host error the last effect that was read stands for those below it.
 int GetIndexOfNewEffectToLayer(int pluginId, SPBasicSuite* basicSuite, int key, _AEGP_Layer** layer,
                                Idle_Cmd cmd);
 

@@ -23,7 +23,7 @@ void setHidden(EffectChain& chain, AEGP_StreamRefH stream, A_Boolean hidden)
                hidden);
 }
 
-/// The common head of both actions. Kept: an error behind the start of the undo group leaves it open.
+/// The common head of both actions. Kept: an error after the start of the undo group leaves it open.
 EffectChain& takeEffectAndStreams(EffectChain& chain, AEGP_LayerH layer, int effectIndex)
 {
     return chain.Call(&AEGP_UtilitySuite1::AEGP_StartUndoGroup, "")
@@ -32,7 +32,7 @@ EffectChain& takeEffectAndStreams(EffectChain& chain, AEGP_LayerH layer, int eff
         .TakeGroupStream();
 }
 
-/// Hides or shows the effect. The sequences run in full also if the flags already stand as wanted.
+/// Hides or shows the effect. The sequences run in full even if the flags have these values already.
 void HideEffect(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, int effectIndex, bool hide)
 {
     EffectChain chain(*suites, pluginId);
@@ -70,14 +70,14 @@ void TwirlEffect(int pluginId, AEGP_SuiteHandler* suites, _AEGP_Layer** layer, i
     (void)chain.Call(&AEGP_UtilitySuite1::AEGP_EndUndoGroup).Finish();
 }
 
-/// The match name as the host tells it; empty if it cannot. None of the results is looked at.
+/// The match name that the host reports; empty if it cannot. All errors are ignored.
 NameBuffer readMatchName(int pluginId, const AEGP_SuiteHandler& suites, AEGP_LayerH layer, int index)
 {
     NameBuffer name;
     AEGP_InstalledEffectKey key = AEGP_InstalledEffectKey_NONE;
     EffectChain chain(suites, pluginId);
     chain.TakeEffect<AEGP_EffectSuite1>(layer, index);
-    // Kept: asked for also when the effect could not be had.
+    // Kept: also asked for without an effect.
     (void)suites.EffectSuite1()->AEGP_GetInstalledKeyFromLayerEffect(chain.effect, &key);
     (void)suites.EffectSuite1()->AEGP_GetEffectMatchName(key, name.text);
     (void)chain.Finish();
@@ -115,7 +115,7 @@ Classes classifyItems(const std::vector<ObjectItem>& items, const std::vector<Ob
     return classes;
 }
 
-/// Completes the classes by the match names that the host tells. An effect that joined the layer since the
+/// Completes the classes by the match names that the host reports. An effect that joined the layer since the
 /// items were read is in none of the lists, and so counts as other unless its match name says otherwise.
 void classifyByMatchName(Classes& classes, int pluginId, const AEGP_SuiteHandler& suites, AEGP_LayerH layer,
                          int count)

@@ -19,7 +19,7 @@ struct Target
     AEGP_LayerH layer;
 };
 
-/// By identity, the first layer item that has it. An outside effect is nobody's partner.
+/// By identity, the first layer item that has it. An outside effect has no partner.
 using Partners = std::unordered_map<std::string_view, const ObjectItem*>;
 
 Partners partnersAmong(const std::vector<ObjectItem>& layerItems)
@@ -56,7 +56,7 @@ void renameEffect(const Target& target, const ObjectItem& item)
     const int index = FindUuid(ReadStackUuids(target.pluginId, &suites, target.layer), item.uuid);
     if (index < 0)
         return;
-    // Kept: an error behind the start of the undo group leaves it open.
+    // Kept: an error after the start of the undo group leaves it open.
     EffectChain chain(suites, target.pluginId);
     chain.Call(&AEGP_UtilitySuite1::AEGP_StartUndoGroup, "Rename Effect(s)")
         .TakeEffect<AEGP_EffectSuite1>(target.layer, index)
@@ -94,7 +94,7 @@ void followMove(std::vector<std::string>& stackUuids, int from, int to)
     if (from < to)
     {
         // Kept: this lands one short of where the host puts the effect. It takes a position that was
-        // passed without a move, or two effects of one identity, to come here. A position behind the end
+        // passed without a move, or two effects of one identity, to come here. A position past the end
         // of the stack shifts all there is.
         const auto end = begin + std::min(to, static_cast<int>(stackUuids.size()));
         std::rotate(begin + from, begin + from + 1, end);
@@ -109,7 +109,7 @@ void moveEffect(const Target& target, const AEGP_SuiteHandler& suites, int from,
 {
     EffectChain chain(suites, target.pluginId);
     chain.TakeEffect<AEGP_EffectSuite1>(target.layer, from);
-    // Kept: the move is asked for also when the effect could not be had, or stands there already.
+    // Kept: the move is requested even without an effect, and if the effect is in place already.
     (void)suites.EffectSuite1()->AEGP_ReorderEffect(chain.effect, to);
     (void)chain.Finish();
 }
@@ -132,7 +132,7 @@ void reorderEffects(const Target& target, const std::vector<std::string>& wanted
         return;
     AEGP_SuiteHandler suites(target.basicSuite);
     std::vector<std::string> stackUuids = ReadStackUuids(target.pluginId, &suites, target.layer);
-    // Kept: beside another change the step has no name.
+    // Kept: after any other change the step has no name.
     const char* undoName = isOnlyChange ? "Reorder Effect(s)" : "";
     (void)suites.UtilitySuite1()->AEGP_StartUndoGroup(undoName);
     const bool areDistinct = areAllDistinct(stackUuids);
@@ -140,7 +140,7 @@ void reorderEffects(const Target& target, const std::vector<std::string>& wanted
     {
         const auto index = static_cast<std::size_t>(place);
         const std::string& uuid = wanted[index];
-        // Most effects stand at their place, and need not be searched for.
+        // Most effects are in place, and need no search.
         const bool isThere = areDistinct && index < stackUuids.size() && stackUuids[index] == uuid;
         const int from = uuid == ZERO_UUID_TEXT ? -1 : isThere ? place : FindUuid(stackUuids, uuid);
         if (from < 0)

@@ -6,7 +6,7 @@
 
 namespace
 {
-/// What the host itself tells about one effect. The names carry over from effect to effect.
+/// What the host itself reports about one effect. The names carry over from effect to effect.
 struct HostFacts
 {
     NameBuffer matchName;

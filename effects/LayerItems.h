@@ -7,10 +7,10 @@
 #include <vector>
 
 /// Reads the stack from the top, one item per effect, so that position i of the result is effect index i.
-/// Only reads. A null layer gives an empty list and makes no host call; the last argument is not looked at.
-/// Throws the integer 516 if a suite is missing. After any other host error the effects behind it keep their
-/// identity and group, with `active` 0 and the name and tag that were read last; the one that met the error
-/// has what was read of it until then. The list stays complete.
+/// Only reads. A null layer gives an empty list and makes no host call; the last argument is ignored. Throws
+/// the integer 516 if a suite is missing. After any other host error the effects after it keep their identity
+/// and group, with `active` 0 and the name and tag that were read last; the one that met the error has what
+/// was read of it until then. The list stays complete.
 std::vector<ObjectItem> CreateItemsFromLayer(int pluginId, SPBasicSuite* basicSuite, _AEGP_Layer** layer,
                                              int ignored);
 

@@ -52,7 +52,7 @@ constexpr DisplayNameRow displayNames[] = {
 
 std::uint64_t hashText(const std::string& text) { return CityHash64(text.data(), text.size()); }
 
-/// The same for a text that has one length, with hardly an exception.
+/// The same for texts that nearly always have this length.
 std::uint64_t hashUuid(const std::string& text)
 {
     return text.size() == UUID_TEXT_LENGTH ? CityHash64(text.data(), UUID_TEXT_LENGTH) : hashText(text);

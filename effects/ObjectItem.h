@@ -35,7 +35,7 @@ struct ObjectItem
     std::string name;        ///< The bytes that the host gave, or that the user typed.
     std::int32_t group = -1; ///< 0 at the top level, 1 to 10 in that group. -1: no part in grouping.
     std::int32_t active = 0; ///< 0 or 1.
-    std::string tag;         ///< The match name, on the layer side only. Carried along, read by nobody.
+    std::string tag;         ///< The match name, on the layer side only. Carried along, never read.
 };
 
 /// The kinds of object that the panel can add. 0 is none.
@@ -50,7 +50,7 @@ enum VN_OBJECT_TYPE : int
 /// The identity whose 16 bytes are all zero.
 VN_UUID ZeroUUID();
 
-/// Lower-case hexadecimal digits in memory order, with a "-" behind the 4th, 6th, 8th and 10th byte.
+/// Lower-case hexadecimal digits in memory order, with a "-" after the 4th, 6th, 8th and 10th byte.
 VN_UUIDStr GetUUIDStr(VN_UUID uuid);
 
 /// Folds uuid, name, group and active of each item, in order, into `seed`. An empty list gives `seed`
@@ -67,5 +67,5 @@ constexpr std::uint64_t SignExtend(std::int32_t value)
 }
 
 /// The name as the tree paints it: an effect's default name gives way to a short one, with whatever
-/// stands behind it kept. Any other name comes back unchanged.
+/// follows it kept. Any other name comes back unchanged.
 std::string GetItemDisplayString(std::string name);

@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace standin
 {
-/// Decisions and values out of the bytes. Behind their end come zeros.
+/// Decisions and values out of the bytes. Past their end come zeros.
 class Input
 {
 public:

@@ -187,7 +187,7 @@ private:
         ModelNode model = copyOfDocument();
         AddGroup(model);
         tree->AddNewGroup(root());
-        expect(model, "a new group stands behind the others");
+        expect(model, "a new group comes after the others");
     }
 
     void rename(Input& input)

@@ -43,7 +43,7 @@ std::vector<std::string> DeleteNodes(ModelNode& root, const std::vector<int>& id
 /// Moves the nodes, in their order, below another. `place` counts the children that it has before.
 void MoveNodes(ModelNode& root, const std::vector<int>& ids, int target, int place);
 
-/// Behind the last group. Nothing happens if all numbers are in use.
+/// After the last group. Nothing happens if all numbers are in use.
 void AddGroup(ModelNode& root);
 
 /// Gives the first node with this identity its name, of those that no closed node hides.

@@ -23,7 +23,7 @@ public:
 
     /// What the effect does with a record of the general command.
     std::function<void(void*)> onMessage;
-    /// What the host writes for the match name: these bytes, without a zero behind them.
+    /// What the host writes for the match name: these bytes, without a zero after them.
     std::string matchName;
 
     /// That all suites and references have come back.

@@ -21,7 +21,7 @@ public:
     Panelator& operator=(const Panelator&) = delete;
 
     // The host's callbacks. Each takes the Panelator as the global refcon and returns 0. The integers of
-    // missing suites go on to the host.
+    // missing suites propagate to the host.
     static A_Err S_CommandHook(AEGP_GlobalRefcon globalRefcon, AEGP_CommandRefcon refcon,
                                AEGP_Command command, AEGP_HookPriority hookPriority, A_Boolean alreadyHandled,
                                A_Boolean* handled);
@@ -75,7 +75,7 @@ private:
     void publishSuite(A_Err commandError);
 };
 
-/// Makes the one Panelator and stores it in `*out`. Returns 0. An exception of the constructor goes on to
+/// Makes the one Panelator and stores it in `*out`. Returns 0. An exception of the constructor propagates to
 /// the host.
 VORTAN_EXPORT A_Err PanelEntryPointFunc(SPBasicSuite* basicSuite, A_long major, A_long minor,
                                         AEGP_PluginID id, AEGP_GlobalRefcon* out);

@@ -89,7 +89,7 @@ enum
 enum
 {
     /// Write your group into `payload.group`. Sent at every idle while the panel shows your layer, thirty
-    /// times a second: answer from memory, and call nobody. An effect that leaves it alone has answered -1.
+    /// times a second: answer from memory, and call nothing. An effect that leaves it alone has answered -1.
     VORTAN_GET_GROUP = 1,
     /// Take `payload.group` as your group and write nothing. Sent when the user has dragged the row: 1 to 10
     /// for a group, -1 for an object that left its group. A rigid effect ignores it; any other answers 0

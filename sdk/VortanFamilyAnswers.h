@@ -2,7 +2,7 @@
 // What every effect of the family would write again: telling a message apart, answering it, and making an
 // identity. Compile VortanFamilyAnswers.c with your effect, as C or as C++.
 //
-// The functions work on bytes that the effect keeps and on the record, call nobody, and keep nothing
+// The functions work on bytes that the effect keeps and on the record, call nothing, and keep nothing
 // themselves, so that they may be called on any thread. Pointers are not null unless a declaration says
 // otherwise.
 

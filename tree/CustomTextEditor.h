@@ -21,7 +21,7 @@ public:
     /// Hides the editor and forgets the rename.
     void escapePressed() override;
 
-    /// The base class would take every key for used that it is told of in this way.
+    /// The base class would report every key that arrives here as used.
     bool keyStateChanged(bool isKeyDown) override;
 
     void focusGained(FocusChangeType) override;

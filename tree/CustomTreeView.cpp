@@ -32,7 +32,7 @@ const char* refusedCommand(const juce::KeyPress& key)
     return isCommandKey(key, 'v') ? "Paste Button" : nullptr;
 }
 
-// What JUCE leaves behind the start of the row that stands furthest to the right.
+// What JUCE leaves to the right of the start of the furthest row.
 constexpr int roomBehindIndent = 50;
 
 int levelsBelow(const juce::TreeViewItem& row)
@@ -75,7 +75,7 @@ CustomTreeView::CustomTreeView()
     renameEditor->setSize(200, 20);
     renameEditor->setColour(juce::TextEditor::highlightColourId, juce::Colours::lightskyblue);
     renameEditor->setColour(juce::TextEditor::focusedOutlineColourId, juce::Colours::lightgrey);
-    // The highlight is light, whatever the look and feel writes on it otherwise.
+    // The highlight is light, whatever colour the look and feel has for text on it.
     renameEditor->setColour(juce::TextEditor::highlightedTextColourId, juce::Colours::black);
     renameEditor->setVisible(false);
     renameEditor->setSelectAllWhenFocused(true);

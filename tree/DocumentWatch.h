@@ -1,6 +1,6 @@
 #pragma once
-// Knows the hash of a document's items for as long as the document stays as it is, so that a tree that nobody
-// touches is not read at every idle.
+// Knows the hash of a document's items for as long as the document stays as it is, so that an untouched tree
+// is not read at every idle.
 
 #include <juce_data_structures/juce_data_structures.h>
 

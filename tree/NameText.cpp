@@ -81,7 +81,7 @@ juce::String fromUtf8(const std::string& utf8)
                         juce::CharPointer_UTF8(utf8.data() + utf8.size()));
 }
 
-/// `text` with each character replaced by what `replace` makes of it, cut behind `longest` characters.
+/// `text` with each character replaced by what `replace` makes of it, cut after `longest` characters.
 template <class Replace>
 juce::String replaced(const juce::String& text, int longest, Replace replace)
 {

@@ -1,9 +1,9 @@
 #pragma once
-// The only doors into the object tree, the panel's user interface. What lies behind them runs on
-// JUCE; no JUCE type stands here. Everything is called on the host's main thread.
+// The whole interface of the object tree, the panel's user interface. It is implemented with JUCE; no JUCE
+// type appears here. Everything is called on the host's main thread.
 //
 // Data crosses in three forms: item lists, lists of effect keys to add, lists of uuid texts to
-// remove. The tree never calls its user: an edit rests in the tree until it is asked for.
+// remove. The tree never calls its user: an edit stays in the tree until it is asked for.
 
 #include "effects/ObjectItem.h"
 

@@ -89,7 +89,7 @@ struct GroupsInUse
 {
     std::vector<int> numbers; ///< ascending
     int highest = 0;
-    int insertIndex = 0; ///< behind the last group
+    int insertIndex = 0; ///< After the last group.
 };
 
 GroupsInUse findGroups(const juce::ValueTree& root)

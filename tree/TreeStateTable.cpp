@@ -18,7 +18,7 @@ const juce::Identifier selectedTag("SELECTED");
 const juce::Identifier idAttribute("id");
 const juce::Identifier scrollAttribute("scrollPos");
 
-/// Tells whether a tree still looks as it did at some time.
+/// Knows whether a tree still looks as it did at some time.
 class Look
 {
 public:
@@ -48,7 +48,7 @@ struct LayerState
 {
     /// Null when the tree had no root row, and when the state has been used up.
     std::unique_ptr<juce::XmlElement> document;
-    Look look; ///< Of a tree of which the document is known to be true.
+    Look look; ///< Of a tree that the document is known to describe.
 };
 } // namespace
 

@@ -90,7 +90,7 @@ void ValueTreeItem::paintItem(juce::Graphics& g, int width, int height)
     const int textX = checkBounds.getWidth() + 8;
     if (isSelected())
     {
-        // The highlight hugs the text instead of running across the row.
+        // The highlight covers the text and not the whole row.
         const int textWidth = TextWidth(g.getCurrentFont(), text) + 2 * textX;
         g.setColour(juce::Colour::greyLevel(0.6f));
         g.fillRect(0, 0, juce::jmin(textWidth, width), height);

@@ -10,7 +10,7 @@ namespace
 constexpr int notifyTimeMs = 10000;
 constexpr int toolbarRoom = 80;
 
-/// A row that its panel has left behind. JUCE deletes it when it shuts down.
+/// A row that its panel has left. JUCE deletes it when it shuts down.
 class LeftBehind : private juce::DeletedAtShutdown
 {
 public:

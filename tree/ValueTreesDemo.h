@@ -43,7 +43,7 @@ public:
     void buttonClicked(juce::Button*);
     void setBGColor(const juce::Colour&);
 
-    /// Adds an empty group behind the last one, or tells the user that all numbers are in use. Null does
+    /// Adds an empty group after the last one, or tells the user that all numbers are in use. Null does
     /// nothing.
     void AddNewGroup(ValueTreeItem* root);
 

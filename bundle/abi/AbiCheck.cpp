@@ -15,7 +15,7 @@ VORTAN_CHECKED_CONSTANTS(VORTAN_KEEP_CONSTANT)
 // Includes the headers that the build has found in the folder.
 #include "HostSdkHeaders.h"
 
-/// What a panel's handle points at is known to nobody but the host.
+/// Only the host knows what a panel's handle points at.
 template <>
 constexpr bool abi::isOfAnyDepth<ours::_AEGP_Panel> = true;
 

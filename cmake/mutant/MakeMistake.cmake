@@ -2,7 +2,7 @@
 # WORK/is.txt. Spaces and line breaks do not count.
 cmake_minimum_required(VERSION 3.25)
 
-# A copy of a header would be compiled by nobody, and the bundle with it be sound.
+# A copy of a header would never be compiled, and the bundle would be sound.
 if(NOT ORIGINAL MATCHES "\\.cpp$")
   message(FATAL_ERROR "${ORIGINAL} is not compiled by itself; the mistake has to be made in a source")
 endif()

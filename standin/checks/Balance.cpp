@@ -42,7 +42,7 @@ const std::vector<Change>& changes()
     return all;
 }
 
-/// Plays all changes; `look` is called behind each line.
+/// Plays all changes; `look` is called after each line.
 template <class Look>
 void playChanges(PanelScene& scene, Look look)
 {
@@ -133,7 +133,7 @@ void UndoBalance(Trial& trial)
         scene.Do("undo");
     scene.Do("a sibling refreshes the panel");
     scene.RequireAgreement();
-    trial.RequireLines(scene.StackNames(), {"lamp", "mast", "lens", "disc"}, "the stack behind all undos");
+    trial.RequireLines(scene.StackNames(), {"lamp", "mast", "lens", "disc"}, "the stack after all undos");
     scene.End();
 }
 } // namespace standin::checks

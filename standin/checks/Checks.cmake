@@ -93,7 +93,7 @@ vortan_check(panel-suite-requests "A sibling's request is carried out at the nex
   MUTANT open-request-is-not-cleared panel/IdlePass.cpp
   WAS [[requests.openPending ^= 1;]]
   IS [[]]
-  FOUND [[the idle behind that]])
+  FOUND [[the idle after that]])
 
 # The hooks while no panel is open.
 vortan_check(closed-panel-idle "While the panel is closed an idle pass asks whether it is, and no more."
@@ -196,7 +196,7 @@ vortan_check(undo-balance "Each change leaves the undo steps that it should, and
 vortan_check(fault-sweep-reading
   "Whichever host call fails while a change is read and shown, the pass does what it should."
   RUNS SweepOfReading SCREEN MINUTES 3
-  MUTANT streams-stay-behind-an-error effects/EffectChain.cpp
+  MUTANT streams-leak-after-an-error effects/EffectChain.cpp
   WAS [[if (stream == nullptr) return;]]
   IS [[if (stream == nullptr || err != A_Err_NONE) return;]]
   FOUND [[dispose-order]])
@@ -265,7 +265,7 @@ vortan_check(odd-names "Names in any encoding, empty or long come and go unchang
   MUTANT bytes-become-question-marks tree/NameText.cpp
   WAS [[appendUtf8(utf8, escapeBase + static_cast<std::uint8_t>(bytes[at++]));]]
   IS [[utf8 += '?', ++at;]]
-  FOUND [[the names behind the opening of the panel]])
+  FOUND [[the names after the opening of the panel]])
 vortan_check(main-thread "The bundle calls the host inside hooks alone, and on the main thread."
   RUNS MainThread SCREEN
   MUTANT asks-on-another-thread panel/PanelSuite.cpp

@@ -24,7 +24,7 @@ void IdleSuiteEntryCalls(Trial& trial)
         {R"(Basic AcquireSuite("SP Suites Suite", 2))",
          R"(Suites 2 AddSuite(null, null, "Vortan Idle Suite v1", 1, 1, table))",
          R"(Basic ReleaseSuite("SP Suites Suite", 2))",
-         // Kept: it is had and given back once more without a use.
+         // Kept: it is acquired and released once more without use.
          R"(Basic AcquireSuite("SP Suites Suite", 2))", R"(Basic ReleaseSuite("SP Suites Suite", 2))",
          R"(Basic AcquireSuite("AEGP Register Suite", 6))", R"(Basic AcquireSuite("AEGP Utility Suite", 7))",
          "Register 6 AEGP_RegisterIdleHook(id 8, hook, refcon)",

@@ -28,7 +28,7 @@ int runJob(int pluginId, void* basicSuite, void* refcon)
     job.log->push_back(job.name);
     if (job.action)
         job.action();
-    return 17; // Nobody looks at it.
+    return 17; // It is ignored.
 }
 
 /// A host with the idle suite published.
@@ -148,7 +148,7 @@ void IdleQueueRequeue(Trial& trial)
     scene.Idle();
     scene.RequireLog({"first", "second"}, "in the pass in which a later entry queues another");
     scene.Idle();
-    scene.RequireLog({"first", "second", "inner"}, "in the pass behind it");
+    scene.RequireLog({"first", "second", "inner"}, "in the pass after it");
     trial.RequireNoFindings(scene.host);
 }
 
@@ -172,7 +172,7 @@ void IdleQueueThrow(Trial& trial)
     throws = false;
     scene.Idle();
     trial.Require(!scene.log.empty() && scene.log.back() == "tame",
-                  "what was queued behind a function that threw never runs; what ran is " +
+                  "what was queued after a function that threw never runs; what ran is " +
                       ListText(scene.log));
     trial.RequireNoFindings(scene.host);
 }
@@ -186,12 +186,12 @@ void IdleQueueNulls(Trial& trial)
     scene.QueueRaw(nullptr, nullptr);
     scene.Queue(a);
     scene.Idle();
-    scene.RequireLog({"a"}, "behind an entry of two nulls");
+    scene.RequireLog({"a"}, "after an entry of two nulls");
     trial.At("an entry with a refcon and no function, which is passed over");
     scene.QueueRaw(nullptr, &mark);
     scene.Queue(a);
     scene.Idle();
-    scene.RequireLog({"a", "a"}, "behind an entry without a function");
+    scene.RequireLog({"a", "a"}, "after an entry without a function");
     trial.At("an entry with a function and no refcon");
     static int calls = 0;
     scene.QueueRaw([](int, void*, void*) { return ++calls; }, nullptr);

@@ -1,4 +1,4 @@
-// Effects that do not behave, and names that nobody would choose.
+// Misbehaving effects, and odd names.
 
 #include "standin/checks/PanelScene.h"
 #include "standin/family/Liars.h"
@@ -184,7 +184,7 @@ void OddNames(Trial& trial)
     scene.OpenPanel();
     std::vector<std::string> expected = names;
     expected.push_back("lamp");
-    trial.RequireLines(scene.StackNames(), expected, "the names behind the opening of the panel");
+    trial.RequireLines(scene.StackNames(), expected, "the names after the opening of the panel");
     // A pass that compares all of them, and one that writes one.
     scene.Do("rename \"lamp\" to \"torch\"");
     scene.Do("click row \"torch\"");
@@ -195,7 +195,7 @@ void OddNames(Trial& trial)
     std::vector<std::string> found = scene.StackNames();
     std::sort(expected.begin(), expected.end());
     std::sort(found.begin(), found.end());
-    trial.RequireLines(found, expected, "the names, sorted, behind a rename of the last");
+    trial.RequireLines(found, expected, "the names, sorted, after a rename of the last");
     scene.End();
 }
 } // namespace standin::checks

@@ -101,8 +101,8 @@ void PanelSuiteRequests(Trial& trial)
         trial.At("OpenPanel with force " + std::to_string(force));
         (void)scene.CallsOf([&]
                             { (void)table.openPanel(table.panelRef, static_cast<unsigned char>(force)); });
-        trial.RequireLines(scene.IdleCalls(), withCommand(), "the idle behind a request to open");
-        trial.RequireLines(scene.IdleCalls(), closedPass(), "the idle behind that");
+        trial.RequireLines(scene.IdleCalls(), withCommand(), "the idle after a request to open");
+        trial.RequireLines(scene.IdleCalls(), closedPass(), "the idle after that");
     }
     trial.At("two requests in one interval");
     (void)scene.CallsOf(
@@ -111,8 +111,8 @@ void PanelSuiteRequests(Trial& trial)
             (void)table.openPanel(table.panelRef, 1);
             (void)table.openPanel(table.panelRef, 1);
         });
-    trial.RequireLines(scene.IdleCalls(), withCommand(), "the idle behind two requests to open");
-    trial.RequireLines(scene.IdleCalls(), closedPass(), "the idle behind that");
+    trial.RequireLines(scene.IdleCalls(), withCommand(), "the idle after two requests to open");
+    trial.RequireLines(scene.IdleCalls(), closedPass(), "the idle after that");
     trial.At("RefreshPanel and PanelNotify");
     (void)scene.CallsOf(
         [&]
@@ -120,7 +120,7 @@ void PanelSuiteRequests(Trial& trial)
             (void)table.refreshPanel(table.panelRef);
             (void)table.panelNotify(table.panelRef, "text");
         });
-    trial.RequireLines(scene.IdleCalls(), closedPass(), "the idle behind requests that need no host");
+    trial.RequireLines(scene.IdleCalls(), closedPass(), "the idle after requests that need no host");
     trial.RequireNoFindings(scene.host);
 }
 

@@ -13,7 +13,7 @@ namespace standin::checks
 {
 namespace
 {
-/// Calls that write to the host all the same and are part of every pass.
+/// Calls that write to the host and are nevertheless part of every pass.
 bool isPartOfEveryPass(const std::string& function)
 {
     return function == "AcquireSuite" || function == "ReleaseSuite" || function == "AEGP_DisposeEffect" ||

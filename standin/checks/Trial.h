@@ -54,7 +54,7 @@ public:
     /// Two lists of lines; the first difference is told, with the lines around it.
     void RequireLines(const std::vector<std::string>& found, const std::vector<std::string>& expected,
                       const std::string& what);
-    /// The host has found nothing that nobody expected.
+    /// The host has found nothing unexpected.
     void RequireNoFindings(const Host& host);
 
     /// How many things have been looked at.

@@ -32,6 +32,6 @@ WalkOutcome TakeWalk(const WalkPlan& plan);
 /// The steps of a seed. The model alone decides what is possible, so they need no host.
 std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count);
 
-/// Those of the steps that are possible one behind the other from the beginning.
+/// Those of the steps that are possible one after the other from the beginning.
 std::vector<WalkStep> PossibleSteps(const std::vector<WalkStep>& steps);
 } // namespace standin

@@ -30,7 +30,7 @@ void requireEntry(PanelScene& scene, bool ticked)
         scene.trial.RequireEqual(entry(scene).ticked, ticked, "the menu entry's check mark");
     }
     (void)scene.host().RunIdle();
-    scene.trial.RequireEqual(entry(scene).ticked, ticked, "the menu entry's check mark behind an idle");
+    scene.trial.RequireEqual(entry(scene).ticked, ticked, "the menu entry's check mark after an idle");
 }
 } // namespace
 
@@ -46,7 +46,7 @@ void PanelOpens(Trial& trial)
                       panel.functions.doFlyoutCommand == nullptr,
                   "the panel offers functions of its own in place of the host's defaults");
     trial.RequireLines(scene.RowTexts(), fourRows(), "the rows of the panel");
-    trial.RequireLines(scene.host().UndoNames(), {}, "what can be undone behind the opening");
+    trial.RequireLines(scene.host().UndoNames(), {}, "what can be undone after the opening");
     scene.End();
 }
 

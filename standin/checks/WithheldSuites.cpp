@@ -1,4 +1,4 @@
-// An open panel, and a suite that its passes need is not to be had.
+// An open panel, without a suite that its passes need.
 
 #include "standin/checks/PanelScene.h"
 #include "standin/sensors/FindingIds.h"
@@ -62,7 +62,7 @@ void withhold(PanelScene& scene, const NeededSuite& suite, Withheld how)
     std::sort(expected.begin(), expected.end());
     trial.RequireLines(takeFindingIds(scene.host()), expected, "what the host found of the pass");
     trial.RequireEqual(scene.host().SuiteCount(suite.name, suite.version), held,
-                       "how often the suite is held behind the pass");
+                       "how often the suite is held after the pass");
 
     scene.host().Faults().GiveBack(suite.name, suite.version);
     scene.host().User().Rename("lamp", "lamp");

@@ -5,7 +5,7 @@ namespace standin
 void* ContainerProvider::MakeContainer(const std::string&)
 {
     constexpr std::size_t firstView = 0x10000;
-    return reinterpret_cast<void*>(firstView + ++made); // NOLINT: an id that nobody follows
+    return reinterpret_cast<void*>(firstView + ++made); // NOLINT: an id that is never dereferenced
 }
 
 void ContainerProvider::DestroyContainer(void*) {}

@@ -12,8 +12,8 @@ enum class Visibility
     visible
 };
 
-/// A provider outlives the host that uses it. The basic one makes views that only differ from each
-/// other, which is enough where nobody draws.
+/// A provider outlives the host that uses it. The basic one makes views that only differ from each other,
+/// which is enough where nothing is drawn.
 class ContainerProvider
 {
 public:

@@ -10,7 +10,7 @@
 
 namespace standin
 {
-/// Bytes between two margins that nobody may write to.
+/// Bytes between two margins that must not be written to.
 class Guarded
 {
 public:

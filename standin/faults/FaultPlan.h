@@ -39,7 +39,7 @@ public:
     void FailFunction(const std::string& suite, A_long version, const std::string& function,
                       std::size_t nth = 1, FaultLength length = FaultLength::once, A_Err error = errGeneric);
 
-    /// From now on the suite is not to be had; version 0 means any.
+    /// From now on the suite is missing; version 0 means any.
     void Withhold(const std::string& suite, A_long version = 0, Withheld how = Withheld::asError);
     void GiveBack(const std::string& suite, A_long version = 0);
 

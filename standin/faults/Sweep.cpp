@@ -8,7 +8,7 @@ std::string SweptFault::Text() const
         return "no fault";
     const char* lasting = length == FaultLength::once              ? "once"
                           : length == FaultLength::functionForGood ? "for good"
-                                                                   : "with everything behind it";
+                                                                   : "with everything after it";
     return "call " + std::to_string(ordinal) + " fails " + lasting + " with " + std::to_string(error) + ": " +
            call;
 }

@@ -22,7 +22,7 @@ struct SweptFault
     std::string Text() const;
 };
 
-/// `make` builds a scenario (anything with a member `host` of type Host) behind a std::unique_ptr,
+/// `make` builds a scenario (anything with a member `host` of type Host) in a std::unique_ptr,
 /// `run` performs the operation on it, `check` looks at the outcome. The clean run comes first and
 /// counts the calls of `run`; then each ordinal is failed once for each of `lengths`. Gives the
 /// number of calls that were swept: a sweep over nothing gives 0, and that is worth a test.

@@ -40,7 +40,7 @@ public:
     /// The object in this field.
     FieldReader Inner(const char* field);
 
-    /// Throws for a field that nobody has asked for.
+    /// Throws for a field that has not been asked for.
     void CheckNothingElse() const;
 
     [[noreturn]] void Fail(const char* field, const std::string& sentence) const;

@@ -60,7 +60,7 @@ private:
             throw ScenarioError(statement.Place() + "a text begins with a quote and does not end with one");
         ++at;
         if (at < text.size() && !isBlank(text[at]) && text[at] != '#')
-            throw ScenarioError(statement.Place() + "a blank is missing behind " + Quoted(word.text));
+            throw ScenarioError(statement.Place() + "a blank is missing after " + Quoted(word.text));
         return word;
     }
 

@@ -1,5 +1,5 @@
 #pragma once
-// One line of a scenario, taken apart into words, and what is wrong with one that nobody understands.
+// One line of a scenario, taken apart into words, and the error of one that cannot be understood.
 
 #include <stdexcept>
 #include <string>

@@ -55,7 +55,7 @@ public:
     std::vector<Finding> All() const;
     /// The same, and the log is empty afterwards. Expectations that were met stay met.
     std::vector<Finding> Take();
-    /// Findings that nobody expected, and one "missing-finding" for each expectation that was not met.
+    /// Findings that were not expected, and one "missing-finding" for each expectation that was not met.
     std::vector<Finding> Unexpected() const;
     /// The text of Unexpected(), a line each; empty when all is well.
     std::string Report() const;

@@ -14,7 +14,7 @@ class SuiteCounts
 {
 public:
     void Acquired(const std::string& name, A_long version);
-    /// False if nobody holds the suite; the count stays at 0 then.
+    /// False if the suite is not held; the count stays at 0 then.
     bool Released(const std::string& name, A_long version);
     void Used(const std::string& name, A_long version);
     /// Whether a function was called since the last acquire.

@@ -46,6 +46,6 @@ private:
 /// What a reserved slot does: a finding that names suite, version and slot.
 A_Err SpringTrap(SuiteId suite, int slot);
 
-/// What every slot does of a table that a failed acquire left behind.
+/// What every slot does of a table that a failed acquire left.
 A_Err SpringPoison();
 } // namespace standin

@@ -4,6 +4,7 @@
 #include "tests/appkit/Catching.h"
 #import "tests/appkit/HostScene.h"
 #include "tests/panel/PanelFakes.h"
+#include "tree/Tree.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +29,7 @@ protected:
     {
         StartApplication();
         container = [[NSView alloc] initWithFrame:NSMakeRect(50, 40, 200.9, 150.7)];
-        fakes.onAddToDesktop = [this](void* embeddedView, void* nativeParent)
+        TreeLog().onAddToDesktop = [this](void* embeddedView, void* nativeParent)
         {
             embedded = static_cast<NSView*>(embeddedView);
             parent = static_cast<NSView*>(nativeParent);
@@ -40,6 +41,8 @@ protected:
 
     ~PanelatorUIPlat() override
     {
+        DeleteTreeWidget(tree);
+        DeleteTreeStateTable(stateTable);
         [widgetsView release];
         [container release];
     }
@@ -63,17 +66,17 @@ TEST_F(PanelatorUIPlat, FillsThePanelBeforeItAttachesIt)
 {
     const auto panel = Make(container);
 
-    EXPECT_EQ(tree, &fakes.widget);
-    EXPECT_EQ(stateTable, &fakes.table);
+    EXPECT_NE(tree, nullptr);
+    EXPECT_NE(stateTable, nullptr);
     EXPECT_EQ(fakes.TakeCalls(),
               (Calls{"AcquireSuite PF AE App Suite 6", "AcquireSuite AEGP Workspace Panel Suite 1",
-                     "CreateTreeWidget 0", "CreateTreeStateTable", "FindEffectKeys QVK VORTEFF",
+                     "CreateTreeWidget(false)", "CreateTreeStateTable()", "FindEffectKeys QVK VORTEFF",
                      "FindEffectKeys QVK VORTSRC", "FindEffectKeys QVK VORTREN", "GetObjectsPopupString src",
                      "GetObjectsPopupString eff", "GetObjectsPopupString ren",
                      "GetEffectKeyFromMatchName QVK VORTAN TWO", "AcquireSuite AEGP Utility Suite 7",
                      "AEGP_GetDriverPluginInitFuncVersion 0.0", "AcquireSuite PF AE App Suite 6",
-                     "PF_AppGetBgColor", "SetBGColor", "ReleaseSuite AEGP Utility Suite 7",
-                     "ReleaseSuite PF AE App Suite 6", "addToDesktop 200 150"}));
+                     "PF_AppGetBgColor", "SetBGColor(0, 0, 0, 1)", "ReleaseSuite AEGP Utility Suite 7",
+                     "ReleaseSuite PF AE App Suite 6", "addToDesktop(200, 150)"}));
 }
 
 TEST_F(PanelatorUIPlat, EmbedsASurfaceWithTheContainersFrame)
@@ -85,25 +88,28 @@ TEST_F(PanelatorUIPlat, EmbedsASurfaceWithTheContainersFrame)
     EXPECT_EQ(parent, container);
 }
 
-TEST_F(PanelatorUIPlat, TakesTheSizeFromTheBoundsAndCutsItToWholePixels)
+TEST_F(PanelatorUIPlat, TakesItsSizeInWholePixels)
 {
     [container setBounds:NSMakeRect(0, 0, 99.99, 33.5)];
 
     const auto panel = Make(container);
 
-    EXPECT_EQ(fakes.TakeCalls().back(), "addToDesktop 99 33");
+    EXPECT_EQ(fakes.TakeCalls().back(), "addToDesktop(99, 33)");
     EXPECT_TRUE(NSEqualRects([embedded frame], NSMakeRect(50, 40, 200.9, 150.7)));
 }
 
 TEST_F(PanelatorUIPlat, ReadsTheBoundsBeforeTheFormerWidgetGoes)
 {
-    ValueTreesDemo former;
-    tree = &former;
-    fakes.onDeleteTreeWidget = [this] { [container setFrame:NSMakeRect(0, 0, 10, 10)]; };
+    tree = CreateTreeWidget(false);
+    TreeLog().sink = [this](const std::string& call)
+    {
+        if (call == "Tree DeleteTreeWidget(tree)")
+            [container setFrame:NSMakeRect(0, 0, 10, 10)];
+    };
 
     const auto panel = Make(container);
 
-    EXPECT_EQ(fakes.TakeCalls().back(), "addToDesktop 200 150");
+    EXPECT_EQ(fakes.TakeCalls().back(), "addToDesktop(200, 150)");
     EXPECT_TRUE(NSEqualRects([embedded frame], NSMakeRect(0, 0, 10, 10)));
 }
 
@@ -114,7 +120,7 @@ TEST_F(PanelatorUIPlat, LeavesTheSurfaceToTheWidget)
     EXPECT_EQ([embedded retainCount], 1u);
 }
 
-TEST_F(PanelatorUIPlat, MakesEveryViewInTheContainerFollowItsSize)
+TEST_F(PanelatorUIPlat, MakesTheContainersViewsFollowItsSize)
 {
     NSView* const hostsOwn = [[[NSView alloc] initWithFrame:NSMakeRect(0, 0, 20, 10)] autorelease];
     [container addSubview:hostsOwn];
@@ -130,67 +136,69 @@ TEST_F(PanelatorUIPlat, MakesEveryViewInTheContainerFollowItsSize)
     EXPECT_TRUE(NSEqualSizes([widgetsView frame].size, NSMakeSize(300, 250)));
 }
 
-TEST_F(PanelatorUIPlat, WithoutAViewMakesAPanelOfNoSizeAndNoParent)
+TEST_F(PanelatorUIPlat, WithoutAViewHasNoSizeAndParent)
 {
     const auto panel = Make(nil);
 
-    EXPECT_EQ(fakes.TakeCalls().back(), "addToDesktop 0 0");
+    EXPECT_EQ(fakes.TakeCalls().back(), "addToDesktop(0, 0)");
     EXPECT_EQ(parent, nil);
     EXPECT_TRUE(NSEqualRects([embedded frame], NSZeroRect));
-    EXPECT_EQ(tree, &fakes.widget);
+    EXPECT_NE(tree, nullptr);
 }
 
 TEST_F(PanelatorUIPlat, ReplacesTheFormerWidgetAndTable)
 {
-    ValueTreesDemo formerTree;
-    _TreeStateTable_Internal formerTable;
-    tree = &formerTree;
-    stateTable = &formerTable;
+    tree = CreateTreeWidget(false);
+    tree->hasRoot = true;
+    stateTable = CreateTreeStateTable();
+    (void)fakes.TakeCalls();
 
     const auto panel = Make(container);
 
     const Calls calls = fakes.TakeCalls();
-    EXPECT_EQ(calls.at(2), "DeleteTreeWidget " + ToText(&formerTree));
-    EXPECT_EQ(calls.at(3), "DeleteTreeStateTable " + ToText(&formerTable));
-    EXPECT_EQ(tree, &fakes.widget);
-    EXPECT_EQ(stateTable, &fakes.table);
+    EXPECT_EQ(calls.at(2), "DeleteTreeWidget(tree)");
+    EXPECT_EQ(calls.at(3), "DeleteTreeStateTable(table)");
+    EXPECT_FALSE(tree->hasRoot) << "another widget";
+    EXPECT_NE(tree, nullptr);
+    EXPECT_NE(stateTable, nullptr);
 }
 
 TEST_F(PanelatorUIPlat, WithoutThePanelSuiteThrows13AndTouchesNothing)
 {
-    ValueTreesDemo former;
-    tree = &former;
+    ValueTreesDemo* const former = CreateTreeWidget(false);
+    tree = former;
+    (void)fakes.TakeCalls();
     fakes.missingSuites = {"AEGP Workspace Panel Suite"};
 
     EXPECT_EQ(CatchInteger([this] { (void)Make(container); }), 13);
 
-    EXPECT_EQ(tree, &former);
+    EXPECT_EQ(tree, former);
     EXPECT_EQ(fakes.TakeCalls(),
               (Calls{"AcquireSuite PF AE App Suite 6", "AcquireSuite AEGP Workspace Panel Suite 1",
                      "ReleaseSuite PF AE App Suite 6"}));
 }
 
-TEST_F(PanelatorUIPlat, WithoutTheUtilitySuiteThrows516ReleasesTheBaseAndKeepsWhatIsStored)
+TEST_F(PanelatorUIPlat, WithoutTheUtilitySuiteThrows516AndReleases)
 {
     fakes.missingSuites = {"AEGP Utility Suite"};
 
     EXPECT_EQ(CatchInteger([this] { (void)Make(container); }), 516);
 
-    EXPECT_EQ(tree, &fakes.widget);
-    EXPECT_EQ(stateTable, &fakes.table);
+    EXPECT_NE(tree, nullptr);
+    EXPECT_NE(stateTable, nullptr);
     EXPECT_EQ(embedded, nil);
     const Calls calls = fakes.TakeCalls();
     EXPECT_EQ(calls.at(calls.size() - 2), "ReleaseSuite AEGP Workspace Panel Suite 1");
     EXPECT_EQ(calls.back(), "ReleaseSuite PF AE App Suite 6");
 }
 
-TEST_F(PanelatorUIPlat, WithFewerNamesThanKeysThrowsOutOfRangeBeforeItAttachesThePanel)
+TEST_F(PanelatorUIPlat, WithFewerNamesThrowsOutOfRangeUnattached)
 {
     fakes.keys = {{"QVK VORTREN", {31}}};
 
     EXPECT_TRUE(ThrowsOutOfRange([this] { (void)Make(container); }));
 
-    EXPECT_EQ(tree, &fakes.widget);
+    EXPECT_NE(tree, nullptr);
     EXPECT_EQ(embedded, nil);
 }
 

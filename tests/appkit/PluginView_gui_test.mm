@@ -8,7 +8,7 @@ namespace standin
 {
 namespace
 {
-TEST(PluginView, ClaimsAKeyEquivalentAndSendsItUpTheResponderChainAsAKey)
+TEST(PluginView, SendsKeyEquivalentsUpTheResponderChain)
 {
     const HostScene scene;
     PluginView* const view = [[PluginView alloc] initWithFrame:[scene.container bounds]];

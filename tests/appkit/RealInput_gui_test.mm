@@ -86,7 +86,7 @@ TEST_F(RealInput, BeforeAnyClickGoesToTheHost)
     EXPECT_TRUE(scene.juceView->keys.empty());
 }
 
-TEST_F(RealInput, OfAFirstClickReachesTheContainerAndThePanel)
+TEST_F(RealInput, OfAFirstClickReachesContainerAndPanel)
 {
     ClickAt(NSMakePoint(150, 100));
 
@@ -99,7 +99,7 @@ TEST_F(RealInput, OfAFirstClickReachesTheContainerAndThePanel)
     EXPECT_EQ(scene.juceView->clicks.size(), 2u);
 }
 
-TEST_F(RealInput, AfterAClickInThePanelGoesWhereTheKeyBelongs)
+TEST_F(RealInput, AfterAPanelClickGoesWhereItBelongs)
 {
     ClickAt(NSMakePoint(150, 100));
 

@@ -105,7 +105,7 @@ protected:
     HostScene scene;
 };
 
-TEST_P(SurfaceViewKey, GoesWhereItBelongsWhileThePanelHoldsTheKeyboard)
+TEST_P(SurfaceViewKey, GoesWhereItBelongsWhilePanelFocused)
 {
     NSEvent* const key = MakeKeyPress(scene, GetParam().key);
 
@@ -135,7 +135,7 @@ TEST_P(SurfaceViewKey, GoesToTheHostAfterAClickElsewhere)
     EXPECT_EQ(TakeAnnouncements(), AnnouncedFor(KeyboardOwner::host));
 }
 
-TEST_P(SurfaceViewKey, GoesToTheHostWhileAnotherWindowIsTheKeyWindow)
+TEST_P(SurfaceViewKey, GoesToTheHostWithoutTheKeyWindow)
 {
     scene.ResignKeyWindow();
     NSEvent* const key = MakeKeyPress(scene, GetParam().key);

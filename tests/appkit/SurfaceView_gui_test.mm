@@ -63,7 +63,7 @@ TEST(SurfaceView, AsAFreshViewHasNoMonitor)
     EXPECT_TRUE(NSEqualRects([scene.surface frame], NSMakeRect(0, 0, 200, 150)));
 }
 
-TEST(SurfaceView, IsWillingToBecomeAndToStopBeingFirstResponder)
+TEST(SurfaceView, AcceptsAndGivesUpFirstResponder)
 {
     const HostScene scene;
 
@@ -72,7 +72,7 @@ TEST(SurfaceView, IsWillingToBecomeAndToStopBeingFirstResponder)
     EXPECT_EQ([scene.surface resignFirstResponder], YES);
 }
 
-TEST(SurfaceView, PassesAClickOnToTheViewAboveIt)
+TEST(SurfaceView, PassesAClickToItsSuperview)
 {
     HostScene scene;
     scene.AddSurface();
@@ -92,7 +92,7 @@ TEST(SurfaceView, PassesAClickOnToTheViewAboveIt)
     EXPECT_TRUE(scene.container->clicks.empty());
 }
 
-TEST(SurfaceView, ClaimsEveryKeyEquivalentAndOnlyWritesItsLine)
+TEST(SurfaceView, ClaimsKeyEquivalentsAndOnlyPrints)
 {
     HostScene scene;
     scene.AddSurface();
@@ -109,7 +109,7 @@ TEST(SurfaceView, ClaimsEveryKeyEquivalentAndOnlyWritesItsLine)
     EXPECT_TRUE(scene.juceView->keys.empty());
 }
 
-TEST(SurfaceView, MovingIntoAWindowInstallsAMonitorForLeftClicksAndKeyPresses)
+TEST(SurfaceView, InstallsClickAndKeyMonitorInAWindow)
 {
     HostScene scene;
 
@@ -133,7 +133,7 @@ TEST(SurfaceView, LeavingItsWindowRemovesTheMonitor)
     EXPECT_EQ(CountOfMonitors(), 0u);
 }
 
-TEST(SurfaceView, WithoutAMonitorTellsAMoveToNoWindowAllTheSame)
+TEST(SurfaceView, WithoutAMonitorStillReportsLosingItsWindow)
 {
     const HostScene scene;
 
@@ -157,7 +157,7 @@ TEST(SurfaceView, MovingDirectlyToAnotherWindowKeepsItsMonitor)
     EXPECT_EQ(CountOfMonitors(), 1u);
 }
 
-TEST(SurfaceView, ComingBackIntoAWindowInstallsAMonitorAnew)
+TEST(SurfaceView, ReturningToAWindowInstallsAnotherMonitor)
 {
     HostScene scene;
     scene.AddSurface();
@@ -181,7 +181,7 @@ TEST(SurfaceView, DoesNotTellItsSuperclassOfAMove)
     EXPECT_EQ(callsOfSuperclass, 0);
 }
 
-TEST(SurfaceView, IsHeldByItsMonitorUntilTheMonitorGoes)
+TEST(SurfaceView, IsRetainedByItsMonitor)
 {
     const HostScene scene;
     const NSUInteger before = [scene.surface retainCount];
@@ -218,7 +218,7 @@ TEST_F(SurfaceViewFocus, IsNotThereBeforeTheFirstClick)
     EXPECT_TRUE(scene.juceView->keys.empty());
 }
 
-TEST_F(SurfaceViewFocus, ComesWithTheFirstClickWhichGoesToTheHostsContainerToo)
+TEST_F(SurfaceViewFocus, ComesWithTheFirstClickAndForwardsIt)
 {
     CaptureStdout();
     NSEvent* const passedOn = scene.ClickInside();
@@ -256,7 +256,7 @@ TEST_F(SurfaceViewFocus, GoesWithAClickElsewhereInTheWindow)
     EXPECT_FALSE(TakesDelete());
 }
 
-TEST_F(SurfaceViewFocus, ComesBackWithAClickThatIsForwardedAgain)
+TEST_F(SurfaceViewFocus, ComesBackWithAnotherForwardedClick)
 {
     (void)scene.ClickInside();
     (void)scene.ClickOutside();
@@ -280,7 +280,7 @@ TEST_F(SurfaceViewFocus, FollowsTheViewsEdges)
     EXPECT_FALSE(TakesDelete());
 }
 
-TEST_F(SurfaceViewFocus, GoesByWhereThePointerIsAndNotByWhatTheEventTells)
+TEST_F(SurfaceViewFocus, FollowsThePointerAndNotTheEvent)
 {
     const NSPoint inside = NSMakePoint(150, 100);
     const NSPoint outside = NSMakePoint(300, 250);
@@ -291,7 +291,7 @@ TEST_F(SurfaceViewFocus, GoesByWhereThePointerIsAndNotByWhatTheEventTells)
     EXPECT_FALSE(TakesDelete());
 }
 
-TEST_F(SurfaceViewFocus, FollowsAViewThatDoesNotLieInItsSuperviewsCorner)
+TEST_F(SurfaceViewFocus, FollowsAViewAwayFromItsSuperviewsCorner)
 {
     [scene.surface setFrame:NSMakeRect(120, 90, 60, 40)];
 
@@ -302,7 +302,7 @@ TEST_F(SurfaceViewFocus, FollowsAViewThatDoesNotLieInItsSuperviewsCorner)
     EXPECT_FALSE(TakesDelete());
 }
 
-TEST_F(SurfaceViewFocus, GoesWithAnyClickWhileTheViewIsHidden)
+TEST_F(SurfaceViewFocus, GoesWithAnyClickWhileHidden)
 {
     (void)scene.ClickInside();
     [scene.surface setHidden:YES];
@@ -316,7 +316,7 @@ TEST_F(SurfaceViewFocus, GoesWithAnyClickWhileTheViewIsHidden)
     EXPECT_FALSE(TakesDelete());
 }
 
-TEST_F(SurfaceViewFocus, ComesWithAClickWhileOnlyTheContainerIsHidden)
+TEST_F(SurfaceViewFocus, ComesWithAClickInAHiddenContainer)
 {
     [scene.container setHidden:YES];
 
@@ -327,7 +327,7 @@ TEST_F(SurfaceViewFocus, ComesWithAClickWhileOnlyTheContainerIsHidden)
     EXPECT_TRUE(TakesDelete());
 }
 
-TEST_F(SurfaceViewFocus, IsNotChangedByAClickInAWindowThatIsNotTheKeyWindow)
+TEST_F(SurfaceViewFocus, IgnoresClicksWithoutTheKeyWindow)
 {
     scene.ResignKeyWindow();
 
@@ -341,7 +341,7 @@ TEST_F(SurfaceViewFocus, IsNotChangedByAClickInAWindowThatIsNotTheKeyWindow)
     EXPECT_FALSE(TakesDelete());
 }
 
-TEST_F(SurfaceViewFocus, OutlastsALossOfTheKeyWindowWhileKeysGoToTheHost)
+TEST_F(SurfaceViewFocus, OutlastsALossOfTheKeyWindow)
 {
     (void)scene.ClickInside();
     scene.ResignKeyWindow();
@@ -356,7 +356,7 @@ TEST_F(SurfaceViewFocus, OutlastsALossOfTheKeyWindowWhileKeysGoToTheHost)
     EXPECT_TRUE(TakesDelete());
 }
 
-TEST_F(SurfaceViewFocus, ComesAlsoInAViewWithoutAContainerAboveIt)
+TEST_F(SurfaceViewFocus, ComesInAViewWithoutContainer)
 {
     scene.RemoveSurface();
     NSView* const topmost = [[scene.window contentView] superview];
@@ -369,7 +369,7 @@ TEST_F(SurfaceViewFocus, ComesAlsoInAViewWithoutAContainerAboveIt)
     EXPECT_TRUE(TakesDelete());
 }
 
-TEST_F(SurfaceViewFocus, KeepsTheViewAliveWhileTheContainerTakesThePanelAwayDuringTheForwardedClick)
+TEST_F(SurfaceViewFocus, KeepsTheViewAliveDuringTheForwardedClick)
 {
     NSAutoreleasePool* const aroundTheEvent = [NSAutoreleasePool new];
     CountedSurface* surface = [[CountedSurface alloc] initWithFrame:[scene.container bounds]];

@@ -20,7 +20,7 @@ struct MachOSlice
     std::vector<std::string> initialisers;
 };
 
-/// In the order of the file. Throws std::runtime_error if a tool fails or says what nobody expects.
+/// In the order of the file. Throws std::runtime_error if a tool fails or prints something unexpected.
 std::vector<MachOSlice> ReadMachOModule(const std::string& path);
 
 /// JUCE's names, those of the C++ library and of its support, and the operators new and delete.

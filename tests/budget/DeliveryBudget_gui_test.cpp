@@ -1,4 +1,4 @@
-// What the idle hook may cost on X11 while nobody does anything: no request to the server, and nothing from
+// What the idle hook may cost on X11 while the user does nothing: no request to the server, and nothing from
 // the heap.
 
 #include "bench/FastPanel.h"

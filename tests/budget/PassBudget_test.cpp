@@ -62,7 +62,7 @@ TEST_P(PassBudget, OfAPanelBehindAnotherIsTwoCalls)
 }
 
 // Seven calls, and seven suites or, over an empty stack, two.
-TEST_P(PassBudget, OfAQuietPassIsOneReadAndNoMemory)
+TEST_P(PassBudget, OfAQuietPassIsOneRead)
 {
     const std::uint64_t around = effects() == 0 ? 7 + 2 * 2 : 7 + 2 * 7;
     for (int pass = 0; pass < 3; ++pass)
@@ -70,7 +70,7 @@ TEST_P(PassBudget, OfAQuietPassIsOneReadAndNoMemory)
 }
 
 // For each effect four reads of 22 calls, four for its match name and eleven to hide it.
-TEST_P(PassBudget, OfARenameInTheHostIsFourReads)
+TEST_P(PassBudget, OfAHostsRenameIsFourReads)
 {
     if (effects() == 0)
         return;
@@ -80,7 +80,7 @@ TEST_P(PassBudget, OfARenameInTheHostIsFourReads)
 
 // For each effect three reads, two questions for its identity of six calls each, three to keep its place, and
 // the same for the selection.
-TEST_P(PassBudget, OfARenameInTheTreeIsThreeReads)
+TEST_P(PassBudget, OfATreesRenameIsThreeReads)
 {
     if (effects() == 0)
         return;
@@ -88,7 +88,7 @@ TEST_P(PassBudget, OfARenameInTheTreeIsThreeReads)
     EXPECT_EQ(costOfPass().calls, static_cast<std::uint64_t>(98 + 96 * effects()));
 }
 
-TEST_P(PassBudget, IsFreeOfMemoryTwoPassesAfterAChange)
+TEST_P(PassBudget, IsWithoutMemoryTwoPassesAfterChanges)
 {
     if (effects() == 0)
         return;

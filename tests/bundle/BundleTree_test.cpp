@@ -35,13 +35,13 @@ protected:
 };
 
 #if !defined(__APPLE__)
-TEST_P(BuiltBundle, HasEveryFileButTheExecutableAndNoOther)
+TEST_P(BuiltBundle, HasExactlyItsFilesWithoutTheExecutable)
 {
     EXPECT_THAT(filesIn(bundle.Tree()), UnorderedElementsAre("Contents/Info.plist", "Contents/PkgInfo",
                                                              "Contents/Resources/" + bundle.name + ".rsrc"));
 }
 #else
-TEST_P(BuiltBundle, HasEveryFileTheExecutableAndItsSealAndNoOther)
+TEST_P(BuiltBundle, HasExactlyItsFilesExecutableAndSeal)
 {
     EXPECT_THAT(filesIn(bundle.Tree()), UnorderedElementsAre("Contents/Info.plist", "Contents/PkgInfo",
                                                              "Contents/Resources/" + bundle.name + ".rsrc",
@@ -80,7 +80,7 @@ TEST_P(BuiltBundle, ExportsTheEntryPointsOfItsResource)
               "{\n  global:\n" + forLinux + "  local:\n    *;\n};\n");
 }
 
-TEST_P(BuiltBundle, DoesNotPassWithAnyByteOfItsResourceAltered)
+TEST_P(BuiltBundle, FailsWithAnyResourceByteAltered)
 {
     const Bytes resource = ReadFile(bundle.ResourceFile());
 
@@ -89,7 +89,7 @@ TEST_P(BuiltBundle, DoesNotPassWithAnyByteOfItsResourceAltered)
                 IsEmpty());
 }
 
-TEST_P(BuiltBundle, DoesNotPassWithAnyByteOfItsInfoAltered)
+TEST_P(BuiltBundle, FailsWithAnyInfoByteAltered)
 {
     const Bytes info = ReadFile(bundle.Tree() + "/Contents/Info.plist");
 
@@ -102,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(WholeAndSplit, BuiltBundle, testing::ValuesIn(AllBundle
                          [](const testing::TestParamInfo<ExpectedBundle>& built)
                          { return built.index == 0 ? "Whole" : "Split" + built.param.name; });
 
-TEST(ExportLists, OfTheWholeBundleHoldTheTwoEntryPointsAlone)
+TEST(ExportLists, OfTheWholeBundleHoldTwoEntryPoints)
 {
     EXPECT_EQ(textOf(WholeBundle().exportLists + "/exports.txt"), "_EffectorAEGP\n_PanelEntryPointFunc\n");
     EXPECT_EQ(textOf(WholeBundle().exportLists + "/exports.map"),

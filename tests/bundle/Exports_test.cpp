@@ -34,13 +34,13 @@ std::vector<std::string> exportsOf(const std::string& module)
     return names;
 }
 
-TEST(Module, OfTheWholeBundleExportsTheTwoEntryPointsAlone)
+TEST(Module, OfTheWholeBundleExportsTwoEntryPoints)
 {
     EXPECT_EQ(exportsOf(VORTAN_BUILD_FOLDER "/VortanObjectPanel.so"),
               (std::vector<std::string>{"T EffectorAEGP", "T PanelEntryPointFunc"}));
 }
 
-TEST(Module, OfEachSplitBundleExportsItsOneEntryPointAlone)
+TEST(Module, OfEachSplitBundleExportsOneEntryPoint)
 {
     EXPECT_EQ(exportsOf(VORTAN_SPLIT_FOLDER "/VortanObjectPanel.so"),
               std::vector<std::string>{"T PanelEntryPointFunc"});

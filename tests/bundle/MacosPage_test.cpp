@@ -106,7 +106,7 @@ TEST(MacosPage, NamesTheSecretsThatTheWorkflowReads)
     EXPECT_THAT(findOnPage("\\| `(MACOS_\\w+)`"), UnorderedElementsAreArray(read));
 }
 
-TEST(MacosPage, NamesTheReleaseOfJuceThatTheWorkflowTakes)
+TEST(MacosPage, NamesTheJuceReleaseOfTheWorkflow)
 {
     const std::vector<std::string> taken = findIn(workflow, "JUCE_VERSION: ([0-9.]+)");
 

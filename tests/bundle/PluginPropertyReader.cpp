@@ -18,7 +18,7 @@ std::string pascalStringIn(const Bytes& data)
 {
     ByteReader reader(data);
     std::string text = reader.PascalString();
-    Demand(reader.IsAtEnd(), "there is something behind a string");
+    Demand(reader.IsAtEnd(), "there is something after a string");
     return text;
 }
 } // namespace
@@ -39,7 +39,7 @@ std::vector<Property> ReadPropertyList(const Bytes& list)
         reader.TakeZeros((4 - property.data.size() % 4) % 4, "the padding");
         properties.push_back(property);
     }
-    Demand(reader.IsAtEnd(), "there is something behind the properties");
+    Demand(reader.IsAtEnd(), "there is something after the properties");
     return properties;
 }
 

@@ -33,7 +33,7 @@ Header readFileHeader(const Bytes& file)
     const Header header = readHeader(reader);
     reader.TakeZeros(240, "the room between header and data");
     Demand(header.dataOffset == 256, "the data does not start at 256");
-    Demand(header.mapOffset == 256 + header.dataLength, "the map does not stand behind the data");
+    Demand(header.mapOffset == 256 + header.dataLength, "the map does not follow the data");
     Demand(file.size() == std::size_t{header.mapOffset} + header.mapLength, "the map is not the file's end");
     return header;
 }
@@ -45,7 +45,7 @@ void readMapHeader(ByteReader& map, const Header& header)
                copy.dataLength == header.dataLength && copy.mapLength == header.mapLength,
            "the map's copy of the header differs");
     map.TakeZeros(8, "the map's reserved room");
-    Demand(map.Number(2) == 28, "the list of types does not stand behind the map's header");
+    Demand(map.Number(2) == 28, "the list of types does not follow the map's header");
     Demand(map.Number(2) == header.mapLength, "there is a list of names");
 }
 
@@ -74,14 +74,14 @@ std::vector<Resource> ReadResourceFile(const Bytes& file)
     Demand(map.Number(2) == 0, "there is more than one type");
     const std::string type = map.Text(4);
     const std::uint32_t count = map.Number(2) + 1;
-    Demand(map.Number(2) == 10, "the references do not stand behind the list of types");
+    Demand(map.Number(2) == 10, "the references do not follow the list of types");
 
     std::vector<Resource> resources;
     std::size_t dataEnd = header.dataOffset;
     for (std::uint32_t i = 0; i < count; ++i)
         resources.push_back(readReference(map, file, type, dataEnd));
     Demand(dataEnd == header.mapOffset, "there is data that no reference points at");
-    Demand(map.IsAtEnd(), "there is something behind the references");
+    Demand(map.IsAtEnd(), "there is something after the references");
     return resources;
 }
 

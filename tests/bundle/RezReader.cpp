@@ -235,7 +235,7 @@ void appendText(Bytes& data, const Token& value)
     data.insert(data.end(), value.text.begin(), value.text.end());
 }
 
-/// Lays the fields out one behind the other, then puts the distances between labels in.
+/// Lays the fields out one after the other, then puts the distances between labels in.
 class Layout
 {
 public:

@@ -40,7 +40,7 @@ bool isNoticed(const std::string& altered)
 
 TEST(RezSource, DescribesWhatTheBuildWrites) { EXPECT_TRUE(isSameAsBuiltResource(rezSource())); }
 
-TEST(RezSource, DoesNotPassWithAnyLetterOrDigitAltered)
+TEST(RezSource, FailsWithAnyLetterOrDigitAltered)
 {
     const std::string source = rezSource();
     std::vector<std::size_t> unnoticed;

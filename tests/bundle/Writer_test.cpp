@@ -57,7 +57,7 @@ TEST(PluginProperties, KnowTheTwoEntryPointsAlone)
     EXPECT_THROW((void)DescribeEntryPoint(""), std::invalid_argument);
 }
 
-TEST(BigEndianBytes, TakeAPascalStringOf255CharactersAndNotOneMore)
+TEST(BigEndianBytes, TakePascalStringsOfUpTo255Characters)
 {
     BigEndianBytes bytes;
     bytes.AppendPascalString(std::string(255, 'x'));
@@ -67,12 +67,9 @@ TEST(BigEndianBytes, TakeAPascalStringOf255CharactersAndNotOneMore)
     EXPECT_THROW(bytes.AppendPascalString(std::string(256, 'x')), std::length_error);
 }
 
-TEST(WriteResource, WithoutAnEntryPointTellsHowItIsUsed) { EXPECT_EQ(runWriter("/dev/null"), 2); }
+TEST(WriteResource, WithoutAnEntryPointPrintsItsUsage) { EXPECT_EQ(runWriter("/dev/null"), 2); }
 
-TEST(WriteResource, FailsWithAnEntryPointThatTheBundleDoesNotHave)
-{
-    EXPECT_EQ(runWriter("/dev/null EffectorAEGP Other"), 1);
-}
+TEST(WriteResource, FailsWithAnUnknownEntryPoint) { EXPECT_EQ(runWriter("/dev/null EffectorAEGP Other"), 1); }
 
 TEST(WriteResource, FailsWhereItCannotWrite)
 {

@@ -62,7 +62,7 @@ using IdleSuiteEntryDeathTest = IdleSuiteEntryFault;
 
 // The calls, one by one: the trace of the entry that goes well has ten.
 
-TEST_F(IdleSuiteEntryDeathTest, EachOfTheFirstSevenCallsThatFailsIsReportedThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, SevenFailuresReportThroughANullTable)
 {
     for (std::size_t ordinal = 1; ordinal <= 7; ++ordinal)
     {
@@ -73,7 +73,7 @@ TEST_F(IdleSuiteEntryDeathTest, EachOfTheFirstSevenCallsThatFailsIsReportedThrou
     }
 }
 
-TEST_F(IdleSuiteEntryFault, TheEighthCallThatFailsIsReportedToTheUserAndReturned)
+TEST_F(IdleSuiteEntryFault, TheEighthFailureIsReportedAndReturned)
 {
     host.Expect("error-left-hook", "EntryPoint", "the start returns the error").In("EntryPoint");
     failCall(8);
@@ -86,7 +86,7 @@ TEST_F(IdleSuiteEntryFault, TheEighthCallThatFailsIsReportedToTheUserAndReturned
     host.CheckSuiteBalance();
 }
 
-TEST_F(IdleSuiteEntryFault, TheNinthCallThatFailsIsReturnedInSilence)
+TEST_F(IdleSuiteEntryFault, TheNinthFailureIsReturnedInSilence)
 {
     host.Expect("error-left-hook", "EntryPoint", "the start returns the error").In("EntryPoint");
     failCall(9);
@@ -95,7 +95,7 @@ TEST_F(IdleSuiteEntryFault, TheNinthCallThatFailsIsReturnedInSilence)
     EXPECT_EQ(host.RunIdle().error, errNone);
 }
 
-TEST_F(IdleSuiteEntryFault, TheTenthCallThatFailsIsReturnedInSilence)
+TEST_F(IdleSuiteEntryFault, TheTenthFailureIsReturnedInSilence)
 {
     host.Expect("error-left-hook", "EntryPoint", "the start returns the error").In("EntryPoint");
     failCall(10);
@@ -105,7 +105,7 @@ TEST_F(IdleSuiteEntryFault, TheTenthCallThatFailsIsReturnedInSilence)
 
 // The suites, one by one.
 
-TEST_F(IdleSuiteEntryDeathTest, EachMissingSuiteIsReportedThroughANullTable)
+TEST_F(IdleSuiteEntryDeathTest, MissingSuitesAreReportedThroughANullTable)
 {
     const std::pair<const char*, A_long> suites[] = {
         {"SP Suites Suite", 2}, {"AEGP Register Suite", 6}, {"AEGP Utility Suite", 7}};
@@ -118,7 +118,7 @@ TEST_F(IdleSuiteEntryDeathTest, EachMissingSuiteIsReportedThroughANullTable)
     }
 }
 
-TEST_F(IdleSuiteEntryFault, ASuiteForPublishingWithoutATableIsPassedOverAndTheRestGoesOn)
+TEST_F(IdleSuiteEntryFault, APublishingSuiteWithoutTableIsPassedOver)
 {
     // The release of what was not acquired is made to succeed, so that nothing else goes wrong.
     static EntryPoint entry;
@@ -147,7 +147,7 @@ TEST_F(IdleSuiteEntryFault, ASuiteForPublishingWithoutATableIsPassedOverAndTheRe
     EXPECT_EQ(Published(idleSuiteName), nullptr);
 }
 
-TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutATableIsNotMissedWhileAllGoesWell)
+TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutTableIsNotMissed)
 {
     host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asNullTable);
     expectOverRelease();
@@ -158,7 +158,7 @@ TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithoutATableIsNotMissedWhileAllGoesWel
     EXPECT_EQ(host.RunIdle().error, errNone);
 }
 
-TEST_F(IdleSuiteEntryFault, ARegisterSuiteWithoutATableIsReportedAndReturnedAsMissing)
+TEST_F(IdleSuiteEntryFault, ARegisterSuiteWithoutTableIsReportedMissing)
 {
     host.Faults().Withhold("AEGP Register Suite", 6, Withheld::asNullTable);
     expectOverRelease();

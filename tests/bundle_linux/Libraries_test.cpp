@@ -55,7 +55,7 @@ TEST(Libraries, TheBundleExportsTheTwoEntryPointsAlone)
 }
 
 // One of these would be shared with every other module of the process, and keep this one from being unloaded.
-TEST(Libraries, TheBundleHasNoSymbolThatIsUniqueInTheProcess)
+TEST(Libraries, TheBundleHasNoUniqueSymbol)
 {
     int global = 0;
     for (const auto& line : linesOf("readelf --dyn-syms --wide"))

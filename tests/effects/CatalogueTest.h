@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace standin
@@ -23,15 +24,20 @@ protected:
         EXPECT_EQ(host.FindingsReport(), "");
     }
 
-    void Install(A_long key, const std::string& matchName)
+    void Install(const std::vector<std::pair<A_long, std::string>>& effects)
     {
-        InstalledEffect effect;
-        effect.key = key;
-        effect.matchName = matchName;
-        effect.category = "Test";
-        effect.defaultName = "Default name of " + matchName;
-        (void)host.Install(effect);
+        for (const auto& [key, matchName] : effects)
+        {
+            InstalledEffect effect;
+            effect.key = key;
+            effect.matchName = matchName;
+            effect.category = "Test";
+            effect.defaultName = "Default name of " + matchName;
+            (void)host.Install(effect);
+        }
     }
+
+    std::vector<std::string> CallList() const { return host.CallTexts(SuiteTraffic::leftOut); }
 
     SPBasicSuite* Basic() { return static_cast<SPBasicSuite*>(host.BasicSuite()); }
 

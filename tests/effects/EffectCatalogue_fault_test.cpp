@@ -2,7 +2,10 @@
 
 #include "standin/faults/Sweep.h"
 #include "tests/effects/FaultOutcome.h"
-#include "tests/effects/LabelledStack.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
 
 namespace standin
 {

@@ -2,10 +2,6 @@
 
 #include "tests/effects/MessageFixture.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <functional>
 #include <type_traits>
 
@@ -18,25 +14,28 @@ static_assert(!std::is_copy_constructible_v<EffectChain>, "a copy would dispose 
 namespace
 {
 /// One effect, and chains over it in a hook.
-struct ChainHost : ProductHost
+struct ChainHost : LabelledStack
 {
-    ChainHost() { Add(sheets, "A"); }
+    ChainHost() : LabelledStack("A") {}
 
     /// Runs `body(chain)` on a new chain that starts with `startError`. The calls are those without suite
     /// traffic.
     HookResult Run(const std::function<void(EffectChain&)>& body, A_Err startError = 0)
     {
         layer = Layer();
-        return Send(*this,
-                    [&](AEGP_SuiteHandler* suites)
-                    {
-                        EffectChain chain(*suites, Id(), startError);
-                        body(chain);
-                        return 0;
-                    });
+        return SendOver(*this, Basic(),
+                        [&](AEGP_SuiteHandler* suites)
+                        {
+                            EffectChain chain(*suites, Id(), startError);
+                            body(chain);
+                            return 0;
+                        });
     }
 
-    Calls CallsMade() const { return host.CallTexts(SuiteTraffic::leftOut); }
+    EffectChain& TakeAll(EffectChain& chain)
+    {
+        return chain.TakeEffect<AEGP_EffectSuite1>(layer, 0).TakeParamStream().TakeGroupStream();
+    }
 
     void ExpectCleanEnd()
     {
@@ -80,7 +79,7 @@ TEST(EffectChain, RunsItsStepsInOrderUntilOneFails)
             EXPECT_EQ(chain.Finish(), 4);
         });
     const std::string counted = "Effect 1 AEGP_GetLayerNumEffects(layer 1)";
-    EXPECT_THAT(product.CallsMade(), ElementsAre(counted + " -> 1", counted + " -> 1", counted + " = 4"));
+    EXPECT_THAT(product.CallList(), ElementsAre(counted + " -> 1", counted + " -> 1", counted + " = 4"));
 }
 
 TEST(EffectChain, ThatStartsWithAnErrorMakesNoCall)
@@ -89,7 +88,7 @@ TEST(EffectChain, ThatStartsWithAnErrorMakesNoCall)
     (void)product.Run(
         [&](EffectChain& chain)
         {
-            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            product.TakeAll(chain);
             EXPECT_EQ(chain.Finish(), 3);
         },
         3);
@@ -102,14 +101,14 @@ TEST(EffectChain, DisposesOfParameterThenGroupThenEffect)
     (void)product.Run(
         [&](EffectChain& chain)
         {
-            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
-            EXPECT_EQ(product.CallsMade(), everythingTaken);
+            product.TakeAll(chain);
+            EXPECT_EQ(product.CallList(), everythingTaken);
             EXPECT_EQ(chain.Finish(), 0);
             EXPECT_EQ(chain.paramStream, nullptr);
             EXPECT_EQ(chain.groupStream, nullptr);
             EXPECT_EQ(chain.effect, nullptr);
         });
-    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
+    EXPECT_EQ(product.CallList(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -119,21 +118,19 @@ TEST(EffectChain, GivesBackOnceHoweverOftenItIsFinished)
     (void)product.Run(
         [&](EffectChain& chain)
         {
-            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            product.TakeAll(chain);
             (void)chain.Finish();
             (void)chain.Finish();
         });
-    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
+    EXPECT_EQ(product.CallList(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
 TEST(EffectChain, GivesBackWhenItIsDestroyedUnfinished)
 {
     ChainHost product;
-    (void)product.Run(
-        [&](EffectChain& chain)
-        { chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream(); });
-    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
+    (void)product.Run([&](EffectChain& chain) { product.TakeAll(chain); });
+    EXPECT_EQ(product.CallList(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -144,11 +141,11 @@ TEST(EffectChain, GivesBackWhenAStepThrows)
     const HookResult result = product.Run(
         [&](EffectChain& chain)
         {
-            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            product.TakeAll(chain);
             throw 99;
         });
     EXPECT_EQ(result.thrownNumber, 99);
-    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
+    EXPECT_EQ(product.CallList(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -161,7 +158,7 @@ TEST(EffectChain, DisposesThroughTheSuiteItTookFrom)
             chain.TakeEffect<AEGP_EffectSuite3>(product.layer, 0);
             (void)chain.Finish();
         });
-    EXPECT_THAT(product.CallsMade(),
+    EXPECT_THAT(product.CallList(),
                 ElementsAre("Effect 3 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A",
                             "Effect 3 AEGP_DisposeEffect(effect A)"));
     product.ExpectCleanEnd();
@@ -176,7 +173,7 @@ TEST(EffectChain, DisposesThroughTheSuiteNamedLast)
             chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).DisposeEffectWith<AEGP_EffectSuite3>();
             (void)chain.Finish();
         });
-    EXPECT_THAT(product.CallsMade(),
+    EXPECT_THAT(product.CallList(),
                 ElementsAre("Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A",
                             "Effect 3 AEGP_DisposeEffect(effect A)"));
     product.ExpectCleanEnd();
@@ -189,10 +186,10 @@ TEST(EffectChain, GivesBackWhatItTookBeforeTheFailure)
     (void)product.Run(
         [&](EffectChain& chain)
         {
-            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            product.TakeAll(chain);
             EXPECT_EQ(chain.Finish(), 4);
         });
-    EXPECT_THAT(product.CallsMade(),
+    EXPECT_THAT(product.CallList(),
                 ElementsAre(everythingTaken[0], everythingTaken[1],
                             "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) = 4",
                             everythingGivenBack[0], everythingGivenBack[2]));
@@ -226,10 +223,10 @@ TEST(EffectChain, IgnoresTheErrorsOfDisposingOfStreams)
     (void)product.Run(
         [&](EffectChain& chain)
         {
-            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            product.TakeAll(chain);
             EXPECT_EQ(chain.Finish(), 0);
         });
-    EXPECT_EQ(product.CallsMade().size(), 6u);
+    EXPECT_EQ(product.CallList().size(), 6u);
     product.ExpectCleanEnd();
 }
 
@@ -244,12 +241,12 @@ TEST(EffectChain, LeaksOnlyStreamsIfTheirSuiteIsMissing)
     const HookResult result = product.Run(
         [&](EffectChain& chain)
         {
-            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            product.TakeAll(chain);
             (void)chain.Finish();
             ADD_FAILURE() << "516 was not thrown";
         });
     EXPECT_EQ(result.thrownNumber, 516);
-    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, {"Effect 1 AEGP_DisposeEffect(effect A)"}}));
+    EXPECT_EQ(product.CallList(), Sequence({everythingTaken, {"Effect 1 AEGP_DisposeEffect(effect A)"}}));
     product.host.CheckSuiteBalance();
     EXPECT_EQ(product.host.FindingsReport(), "");
 }
@@ -280,11 +277,11 @@ TEST(EffectChain, DisposesInOrderAfterOneRefusedStreamSuite)
     const HookResult result = product.Run(
         [&](EffectChain& chain)
         {
-            chain.TakeEffect<AEGP_EffectSuite1>(product.layer, 0).TakeParamStream().TakeGroupStream();
+            product.TakeAll(chain);
             (void)chain.Finish();
         });
     EXPECT_EQ(result.thrownNumber, 516);
-    EXPECT_EQ(product.CallsMade(), Sequence({everythingTaken, everythingGivenBack}));
+    EXPECT_EQ(product.CallList(), Sequence({everythingTaken, everythingGivenBack}));
     product.ExpectCleanEnd();
 }
 
@@ -300,7 +297,6 @@ TEST(EffectChain, DisposesOfEffectAfterOneRefusedSuite)
             (void)chain.Finish();
         });
     EXPECT_EQ(result.thrownNumber, 516);
-    EXPECT_THAT(product.CallsMade(),
-                ElementsAre(everythingTaken[0], "Effect 3 AEGP_DisposeEffect(effect A)"));
+    EXPECT_THAT(product.CallList(), ElementsAre(everythingTaken[0], "Effect 3 AEGP_DisposeEffect(effect A)"));
     product.ExpectCleanEnd();
 }

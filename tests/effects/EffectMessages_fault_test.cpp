@@ -6,9 +6,6 @@
 #include "tests/effects/MessageFixture.h"
 #include "tests/support/FindingIds.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 using namespace standin;
@@ -44,8 +41,6 @@ struct PingFaults : MessageHost
         group = message.group;
         return result;
     }
-    Calls CallsMade() const { return host.CallTexts(SuiteTraffic::leftOut); }
-
     int group = 0;
 };
 
@@ -95,7 +90,7 @@ TEST(PingEffectIndex, ReportsTheFirstErrorAndDisposes)
         PingFaults product;
         product.host.Faults().FailFunction(row.function, 1, FaultLength::once, 4);
         EXPECT_EQ(product.PingGroup().error, 4);
-        EXPECT_EQ(product.CallsMade(), row.calls);
+        EXPECT_EQ(product.CallList(), row.calls);
         EXPECT_EQ(product.group, row.group);
         product.ExpectCleanEnd();
     }
@@ -131,8 +126,8 @@ TEST(PingEffectIndex, ReportsTheDisposalsErrorForARefusedEffect)
     product.host.Effect("A").flags = 0;
     product.host.Faults().FailFunction("AEGP_DisposeEffect", 1, FaultLength::once, 4);
     EXPECT_EQ(product.PingGroup(0, 1).error, 4);
-    EXPECT_EQ(product.CallsMade(), (Calls{converted, counted, takenA, ok(flagsOfA, "0"),
-                                          failed("Effect 1 AEGP_DisposeEffect(effect A)", 4)}));
+    EXPECT_EQ(product.CallList(), (Calls{converted, counted, takenA, ok(flagsOfA, "0"),
+                                         failed("Effect 1 AEGP_DisposeEffect(effect A)", 4)}));
     product.ExpectCleanEnd();
 }
 
@@ -141,8 +136,8 @@ TEST(PingEffectIndex, RefusesAnEffectWithUnreadableFlags)
     PingFaults product;
     product.host.Faults().FailFunction("AEGP_GetEffectFlags", 1, FaultLength::once, 4);
     EXPECT_EQ(product.PingGroup(0, 1).error, 4);
-    EXPECT_EQ(product.CallsMade(), (Calls{converted, counted, takenA, failed(flagsOfA, 4),
-                                          "Effect 1 AEGP_DisposeEffect(effect A)"}));
+    EXPECT_EQ(product.CallList(), (Calls{converted, counted, takenA, failed(flagsOfA, 4),
+                                         "Effect 1 AEGP_DisposeEffect(effect A)"}));
     product.ExpectCleanEnd();
 }
 
@@ -171,8 +166,8 @@ void sweepGathering(Operation operation, Answers answers, const std::vector<std:
     const std::size_t swept =
         SweepFaults([] { return std::make_unique<Gathering>(); },
                     [&](Gathering& scenario) {
-                        scenario.result = Send(scenario, [&](AEGP_SuiteHandler* suites)
-                                               { return operation(scenario, suites); });
+                        scenario.result = scenario.Send([&](AEGP_SuiteHandler* suites)
+                                                        { return operation(scenario, suites); });
                     },
                     [&](Gathering& scenario, const SweptFault& fault)
                     {

@@ -4,8 +4,7 @@
 
 #include "tests/effects/MessageFixture.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <algorithm>
 
 using namespace standin;
 using ::testing::ElementsAre;
@@ -86,11 +85,10 @@ TEST(PingEffectIndex, HandsTheEffectTheTimeOfTheComposition)
     const auto records = KeepRecordsOf(product, "A");
     product.host.State().FindLayer(product.layerId)->startTime = -300;
     VnEffectMessage message = MessageOf(VN_MSG_GET_GROUP);
-    AEGP_LayerH layer = product.Layer();
-    (void)Send(product,
-               [&](AEGP_SuiteHandler* suites) {
-                   return PingEffectIndex(product.Id(), suites, layer, {50, 100}, &message, 0, 0);
-               });
+    (void)product.Send(
+        [&](AEGP_SuiteHandler* suites) {
+            return PingEffectIndex(product.Id(), suites, product.Layer(), {50, 100}, &message, 0, 0);
+        });
     ASSERT_EQ(records->size(), 1u);
     EXPECT_EQ(records->front().timeValue, -250);
     EXPECT_EQ(records->front().timeScale, 100u);
@@ -106,7 +104,7 @@ TEST(PingEffectIndex, SendsNothingToAnIndexOutsideTheStack)
         message.group = 77;
         EXPECT_EQ(product.Ping(message, index).error, 0) << index;
         EXPECT_EQ(message.group, 77);
-        EXPECT_THAT(product.host.CallTexts(SuiteTraffic::leftOut),
+        EXPECT_THAT(product.CallList(),
                     ElementsAre("Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100",
                                 "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3"));
         product.ExpectCleanEnd();
@@ -120,7 +118,7 @@ TEST(PingEffectIndex, LeavesARecordTheEffectDoesNotKnow)
     message.group = 77;
     EXPECT_EQ(product.Ping(message, 1).error, 0);
     EXPECT_EQ(message.group, 77);
-    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut).size(), 6u);
+    EXPECT_EQ(product.CallList().size(), 6u);
     product.ExpectCleanEnd();
 }
 
@@ -134,8 +132,7 @@ TEST(PingEffectIndex, SendsIfOneRequiredFlagIsSet)
         message.group = -1;
         EXPECT_EQ(product.Ping(message, 0, required).error, 0);
         EXPECT_EQ(message.group, 0) << required;
-        EXPECT_THAT(product.host.CallTexts(SuiteTraffic::leftOut),
-                    ::testing::Contains("Effect 3 AEGP_DisposeEffect(effect A)"));
+        EXPECT_THAT(product.CallList(), ::testing::Contains("Effect 3 AEGP_DisposeEffect(effect A)"));
     }
     product.ExpectCleanEnd();
 }
@@ -209,102 +206,58 @@ TEST(GetEffectGroups, GivesMinusOneForAnInactiveEffect)
 TEST(GetEffectGroups, OfNoIndexMakesNoCall)
 {
     MessageHost product;
-    std::vector<int> indices;
-    std::vector<int> groups = {5};
-    AEGP_LayerH layer = product.Layer();
-    const HookResult result =
-        Send(product, [&](AEGP_SuiteHandler* suites)
-             { return GetEffectGroups(product.Id(), suites, layer, MESSAGE_TIME, &indices, &groups, 0); });
-    EXPECT_EQ(result.error, 0);
-    EXPECT_THAT(groups, ElementsAre(5));
+    EXPECT_THAT(product.Groups({}, 0, {5}), ElementsAre(5));
     EXPECT_THAT(product.host.CallTexts(), IsEmpty());
 }
 
-TEST(GetEffectGroups, AppendsBehindWhatTheListHolds)
+TEST(GetEffectGroups, AppendsToWhatTheListHolds)
 {
-    MessageHost product;
-    std::vector<int> indices = {0};
-    std::vector<int> groups = {5};
-    AEGP_LayerH layer = product.Layer();
-    (void)Send(product, [&](AEGP_SuiteHandler* suites)
-               { return GetEffectGroups(product.Id(), suites, layer, MESSAGE_TIME, &indices, &groups, 0); });
-    EXPECT_THAT(groups, ElementsAre(5, 0));
+    EXPECT_THAT(MessageHost().Groups({0}, 0, {5}), ElementsAre(5, 0));
 }
 
 namespace
 {
-/// The calls that convert a time, of which there is one for each message.
-std::vector<std::string> conversions(ProductHost& product)
+/// The times at which a message is sent, of which each is converted for the composition.
+int messagesAtHalfASecond(const MessageHost& product)
 {
-    std::vector<std::string> found;
-    for (const std::string& call : product.host.CallTexts(SuiteTraffic::leftOut))
-    {
-        if (call.find("AEGP_ConvertLayerToCompTime") != std::string::npos)
-            found.push_back(call);
-    }
-    return found;
+    const Calls calls = product.CallList();
+    return static_cast<int>(
+        std::count(calls.begin(), calls.end(),
+                   "Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 50/100) -> time 50/100"));
 }
-
-constexpr const char* conversionOfHalfASecond =
-    "Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 50/100) -> time 50/100";
 } // namespace
 
 TEST(GetEffectGroups, AsksAtTheTimeGiven)
 {
     MessageHost product;
-    std::vector<int> indices = {2, 0};
-    std::vector<int> groups;
-    AEGP_LayerH layer = product.Layer();
-    (void)Send(product,
-               [&](AEGP_SuiteHandler* suites) {
-                   return GetEffectGroups(product.Id(), suites, layer, {50, 100}, &indices, &groups, 0);
-               });
-    EXPECT_THAT(conversions(product), ElementsAre(conversionOfHalfASecond, conversionOfHalfASecond));
+    (void)product.Groups({2, 0}, 0, {}, {50, 100});
+    EXPECT_EQ(messagesAtHalfASecond(product), 2);
 }
 
 TEST(GetEffectUUIDs, AsksAtTheTimeGiven)
 {
     MessageHost product;
-    std::vector<int> indices = {2, 0};
-    std::vector<std::string> uuids;
-    AEGP_LayerH layer = product.Layer();
-    (void)Send(product,
-               [&](AEGP_SuiteHandler* suites) {
-                   return GetEffectUUIDs(product.Id(), suites, layer, {50, 100}, &indices, &uuids);
-               });
-    EXPECT_THAT(conversions(product), ElementsAre(conversionOfHalfASecond, conversionOfHalfASecond));
+    (void)product.Uuids({2, 0}, {}, {50, 100});
+    EXPECT_EQ(messagesAtHalfASecond(product), 2);
 }
 
 TEST(SetEffectGroupByUUID, AsksAndTellsAtTheTimeGiven)
 {
     MessageHost product;
-    const std::string uuid = product.Uuid("B");
-    AEGP_LayerH layer = product.Layer();
-    (void)Send(product,
-               [&](AEGP_SuiteHandler* suites) {
-                   return SetEffectGroupByUUID(product.Id(), suites, layer, {50, 100}, uuid, 6);
-               });
-    EXPECT_THAT(conversions(product), ElementsAre(conversionOfHalfASecond, conversionOfHalfASecond,
-                                                  conversionOfHalfASecond, conversionOfHalfASecond));
-    EXPECT_EQ(product.host.Effect("B").family.group, 6);
+    (void)product.Send(
+        [&](AEGP_SuiteHandler* suites) {
+            return SetEffectGroupByUUID(product.Id(), suites, product.Layer(), {50, 100}, product.Uuid("B"),
+                                        6);
+        });
+    EXPECT_EQ(messagesAtHalfASecond(product), 4);
+    EXPECT_EQ(product.Text(), "A X B@6");
 }
 
-TEST(GetEffectUUIDs, AppendsBehindWhatTheListHolds)
+TEST(GetEffectUUIDs, AppendsToWhatTheListHolds)
 {
     MessageHost product;
-    std::vector<int> indices = {1};
-    std::vector<std::string> uuids = {"held"};
-    AEGP_LayerH layer = product.Layer();
-    const auto ask = [&]
-    {
-        return Send(product, [&](AEGP_SuiteHandler* suites)
-                    { return GetEffectUUIDs(product.Id(), suites, layer, MESSAGE_TIME, &indices, &uuids); });
-    };
-    EXPECT_EQ(ask().error, 0);
-    EXPECT_THAT(uuids, ElementsAre("held", zeroUuid));
-    indices.clear();
-    EXPECT_EQ(ask().error, 0);
-    EXPECT_THAT(uuids, ElementsAre("held", zeroUuid));
+    EXPECT_THAT(product.Uuids({1}, {"held"}), ElementsAre("held", zeroUuid));
+    EXPECT_THAT(product.Uuids({}, {"held"}), ElementsAre("held"));
     EXPECT_THAT(product.host.CallTexts(), IsEmpty());
 }
 
@@ -321,13 +274,9 @@ TEST(GetEffectUUIDs, AsksEachIndexWhateverItsFlags)
     MessageHost product;
     product.host.Effect("A").flags = 0;
     (void)product.Uuids({0, 1, 2});
-    TracedStack stack = {7,
-                         {{"A", "01010101-0101-0101-0101-010100000001"},
-                          {"F"},
-                          {"B", "02020202-0202-0202-0202-020200000002"}}};
-    stack.effects[0].flags = 0;
-    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut),
-              Sequence({stack.AskIdentity(0), stack.AskIdentity(1), stack.AskIdentity(2)}));
+    const TracedStack traced = product.Traced();
+    EXPECT_EQ(product.CallList(),
+              Sequence({traced.AskIdentity(0), traced.AskIdentity(1), traced.AskIdentity(2)}));
     product.ExpectCleanEnd();
 }
 
@@ -340,20 +289,8 @@ TEST(GetEffectUUIDs, OfNoIndexMakesNoCall)
 
 TEST(EffectMessages, WithoutFamilyEffectsKeepThePresets)
 {
-    ProductHost product;
-    product.Add(fill, "F");
-    product.Add("ADBE Tint", "T");
-    std::vector<int> indices = {0, 1};
-    std::vector<int> groups;
-    std::vector<std::string> uuids;
-    AEGP_LayerH layer = product.Layer();
-    (void)Send(product,
-               [&](AEGP_SuiteHandler* suites)
-               {
-                   (void)GetEffectUUIDs(product.Id(), suites, layer, MESSAGE_TIME, &indices, &uuids);
-                   return GetEffectGroups(product.Id(), suites, layer, MESSAGE_TIME, &indices, &groups, 0);
-               });
-    EXPECT_THAT(uuids, ElementsAre(zeroUuid, zeroUuid));
-    EXPECT_THAT(groups, ElementsAre(-1, -1));
-    EXPECT_EQ(product.host.FindingsReport(), "");
+    MessageHost product("X1 X2");
+    EXPECT_THAT(product.Uuids({0, 1}), ElementsAre(zeroUuid, zeroUuid));
+    EXPECT_THAT(product.Groups({0, 1}), ElementsAre(-1, -1));
+    product.ExpectCleanEnd();
 }

@@ -2,7 +2,7 @@
 
 #include "standin/faults/Sweep.h"
 #include "tests/effects/FaultOutcome.h"
-#include "tests/effects/LabelledStack.h"
+#include "tests/support/StackTest.h"
 
 using ::testing::ElementsAre;
 
@@ -12,14 +12,16 @@ namespace
 {
 using Places = std::vector<int>;
 
-class PlacementAfterError : public LabelledStackTest
+class PlacementAfterError : public StackTest
 {
 protected:
     int Place(const std::string& label, Idle_Cmd cmd = Idle_Cmd_Apply)
     {
-        return on->InHook(
-            [&] {
-                return GetIndexOfNewEffectToLayer(on->Id(), on->Basic(), on->KeyOf(label), on->Layer(), cmd);
+        return scene->InHook(
+            [&]
+            {
+                return GetIndexOfNewEffectToLayer(scene->Id(), scene->Basic(), scene->KeyOf(label),
+                                                  scene->Layer(), cmd);
             });
     }
 
@@ -30,77 +32,79 @@ protected:
         Places places;
         for (const char* label : {"G", "E", "R", "M", "K"})
         {
-            Build(stack).host.Faults().FailFunction(function, nth);
+            Make(stack).host.Faults().FailFunction(function, nth);
             places.push_back(Place(label));
-            EXPECT_EQ(on->Stack(), stack);
+            EXPECT_EQ(scene->Stack(), stack);
         }
         return places;
     }
 };
 } // namespace
 
-// The places of new G, E, R, M, K. After an error the last effect that was read stands for those below it.
+// After an error the last effect that was read stands for those below it.
 
-TEST_F(PlacementAfterError, CountThatFailsIsAnEmptyStack)
+namespace
 {
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerNumEffects", 1), ElementsAre(0, 0, 0, 0, 0));
-    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
-                ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) = 1"));
+struct PlacesRow
+{
+    const char* test;
+    const char* stack;
+    const char* function;
+    std::size_t nth;
+    Places places; ///< Of a new G, E, R, M and K.
+};
+
+class PlacesAfterError : public PlacementAfterError, public ::testing::WithParamInterface<PlacesRow>
+{
+};
+
+constexpr const char* fetch = "AEGP_GetLayerEffectByIndex";
+constexpr const char* fetchKey = "AEGP_GetInstalledKeyFromLayerEffect";
+constexpr const char* fetchName = "AEGP_GetEffectMatchName";
+
+const PlacesRow placesRows[] = {
+    {"CountThatFailsIsAnEmptyStack", "G E R M", "AEGP_GetLayerNumEffects", 1, {0, 0, 0, 0, 0}},
+    {"FailedNewNameIsNoFamilyWhenUnread", "G E R M", fetchName, 1, {0, 0, 0, 0, 0}},
+    {"FirstEffectThatFailsLeavesNothingThatCounts", "G E R M", fetch, 1, {0, 0, 0, 4, 0}},
+    {"FirstKeyThatFailsLeavesNothingThatCounts", "G E R M", fetchKey, 1, {0, 0, 0, 4, 0}},
+    {"FirstNameThatFailsLeavesNothingThatCounts", "G E R M", fetchName, 2, {0, 0, 0, 4, 0}},
+    {"FailedSecondEffectRepeatsTheOneAbove", "G E R M", fetch, 2, {4, 0, 0, 4, 0}},
+    {"FailedThirdEffectRepeatsTheOneAbove", "G E R M", fetch, 3, {1, 4, 0, 4, 0}},
+    {"FailedFourthEffectRepeatsTheOneAbove", "G E R M", fetch, 4, {1, 2, 4, 4, 0}},
+    {"FailedKeyRepeatsTheOneAbove", "G E R M", fetchKey, 3, {1, 4, 0, 4, 0}},
+    {"FailedNameRepeatsTheOneAbove", "G E R M", fetchName, 4, {1, 4, 0, 4, 0}},
+    {"FailedDisposalRepeatsItsOwnEffect", "G E R M", "AEGP_DisposeEffect", 2, {1, 4, 0, 4, 0}},
+    {"FailedLastDisposalRepeatsNothing", "G E R M", "AEGP_DisposeEffect", 4, {1, 2, 3, 4, 0}},
+    {"RepeatedMainEffectAnchorsAtItsOwnPlace", "X M G", fetch, 3, {1, 1, 1, 3, 0}},
+    {"RepeatedOutsiderAnchorsNothing", "R X G M", fetch, 3, {0, 0, 1, 4, 0}},
+};
+
+void PrintTo(const PlacesRow& row, std::ostream* out) { *out << row.function << " " << row.nth; }
+} // namespace
+
+TEST_P(PlacesAfterError, AreThese)
+{
+    const PlacesRow& row = GetParam();
+    EXPECT_EQ(PlacesIf(row.stack, row.function, row.nth), row.places);
 }
 
-TEST_F(PlacementAfterError, FailedNewNameIsNoFamilyWhenUnread)
-{
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetEffectMatchName", 1), ElementsAre(0, 0, 0, 0, 0));
-    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
-                ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 4",
-                            "Effect 1 AEGP_GetEffectMatchName(261) = 1"));
-}
+INSTANTIATE_TEST_SUITE_P(If, PlacesAfterError, ::testing::ValuesIn(placesRows),
+                         [](const auto& row) { return row.param.test; });
 
-TEST_F(PlacementAfterError, FirstEffectThatFailsLeavesNothingThatCounts)
+TEST_F(PlacementAfterError, FailedCountOrNewNameEndsTheReading)
 {
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 1), ElementsAre(0, 0, 0, 4, 0));
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetInstalledKeyFromLayerEffect", 1), ElementsAre(0, 0, 0, 4, 0));
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetEffectMatchName", 2), ElementsAre(0, 0, 0, 4, 0));
-}
-
-TEST_F(PlacementAfterError, FailedEffectRepeatsTheOneAbove)
-{
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 2), ElementsAre(4, 0, 0, 4, 0));
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 3), ElementsAre(1, 4, 0, 4, 0));
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetLayerEffectByIndex", 4), ElementsAre(1, 2, 4, 4, 0));
-}
-
-TEST_F(PlacementAfterError, FailedKeyRepeatsTheOneAbove)
-{
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetInstalledKeyFromLayerEffect", 3), ElementsAre(1, 4, 0, 4, 0));
-}
-
-TEST_F(PlacementAfterError, FailedNameRepeatsTheOneAbove)
-{
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_GetEffectMatchName", 4), ElementsAre(1, 4, 0, 4, 0));
-}
-
-TEST_F(PlacementAfterError, FailedDisposalRepeatsItsOwnEffect)
-{
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_DisposeEffect", 2), ElementsAre(1, 4, 0, 4, 0));
-    EXPECT_THAT(PlacesIf("G E R M", "AEGP_DisposeEffect", 4), ElementsAre(1, 2, 3, 4, 0));
-}
-
-TEST_F(PlacementAfterError, RepeatedMainEffectAnchorsAtItsOwnPlace)
-{
-    EXPECT_THAT(PlacesIf("X M G", "AEGP_GetLayerEffectByIndex", 3), ElementsAre(1, 1, 1, 3, 0));
-}
-
-TEST_F(PlacementAfterError, RepeatedOutsiderAnchorsNothing)
-{
-    EXPECT_THAT(PlacesIf("R X G M", "AEGP_GetLayerEffectByIndex", 3), ElementsAre(0, 0, 1, 4, 0));
+    (void)PlacesIf("G", "AEGP_GetLayerNumEffects", 1);
+    EXPECT_THAT(scene->CallList(), ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) = 1"));
+    (void)PlacesIf("G", "AEGP_GetEffectMatchName", 1);
+    EXPECT_THAT(scene->CallList(), ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 1",
+                                               "Effect 1 AEGP_GetEffectMatchName(261) = 1"));
 }
 
 TEST_F(PlacementAfterError, ReadingStopsAndTheReferenceIsDisposedOf)
 {
-    Build("G M").host.Faults().FailFunction("AEGP_GetInstalledKeyFromLayerEffect", 1, FaultLength::once, 4);
+    Make("G M").host.Faults().FailFunction("AEGP_GetInstalledKeyFromLayerEffect", 1, FaultLength::once, 4);
     EXPECT_EQ(Place("G"), 0);
-    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
+    EXPECT_THAT(scene->CallList(),
                 ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 2",
                             "Effect 1 AEGP_GetEffectMatchName(201) -> \"QVK VORTSRC Lamps\"",
                             "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect G",
@@ -112,7 +116,7 @@ TEST_F(PlacementAfterError, OnceKnowsOnlyTheKeysRead)
 {
     const auto once = [&](const char* label, const char* function, std::size_t nth)
     {
-        Build("G E R M").host.Faults().FailFunction(function, nth);
+        Make("G E R M").host.Faults().FailFunction(function, nth);
         return Place(label, Idle_Cmd_ApplyOnce);
     };
     EXPECT_EQ(once("E", "AEGP_GetLayerEffectByIndex", 3), -1);
@@ -124,10 +128,10 @@ TEST_F(PlacementAfterError, OnceKnowsOnlyTheKeysRead)
 
 TEST_F(PlacementAfterError, UninstalledEffectCountsLikeTheOneAbove)
 {
-    Build("G X R M");
-    on->host.Effect("X").key = 4711;
-    on->host.Effect("X").flags = effectMissing;
-    on->host.Expect("unknown-key", "AEGP_GetEffectMatchName", "the layer holds an effect that is missing");
+    Make("G X R M");
+    scene->host.Effect("X").key = 4711;
+    scene->host.Effect("X").flags = effectMissing;
+    scene->host.Expect("unknown-key", "AEGP_GetEffectMatchName", "the layer holds an effect that is missing");
     EXPECT_EQ(Place("G"), 4);
     EXPECT_EQ(Place("R"), 0);
 }
@@ -140,14 +144,15 @@ TEST_F(PlacementAfterError, UnmovableEffectStaysWhereTheHostPutIt)
     {
         HostOptions options;
         options.applyPlace = place;
-        Build("G E R M", options);
-        on->host.User().SelectEffect("G");
-        on->host.Faults().FailFunction("AEGP_ReorderEffect");
-        const int key = on->KeyOf("R");
-        EXPECT_EQ(on->InHook([&] { return ApplyEffectToLayerAtIndex(7, on->Basic(), key, on->Layer(), 3); }),
+        Make("G E R M", options);
+        scene->host.User().SelectEffect("G");
+        scene->host.Faults().FailFunction("AEGP_ReorderEffect");
+        const int key = scene->KeyOf("R");
+        EXPECT_EQ(scene->InHook(
+                      [&] { return ApplyEffectToLayerAtIndex(7, scene->Basic(), key, scene->Layer(), 3); }),
                   1);
-        on->LabelNewEffects();
-        return on->Stack();
+        scene->LabelNewEffects();
+        return scene->Stack();
     };
     EXPECT_EQ(stackIf(ApplyPlace::end), "G E R M new");
     EXPECT_EQ(stackIf(ApplyPlace::afterSelected), "G new E R M");
@@ -158,11 +163,12 @@ TEST_F(PlacementAfterError, ApplyingsErrorComesBeforeTheDisposals)
 {
     const auto errorIf = [&](const char* function, const char* another)
     {
-        Build("G");
-        on->host.Faults().FailFunction(function, 1, FaultLength::once, 4);
-        on->host.Faults().FailFunction(another, 1, FaultLength::once, 5);
-        const int key = on->KeyOf("R");
-        return on->InHook([&] { return ApplyEffectToLayerAtIndex(7, on->Basic(), key, on->Layer(), 0); });
+        Make("G");
+        scene->host.Faults().FailFunction(function, 1, FaultLength::once, 4);
+        scene->host.Faults().FailFunction(another, 1, FaultLength::once, 5);
+        const int key = scene->KeyOf("R");
+        return scene->InHook(
+            [&] { return ApplyEffectToLayerAtIndex(7, scene->Basic(), key, scene->Layer(), 0); });
     };
     EXPECT_EQ(errorIf("AEGP_ApplyEffect", "AEGP_ReorderEffect"), 4);
     EXPECT_EQ(errorIf("AEGP_ReorderEffect", "AEGP_DisposeEffect"), 4);
@@ -175,10 +181,10 @@ namespace
 {
 struct AddingRow
 {
-    const char* call;         ///< As it reads in the clean run.
-    const char* outcome;      ///< If it fails once, or its function for good.
-    const char* stack;        ///< The stack then.
-    const char* outcomeOfAll; ///< If everything fails from this call on.
+    const char* call;    ///< As it reads in the clean run.
+    const char* outcome; ///< If it fails once, or its function for good; and the stack then.
+    const char* stack;
+    const char* outcomeOfAll; ///< The same if everything fails from this call on.
     const char* stackOfAll;
 };
 
@@ -269,27 +275,18 @@ TEST(AddingWhileTheHostFails, EveryCallOfItInTurn)
 
 // Suites that the host has not got.
 
-namespace
-{
-std::string outcomeOfAddingWithout(const std::string& suite, A_long version, Withheld how)
-{
-    Adding product;
-    product.host.Faults().Withhold(suite, version, how);
-    product.Run();
-    EXPECT_EQ(product.Stack(), unchanged);
-    EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds{"exception-left-hook"});
-    return product.outcome;
-}
-} // namespace
-
 TEST(AddingWithoutASuite, Leaves516AndTheLayerAsItWas)
 {
-    for (const Withheld how : {Withheld::asError, Withheld::asNullTable, Withheld::asPoisonedPointer})
-    {
-        SCOPED_TRACE(static_cast<int>(how));
-        EXPECT_EQ(outcomeOfAddingWithout("AEGP Layer Suite", 5, how), missing);
-        EXPECT_EQ(outcomeOfAddingWithout("AEGP Effect Suite", 1, how), missing);
-    }
+    ForEachMissing({{"AEGP Layer Suite", 5, {}}, {"AEGP Effect Suite", 1, {}}},
+                   [](const MissingSuite& suite, Withheld how)
+                   {
+                       Adding product;
+                       product.host.Faults().Withhold(suite.name, suite.version, how);
+                       product.Run();
+                       EXPECT_EQ(product.outcome, missing);
+                       EXPECT_EQ(product.Stack(), unchanged);
+                       EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds{"exception-left-hook"});
+                   });
 }
 
 TEST(AddingWithoutASuite, NeedsNoOtherVersionAndNoUtilities)

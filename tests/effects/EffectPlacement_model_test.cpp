@@ -1,7 +1,9 @@
 // Random stacks and a new effect of a random kind, against a small model of where it belongs.
 
 #include "effects/EffectPlacement.h"
-#include "tests/effects/LabelledStack.h"
+#include "tests/support/LabelledStack.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
@@ -14,7 +16,7 @@ using Kinds = std::string; ///< One letter for each effect, from the top; see Ma
 
 std::size_t firstOf(const Kinds& stack, char kind) { return stack.find(kind); }
 
-/// Behind the last of its kind; else in front of the first effect of the first kind behind it in the chain
+/// After the last of its kind; else before the first effect of the first kind that follows it in the chain
 /// geometry, effectors, renderers, main effect that is there at all; else at the top.
 std::size_t placeInChain(const Kinds& stack, char kind)
 {
@@ -45,6 +47,14 @@ std::size_t modelPlace(const Kinds& stack, char kind)
     }
 }
 
+std::string joined(const std::vector<std::string>& labels)
+{
+    std::string text;
+    for (const std::string& label : labels)
+        text += (text.empty() ? "" : " ") + label;
+    return text;
+}
+
 void runOnce(std::uint32_t seed)
 {
     SCOPED_TRACE("seed " + std::to_string(seed));
@@ -55,17 +65,12 @@ void runOnce(std::uint32_t seed)
         kind = all[random() % all.size()];
     const char added = all[random() % all.size()];
 
-    LabelledStack product;
     std::vector<std::string> labels;
     for (const char kind : stack)
-    {
         labels.push_back(kind + std::to_string(labels.size()));
-        (void)product.Add(MatchNameOf(labels.back()), labels.back());
-    }
+    LabelledStack product(joined(labels));
     labels.insert(labels.begin() + static_cast<std::ptrdiff_t>(modelPlace(stack, added)), "new");
-    std::string expected;
-    for (const std::string& label : labels)
-        expected += (expected.empty() ? "" : " ") + label;
+    const std::string expected = joined(labels);
 
     const int key = product.KeyOf(std::string(1, added));
     EXPECT_EQ(product.InHook(

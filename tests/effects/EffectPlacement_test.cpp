@@ -1,6 +1,6 @@
 #include "effects/EffectPlacement.h"
 
-#include "tests/effects/LabelledStack.h"
+#include "tests/support/StackTest.h"
 
 #include <map>
 
@@ -11,33 +11,35 @@ namespace standin
 {
 namespace
 {
-class EffectPlacement : public LabelledStackTest
+class EffectPlacement : public StackTest
 {
 protected:
     int IndexOf(const std::string& label, Idle_Cmd cmd = Idle_Cmd_Apply)
     {
-        return IndexOfKey(on->KeyOf(label), cmd);
+        return IndexOfKey(scene->KeyOf(label), cmd);
     }
 
     int IndexOfKey(int key, Idle_Cmd cmd)
     {
-        return on->InHook(
-            [&] { return GetIndexOfNewEffectToLayer(on->Id(), on->Basic(), key, on->Layer(), cmd); });
+        return scene->InHook(
+            [&]
+            { return GetIndexOfNewEffectToLayer(scene->Id(), scene->Basic(), key, scene->Layer(), cmd); });
     }
 
     int ApplyAt(int key, int index)
     {
-        const int err = on->InHook(
-            [&] { return ApplyEffectToLayerAtIndex(on->Id(), on->Basic(), key, on->Layer(), index); });
-        on->LabelNewEffects();
+        const int err = scene->InHook(
+            [&]
+            { return ApplyEffectToLayerAtIndex(scene->Id(), scene->Basic(), key, scene->Layer(), index); });
+        scene->LabelNewEffects();
         return err;
     }
 
     int ApplyFromPanel(int key)
     {
-        const int err =
-            on->InHook([&] { return ApplyEffectToLayerIdleFn(on->Id(), on->Basic(), key, on->Layer()); });
-        on->LabelNewEffects();
+        const int err = scene->InHook(
+            [&] { return ApplyEffectToLayerIdleFn(scene->Id(), scene->Basic(), key, scene->Layer()); });
+        scene->LabelNewEffects();
         return err;
     }
 };
@@ -47,12 +49,12 @@ protected:
 
 TEST_F(EffectPlacement, ReadsCountThenNewNameThenEachEffect)
 {
-    Build("G M");
-    ASSERT_EQ(on->KeyOf("G"), 201);
-    ASSERT_EQ(on->KeyOf("R"), 240);
-    ASSERT_EQ(on->KeyOf("M"), 258);
+    Make("G M");
+    ASSERT_EQ(scene->KeyOf("G"), 201);
+    ASSERT_EQ(scene->KeyOf("R"), 240);
+    ASSERT_EQ(scene->KeyOf("M"), 258);
     EXPECT_EQ(IndexOf("R"), 1);
-    EXPECT_THAT(on->host.CallTexts(),
+    EXPECT_THAT(scene->host.CallTexts(),
                 ElementsAre("Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
                             "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 2",
                             "Effect 1 AEGP_GetEffectMatchName(240) -> \"QVK VORTREN Dots\"",
@@ -71,24 +73,24 @@ TEST_F(EffectPlacement, EveryFamilyEffectIsPlacedByItsKind)
 {
     const std::map<std::string, int> placeOf = {{"QVK VORTSRC", 1}, {"QVK VORTEFF", 2}, {"QVK VORTREN", 3},
                                                 {"QVK VORTAN", 4},  {"QVK VORTAN ", 4}, {"QVK VORTKIT", 0}};
-    Build("G E R M");
+    Make("G E R M");
     ASSERT_EQ(FamilyEffects().size(), 21u);
     for (const FamilyEffect& effect : FamilyEffects())
     {
         SCOPED_TRACE(effect.matchName);
         const std::string family = std::string(effect.matchName).substr(0, 11);
-        EXPECT_EQ(IndexOfKey(on->Key(effect.matchName), Idle_Cmd_Apply), placeOf.at(family));
+        EXPECT_EQ(IndexOfKey(scene->Key(effect.matchName), Idle_Cmd_Apply), placeOf.at(family));
     }
 }
 
 TEST_F(EffectPlacement, NewKindsMatchByPrefixWithoutWordBoundary)
 {
-    Build("G E R M");
+    Make("G E R M");
     const auto indexOf = [&](const std::string& matchName)
     {
         InstalledEffect effect;
         effect.matchName = matchName;
-        return IndexOfKey(on->host.Install(effect), Idle_Cmd_Apply);
+        return IndexOfKey(scene->host.Install(effect), Idle_Cmd_Apply);
     };
     EXPECT_EQ(indexOf("QVK VORTKITCHEN"), 0);
     EXPECT_EQ(indexOf("QVK VORTANGLE"), 4);
@@ -116,24 +118,24 @@ TEST_F(EffectPlacement, KindsOnTheLayerMatchByPrefixToo)
     for (const Row& row : rows)
     {
         SCOPED_TRACE(std::string(row.added) + " beside " + row.onTheLayer);
-        Build("X");
+        Make("X");
         InstalledEffect effect;
         effect.matchName = row.onTheLayer;
-        (void)on->host.Install(effect);
-        (void)on->Add(row.onTheLayer, "N");
+        (void)scene->host.Install(effect);
+        (void)scene->Add(row.onTheLayer, "N");
         EXPECT_EQ(IndexOf(row.added), row.index);
     }
 }
 
 TEST_F(EffectPlacement, EffectWithUnterminatedNameIsPlaced)
 {
-    Build("G E");
+    Make("G E");
     InstalledEffect endless;
     endless.matchName = "QVK VORTSRC " + std::string(116, 'x');
     endless.matchNameEnding = InstalledEffect::MatchNameEnding::notTerminated;
-    const A_long key = on->host.Install(endless);
+    const A_long key = scene->host.Install(endless);
     EXPECT_EQ(ApplyFromPanel(key), 0);
-    EXPECT_EQ(on->Stack(), "G new E");
+    EXPECT_EQ(scene->Stack(), "G new E");
     EXPECT_EQ(IndexOfKey(key, Idle_Cmd_Apply), 2);
 }
 
@@ -142,51 +144,47 @@ TEST_F(EffectPlacement, NothingWantedHasNoPlaceAndNoCall)
     EXPECT_EQ(Idle_Cmd_None, 0);
     EXPECT_EQ(Idle_Cmd_Apply, 1);
     EXPECT_EQ(Idle_Cmd_ApplyOnce, 2);
-    Build("G M");
+    Make("G M");
     EXPECT_EQ(IndexOf("R", Idle_Cmd_None), -1);
-    EXPECT_THAT(on->host.CallTexts(), IsEmpty());
+    EXPECT_THAT(scene->host.CallTexts(), IsEmpty());
 }
 
 TEST_F(EffectPlacement, KeyZeroHasNoPlaceAndNoCall)
 {
-    Build("G M");
+    Make("G M");
     EXPECT_EQ(IndexOfKey(0, Idle_Cmd_Apply), -1);
-    EXPECT_THAT(on->host.CallTexts(), IsEmpty());
+    EXPECT_THAT(scene->host.CallTexts(), IsEmpty());
 }
 
 TEST_F(EffectPlacement, NullLayerHasNoPlaceAndNoCall)
 {
-    Build("G M");
-    const int key = on->KeyOf("R");
-    EXPECT_EQ(
-        on->InHook(
-            [&] { return GetIndexOfNewEffectToLayer(on->Id(), on->Basic(), key, nullptr, Idle_Cmd_Apply); }),
-        -1);
-    EXPECT_THAT(on->host.CallTexts(), IsEmpty());
+    const int key = Make("G M").KeyOf("R");
+    EXPECT_EQ(GetIndexOfNewEffectToLayer(scene->Id(), scene->Basic(), key, nullptr, Idle_Cmd_Apply), -1);
+    EXPECT_THAT(scene->host.CallTexts(), IsEmpty());
 }
 
 // Once only.
 
 TEST_F(EffectPlacement, OnceHasNoPlaceIfTheKeyExists)
 {
-    Build("G E R M");
+    Make("G E R M");
     EXPECT_EQ(IndexOf("E", Idle_Cmd_ApplyOnce), -1);
     EXPECT_EQ(IndexOf("M", Idle_Cmd_ApplyOnce), -1);
     EXPECT_EQ(IndexOf("E", Idle_Cmd_Apply), 2);
-    EXPECT_EQ(ApplyAt(on->KeyOf("E"), IndexOf("E", Idle_Cmd_ApplyOnce)), 0);
-    EXPECT_EQ(on->Stack(), "G E R M");
+    EXPECT_EQ(ApplyAt(scene->KeyOf("E"), IndexOf("E", Idle_Cmd_ApplyOnce)), 0);
+    EXPECT_EQ(scene->Stack(), "G E R M");
 }
 
 TEST_F(EffectPlacement, OnceHasAPlaceIfOnlyOthersExist)
 {
-    Build("G E R M");
-    EXPECT_EQ(IndexOfKey(on->Key("QVK VORTEFF Round Zone"), Idle_Cmd_ApplyOnce), 2);
-    EXPECT_EQ(IndexOfKey(on->Key("QVK VORTAN"), Idle_Cmd_ApplyOnce), 4);
+    Make("G E R M");
+    EXPECT_EQ(IndexOfKey(scene->Key("QVK VORTEFF Round Zone"), Idle_Cmd_ApplyOnce), 2);
+    EXPECT_EQ(IndexOfKey(scene->Key("QVK VORTAN"), Idle_Cmd_ApplyOnce), 4);
 }
 
 TEST_F(EffectPlacement, OnceCountsKitLegacyAndOutsidersToo)
 {
-    Build("K X L");
+    Make("K X L");
     EXPECT_EQ(IndexOf("K", Idle_Cmd_ApplyOnce), -1);
     EXPECT_EQ(IndexOf("X", Idle_Cmd_ApplyOnce), -1);
     EXPECT_EQ(IndexOf("L", Idle_Cmd_ApplyOnce), -1);
@@ -197,10 +195,10 @@ TEST_F(EffectPlacement, OnceCountsKitLegacyAndOutsidersToo)
 
 TEST_F(EffectPlacement, AppliesThenReordersThenDisposes)
 {
-    Build("G M");
-    EXPECT_EQ(ApplyAt(on->KeyOf("R"), 1), 0);
-    EXPECT_EQ(on->Stack(), "G new M");
-    EXPECT_THAT(on->host.CallTexts(),
+    Make("G M");
+    EXPECT_EQ(ApplyAt(scene->KeyOf("R"), 1), 0);
+    EXPECT_EQ(scene->Stack(), "G new M");
+    EXPECT_THAT(scene->host.CallTexts(),
                 ElementsAre("Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
                             "Effect 1 AEGP_ApplyEffect(id 7, layer 1, 240) -> effect e3",
                             "Effect 1 AEGP_ReorderEffect(effect e3, 1)",
@@ -210,45 +208,45 @@ TEST_F(EffectPlacement, AppliesThenReordersThenDisposes)
 
 TEST_F(EffectPlacement, AppliesNothingForKeyZeroOrNegativeIndex)
 {
-    Build("G M");
+    Make("G M");
     EXPECT_EQ(ApplyAt(0, 1), 0);
-    EXPECT_EQ(ApplyAt(on->KeyOf("R"), -1), 0);
-    EXPECT_EQ(ApplyEffectToLayerAtIndex(on->Id(), nullptr, 0, on->Layer(), 1), 0);
-    EXPECT_EQ(ApplyEffectToLayerAtIndex(on->Id(), nullptr, on->KeyOf("R"), on->Layer(), -1), 0);
-    EXPECT_EQ(on->Stack(), "G M");
-    EXPECT_THAT(on->host.CallTexts(), IsEmpty());
+    EXPECT_EQ(ApplyAt(scene->KeyOf("R"), -1), 0);
+    EXPECT_EQ(ApplyEffectToLayerAtIndex(scene->Id(), nullptr, 0, scene->Layer(), 1), 0);
+    EXPECT_EQ(ApplyEffectToLayerAtIndex(scene->Id(), nullptr, scene->KeyOf("R"), scene->Layer(), -1), 0);
+    EXPECT_EQ(scene->Stack(), "G M");
+    EXPECT_THAT(scene->host.CallTexts(), IsEmpty());
 }
 
 TEST_F(EffectPlacement, IndexPastTheStackLeavesTheEffectLast)
 {
-    Build("G M");
-    on->host.Expect("index-out-of-range", "AEGP_ReorderEffect", "the test asks for an index behind the end");
-    EXPECT_EQ(ApplyAt(on->KeyOf("R"), 2), 0);
-    EXPECT_EQ(on->Stack(), "G M new");
-    on->host.Effect("new").label = "R";
-    EXPECT_EQ(ApplyAt(on->KeyOf("R"), 4), 3);
-    EXPECT_EQ(on->Stack(), "G M R new");
+    Make("G M");
+    scene->host.Expect("index-out-of-range", "AEGP_ReorderEffect", "the test asks for an index past the end");
+    EXPECT_EQ(ApplyAt(scene->KeyOf("R"), 2), 0);
+    EXPECT_EQ(scene->Stack(), "G M new");
+    scene->host.Effect("new").label = "R";
+    EXPECT_EQ(ApplyAt(scene->KeyOf("R"), 4), 3);
+    EXPECT_EQ(scene->Stack(), "G M R new");
 }
 
 TEST_F(EffectPlacement, UninstalledKeyIsAnErrorAndAddsNothing)
 {
-    Build("G M");
-    on->host.Expect("unknown-key", "AEGP_ApplyEffect", "the test asks for an effect that is not installed");
+    Make("G M");
+    scene->host.Expect("unknown-key", "AEGP_ApplyEffect",
+                       "the test asks for an effect that is not installed");
     EXPECT_EQ(ApplyAt(4711, 1), 3);
-    EXPECT_EQ(on->Stack(), "G M");
-    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
-                ElementsAre("Effect 1 AEGP_ApplyEffect(id 7, layer 1, 4711) = 3"));
+    EXPECT_EQ(scene->Stack(), "G M");
+    EXPECT_THAT(scene->CallList(), ElementsAre("Effect 1 AEGP_ApplyEffect(id 7, layer 1, 4711) = 3"));
 }
 
 // From the panel to the layer.
 
 TEST_F(EffectPlacement, KeyFromThePanelUsesSuitesPerStep)
 {
-    Build("R");
-    EXPECT_EQ(ApplyFromPanel(on->KeyOf("G")), 0);
-    EXPECT_EQ(on->Stack(), "new R");
+    Make("R");
+    EXPECT_EQ(ApplyFromPanel(scene->KeyOf("G")), 0);
+    EXPECT_EQ(scene->Stack(), "new R");
     EXPECT_THAT(
-        on->host.CallTexts(),
+        scene->host.CallTexts(),
         ElementsAre(
             "Basic AcquireSuite(\"AEGP Layer Suite\", 5)", "Layer 5 AEGP_GetLayerID(layer 1) -> 1",
             "Basic AcquireSuite(\"AEGP Effect Suite\", 1)", "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 1",
@@ -265,14 +263,16 @@ TEST_F(EffectPlacement, KeyFromThePanelUsesSuitesPerStep)
 
 TEST_F(EffectPlacement, WithoutALayerTheUserIsTold)
 {
-    Build("G M");
-    const int key = on->KeyOf("R");
-    EXPECT_EQ(on->InHook([&] { return ApplyEffectToLayerIdleFn(on->Id(), on->Basic(), key, nullptr); }), 0);
-    EXPECT_EQ(on->Stack(), "G M");
-    ASSERT_EQ(on->host.Alerts().size(), 1u);
-    EXPECT_EQ(on->host.Alerts()[0].pluginId, 7);
-    EXPECT_EQ(on->host.Alerts()[0].text, "No Active Layer Selected");
-    EXPECT_THAT(on->host.CallTexts(),
+    Make("G M");
+    const int key = scene->KeyOf("R");
+    EXPECT_EQ(
+        scene->InHook([&] { return ApplyEffectToLayerIdleFn(scene->Id(), scene->Basic(), key, nullptr); }),
+        0);
+    EXPECT_EQ(scene->Stack(), "G M");
+    ASSERT_EQ(scene->host.Alerts().size(), 1u);
+    EXPECT_EQ(scene->host.Alerts()[0].pluginId, 7);
+    EXPECT_EQ(scene->host.Alerts()[0].text, "No Active Layer Selected");
+    EXPECT_THAT(scene->host.CallTexts(),
                 ElementsAre("Basic AcquireSuite(\"AEGP Utility Suite\", 3)",
                             "Utility 3 AEGP_ReportInfo(id 7, \"No Active Layer Selected\")",
                             "Basic ReleaseSuite(\"AEGP Utility Suite\", 3)"));
@@ -280,68 +280,68 @@ TEST_F(EffectPlacement, WithoutALayerTheUserIsTold)
 
 TEST_F(EffectPlacement, WithoutALayerEvenKeyZeroIsReported)
 {
-    Build("");
-    EXPECT_EQ(on->InHook([&] { return ApplyEffectToLayerIdleFn(on->Id(), on->Basic(), 0, nullptr); }), 0);
-    EXPECT_EQ(on->host.Alerts().size(), 1u);
+    Make("");
+    EXPECT_EQ(
+        scene->InHook([&] { return ApplyEffectToLayerIdleFn(scene->Id(), scene->Basic(), 0, nullptr); }), 0);
+    EXPECT_EQ(scene->host.Alerts().size(), 1u);
 }
 
 TEST_F(EffectPlacement, KeyZeroFromThePanelDoesNothing)
 {
-    Build("G M");
+    Make("G M");
     EXPECT_EQ(ApplyFromPanel(0), 0);
-    EXPECT_EQ(on->Stack(), "G M");
-    EXPECT_THAT(on->host.Alerts(), IsEmpty());
-    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
-                ElementsAre("Layer 5 AEGP_GetLayerID(layer 1) -> 1"));
+    EXPECT_EQ(scene->Stack(), "G M");
+    EXPECT_THAT(scene->host.Alerts(), IsEmpty());
+    EXPECT_THAT(scene->CallList(), ElementsAre("Layer 5 AEGP_GetLayerID(layer 1) -> 1"));
 }
 
 TEST_F(EffectPlacement, TwoNewRenderersKeepTheOrderChosen)
 {
-    Build("G R M");
-    EXPECT_EQ(ApplyFromPanel(on->Key("QVK VORTREN Rays")), 0);
-    on->host.Effect("new").label = "Rays";
-    EXPECT_EQ(ApplyFromPanel(on->Key("QVK VORTREN Panes")), 0);
-    on->host.Effect("new").label = "Panes";
-    EXPECT_EQ(on->Stack(), "G R Rays Panes M");
+    Make("G R M");
+    EXPECT_EQ(ApplyFromPanel(scene->Key("QVK VORTREN Rays")), 0);
+    scene->host.Effect("new").label = "Rays";
+    EXPECT_EQ(ApplyFromPanel(scene->Key("QVK VORTREN Panes")), 0);
+    scene->host.Effect("new").label = "Panes";
+    EXPECT_EQ(scene->Stack(), "G R Rays Panes M");
 }
 
 TEST_F(EffectPlacement, LaterKeySeesTheEffectsJustAdded)
 {
-    Build("");
+    Make("");
     for (const char* label : {"M", "R", "E", "G", "K"})
     {
-        EXPECT_EQ(ApplyFromPanel(on->KeyOf(label)), 0);
-        on->host.Effect("new").label = label;
+        EXPECT_EQ(ApplyFromPanel(scene->KeyOf(label)), 0);
+        scene->host.Effect("new").label = label;
     }
-    EXPECT_EQ(on->Stack(), "K G E R M");
+    EXPECT_EQ(scene->Stack(), "K G E R M");
 }
 
 // Undo.
 
 TEST_F(EffectPlacement, AddingIsTwoStepsWithoutUndoGroup)
 {
-    Build("G M");
-    const ProjectState before = on->host.State();
-    EXPECT_EQ(ApplyFromPanel(on->KeyOf("R")), 0);
-    EXPECT_EQ(on->Stack(), "G new M");
-    EXPECT_THAT(on->host.UndoNames(), ElementsAre("Apply Effect", "Reorder Effect"));
-    EXPECT_TRUE(on->host.Undo());
-    EXPECT_EQ(on->Stack(), "G M e3");
-    EXPECT_TRUE(on->host.Undo());
-    EXPECT_EQ(on->host.State(), before);
+    Make("G M");
+    const ProjectState before = scene->host.State();
+    EXPECT_EQ(ApplyFromPanel(scene->KeyOf("R")), 0);
+    EXPECT_EQ(scene->Stack(), "G new M");
+    EXPECT_THAT(scene->host.UndoNames(), ElementsAre("Apply Effect", "Reorder Effect"));
+    EXPECT_TRUE(scene->host.Undo());
+    EXPECT_EQ(scene->Stack(), "G M e3");
+    EXPECT_TRUE(scene->host.Undo());
+    EXPECT_EQ(scene->host.State(), before);
 }
 
 TEST_F(EffectPlacement, TwinsInOneUndoGroupAreUndoneRight)
 {
     HostOptions options;
     options.twinUndo = TwinUndo::deletesOlderTwin;
-    Build("G R M", options);
-    const ProjectState before = on->host.State();
-    EXPECT_EQ(ApplyFromPanel(on->KeyOf("R")), 0);
-    EXPECT_EQ(on->Stack(), "G R new M");
-    EXPECT_TRUE(on->host.Undo());
-    EXPECT_EQ(on->Stack(), "G R M e4");
-    EXPECT_TRUE(on->host.Undo());
-    EXPECT_EQ(on->host.State(), before);
+    Make("G R M", options);
+    const ProjectState before = scene->host.State();
+    EXPECT_EQ(ApplyFromPanel(scene->KeyOf("R")), 0);
+    EXPECT_EQ(scene->Stack(), "G R new M");
+    EXPECT_TRUE(scene->host.Undo());
+    EXPECT_EQ(scene->Stack(), "G R M e4");
+    EXPECT_TRUE(scene->host.Undo());
+    EXPECT_EQ(scene->host.State(), before);
 }
 } // namespace standin

@@ -3,7 +3,9 @@
 #include "effects/EffectRemoval.h"
 #include "effects/ObjectItem.h"
 #include "standin/family/Liars.h"
-#include "tests/effects/LabelledStack.h"
+#include "tests/support/LabelledStack.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
@@ -67,7 +69,7 @@ std::vector<std::string> randomUuids(const Model& model, Random& random)
     return uuids;
 }
 
-/// An effect stays if nobody asked for its identity, or if another one above it bears the same.
+/// An effect stays if its identity was not asked for, or if one above it has the same.
 std::string expectedStack(const Model& model, const std::vector<std::string>& uuids)
 {
     std::string labels;

@@ -1,10 +1,7 @@
 #include "effects/EffectRemoval.h"
 
-#include "effects/ObjectItem.h"
 #include "standin/family/Liars.h"
-#include "tests/effects/LabelledStack.h"
-
-#include <algorithm>
+#include "tests/support/StackTest.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -15,46 +12,41 @@ namespace
 {
 using Texts = std::vector<std::string>;
 
-class EffectRemoval : public LabelledStackTest
+class EffectRemoval : public StackTest
 {
 protected:
     int RemoveUuids(const Texts& uuids)
     {
-        return on->InHook([&]
-                          { return RemoveMultipleEffectsByUUID(on->Id(), on->Basic(), uuids, on->Layer()); });
+        return scene->InHook(
+            [&] { return RemoveMultipleEffectsByUUID(scene->Id(), scene->Basic(), uuids, scene->Layer()); });
     }
 
-    int Remove(const Texts& labels)
+    /// Removes the effects with these labels; gives the labels of the stack then.
+    std::string Remove(const std::string& labels)
     {
         Texts uuids;
-        for (const std::string& label : labels)
-            uuids.push_back(on->Uuid(label));
-        return RemoveUuids(uuids);
-    }
-
-    /// The calls behind the reading of the identities.
-    Texts Sweeps() const
-    {
-        const Texts calls = on->host.CallTexts(SuiteTraffic::leftOut);
-        const auto start =
-            std::find(calls.begin(), calls.end(), "Utility 3 AEGP_StartUndoGroup(\"Delete Effect(s)\")");
-        return {start, calls.end()};
+        for (const std::string& label : Words(labels))
+            uuids.push_back(label == "?"   ? "ffffffff-ffff-ffff-ffff-ffffffffffff"
+                            : label == "0" ? zeroUuid
+                                           : scene->Uuid(label));
+        EXPECT_EQ(RemoveUuids(uuids), 0);
+        return scene->Stack();
     }
 
     /// Undo brings back `before`, and it was one step.
     void ExpectOneUndoStepTo(const ProjectState& before)
     {
-        EXPECT_THAT(on->host.UndoNames(), ElementsAre("Delete Effect(s)"));
-        EXPECT_TRUE(on->host.Undo());
-        EXPECT_EQ(on->host.State(), before);
-        EXPECT_THAT(on->host.UndoNames(), IsEmpty());
+        EXPECT_EQ(scene->Steps(), "[Delete Effect(s)]");
+        EXPECT_TRUE(scene->host.Undo());
+        EXPECT_EQ(scene->host.State(), before);
+        EXPECT_EQ(scene->Steps(), "");
     }
 
     void ExpectNothingHappened(const ProjectState& before)
     {
-        EXPECT_EQ(on->host.State(), before);
-        EXPECT_THAT(on->host.UndoNames(), IsEmpty());
-        EXPECT_THAT(Sweeps(), IsEmpty());
+        EXPECT_EQ(scene->host.State(), before);
+        EXPECT_EQ(scene->Steps(), "");
+        EXPECT_THAT(scene->Sweep(), IsEmpty());
     }
 };
 } // namespace
@@ -63,21 +55,18 @@ protected:
 
 TEST_F(EffectRemoval, EmptyListMakesNoCall)
 {
-    Build("A B");
-    EXPECT_EQ(RemoveUuids({}), 0);
-    EXPECT_EQ(RemoveMultipleEffectsByUUID(on->Id(), nullptr, {}, nullptr), 0);
-    EXPECT_THAT(on->host.CallTexts(), IsEmpty());
-    EXPECT_EQ(on->Stack(), "A B");
+    LabelledStack& stack = Make("A B");
+    EXPECT_EQ(Remove(""), "A B");
+    EXPECT_EQ(RemoveMultipleEffectsByUUID(stack.Id(), nullptr, {}, nullptr), 0);
+    EXPECT_THAT(stack.host.CallTexts(), IsEmpty());
 }
 
 TEST_F(EffectRemoval, ReadsThenMovesToTheTopThenDeletes)
 {
-    Build("A X B");
-    const ProjectState before = on->host.State();
-    EXPECT_EQ(Remove({"B"}), 0);
-    EXPECT_EQ(on->Stack(), "A X");
+    const ProjectState before = Make("A X B").host.State();
+    EXPECT_EQ(Remove("B"), "A X");
     EXPECT_THAT(
-        on->host.CallTexts(),
+        scene->host.CallTexts(),
         ElementsAre(
             "Basic AcquireSuite(\"AEGP Effect Suite\", 1)", "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3",
             "Basic AcquireSuite(\"AEGP Layer Suite\", 5)",
@@ -113,224 +102,169 @@ TEST_F(EffectRemoval, ReadsThenMovesToTheTopThenDeletes)
     ExpectOneUndoStepTo(before);
 }
 
-TEST_F(EffectRemoval, ThirdAndFifthOfFiveGo)
+struct CallsRow
 {
-    Build("A B C D E");
-    const ProjectState before = on->host.State();
-    EXPECT_EQ(Remove({"C", "E"}), 0);
-    EXPECT_EQ(on->Stack(), "A B D");
-    EXPECT_THAT(
-        Sweeps(),
-        ElementsAre("Utility 3 AEGP_StartUndoGroup(\"Delete Effect(s)\")",
-                    "Effect 3 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect C",
-                    "Effect 3 AEGP_ReorderEffect(effect C, 0)", "Effect 3 AEGP_DisposeEffect(effect C)",
-                    "Effect 3 AEGP_GetLayerEffectByIndex(id 7, layer 1, 4) -> effect E",
-                    "Effect 3 AEGP_ReorderEffect(effect E, 1)", "Effect 3 AEGP_DisposeEffect(effect E)",
-                    "Effect 3 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect C",
-                    "Effect 3 AEGP_DeleteLayerEffect(effect C)", "Effect 3 AEGP_DisposeEffect(effect C)",
-                    "Effect 3 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect E",
-                    "Effect 3 AEGP_DeleteLayerEffect(effect E)", "Effect 3 AEGP_DisposeEffect(effect E)",
-                    "Utility 3 AEGP_EndUndoGroup()"));
+    const char* test;
+    const char* removed;
+    const char* after;
+    const char* calls; ///< See TracedStack::Delete.
+};
+
+class RemovalCalls : public EffectRemoval, public ::testing::WithParamInterface<CallsRow>
+{
+};
+
+TEST_P(RemovalCalls, OfFiveEffects)
+{
+    const TracedStack traced = Make("A B C D E").Traced();
+    const ProjectState before = scene->host.State();
+    EXPECT_EQ(Remove(GetParam().removed), GetParam().after);
+    EXPECT_EQ(scene->Sweep(), traced.Delete(GetParam().calls));
     ExpectOneUndoStepTo(before);
-    EXPECT_EQ(on->Stack(), "A B C D E");
+    EXPECT_EQ(scene->Stack(), "A B C D E");
 }
 
-TEST_F(EffectRemoval, MovesIgnoreTheOrderOfTheList)
-{
-    Build("A B C D E");
-    EXPECT_EQ(Remove({"E", "A", "C"}), 0);
-    EXPECT_EQ(on->Stack(), "B D");
-    const Texts calls = Sweeps();
-    Build("A B C D E");
-    EXPECT_EQ(Remove({"A", "C", "E"}), 0);
-    EXPECT_EQ(on->Stack(), "B D");
-    EXPECT_EQ(Sweeps(), calls);
-    ASSERT_EQ(calls.size(), 20u);
-    EXPECT_EQ(calls[2], "Effect 3 AEGP_ReorderEffect(effect A, 0)");
-    EXPECT_EQ(calls[5], "Effect 3 AEGP_ReorderEffect(effect C, 1)");
-    EXPECT_EQ(calls[8], "Effect 3 AEGP_ReorderEffect(effect E, 2)");
-}
-
-TEST_F(EffectRemoval, AllEffectsAreTakenFromTheTop)
-{
-    Build("A B C");
-    const ProjectState before = on->host.State();
-    EXPECT_EQ(Remove({"A", "B", "C"}), 0);
-    EXPECT_EQ(on->Stack(), "");
-    const Texts calls = Sweeps();
-    ASSERT_EQ(calls.size(), 20u);
-    EXPECT_EQ(calls[10], "Effect 3 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A");
-    EXPECT_EQ(calls[13], "Effect 3 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect B");
-    EXPECT_EQ(calls[16], "Effect 3 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect C");
-    ExpectOneUndoStepTo(before);
-}
+INSTANTIATE_TEST_SUITE_P(Of, RemovalCalls,
+                         ::testing::Values(CallsRow{"ThirdAndFifthOfFiveGo", "C E", "A B D", "C 2>0 E 4>1"},
+                                           CallsRow{"MovesIgnoreTheOrderOfTheList", "E A C", "B D",
+                                                    "A 0>0 C 2>1 E 4>2"},
+                                           CallsRow{"AllEffectsAreTakenFromTheTop", "A B C D E", "",
+                                                    "A 0>0 B 1>1 C 2>2 D 3>3 E 4>4"}),
+                         [](const auto& row) { return row.param.test; });
 
 TEST_F(EffectRemoval, LeavesTheOtherEffectsAsTheyWere)
 {
-    Build("A B C D");
-    on->host.Effect("A").customName = "First";
-    on->host.Effect("A").family.group = 3;
-    on->host.Effect("C").flags = 0;
-    on->host.Effect("C").groupHidden = true;
-    on->host.Effect("B").customName = "Doomed";
-    on->host.Effect("B").family.group = 7;
-    const ProjectState before = on->host.State();
-    EXPECT_EQ(Remove({"B", "D"}), 0);
-    const std::vector<EffectInstance>& left = on->host.State().FindLayer(on->layerId)->effects;
-    const std::vector<EffectInstance>& old = before.FindLayer(on->layerId)->effects;
-    EXPECT_THAT(left, ElementsAre(old[0], old[2]));
+    LabelledStack& stack = Make("A B C D");
+    stack.host.Effect("A").customName = "First";
+    stack.host.Effect("A").family.group = 3;
+    stack.host.Effect("C").flags = 0;
+    stack.host.Effect("C").groupHidden = true;
+    stack.host.Effect("B").customName = "Doomed";
+    stack.host.Effect("B").family.group = 7;
+    const ProjectState before = stack.host.State();
+    EXPECT_EQ(Remove("B D"), "A C");
+    EXPECT_EQ(stack.Text(), "A=First@3 C!~");
+    const std::vector<EffectInstance>& old = before.FindLayer(stack.layerId)->effects;
+    EXPECT_THAT(stack.host.State().FindLayer(stack.layerId)->effects, ElementsAre(old[0], old[2]));
     ExpectOneUndoStepTo(before);
-    EXPECT_EQ(on->host.NameOf("B"), "Doomed");
+    EXPECT_EQ(stack.host.NameOf("B"), "Doomed");
 }
 
 TEST_F(EffectRemoval, TouchesNoOtherLayer)
 {
-    Build("A B");
-    const int other = on->host.AddLayer(on->compId, "Layer 2");
-    (void)on->host.AddEffect(other, "QVK VORTSRC Lamps", "C");
-    on->host.Effect("C").family.uuid = on->host.Effect("A").family.uuid;
-    EXPECT_EQ(Remove({"A"}), 0);
-    EXPECT_EQ(on->Stack(), "B");
-    EXPECT_EQ(on->host.StackText(other), "C");
+    LabelledStack& stack = Make("A B");
+    const int other = stack.host.AddLayer(stack.compId, "Layer 2");
+    (void)stack.host.AddEffect(other, "QVK VORTSRC Lamps", "C");
+    stack.host.Effect("C").family.uuid = stack.host.Effect("A").family.uuid;
+    EXPECT_EQ(Remove("A"), "B");
+    EXPECT_EQ(stack.host.StackText(other), "C");
 }
 
 // What is found.
 
 TEST_F(EffectRemoval, UnknownUuidsOpenNoUndoGroup)
 {
-    Build("A B");
-    const ProjectState before = on->host.State();
+    const TracedStack traced = Make("A B").Traced();
+    const ProjectState before = scene->host.State();
     EXPECT_EQ(RemoveUuids({"ffffffff-ffff-ffff-ffff-ffffffffffff", "", "A"}), 0);
     ExpectNothingHappened(before);
-    const Texts calls = on->host.CallTexts(SuiteTraffic::leftOut);
-    EXPECT_EQ(std::count_if(calls.begin(), calls.end(),
-                            [](const std::string& call)
-                            { return call.find("AEGP_EffectCallGeneric") != std::string::npos; }),
-              2)
-        << "the identities are read";
-}
-
-TEST_F(EffectRemoval, UnknownUuidsAreSkipped)
-{
-    Build("A B C");
-    EXPECT_EQ(RemoveUuids({"ffffffff-ffff-ffff-ffff-ffffffffffff", on->Uuid("B"), "nobody"}), 0);
-    EXPECT_EQ(on->Stack(), "A C");
+    ExpectCalls(traced.ReadIdentities());
 }
 
 TEST_F(EffectRemoval, UuidIsComparedWholeAndWithCase)
 {
-    Build("A");
-    on->host.Effect("A").family.uuid = IdentityOf(0xab);
-    const ProjectState before = on->host.State();
+    Make("A").host.Effect("A").family.uuid = IdentityOf(0xab);
+    const ProjectState before = scene->host.State();
     EXPECT_EQ(RemoveUuids({"ABABABAB-ABAB-ABAB-ABAB-ABABABABABAB", "abababab-abab-abab-abab-abababababa",
                            "abababab-abab-abab-abab-ababababababa"}),
               0);
     ExpectNothingHappened(before);
     EXPECT_EQ(RemoveUuids({"abababab-abab-abab-abab-abababababab"}), 0);
-    EXPECT_EQ(on->Stack(), "");
+    EXPECT_EQ(scene->Stack(), "");
 }
 
 TEST_F(EffectRemoval, EmptyLayerHasNothingToDelete)
 {
-    Build("");
-    EXPECT_EQ(RemoveUuids({ZERO_UUID_TEXT}), 0);
-    EXPECT_THAT(on->host.CallTexts(SuiteTraffic::leftOut),
-                ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 0"));
+    (void)Make("");
+    EXPECT_EQ(Remove("0"), "");
+    EXPECT_THAT(scene->CallList(), ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 0"));
 }
 
-TEST_F(EffectRemoval, UuidGivenTwiceDeletesOneEffect)
+namespace
 {
-    Build("A B C");
-    EXPECT_EQ(Remove({"B", "C", "B"}), 0);
-    EXPECT_EQ(on->Stack(), "A");
-    Build("A B C");
-    EXPECT_EQ(Remove({"B", "B"}), 0);
-    EXPECT_EQ(on->Stack(), "A C");
+struct FoundRow
+{
+    const char* test;
+    const char* stack;
+    const char* removed; ///< "0" is the zero identity, "?" an unknown one.
+    const char* after;
+    std::function<void(Host&)> prepare = [](Host&) {};
+};
+
+std::function<void(Host&)> behaves(const char* label, const std::shared_ptr<const Behaviour>& behaviour)
+{
+    return [=](Host& host) { host.Effect(label).behaviour = behaviour; };
 }
+
+class RemovalFinds : public EffectRemoval, public ::testing::WithParamInterface<FoundRow>
+{
+};
+} // namespace
+
+TEST_P(RemovalFinds, TheseEffects)
+{
+    GetParam().prepare(Make(GetParam().stack).host);
+    EXPECT_EQ(Remove(GetParam().removed), GetParam().after);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    If, RemovalFinds,
+    ::testing::Values(FoundRow{"UnknownUuidsAreSkipped", "A B C", "? B ?", "A C"},
+                      FoundRow{"UuidGivenTwiceDeletesOneEffect", "A B C", "B C B", "A"},
+                      FoundRow{"OnlyOneUuidIsGivenTwice", "A B C", "B B", "A C"},
+                      FoundRow{"OneTwinGoesEvenIfAskedTwice", "A B C", "B B", "A C",
+                               [](Host& host) {
+                                   host.Effect("C").behaviour = RepeatsIdentity(host.Effect("B").family.uuid);
+                               }},
+                      FoundRow{"ZeroIdentityTakesTheFirstOutsider", "A X1 B X2", "0", "A B X2"},
+                      FoundRow{"EffectThatGivesAnErrorIsNotFound", "A B C", "B C", "A B",
+                               behaves("B", FailsWith(4))},
+                      FoundRow{"UninstalledEffectIsNotFound", "A B C", "B C", "A B",
+                               [](Host& host) { host.Effect("B").flags = effectMissing; }},
+                      FoundRow{"EffectThatThrowsIsNotFound", "A B C", "B C", "A B", behaves("B", Throws(99))},
+                      FoundRow{"EffectThatAnswersWithAnErrorIsDeleted", "A B C", "B C", "A",
+                               behaves("B", AnswersAndFailsWith(4))},
+                      FoundRow{"ScribblingEffectSpoilsOnlyItsOwnAnswer", "A B C", "A B C", "A",
+                               [](Host& host)
+                               {
+                                   host.Effect("A").behaviour = ScribblesAll();
+                                   host.Effect("B").behaviour = ScribblesReserved();
+                               }},
+                      // The place of B is known by then, and is A's from here on.
+                      FoundRow{"ReorderInsideAMessageDeletesAnotherEffect", "A B C", "B", "C B",
+                               behaves("C", ActsInMessage([](Host& host) { host.User().Reorder("C", 0); }))}),
+    [](const auto& row) { return row.param.test; });
 
 TEST_F(EffectRemoval, UpperOfTwoTwinsGoes)
 {
-    Build("A B C");
-    on->host.Effect("C").family.uuid = on->host.Effect("B").family.uuid;
-    EXPECT_EQ(Remove({"C"}), 0);
-    EXPECT_EQ(on->Stack(), "A C");
-    EXPECT_EQ(Remove({"C"}), 0);
-    EXPECT_EQ(on->Stack(), "A");
-}
-
-TEST_F(EffectRemoval, OneTwinGoesEvenIfAskedTwice)
-{
-    Build("A B C");
-    on->host.Effect("C").behaviour = RepeatsIdentity(on->host.Effect("B").family.uuid);
-    EXPECT_EQ(Remove({"B", "B"}), 0);
-    EXPECT_EQ(on->Stack(), "A C");
-}
-
-TEST_F(EffectRemoval, ZeroIdentityTakesTheFirstOutsider)
-{
-    Build("A X1 B X2");
-    EXPECT_EQ(RemoveUuids({ZERO_UUID_TEXT}), 0);
-    EXPECT_EQ(on->Stack(), "A B X2");
+    LabelledStack& stack = Make("A B C");
+    stack.host.Effect("C").family.uuid = stack.host.Effect("B").family.uuid;
+    EXPECT_EQ(Remove("C"), "A C");
+    EXPECT_EQ(Remove("C"), "A");
 }
 
 TEST_F(EffectRemoval, EffectThatDoesNotAnswerIsNotFound)
 {
-    Build("A B C");
-    on->host.Effect("B").behaviour = AnswersLate(1);
-    EXPECT_EQ(Remove({"B", "C"}), 0);
-    EXPECT_EQ(on->Stack(), "A B");
-    EXPECT_EQ(Remove({"B"}), 0);
-    EXPECT_EQ(on->Stack(), "A");
-}
-
-TEST_F(EffectRemoval, EffectThatGivesAnErrorIsNotFound)
-{
-    Build("A B C");
-    on->host.Effect("B").behaviour = FailsWith(4);
-    EXPECT_EQ(Remove({"B", "C"}), 0);
-    EXPECT_EQ(on->Stack(), "A B");
-}
-
-TEST_F(EffectRemoval, UninstalledEffectIsNotFound)
-{
-    Build("A B C");
-    on->host.Effect("B").flags = effectMissing;
-    EXPECT_EQ(Remove({"B", "C"}), 0);
-    EXPECT_EQ(on->Stack(), "A B");
-}
-
-TEST_F(EffectRemoval, EffectThatThrowsIsNotFound)
-{
-    Build("A B C");
-    on->host.Effect("B").behaviour = Throws(99);
-    EXPECT_EQ(Remove({"B", "C"}), 0);
-    EXPECT_EQ(on->Stack(), "A B");
-}
-
-TEST_F(EffectRemoval, EffectThatAnswersWithAnErrorIsDeleted)
-{
-    Build("A B C");
-    on->host.Effect("B").behaviour = AnswersAndFailsWith(4);
-    EXPECT_EQ(Remove({"B", "C"}), 0);
-    EXPECT_EQ(on->Stack(), "A");
-}
-
-TEST_F(EffectRemoval, ScribblingEffectSpoilsOnlyItsOwnAnswer)
-{
-    Build("A B C");
-    on->host.Effect("A").behaviour = ScribblesAll();
-    on->host.Effect("B").behaviour = ScribblesReserved();
-    EXPECT_EQ(Remove({"A", "B", "C"}), 0);
-    EXPECT_EQ(on->Stack(), "A");
+    Make("A B C").host.Effect("B").behaviour = AnswersLate(1);
+    EXPECT_EQ(Remove("B C"), "A B");
+    EXPECT_EQ(Remove("B"), "A");
 }
 
 TEST_F(EffectRemoval, VanishingEffectDragsNoOtherWithIt)
 {
-    Build("A B C");
-    on->host.Effect("A").behaviour = ActsInMessage([](Host& host) { host.User().Delete("C"); });
-    EXPECT_EQ(Remove({"C"}), 0);
-    EXPECT_EQ(on->Stack(), "A B");
-    EXPECT_THAT(Sweeps(), IsEmpty());
+    Make("A B C").host.Effect("A").behaviour = ActsInMessage([](Host& host) { host.User().Delete("C"); });
+    EXPECT_EQ(Remove("C"), "A B");
+    EXPECT_THAT(scene->Sweep(), IsEmpty());
 }
 
 // Switches of the host.
@@ -339,10 +273,8 @@ TEST_F(EffectRemoval, StrictHostDeletesAsWell)
 {
     HostOptions options;
     options.disposeDeleted = DisposeDeleted::isRefused;
-    Build("A B C", options);
-    const ProjectState before = on->host.State();
-    EXPECT_EQ(Remove({"A", "C"}), 0);
-    EXPECT_EQ(on->Stack(), "B");
+    const ProjectState before = Make("A B C", options).host.State();
+    EXPECT_EQ(Remove("A C"), "B");
     ExpectOneUndoStepTo(before);
 }
 
@@ -350,20 +282,9 @@ TEST_F(EffectRemoval, EffectWithoutIdentityGoesAsAnOutsider)
 {
     HostOptions options;
     options.identityBirth = IdentityBirth::atNextIdle;
-    Build("A", options);
-    on->host.Effect("A").family.uuid = IdentityOf(1);
-    (void)on->host.User().Apply(on->layerId, "QVK VORTSRC Lamps");
-    on->LabelNewEffects();
-    EXPECT_EQ(RemoveUuids({ZERO_UUID_TEXT}), 0);
-    EXPECT_EQ(on->Stack(), "A");
-}
-
-TEST_F(EffectRemoval, ReorderInsideAMessageDeletesAnotherEffect)
-{
-    Build("A B C");
-    // The place of B is known by then, and is A's from here on.
-    on->host.Effect("C").behaviour = ActsInMessage([](Host& host) { host.User().Reorder("C", 0); });
-    EXPECT_EQ(Remove({"B"}), 0);
-    EXPECT_EQ(on->Stack(), "C B");
+    LabelledStack& stack = Make("A", options);
+    stack.host.Effect("A").family.uuid = IdentityOf(1);
+    (void)stack.host.User().Apply(stack.layerId, "QVK VORTSRC Lamps");
+    EXPECT_EQ(Remove("0"), "A");
 }
 } // namespace standin

@@ -1,11 +1,10 @@
 // Each host call of a selection fails in turn: an error leaves the undo group of its effect open and nothing
-// else, and the effects behind it get their turn.
+// else, and the effects after it get their turn.
 
 #include "effects/EffectSelection.h"
 #include "standin/family/Liars.h"
 #include "standin/faults/Sweep.h"
 #include "tests/effects/SelectedStack.h"
-#include "tests/support/ChangeCalls.h"
 #include "tests/support/StackTest.h"
 #include "tests/support/TraceAudit.h"
 
@@ -75,7 +74,7 @@ void checkSelection(SelectedStack& stack, const SweptFault& fault)
 
 std::size_t sweep(bool useHide)
 {
-    return SweepFaults([=] { return std::make_unique<SelectedStack>("A Z K M B", "A", useHide); },
+    return SweepFaults([=] { return std::make_unique<SelectedStack>("A X K M B", "A", useHide); },
                        [](SelectedStack& stack) { stack.Run(); }, checkSelection);
 }
 } // namespace
@@ -90,47 +89,32 @@ TEST(EffectSelectionFaults, AnErrorLeavesItsGroupOpen)
     {
         const char* function;
         std::size_t nth;
-        const char* calls;
+        std::ptrdiff_t calls;     ///< Of the calls of a hide, those up to the failing one.
+        std::ptrdiff_t disposals; ///< Of its three last calls.
     };
     // The reading of the two effects takes each effect and its streams before; so the third call of a
     // function that both need is the first of the sweep.
-    const std::vector<Row> rows = {
-        {"AEGP_GetNewEffectStreamByIndex", 3,
-         "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) = 1\n"
-         "Effect 1 AEGP_DisposeEffect(effect A)\n"},
-        {"AEGP_GetNewParentStreamRef", 3,
-         "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n"
-         "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) = 1\n"
-         "Stream 7 AEGP_DisposeStream(stream A.1)\n"
-         "Effect 1 AEGP_DisposeEffect(effect A)\n"},
-        {"AEGP_GetDynamicStreamFlags", 1,
-         "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n"
-         "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A\n"
-         "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) = 1\n"
-         "Stream 7 AEGP_DisposeStream(stream A.1)\n"
-         "Stream 7 AEGP_DisposeStream(stream A)\n"
-         "Effect 1 AEGP_DisposeEffect(effect A)\n"},
-        {"AEGP_SetDynamicStreamFlag", 2,
-         "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n"
-         "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A\n"
-         "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) -> 0\n"
-         "DynamicStream 5 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 0)\n"
-         "DynamicStream 5 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 1) = 1\n"
-         "Stream 7 AEGP_DisposeStream(stream A.1)\n"
-         "Stream 7 AEGP_DisposeStream(stream A)\n"
-         "Effect 1 AEGP_DisposeEffect(effect A)\n"},
-    };
+    const std::vector<Row> rows = {{"AEGP_GetNewEffectStreamByIndex", 3, 3, 1},
+                                   {"AEGP_GetNewParentStreamRef", 3, 4, 2},
+                                   {"AEGP_GetDynamicStreamFlags", 1, 5, 3},
+                                   {"AEGP_SetDynamicStreamFlag", 2, 7, 3}};
     for (const Row& row : rows)
     {
         SCOPED_TRACE(row.function);
-        StackScene stack("A B");
-        const std::string showB = ShowCalls(stack, "B", 1);
+        LabelledStack stack("A B");
+        const TracedStack traced = stack.Traced();
+        const Calls hide = traced.Touch("-A");
+        Calls broken(hide.begin(), hide.begin() + row.calls);
+        broken.back() = broken.back().substr(0, broken.back().find(')') + 1) + " = 1";
+        Calls disposals(hide.end() - 3, hide.end());
+        if (row.disposals < 3)
+            disposals.erase(disposals.begin() + (row.disposals - 1), disposals.end() - 1);
         stack.host.Faults().FailFunction(row.function, row.nth);
 
         (void)stack.Select(true, false, stack.Tree("B"));
 
-        EXPECT_EQ(sweepOf(stack), takeA + std::string(row.calls) + showB);
-        EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
+        EXPECT_EQ(stack.Sweep(), Sequence({broken, disposals, traced.Touch("+B")}));
+        EXPECT_EQ(stack.Text(), "A B");
         EXPECT_EQ(stack.Found(), (std::vector<std::string>{"nested-undo-group AEGP_StartUndoGroup",
                                                            "undo-group-left-open AEGP_StartUndoGroup"}));
     }
@@ -138,52 +122,51 @@ TEST(EffectSelectionFaults, AnErrorLeavesItsGroupOpen)
 
 TEST(EffectSelectionFaults, AnUnfinishedShowLeavesTheParameterHidden)
 {
-    StackScene stack("A");
+    LabelledStack stack("A");
     stack.host.Faults().FailFunction("AEGP_SetDynamicStreamFlag", 3);
 
     (void)stack.Select(true, false, stack.Tree("A"));
 
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on, hides 1\n");
+    EXPECT_EQ(stack.Text(), "A~1");
     EXPECT_EQ(stack.Found(), std::vector<std::string>{"undo-group-left-open AEGP_StartUndoGroup"});
 }
 
 TEST(EffectSelectionFaults, AGroupThatCannotBeOpenedTouchesNothing)
 {
-    StackScene stack("A B");
-    const std::string hideB = HideCalls(stack, "B", 1);
+    LabelledStack stack("A B");
     stack.host.Faults().FailFunction("AEGP_StartUndoGroup");
 
     (void)stack.Select(true, false, {});
 
-    EXPECT_EQ(sweepOf(stack), "Utility 3 AEGP_StartUndoGroup(\"\") = 1\n" + hideB);
+    EXPECT_EQ(stack.Sweep(),
+              Sequence({{"Utility 3 AEGP_StartUndoGroup(\"\") = 1"}, stack.Traced().Touch("-B")}));
     EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 
 TEST(EffectSelectionFaults, AFailedCountShowsTheSelectedHidesNobody)
 {
     // The count is read once for the items, once in each of the four messages, and then here.
-    StackScene stack("A B");
-    const std::string showB = ShowCalls(stack, "B", 1);
+    LabelledStack stack("A B");
+    const TracedStack traced = stack.Traced();
     stack.host.Faults().FailFunction("AEGP_GetLayerNumEffects", 6);
 
     (void)stack.Select(true, false, stack.Tree("B"));
 
-    EXPECT_EQ(stack.Calls(), ReadLayer(stack, "A B") +
-                                 "Effect 1 AEGP_GetLayerNumEffects(layer 1) = 1\n"
-                                 "Layer 5 AEGP_GetLayerParentComp(layer 1) -> comp 101\n" +
-                                 showB);
+    EXPECT_EQ(stack.CallList(), Sequence({traced.Read(),
+                                          {"Effect 1 AEGP_GetLayerNumEffects(layer 1) = 1",
+                                           "Layer 5 AEGP_GetLayerParentComp(layer 1) -> comp 101"},
+                                          traced.Touch("+B")}));
     EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 
 TEST(EffectSelectionFaults, TheParentCompositionIsAskedButNotNeeded)
 {
-    StackScene stack("A");
-    const std::string hideA = HideCalls(stack, "A", 0);
+    LabelledStack stack("A");
     stack.host.Faults().FailFunction("AEGP_GetLayerParentComp");
 
     (void)stack.Select(true, false, {});
 
-    EXPECT_EQ(sweepOf(stack), hideA);
+    EXPECT_EQ(stack.Sweep(), stack.Traced().Touch("-A"));
     EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 
@@ -206,12 +189,11 @@ TEST(EffectSelectionFaults, AMainEffectWithUnreadNameIsHidden)
     {
         SCOPED_TRACE(row.function);
         SelectedStack stack("M", "", true);
-        const std::string hideM = HideCalls(stack, "M", 0);
         stack.host.Faults().FailFunction(row.function, row.nth);
 
         stack.Run();
 
-        EXPECT_EQ(sweepOf(stack), hideM);
+        EXPECT_EQ(stack.Sweep(), stack.Traced().Touch("-M"));
         EXPECT_EQ(stack.output, "") << "no main effect is known";
         EXPECT_EQ(stack.Found(), row.found);
     }
@@ -220,19 +202,18 @@ TEST(EffectSelectionFaults, AMainEffectWithUnreadNameIsHidden)
 TEST(EffectSelectionFaults, AMainEffectWithUnreadNameIsOrdinary)
 {
     SelectedStack stack("K M", "", true);
-    const std::string hideM = HideCalls(stack, "M", 1);
     // Two names are read with the layer, and the third is that of the kit effect above.
     stack.host.Faults().FailFunction("AEGP_GetEffectMatchName", 4);
 
     stack.Run();
 
-    EXPECT_EQ(sweepOf(stack), hideM);
+    EXPECT_EQ(stack.Sweep(), stack.Traced().Touch("-M"));
     EXPECT_EQ(stack.output, "");
 }
 
 TEST(EffectSelectionFaults, AnUnterminatedMatchNameIsNotThePanels)
 {
-    StackScene stack("A");
+    LabelledStack stack("A");
     InstalledEffect endless = *stack.host.FindInstalled("QVK VORTSRC Routes");
     endless.key = 0;
     endless.matchName = "QVK VORTKIT";
@@ -241,7 +222,7 @@ TEST(EffectSelectionFaults, AnUnterminatedMatchNameIsNotThePanels)
 
     (void)stack.Select(true, false, {});
 
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on, hidden\n");
+    EXPECT_EQ(stack.Text(), "A~");
     EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 } // namespace standin

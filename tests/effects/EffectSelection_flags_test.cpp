@@ -1,292 +1,225 @@
 // The sequences in which the hidden flags are switched, by suite version, and what they leave behind.
 
 #include "standin/family/Liars.h"
-#include "tests/support/ChangeCalls.h"
 #include "tests/support/StackTest.h"
 
 namespace standin
 {
 namespace
 {
-using EffectSelectionFlags = StackTest;
+constexpr bool hideThem = true;
+constexpr bool twirlThem = false;
 
-/// The part of the trace from the start of the first undo group on.
-std::string sweepOf(StackScene& stack)
+class EffectSelectionFlags : public StackTest
 {
-    const std::string calls = stack.Calls();
-    const std::size_t start = calls.find("Utility 3 AEGP_StartUndoGroup");
-    return start == std::string::npos ? "" : calls.substr(start);
-}
+protected:
+    /// Selects the effects with these labels and leaves the main effect alone; gives the stack then.
+    std::string Select(bool useHide, const std::string& labels)
+    {
+        (void)scene->Select(useHide, false, scene->Tree(labels));
+        return scene->Text();
+    }
+
+    void ExpectSweep(const Calls& expected) const { EXPECT_EQ(TextOf(scene->Sweep()), TextOf(expected)); }
+
+    /// The stack, in which the effect does this when it is asked for its identity, the last that the reading
+    /// asks of it.
+    LabelledStack& MakeMeddler(const std::string& labels, const std::string& label,
+                               const std::function<void(Host&)>& action)
+    {
+        LabelledStack& stack = Make(labels);
+        stack.host.Effect(label).behaviour = ActsInMessage(action, 2);
+        return stack;
+    }
+
+    /// The effect that was added last.
+    TracedStack TracedWith(const std::string& labels)
+    {
+        return TracedStackOf(*scene, Words(labels + " " + scene->Traced().effects.back().label));
+    }
+};
 
 TEST_F(EffectSelectionFlags, HidingUsesTheNewerTable)
 {
-    StackScene& stack = Make("A");
-
-    (void)stack.Select(true, false, {});
-
-    EXPECT_EQ(sweepOf(stack), "Utility 3 AEGP_StartUndoGroup(\"\")\n"
-                              "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A\n"
-                              "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n"
-                              "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A\n"
-                              "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) -> 0\n"
-                              "DynamicStream 5 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 0)\n"
-                              "DynamicStream 5 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 1)\n"
-                              "Utility 3 AEGP_EndUndoGroup()\n"
-                              "Stream 7 AEGP_DisposeStream(stream A.1)\n"
-                              "Stream 7 AEGP_DisposeStream(stream A)\n"
-                              "Effect 1 AEGP_DisposeEffect(effect A)\n");
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on, hidden\n");
+    (void)Make("A");
+    EXPECT_EQ(Select(hideThem, ""), "A~");
+    ExpectSweep({"Utility 3 AEGP_StartUndoGroup(\"\")",
+                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A",
+                 "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1",
+                 "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A",
+                 "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) -> 0",
+                 "DynamicStream 5 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 0)",
+                 "DynamicStream 5 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 1)",
+                 "Utility 3 AEGP_EndUndoGroup()", "Stream 7 AEGP_DisposeStream(stream A.1)",
+                 "Stream 7 AEGP_DisposeStream(stream A)", "Effect 1 AEGP_DisposeEffect(effect A)"});
 }
 
 TEST_F(EffectSelectionFlags, ShowingPulsesTheParameterByTheOlderTable)
 {
-    StackScene& stack = Make("A");
-    stack.host.Effect("A").groupHidden = true;
-
-    (void)stack.Select(true, false, stack.Tree("A"));
-
-    EXPECT_EQ(sweepOf(stack), "Utility 3 AEGP_StartUndoGroup(\"\")\n"
-                              "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A\n"
-                              "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n"
-                              "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A\n"
-                              "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) -> 0\n"
-                              "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 0)\n"
-                              "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 1)\n"
-                              "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 0)\n"
-                              "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 0)\n"
-                              "Utility 3 AEGP_EndUndoGroup()\n"
-                              "Stream 7 AEGP_DisposeStream(stream A.1)\n"
-                              "Stream 7 AEGP_DisposeStream(stream A)\n"
-                              "Effect 1 AEGP_DisposeEffect(effect A)\n");
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on\n");
-    EXPECT_EQ(stack.host.ViewLog(), (ViewEvents{"reveal A", "open A", "reveal A.1"}));
-    EXPECT_TRUE(stack.host.IsOpen("A"));
+    Make("A").host.Effect("A").groupHidden = true;
+    EXPECT_EQ(Select(hideThem, "A"), "A");
+    ExpectSweep({"Utility 3 AEGP_StartUndoGroup(\"\")",
+                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A",
+                 "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1",
+                 "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A",
+                 "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) -> 0",
+                 "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 0)",
+                 "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 1)",
+                 "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 0)",
+                 "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 0)",
+                 "Utility 3 AEGP_EndUndoGroup()", "Stream 7 AEGP_DisposeStream(stream A.1)",
+                 "Stream 7 AEGP_DisposeStream(stream A)", "Effect 1 AEGP_DisposeEffect(effect A)"});
+    EXPECT_EQ(scene->host.ViewLog(), (ViewEvents{"reveal A", "open A", "reveal A.1"}));
+    EXPECT_TRUE(scene->host.IsOpen("A"));
 }
 
 TEST_F(EffectSelectionFlags, TwirlingOpenPulsesTheFirstParameter)
 {
-    StackScene& stack = Make("A");
-
-    (void)stack.Select(false, false, stack.Tree("A"));
-
-    EXPECT_EQ(sweepOf(stack), "Utility 3 AEGP_StartUndoGroup(\"\")\n"
-                              "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A\n"
-                              "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n"
-                              "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A\n"
-                              "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 1)\n"
-                              "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 0)\n"
-                              "Utility 3 AEGP_EndUndoGroup()\n"
-                              "Stream 7 AEGP_DisposeStream(stream A.1)\n"
-                              "Stream 7 AEGP_DisposeStream(stream A)\n"
-                              "Effect 1 AEGP_DisposeEffect(effect A)\n");
-    EXPECT_TRUE(stack.host.IsOpen("A"));
+    (void)Make("A");
+    EXPECT_EQ(Select(twirlThem, "A"), "A");
+    ExpectSweep(scene->Traced().Touch(">A"));
+    EXPECT_THAT(scene->CallList(),
+                ::testing::Contains("DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 1)"));
+    EXPECT_TRUE(scene->host.IsOpen("A"));
 }
 
 TEST_F(EffectSelectionFlags, TwirlingClosedPulsesTheGroup)
 {
-    StackScene& stack = Make("A");
-    (void)stack.Select(false, false, stack.Tree("A"));
-    ASSERT_TRUE(stack.host.IsOpen("A"));
-
-    (void)stack.Select(false, false, {});
-
-    EXPECT_EQ(sweepOf(stack), "Utility 3 AEGP_StartUndoGroup(\"\")\n"
-                              "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A\n"
-                              "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) -> stream A.1\n"
-                              "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A\n"
-                              "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 1)\n"
-                              "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 0)\n"
-                              "Utility 3 AEGP_EndUndoGroup()\n"
-                              "Stream 7 AEGP_DisposeStream(stream A.1)\n"
-                              "Stream 7 AEGP_DisposeStream(stream A)\n"
-                              "Effect 1 AEGP_DisposeEffect(effect A)\n");
-    EXPECT_FALSE(stack.host.IsOpen("A"));
+    (void)Make("A");
+    (void)Select(twirlThem, "A");
+    ASSERT_TRUE(scene->host.IsOpen("A"));
+    EXPECT_EQ(Select(twirlThem, ""), "A");
+    ExpectSweep(scene->Traced().Touch("<A"));
+    EXPECT_THAT(scene->CallList(),
+                ::testing::Contains("DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 1)"));
+    EXPECT_FALSE(scene->host.IsOpen("A"));
 }
 
 TEST_F(EffectSelectionFlags, SequencesRunEvenIfNothingHasToChange)
 {
-    StackScene& stack = Make("A B");
-    stack.host.Effect("A").groupHidden = true;
-    const std::string expected = HideCalls(stack, "A", 0) + ShowCalls(stack, "B", 1);
-
-    (void)stack.Select(true, false, stack.Tree("B"));
-    EXPECT_EQ(sweepOf(stack), expected);
-
-    (void)stack.Select(true, false, stack.Tree("B"));
-    EXPECT_EQ(sweepOf(stack), expected);
+    Make("A B").host.Effect("A").groupHidden = true;
+    for (int time = 0; time < 2; ++time)
+    {
+        EXPECT_EQ(Select(hideThem, "B"), "A~ B");
+        ExpectSweep(scene->Traced().Touch("-A +B"));
+    }
 }
 
 TEST_F(EffectSelectionFlags, AHiddenParameterStaysHiddenAfterAShow)
 {
-    StackScene& stack = Make("A");
-    stack.host.Effect("A").parameters.at(1).hidden = true;
-
-    (void)stack.Select(true, false, stack.Tree("A"));
-
-    const std::string calls = sweepOf(stack);
-    EXPECT_NE(calls.find("DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) -> 2\n"
-                         "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A, 2, 0, 0)\n"
-                         "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 1)\n"
-                         "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 0)\n"
-                         "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 1)\n"
-                         "Utility 3 AEGP_EndUndoGroup()\n"),
-              std::string::npos)
-        << calls;
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on, hides 1\n");
+    Make("A").host.Effect("A").parameters.at(1).hidden = true;
+    const Calls shown = scene->Traced().Touch("+A");
+    EXPECT_EQ(Select(hideThem, "A"), "A~1");
+    ExpectSweep(shown);
+    EXPECT_EQ(shown.at(4), "DynamicStream 2 AEGP_GetDynamicStreamFlags(stream A.1) -> 2");
+    EXPECT_EQ(shown.at(8), "DynamicStream 2 AEGP_SetDynamicStreamFlag(stream A.1, 2, 0, 1)");
 }
 
 TEST_F(EffectSelectionFlags, AHiddenParameterShowsAfterATwirlOpen)
 {
-    StackScene& stack = Make("A");
-    stack.host.Effect("A").parameters.at(1).hidden = true;
-
-    (void)stack.Select(false, false, stack.Tree("A"));
-
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on\n");
+    Make("A").host.Effect("A").parameters.at(1).hidden = true;
+    EXPECT_EQ(Select(twirlThem, "A"), "A");
 }
 
 TEST_F(EffectSelectionFlags, AHiddenParameterSurvivesHideAndTwirlClosed)
 {
-    StackScene& stack = Make("A");
-    stack.host.Effect("A").parameters.at(1).hidden = true;
-
-    (void)stack.Select(true, false, {});
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on, hidden, hides 1\n");
-
-    (void)stack.Select(false, false, {});
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on, hides 1\n") << "a twirl leaves the group's flag clear";
+    Make("A").host.Effect("A").parameters.at(1).hidden = true;
+    EXPECT_EQ(Select(hideThem, ""), "A~~1");
+    EXPECT_EQ(Select(twirlThem, ""), "A~1") << "a twirl leaves the group's flag clear";
 }
 
 TEST_F(EffectSelectionFlags, ATwirlOpenLeavesAHiddenGroupHidden)
 {
-    StackScene& stack = Make("A");
-    stack.host.Effect("A").groupHidden = true;
-
-    (void)stack.Select(false, false, stack.Tree("A"));
-
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on, hidden\n");
+    Make("A").host.Effect("A").groupHidden = true;
+    EXPECT_EQ(Select(twirlThem, "A"), "A~");
 }
 
 TEST_F(EffectSelectionFlags, TheOtherParametersKeepTheirFlags)
 {
-    StackScene& stack = Make("A B");
-    stack.host.Effect("A").parameters.at(2).hidden = true;
-    stack.host.Effect("B").parameters.at(2).hidden = true;
-
-    (void)stack.Select(true, false, stack.Tree("B"));
-
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on, hidden, hides 2\nB: B, group 0, on, hides 2\n");
+    Make("A B").host.Effect("A").parameters.at(2).hidden = true;
+    scene->host.Effect("B").parameters.at(2).hidden = true;
+    EXPECT_EQ(Select(hideThem, "B"), "A~~2 B~2");
 }
 
 TEST_F(EffectSelectionFlags, EachEffectIsANamelessEmptyGroup)
 {
-    StackScene& stack = Make("A B M", EveryGroupShows());
-
-    (void)OutputOf([&] { (void)stack.Select(true, true, stack.Tree("B")); });
-
+    LabelledStack& stack = Make("A B M", EveryGroupShows());
+    EXPECT_EQ(OutputOf([&] { (void)stack.Select(hideThem, true, stack.Tree("B")); }),
+              "touching main effect\n");
     EXPECT_EQ(stack.Steps(), "[][][]");
-    const std::string after = stack.Report();
-    EXPECT_EQ(after, "A: A, group 0, on, hidden\nB: B, group 0, on\nM: M, group 0, on\n");
+    EXPECT_EQ(stack.Text(), "A~ B M");
     while (stack.host.Undo())
     {
     }
-    EXPECT_EQ(stack.Report(), after) << "visibility is not undone";
+    EXPECT_EQ(stack.Text(), "A~ B M") << "visibility is not undone";
 }
 
 TEST_F(EffectSelectionFlags, ShowingAfterAHideBringsTheEffectBack)
 {
-    StackScene& stack = Make("A B");
-    (void)stack.Select(true, false, stack.Tree("B"));
-
-    (void)stack.Select(true, false, stack.Tree("A"));
-
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on, hidden\n");
-    EXPECT_EQ(stack.Stack(), "A B");
-    EXPECT_EQ(stack.host.NameOf("A"), "A");
+    (void)Make("A B");
+    EXPECT_EQ(Select(hideThem, "B"), "A~ B");
+    EXPECT_EQ(Select(hideThem, "A"), "A B~");
 }
 
 // The stack changes between the reading of the items and the sweep.
-
-/// The effect does this when it is asked for its identity, the last that the reading asks of it.
-void meddle(StackScene& stack, const std::string& label, std::function<void(Host&)> action)
-{
-    stack.host.Effect(label).behaviour = ActsInMessage(std::move(action), 2);
-}
 
 TEST_F(EffectSelectionFlags, AnEffectAddedAfterReadingCountsAsOther)
 {
     for (const char* matchName : {"QVK VORTSRC GEO", "ADBE Tint"})
     {
         SCOPED_TRACE(matchName);
-        StackScene& stack = Make("A B");
-        const int layer = stack.layerId;
-        meddle(stack, "B", [=](Host& host) { (void)host.User().Apply(layer, matchName); });
-
-        (void)stack.Select(true, false, stack.Tree("A"));
-
-        const std::string joined = stack.host.State().FindLayer(layer)->effects.at(2).label;
-        EXPECT_EQ(sweepOf(stack),
-                  HideCalls(stack, "B", 1) + HideCalls(stack, joined, 2) + ShowCalls(stack, "A", 0))
-            << "also if it is from outside the family";
-        EXPECT_TRUE(stack.host.Effect(joined).groupHidden);
-        EXPECT_EQ(stack.host.FindingsReport(), "");
+        (void)MakeMeddler("A B", "B", [=](Host& host) { (void)host.User().Apply(1, matchName); });
+        (void)Select(hideThem, "A");
+        const TracedStack traced = TracedWith("A B");
+        const std::string joined = traced.effects.back().label;
+        ExpectSweep(traced.Touch("-B -" + joined + " +A")); // Also if it is from outside the family.
+        EXPECT_TRUE(scene->host.Effect(joined).groupHidden);
     }
 }
 
 TEST_F(EffectSelectionFlags, AKitAddedAfterReadingIsLeftAlone)
 {
-    StackScene& stack = Make("A B");
-    const int layer = stack.layerId;
-    meddle(stack, "B", [=](Host& host) { (void)host.User().Apply(layer, "QVK VORTKIT"); });
-
-    (void)stack.Select(true, false, stack.Tree("A"));
-
-    EXPECT_EQ(sweepOf(stack), HideCalls(stack, "B", 1) + ShowCalls(stack, "A", 0));
+    (void)MakeMeddler("A B", "B", [](Host& host) { (void)host.User().Apply(1, "QVK VORTKIT"); });
+    (void)Select(hideThem, "A");
+    ExpectSweep(TracedWith("A B").Touch("-B +A"));
 }
 
 TEST_F(EffectSelectionFlags, AMainAddedAfterReadingIsTouched)
 {
-    StackScene& stack = Make("M B");
-    const int layer = stack.layerId;
-    meddle(stack, "B", [=](Host& host) { (void)host.User().Apply(layer, "QVK VORTAN TWO"); });
-
-    EXPECT_EQ(OutputOf([&] { (void)stack.Select(true, true, {}); }), "touching main effect\n");
-
-    const std::string joined = stack.host.State().FindLayer(layer)->effects.at(2).label;
-    EXPECT_EQ(sweepOf(stack), HideCalls(stack, "B", 1) + ShowCalls(stack, joined, 2));
+    LabelledStack& stack =
+        MakeMeddler("M B", "B", [](Host& host) { (void)host.User().Apply(1, "QVK VORTAN TWO"); });
+    EXPECT_EQ(OutputOf([&] { (void)stack.Select(hideThem, true, {}); }), "touching main effect\n");
+    const TracedStack traced = TracedWith("M B");
+    ExpectSweep(traced.Touch("-B +" + traced.effects.back().label));
 }
 
 TEST_F(EffectSelectionFlags, ASelectedLostEffectLeavesItsGroupOpen)
 {
-    StackScene& stack = Make("A B C");
-    meddle(stack, "C", [](Host& host) { host.User().Delete("C"); });
+    LabelledStack& stack = MakeMeddler("A B C", "C", [](Host& host) { host.User().Delete("C"); });
     stack.host.Expect("index-out-of-range", "AEGP_GetLayerEffectByIndex", "the read index is past the stack");
     stack.host.Expect("undo-group-left-open", "AEGP_StartUndoGroup", "an error leaves the group open");
     stack.host.Expect("nested-undo-group", "AEGP_StartUndoGroup", "the next one is opened inside it");
-
-    (void)stack.Select(true, false, stack.Tree("B C"));
-
-    EXPECT_EQ(sweepOf(stack), HideCalls(stack, "A", 0) +
-                                  "Utility 3 AEGP_StartUndoGroup(\"\")\n"
-                                  "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) = 3\n" +
-                                  ShowCalls(stack, "B", 1));
+    (void)Select(hideThem, "B C");
+    const TracedStack left = stack.Traced();
+    ExpectSweep(Sequence(
+        {left.Touch("-A"),
+         {"Utility 3 AEGP_StartUndoGroup(\"\")", "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) = 3"},
+         left.Touch("+B")}));
 }
 
 TEST_F(EffectSelectionFlags, AnEffectWithoutParameterLeavesItsGroupOpen)
 {
-    StackScene& stack = Make("A B");
+    LabelledStack& stack = Make("A B");
     stack.host.Effect("A").parameters.resize(1);
     stack.host.Expect("parameter-index", "AEGP_GetNewEffectStreamByIndex", "there is no first parameter");
     stack.host.Expect("undo-group-left-open", "AEGP_StartUndoGroup", "an error leaves the group open");
     stack.host.Expect("nested-undo-group", "AEGP_StartUndoGroup", "the next one is opened inside it");
-
-    (void)stack.Select(true, false, {});
-
-    EXPECT_EQ(sweepOf(stack), "Utility 3 AEGP_StartUndoGroup(\"\")\n"
-                              "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A\n"
-                              "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) = 3\n"
-                              "Effect 1 AEGP_DisposeEffect(effect A)\n" +
-                                  HideCalls(stack, "B", 1));
+    (void)Select(hideThem, "");
+    ExpectSweep(Sequence({{"Utility 3 AEGP_StartUndoGroup(\"\")",
+                           "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A",
+                           "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect A, 1) = 3",
+                           "Effect 1 AEGP_DisposeEffect(effect A)"},
+                          stack.Traced().Touch("-B")}));
 }
 } // namespace
 } // namespace standin

@@ -2,7 +2,6 @@
 // group stays open where a rename breaks off and nowhere else, and what the fault does not touch is done.
 
 #include "standin/faults/Sweep.h"
-#include "tests/support/ChangeCalls.h"
 #include "tests/support/StackTest.h"
 #include "tests/support/TraceAudit.h"
 
@@ -12,9 +11,9 @@ namespace standin
 {
 namespace
 {
-struct ChangedStack : StackScene
+struct ChangedStack : LabelledStack
 {
-    using StackScene::StackScene;
+    using LabelledStack::LabelledStack;
     Items tree;
     HookResult result;
     std::string output;
@@ -104,7 +103,7 @@ void editAll(Items& tree)
     ItemNamed(tree, "B").name = "Two";
 }
 
-/// The ordinal of the first call behind `from` whose line contains `part`.
+/// The ordinal of the first call after `from` whose line contains `part`.
 std::size_t ordinalOf(const std::vector<std::string>& calls, const std::string& part, std::size_t from = 0)
 {
     for (std::size_t i = from; i < calls.size(); ++i)
@@ -127,15 +126,15 @@ const std::vector<FaultLength> justOnce = {FaultLength::once};
 
 TEST(LayerEffectChangesFaults, EveryCallFailsInTurn)
 {
-    const std::size_t swept = SweepFaults([] { return makeStack("A Z B C", "C A ? B", editAll); },
+    const std::size_t swept = SweepFaults([] { return makeStack("A X B C", "C A ? B", editAll); },
                                           [](ChangedStack& stack) { stack.Run(); }, checkChange);
-    EXPECT_EQ(swept, cleanCalls("A Z B C", "C A ? B", editAll).size());
+    EXPECT_EQ(swept, cleanCalls("A X B C", "C A ? B", editAll).size());
     EXPECT_GT(swept, 150U);
 }
 
 TEST(LayerEffectChangesFaults, EveryCallOfAReorderFailsInTurn)
 {
-    const std::size_t swept = SweepFaults([] { return makeStack("A Z B", "B A", editNothing); },
+    const std::size_t swept = SweepFaults([] { return makeStack("A X B", "B A", editNothing); },
                                           [](ChangedStack& stack) { stack.Run(); }, checkChange);
     EXPECT_GT(swept, 30U);
 }
@@ -201,13 +200,12 @@ TEST(LayerEffectChangesFaults, AFailureStopsNoLaterItemOrStep)
          {"AEGP_GetNewEffectStreamByIndex", "AEGP_GetNewParentStreamRef", "AEGP_SetStreamName"})
     {
         SCOPED_TRACE(function);
-        const auto stack = makeStack("A Z B C", "C A B", editAll);
+        const auto stack = makeStack("A X B C", "C A B", editAll);
         stack->host.Faults().FailFunction(function);
 
         stack->Run();
 
-        EXPECT_EQ(stack->Report(), "C: C, group 0, off\nA: A, group 2, on\nB: Two, group 0, on\n"
-                                   "Z: Z, group 0, on\n");
+        EXPECT_EQ(stack->Text(), "C! A@2 B=Two X");
         EXPECT_EQ(stack->Steps(), "[Rename Effect(s)]") << "one step swallows what follows the open group";
         const std::string inside =
             "nested-undo-group AEGP_StartUndoGroup"; // Of the second name and the order.
@@ -220,15 +218,15 @@ TEST(LayerEffectChangesFaults, AFailureStopsNoLaterItemOrStep)
 TEST(LayerEffectChangesFaults, TheOrderIsUnnamedAfterAFailedRename)
 {
     const auto stack = makeStack("A B", "B A", rename);
-    const std::string reading = ReadIdentities(*stack, "A B");
+    const TracedStack traced = stack->Traced();
     stack->host.Faults().FailFunction("AEGP_StartUndoGroup");
 
     stack->Run();
 
-    EXPECT_EQ(stack->Calls(), reading + "Utility 3 AEGP_StartUndoGroup(\"Rename Effect(s)\") = 1\n" +
-                                  reading + "Utility 3 AEGP_StartUndoGroup(\"\")\n" + MoveEffect("B", 1, 0) +
-                                  MoveEffect("A", 1, 1) + "Utility 3 AEGP_EndUndoGroup()\n");
-    EXPECT_EQ(stack->Report(), "B: B, group 0, on\nA: A, group 0, on\n");
+    EXPECT_EQ(stack->CallList(),
+              traced.AfterReading({{"Utility 3 AEGP_StartUndoGroup(\"Rename Effect(s)\") = 1"},
+                                   traced.Order("", "B 1>0 A 1>1")}));
+    EXPECT_EQ(stack->Text(), "B A");
     EXPECT_EQ(stack->Steps(), "[]");
     EXPECT_TRUE(stack->UndoBringsBackTheStart());
     EXPECT_EQ(stack->host.FindingsReport(), "");
@@ -238,18 +236,13 @@ TEST(LayerEffectChangesFaults, AMoveThatFailsIsTakenForDone)
 {
     // B is not moved up; the belief says B A C, so A is looked for at 1, where B still stands.
     const auto stack = makeStack("A B C", "B A C", editNothing);
-    const std::string reading = ReadIdentities(*stack, "A B C");
+    const TracedStack traced = stack->Traced();
     stack->host.Faults().FailFunction("AEGP_ReorderEffect");
 
     stack->Run();
 
-    EXPECT_EQ(stack->Calls(), reading +
-                                  "Utility 3 AEGP_StartUndoGroup(\"Reorder Effect(s)\")\n"
-                                  "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect B\n"
-                                  "Effect 1 AEGP_ReorderEffect(effect B, 0) = 1\n"
-                                  "Effect 1 AEGP_DisposeEffect(effect B)\n" +
-                                  MoveEffect("B", 1, 1) + MoveEffect("C", 2, 2) +
-                                  "Utility 3 AEGP_EndUndoGroup()\n");
+    EXPECT_EQ(stack->CallList(),
+              traced.AfterReading({traced.Order("Reorder Effect(s)", "B 1>0=1 B 1>1 C 2>2")}));
     EXPECT_EQ(stack->Stack(), "A B C");
     EXPECT_EQ(stack->host.FindingsReport(), "");
 }
@@ -257,32 +250,31 @@ TEST(LayerEffectChangesFaults, AMoveThatFailsIsTakenForDone)
 TEST(LayerEffectChangesFaults, AnEffectNotObtainedIsMovedByNull)
 {
     const auto stack = makeStack("A B", "B A", editNothing);
-    const std::string reading = ReadIdentities(*stack, "A B");
+    const TracedStack traced = stack->Traced();
     stack->host.Faults().FailFunction("AEGP_GetLayerEffectByIndex", 3);
     stack->host.Expect("null-reference", "AEGP_ReorderEffect", "the move does not look at the reference");
 
     stack->Run();
 
-    EXPECT_EQ(stack->Calls(), reading +
-                                  "Utility 3 AEGP_StartUndoGroup(\"Reorder Effect(s)\")\n"
-                                  "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) = 1\n"
-                                  "Effect 1 AEGP_ReorderEffect(effect null, 0) = 3\n" +
-                                  MoveEffect("B", 1, 1) + "Utility 3 AEGP_EndUndoGroup()\n");
+    Calls order = traced.Order("Reorder Effect(s)", "B 1>1");
+    order.insert(order.begin() + 1, {"Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) = 1",
+                                     "Effect 1 AEGP_ReorderEffect(effect null, 0) = 3"});
+    EXPECT_EQ(stack->CallList(), traced.AfterReading({order}));
     EXPECT_EQ(stack->host.FindingsReport(), "");
 }
 
 TEST(LayerEffectChangesFaults, AnEffectNotObtainedKeepsItsFlags)
 {
     const auto stack = makeStack("A", "A", switchOff);
-    const std::string reading = ReadIdentities(*stack, "A");
+    const TracedStack traced = stack->Traced();
     stack->host.Faults().FailFunction("AEGP_GetLayerEffectByIndex", 2);
 
     stack->Run();
 
-    EXPECT_EQ(stack->Calls(), reading + "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) = 1\n" +
-                                  reading + "Utility 3 AEGP_StartUndoGroup(\"\")\n" + MoveEffect("A", 0, 0) +
-                                  "Utility 3 AEGP_EndUndoGroup()\n");
-    EXPECT_EQ(stack->Report(), "A: A, group 0, on\n");
+    EXPECT_EQ(stack->CallList(),
+              traced.AfterReading(
+                  {{"Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) = 1"}, traced.OrderInPlace("")}));
+    EXPECT_EQ(stack->Text(), "A");
     EXPECT_EQ(stack->host.FindingsReport(), "");
 }
 } // namespace standin

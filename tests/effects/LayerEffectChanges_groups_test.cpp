@@ -1,7 +1,6 @@
-// A group that differs in the tree is told to the effect by message, and to nobody else.
+// A group that differs in the tree is told to the effect, and to no other, by message.
 
 #include "standin/family/Liars.h"
-#include "tests/support/ChangeCalls.h"
 #include "tests/support/StackTest.h"
 
 namespace standin
@@ -12,98 +11,69 @@ using LayerEffectChangesGroups = StackTest;
 
 TEST_F(LayerEffectChangesGroups, ADifferenceIsLineMessageUnnamedStep)
 {
-    StackScene& stack = Make("A B", EveryGroupShows());
-    Items tree = stack.Tree("A B");
-    ItemNamed(tree, "B").group = 4;
-    const std::string reading = ReadIdentities(stack, "A B");
-
-    const std::string output = OutputOf([&] { EXPECT_EQ(stack.Change(tree).thrown, ""); });
-
-    EXPECT_EQ(output, "Setting Group: B\n");
-    EXPECT_EQ(stack.Calls(),
-              reading +
-                  "Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100\n"
-                  "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 2\n"
-                  "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect B\n"
-                  "Effect 1 AEGP_GetEffectFlags(effect B) -> 1\n"
-                  "Effect 3 AEGP_EffectCallGeneric(id 7, effect B, time 0/100, 17, VORT 3 group 4)\n"
-                  "Effect 3 AEGP_DisposeEffect(effect B)\n" +
-                  reading + "Utility 3 AEGP_StartUndoGroup(\"\")\n" + MoveEffect("A", 0, 0) +
-                  MoveEffect("B", 1, 1) + "Utility 3 AEGP_EndUndoGroup()\n");
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 4, on\n");
-    EXPECT_EQ(stack.Steps(), "[Change Group][]") << "no group of ours around the message";
-    EXPECT_TRUE(stack.UndoBringsBackTheStart());
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
+    const TracedStack traced = Make("A B", EveryGroupShows()).Traced();
+    EXPECT_EQ(
+        ExpectChange("A B@4",
+                     traced.AfterReading(
+                         {{"Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100",
+                           "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 2",
+                           "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect B",
+                           "Effect 1 AEGP_GetEffectFlags(effect B) -> 1",
+                           "Effect 3 AEGP_EffectCallGeneric(id 7, effect B, time 0/100, 17, VORT 3 group 4)",
+                           "Effect 3 AEGP_DisposeEffect(effect B)"},
+                          traced.OrderInPlace("")}),
+                     "A B@4", "[Change Group][]"),
+        "Setting Group: B\n");
 }
 
 TEST_F(LayerEffectChangesGroups, AChangeHoldsTheMessagesThreeSuites)
 {
-    StackScene& stack = Make("A");
-    Items tree = stack.Tree("A");
-    tree[0].group = 4;
+    (void)Make("A").ChangeTo("A@4");
 
-    (void)OutputOf([&] { (void)stack.Change(tree); });
-
-    const std::string toldAndGivenBack =
-        "Effect 3 AEGP_EffectCallGeneric(id 7, effect A, time 0/100, 17, VORT 3 group 4)\n"
-        "Effect 3 AEGP_DisposeEffect(effect A)\n"
-        "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)\n"
-        "Basic ReleaseSuite(\"AEGP Effect Suite\", 3)\n"
-        "Basic ReleaseSuite(\"AEGP Layer Suite\", 5)\n"
-        "Basic AcquireSuite(\"AEGP Effect Suite\", 1)\n";
-    EXPECT_NE(stack.CallsWithSuites().find(toldAndGivenBack), std::string::npos) << stack.CallsWithSuites();
+    EXPECT_EQ(scene->TakePrinted(), "Setting Group: A\n");
+    EXPECT_THAT(scene->CallsWithSuites(),
+                ::testing::HasSubstr(
+                    "Effect 3 AEGP_EffectCallGeneric(id 7, effect A, time 0/100, 17, VORT 3 group 4)\n"
+                    "Effect 3 AEGP_DisposeEffect(effect A)\n"
+                    "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)\n"
+                    "Basic ReleaseSuite(\"AEGP Effect Suite\", 3)\n"
+                    "Basic ReleaseSuite(\"AEGP Layer Suite\", 5)\n"
+                    "Basic AcquireSuite(\"AEGP Effect Suite\", 1)\n"));
 }
 
 TEST_F(LayerEffectChangesGroups, EachDifferenceIsALineInTreeOrder)
 {
-    StackScene& stack = Make("A B C");
-    Items tree = stack.Tree("C A B");
-    for (ObjectItem& item : tree)
-        item.group = item.name == "B" ? 0 : 3;
-
-    EXPECT_EQ(OutputOf([&] { (void)stack.Change(tree); }), "Setting Group: C\nSetting Group: A\n");
-
-    EXPECT_EQ(stack.Report(), "C: C, group 3, on\nA: A, group 3, on\nB: B, group 0, on\n");
-    EXPECT_EQ(stack.Steps(), "[Change Group][Change Group][]");
-    EXPECT_TRUE(stack.UndoBringsBackTheStart());
+    const TracedStack traced = Make("A B C").Traced();
+    EXPECT_EQ(ExpectChange("C@3 A@3 B",
+                           traced.AfterReading({traced.TellGroup("C", 3), traced.TellGroup("A", 3),
+                                                traced.Order("", "C 2>0 A 1>1 B 2>2")}),
+                           "C@3 A@3 B", "[Change Group][Change Group][]"),
+              "Setting Group: C\nSetting Group: A\n");
 }
 
 TEST_F(LayerEffectChangesGroups, TheLineShowsTheTreesName)
 {
-    StackScene& stack = Make("A");
-    Items tree = stack.Tree("A");
+    LabelledStack& stack = Make("A");
+    Items tree = stack.Tree("A@1");
     tree[0].name = "50% %s\xFF";
-    tree[0].group = 1;
-
-    EXPECT_EQ(OutputOf([&] { (void)stack.Change(tree); }), "Setting Group: 50% %s\xFF\n");
+    (void)stack.ChangeTo(stack.LayerItems(), tree);
+    EXPECT_EQ(stack.TakePrinted(), "Setting Group: 50% %s\xFF\n");
 }
 
 TEST_F(LayerEffectChangesGroups, AnEmptyNameLeavesTheLineEmpty)
 {
-    StackScene& stack = Make("A");
-    Items tree = stack.Tree("A");
-    tree[0].name = "";
-    tree[0].group = 1;
-
-    EXPECT_EQ(OutputOf([&] { (void)stack.Change(tree); }), "Setting Group: \n");
+    (void)Make("A").ChangeTo("A=@1");
+    EXPECT_EQ(scene->TakePrinted(), "Setting Group: \n");
 }
 
 TEST_F(LayerEffectChangesGroups, MinusOneMeansTheTopLevel)
 {
-    StackScene& stack = Make("A");
-    stack.host.Effect("A").family.group = 2;
-    Items tree = stack.Tree("A");
-    tree[0].group = -1;
-    const std::string reading = ReadIdentities(stack, "A");
-    const std::string telling = TellGroup(stack, "A", 0, -1);
-
-    (void)OutputOf([&] { (void)stack.Change(tree); });
-
-    EXPECT_EQ(stack.Calls(), reading + telling + reading + "Utility 3 AEGP_StartUndoGroup(\"\")\n" +
-                                 MoveEffect("A", 0, 0) + "Utility 3 AEGP_EndUndoGroup()\n");
-    EXPECT_EQ(stack.host.Effect("A").family.group, 0);
-    EXPECT_TRUE(stack.UndoBringsBackTheStart());
-    EXPECT_EQ(stack.host.Effect("A").family.group, 2);
+    Make("A").host.Effect("A").family.group = 2;
+    const TracedStack traced = scene->Traced();
+    EXPECT_EQ(ExpectChange("A@-1", traced.AfterReading({traced.TellGroup("A", -1), traced.OrderInPlace("")}),
+                           "A", "[Change Group]"),
+              "Setting Group: A\n");
+    EXPECT_EQ(scene->Text(), "A@2") << "after an undo";
 }
 
 TEST_F(LayerEffectChangesGroups, AnEffectThatStoresMinusOneIsTold)
@@ -111,26 +81,23 @@ TEST_F(LayerEffectChangesGroups, AnEffectThatStoresMinusOneIsTold)
     HostOptions options;
     options.groupMinusOne = GroupMinusOne::isStored;
     options.groupUndo = GroupUndo::isNotUndoable;
-    StackScene& stack = Make("A", options);
-    Items tree = stack.Tree("A");
-    tree[0].group = -1;
 
-    (void)OutputOf([&] { (void)stack.Change(tree); });
+    (void)Make("A", options).ChangeTo("A@-1");
 
-    EXPECT_EQ(stack.host.Effect("A").family.group, -1);
-    EXPECT_EQ(stack.Steps(), "");
+    EXPECT_EQ(scene->TakePrinted(), "Setting Group: A\n");
+    EXPECT_EQ(scene->Text(), "A@-1");
+    EXPECT_EQ(scene->Steps(), "");
 }
 
 TEST_F(LayerEffectChangesGroups, ARigidEffectKeepsItsGroup)
 {
-    StackScene& stack = Make("A");
+    LabelledStack& stack = Make("A");
     stack.host.Effect("A").family.rigidity = Rigidity::rigid;
-    Items tree = stack.Tree("A");
-    ASSERT_EQ(tree[0].group, -1);
-    tree[0].group = 3;
+    ASSERT_EQ(stack.LayerItems()[0].group, -1);
 
-    EXPECT_EQ(OutputOf([&] { (void)stack.Change(tree); }), "Setting Group: A\n");
+    (void)stack.ChangeTo("A@3");
 
+    EXPECT_EQ(stack.TakePrinted(), "Setting Group: A\n");
     EXPECT_EQ(stack.host.RuntimeOf(stack.host.Effect("A").id).messages, 3)
         << "asked for its identity, told its group, asked for its identity";
     ASSERT_EQ(stack.LayerItems()[0].group, -1);
@@ -138,10 +105,9 @@ TEST_F(LayerEffectChangesGroups, ARigidEffectKeepsItsGroup)
 
 TEST_F(LayerEffectChangesGroups, ANullLayerPrintsLinesAndCallsNobody)
 {
-    StackScene& stack = Make("A");
-    Items tree = stack.Tree("A");
-    tree[0].group = 3;
+    LabelledStack& stack = Make("A");
     const Items layerItems = stack.LayerItems();
+    const Items tree = stack.Tree("A@3");
 
     EXPECT_EQ(OutputOf([&] { EXPECT_EQ(stack.ChangeOn(nullptr, layerItems, tree).thrown, ""); }),
               "Setting Group: A\nLayerH is NULL\n");
@@ -151,37 +117,28 @@ TEST_F(LayerEffectChangesGroups, ANullLayerPrintsLinesAndCallsNobody)
 
 TEST_F(LayerEffectChangesGroups, ALostEffectIsPrintedButNotTold)
 {
-    StackScene& stack = Make("A B", EveryGroupShows());
+    LabelledStack& stack = Make("A B", EveryGroupShows());
     const Items before = stack.LayerItems();
-    Items tree = stack.Tree("B A");
-    ItemNamed(tree, "B").group = 3;
+    const Items tree = stack.Tree("B@3 A");
     stack.host.User().Delete("B");
-    const std::string reading = ReadIdentities(stack, "A");
     stack.host.Expect("index-out-of-range", "AEGP_ReorderEffect", "the missing effect keeps its place");
 
-    EXPECT_EQ(OutputOf([&] { (void)stack.Change(before, tree); }), "Setting Group: B\n");
+    (void)stack.ChangeTo(before, tree);
 
-    EXPECT_EQ(stack.Calls(), reading + reading +
-                                 "Utility 3 AEGP_StartUndoGroup(\"\")\n"
-                                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A\n"
-                                 "Effect 1 AEGP_ReorderEffect(effect A, 1) = 3\n"
-                                 "Effect 1 AEGP_DisposeEffect(effect A)\n"
-                                 "Utility 3 AEGP_EndUndoGroup()\n");
+    const TracedStack left = stack.Traced();
+    EXPECT_EQ(stack.TakePrinted(), "Setting Group: B\n");
+    ExpectCalls(left.AfterReading({{}, left.Order("", "A 0>1=3")}));
 }
 
 TEST_F(LayerEffectChangesGroups, AFailedMessageStopsNothingAfterIt)
 {
-    StackScene& stack = Make("A B");
+    LabelledStack& stack = Make("A B");
     stack.host.Effect("A").behaviour = AnswersAndFailsWith(errGeneric);
-    Items tree = stack.Tree("B A");
-    for (ObjectItem& item : tree)
-        item.group = 5;
 
-    EXPECT_EQ(OutputOf([&] { EXPECT_EQ(stack.Change(tree).thrown, ""); }),
-              "Setting Group: B\nSetting Group: A\n");
+    EXPECT_EQ(stack.ChangeTo("B@5 A@5").thrown, "");
 
-    EXPECT_EQ(stack.Stack(), "B A");
-    EXPECT_EQ(stack.host.Effect("B").family.group, 5);
+    EXPECT_EQ(stack.TakePrinted(), "Setting Group: B\nSetting Group: A\n");
+    EXPECT_EQ(stack.Text(), "B@5 A@5");
 }
 } // namespace
 } // namespace standin

@@ -30,7 +30,7 @@ public:
     std::vector<std::string> steps;
     std::vector<std::string> moves; ///< The label and the position of each move that is asked for.
     std::string output;
-    int refused = 0;  ///< Moves behind the end of the stack.
+    int refused = 0;  ///< Moves past the end of the stack.
     int downward = 0; ///< Moves after which the belief is not what the layer holds.
 
     void Apply(const Items& layerItems, const Items& tree)
@@ -172,7 +172,7 @@ public:
         std::string labels;
         const int count = Up(9);
         for (int i = 0; i < count; ++i)
-            labels += (Chance(20) ? "Z" : "A") + std::to_string(i) + " ";
+            labels += (Chance(20) ? "X" : "A") + std::to_string(i) + " ";
         return labels;
     }
 
@@ -196,7 +196,7 @@ private:
     std::mt19937 source;
 };
 
-void vary(StackScene& stack, Dice& dice)
+void vary(LabelledStack& stack, Dice& dice)
 {
     auto& effects = stack.host.State().FindLayer(stack.layerId)->effects;
     for (EffectInstance& effect : effects)
@@ -212,14 +212,14 @@ void vary(StackScene& stack, Dice& dice)
     }
 }
 
-Model modelOf(StackScene& stack)
+Model modelOf(LabelledStack& stack)
 {
     Model model;
     for (const EffectInstance& effect : stack.host.State().FindLayer(stack.layerId)->effects)
     {
         ModelEffect known;
         known.label = effect.label;
-        known.uuid = effect.label[0] == 'Z' ? std::string() : TextOf(effect.family.uuid);
+        known.uuid = effect.label[0] == 'X' ? std::string() : TextOf(effect.family.uuid);
         known.rigid = effect.family.rigidity == Rigidity::rigid;
         known.name = effect.customName.value();
         known.group = effect.family.group;
@@ -230,7 +230,7 @@ Model modelOf(StackScene& stack)
 }
 
 /// The layer's items as they were read a moment ago: mostly right.
-Items staleItems(StackScene& stack, Dice& dice)
+Items staleItems(LabelledStack& stack, Dice& dice)
 {
     Items items = stack.LayerItems();
     if (dice.Chance(30) && !items.empty())
@@ -240,7 +240,7 @@ Items staleItems(StackScene& stack, Dice& dice)
     return items;
 }
 
-Items randomTree(StackScene& stack, Dice& dice)
+Items randomTree(LabelledStack& stack, Dice& dice)
 {
     Items tree;
     for (const ObjectItem& item : stack.LayerItems())
@@ -265,17 +265,19 @@ Items randomTree(StackScene& stack, Dice& dice)
     return tree;
 }
 
-std::string reportOf(const Model& model)
+/// The stack in the notation of LabelledStack.
+std::string textOf(const Model& model)
 {
     std::string text;
     for (const ModelEffect& effect : model.stack)
-        text += effect.label + ": " + effect.name + ", group " + std::to_string(effect.group) +
-                (effect.active ? ", on" : ", off") + "\n";
+        text += (text.empty() ? "" : " ") + effect.label +
+                (effect.name == effect.label ? "" : "=" + effect.name) +
+                (effect.group == 0 ? "" : "@" + std::to_string(effect.group)) + (effect.active ? "" : "!");
     return text;
 }
 
 /// The moves that the trace shows, as the model writes them.
-std::vector<std::string> movesOf(StackScene& stack)
+std::vector<std::string> movesOf(LabelledStack& stack)
 {
     std::vector<std::string> moves;
     const std::string head = "Effect 1 AEGP_ReorderEffect(effect ";
@@ -304,7 +306,7 @@ void walk(unsigned seed, Coverage& coverage)
 {
     SCOPED_TRACE("seed " + std::to_string(seed));
     Dice dice(seed);
-    StackScene stack(dice.Labels());
+    LabelledStack stack(dice.Labels());
     vary(stack, dice);
     const Items layerItems = staleItems(stack, dice);
     const Items tree = randomTree(stack, dice);
@@ -314,7 +316,7 @@ void walk(unsigned seed, Coverage& coverage)
 
     EXPECT_EQ(OutputOf([&] { EXPECT_EQ(stack.Change(layerItems, tree).thrown, ""); }), model.output);
 
-    EXPECT_EQ(stack.Report(), reportOf(model));
+    EXPECT_EQ(stack.Text(), textOf(model));
     EXPECT_EQ(movesOf(stack), model.moves);
     EXPECT_EQ(stack.host.UndoNames(), model.steps);
     std::vector<std::string> found(static_cast<std::size_t>(model.refused),

@@ -1,7 +1,6 @@
 // A name that differs in the tree is given to the effect's own stream group on the layer.
 
 #include "standin/family/Liars.h"
-#include "tests/support/ChangeCalls.h"
 #include "tests/support/StackTest.h"
 
 namespace standin
@@ -12,40 +11,25 @@ using LayerEffectChangesNames = StackTest;
 
 TEST_F(LayerEffectChangesNames, ADifferentNameIsOneStreamUndoStep)
 {
-    StackScene& stack = Make("A B");
-    Items tree = stack.Tree("A B");
-    ItemNamed(tree, "B").name = "Front";
-    const std::string reading = ReadIdentities(stack, "A B");
-
-    EXPECT_EQ(stack.Change(tree).thrown, "");
-
-    EXPECT_EQ(stack.Calls(), reading +
-                                 "Utility 3 AEGP_StartUndoGroup(\"Rename Effect(s)\")\n"
-                                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect B\n"
-                                 "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect B, 1) -> stream B.1\n"
-                                 "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream B.1) -> stream B\n"
-                                 "DynamicStream 2 AEGP_SetStreamName(stream B, \"Front\")\n"
-                                 "Utility 3 AEGP_EndUndoGroup()\n"
-                                 "Stream 7 AEGP_DisposeStream(stream B.1)\n"
-                                 "Stream 7 AEGP_DisposeStream(stream B)\n"
-                                 "Effect 1 AEGP_DisposeEffect(effect B)\n" +
-                                 reading + "Utility 3 AEGP_StartUndoGroup(\"\")\n" + MoveEffect("A", 0, 0) +
-                                 MoveEffect("B", 1, 1) + "Utility 3 AEGP_EndUndoGroup()\n");
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: Front, group 0, on\n");
-    EXPECT_EQ(stack.Steps(), "[Rename Effect(s)]");
-    EXPECT_TRUE(stack.UndoBringsBackTheStart());
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
+    const TracedStack traced = Make("A B").Traced();
+    ExpectChange("A B=Front",
+                 traced.AfterReading(
+                     {{"Utility 3 AEGP_StartUndoGroup(\"Rename Effect(s)\")",
+                       "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect B",
+                       "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect B, 1) -> stream B.1",
+                       "DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream B.1) -> stream B",
+                       "DynamicStream 2 AEGP_SetStreamName(stream B, \"Front\")",
+                       "Utility 3 AEGP_EndUndoGroup()", "Stream 7 AEGP_DisposeStream(stream B.1)",
+                       "Stream 7 AEGP_DisposeStream(stream B)", "Effect 1 AEGP_DisposeEffect(effect B)"},
+                      traced.OrderInPlace("")}),
+                 "A B=Front", "[Rename Effect(s)]");
 }
 
 TEST_F(LayerEffectChangesNames, ARenameHoldsItsOwnSuites)
 {
-    StackScene& stack = Make("A");
-    Items tree = stack.Tree("A");
-    tree[0].name = "Front";
+    (void)Make("A").ChangeTo("A=Front");
 
-    (void)stack.Change(tree);
-
-    EXPECT_EQ(stack.CallsWithSuites(),
+    EXPECT_EQ(scene->CallsWithSuites(),
               "Basic AcquireSuite(\"AEGP Effect Suite\", 1)\n"
               "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 1\n"
               "Basic AcquireSuite(\"AEGP Layer Suite\", 5)\n"
@@ -102,177 +86,127 @@ TEST_F(LayerEffectChangesNames, ARenameHoldsItsOwnSuites)
 
 TEST_F(LayerEffectChangesNames, TwoRenamesAreTwoStepsInTreeOrder)
 {
-    StackScene& stack = Make("A B C", EveryGroupShows());
-    Items tree = stack.Tree("C A B");
-    ItemNamed(tree, "A").name = "First on the layer";
-    ItemNamed(tree, "C").name = "First in the tree";
-    const std::string reading = ReadIdentities(stack, "A B C");
+    LabelledStack& stack = Make("A B C", EveryGroupShows());
+    const TracedStack traced = stack.Traced();
 
-    (void)stack.Change(tree);
+    (void)stack.ChangeTo("C=tree A=layer B");
 
-    EXPECT_EQ(stack.Calls(), reading + RenameEffect("C", 2, "First in the tree") + reading +
-                                 RenameEffect("A", 0, "First on the layer") + reading +
-                                 "Utility 3 AEGP_StartUndoGroup(\"\")\n" + MoveEffect("C", 2, 0) +
-                                 MoveEffect("A", 1, 1) + MoveEffect("B", 2, 2) +
-                                 "Utility 3 AEGP_EndUndoGroup()\n");
+    ExpectCalls(traced.AfterReading(
+        {traced.Rename("C", "tree"), traced.Rename("A", "layer"), traced.Order("", "C 2>0 A 1>1 B 2>2")}));
     EXPECT_EQ(stack.Steps(), "[Rename Effect(s)][Rename Effect(s)][]");
-    EXPECT_TRUE(stack.host.Undo());
-    EXPECT_EQ(stack.Stack(), "A B C");
-    EXPECT_TRUE(stack.host.Undo());
-    EXPECT_EQ(stack.host.NameOf("A"), "A");
-    EXPECT_EQ(stack.host.NameOf("C"), "First in the tree");
-    EXPECT_TRUE(stack.host.Undo());
-    EXPECT_EQ(stack.host.NameOf("C"), "C");
+    for (const char* undone : {"A=layer B C=tree", "A B C=tree", "A B C"})
+    {
+        EXPECT_TRUE(stack.host.Undo());
+        EXPECT_EQ(stack.Text(), undone);
+    }
 }
 
 TEST_F(LayerEffectChangesNames, RenameAndMoveAreNamedAndUnnamedSteps)
 {
-    StackScene& stack = Make("A B");
-    Items tree = stack.Tree("B A");
-    ItemNamed(tree, "A").name = "Front";
-
-    (void)stack.Change(tree);
-
-    EXPECT_EQ(stack.Steps(), "[Rename Effect(s)][]");
-    EXPECT_EQ(stack.Stack(), "B A");
-    EXPECT_EQ(stack.host.NameOf("A"), "Front");
-    EXPECT_TRUE(stack.UndoBringsBackTheStart());
+    const TracedStack traced = Make("A B").Traced();
+    ExpectChange("B A=Front",
+                 traced.AfterReading({traced.Rename("A", "Front"), traced.Order("", "B 1>0 A 1>1")}),
+                 "B A=Front", "[Rename Effect(s)][]");
 }
 
 TEST_F(LayerEffectChangesNames, AnEmptyNameGoesToTheHost)
 {
-    StackScene& stack = Make("A");
-    Items tree = stack.Tree("A");
-    tree[0].name = "";
-    const std::string reading = ReadIdentities(stack, "A");
-
-    (void)stack.Change(tree);
-
-    EXPECT_EQ(stack.Calls(), reading + RenameEffect("A", 0, "") + reading +
-                                 "Utility 3 AEGP_StartUndoGroup(\"\")\n" + MoveEffect("A", 0, 0) +
-                                 "Utility 3 AEGP_EndUndoGroup()\n");
-    EXPECT_EQ(stack.host.NameOf("A"), "");
-    EXPECT_EQ(stack.Steps(), "[Rename Effect(s)]");
-    EXPECT_TRUE(stack.UndoBringsBackTheStart());
+    const TracedStack traced = Make("A").Traced();
+    ExpectChange("A=", traced.AfterReading({traced.Rename("A", ""), traced.OrderInPlace("")}),
+                 "A=", "[Rename Effect(s)]");
 }
 
 TEST_F(LayerEffectChangesNames, AnEmptyNameCanBringBackTheDefault)
 {
     HostOptions options;
     options.emptyName = EmptyName::resetsToDefault;
-    StackScene& stack = Make("A", options);
+    (void)Make("A", options).ChangeTo("A=");
+    EXPECT_EQ(scene->host.NameOf("A"), "Vortan Route Object");
+    EXPECT_TRUE(scene->UndoBringsBackTheStart());
+}
+
+struct NameRow
+{
+    const char* test;
+    std::string name;
+    std::string onLayer;
+};
+
+class LayerEffectChangesName : public StackTest, public ::testing::WithParamInterface<NameRow>
+{
+};
+
+TEST_P(LayerEffectChangesName, OnTheLayer)
+{
+    LabelledStack& stack = Make("A");
     Items tree = stack.Tree("A");
-    tree[0].name = "";
+    tree[0].name = GetParam().name;
 
     (void)stack.Change(tree);
 
-    EXPECT_EQ(stack.host.NameOf("A"), "Vortan Route Object");
+    EXPECT_EQ(stack.host.NameOf("A"), GetParam().onLayer);
+    EXPECT_EQ(stack.host.ViewLog(), ViewEvents());
     EXPECT_TRUE(stack.UndoBringsBackTheStart());
 }
 
-TEST_F(LayerEffectChangesNames, NonUtf8BytesGoToTheHostUnchanged)
-{
-    StackScene& stack = Make("A");
-    Items tree = stack.Tree("A");
-    tree[0].name = "caf\xE9 \xFF\xFE \xC3\x28 \x01\x7F";
+const std::string notUtf8 = "caf\xE9 \xFF\xFE \xC3\x28 \x01\x7F";
+const std::string longName(100000, 'x');
 
-    (void)stack.Change(tree);
-
-    EXPECT_EQ(stack.host.NameOf("A"), "caf\xE9 \xFF\xFE \xC3\x28 \x01\x7F");
-    EXPECT_TRUE(stack.UndoBringsBackTheStart());
-}
-
-TEST_F(LayerEffectChangesNames, AVeryLongNameGoesUncut)
-{
-    StackScene& stack = Make("A");
-    const std::string longName(100000, 'x');
-    Items tree = stack.Tree("A");
-    tree[0].name = longName;
-
-    (void)stack.Change(tree);
-
-    EXPECT_EQ(stack.host.NameOf("A"), longName);
-    EXPECT_TRUE(stack.UndoBringsBackTheStart());
-}
-
-TEST_F(LayerEffectChangesNames, ANameEndsAtItsFirstZeroByte)
-{
-    StackScene& stack = Make("A");
-    Items tree = stack.Tree("A");
-    tree[0].name = std::string("Fro\0nt", 6);
-
-    (void)stack.Change(tree);
-
-    EXPECT_EQ(stack.host.NameOf("A"), "Fro");
-}
+INSTANTIATE_TEST_SUITE_P(Names, LayerEffectChangesName,
+                         ::testing::ValuesIn(std::vector<NameRow>{
+                             {"NonUtf8BytesGoUnchanged", notUtf8, notUtf8},
+                             {"AVeryLongNameGoesUncut", longName, longName},
+                             {"ANameEndsAtItsFirstZeroByte", std::string("Fro\0nt", 6), "Fro"},
+                             {"PercentSignsAreNoFormat", "100% %s %n", "100% %s %n"}}),
+                         [](const auto& row) { return row.param.test; });
 
 TEST_F(LayerEffectChangesNames, ARenameFindsTheEffectsPresentIndex)
 {
-    StackScene& stack = Make("A B C");
+    LabelledStack& stack = Make("A B C");
     const Items before = stack.LayerItems();
-    Items tree = stack.Tree("A B C");
-    ItemNamed(tree, "A").name = "Front";
+    const Items tree = stack.Tree("A=Front B C");
     stack.host.User().Reorder("A", 2);
 
-    (void)stack.Change(before, tree);
+    (void)stack.ChangeTo(before, tree);
 
-    EXPECT_EQ(stack.Report(), "A: Front, group 0, on\nB: B, group 0, on\nC: C, group 0, on\n");
+    EXPECT_EQ(stack.Text(), "A=Front B C");
 }
 
 TEST_F(LayerEffectChangesNames, ReorderInsideAMessageRenamesAnotherEffect)
 {
-    StackScene& stack = Make("A B C");
-    Items tree = stack.Tree("A B C");
-    ItemNamed(tree, "B").name = "Shaker";
+    LabelledStack& stack = Make("A B C");
     // The place of B is known by then, and is A's from here on.
     stack.host.Effect("C").behaviour = ActsInMessage([](Host& host) { host.User().Reorder("C", 0); });
 
-    (void)stack.Change(tree);
+    (void)stack.ChangeTo("A B=Shaker C");
 
     EXPECT_EQ(stack.host.NameOf("A"), "Shaker");
     EXPECT_EQ(stack.host.NameOf("B"), "B");
-    EXPECT_EQ(stack.host.FindingsReport(), "");
 }
 
 TEST_F(LayerEffectChangesNames, AnEffectThatLeftIsNotRenamed)
 {
-    StackScene& stack = Make("A B", EveryGroupShows());
+    LabelledStack& stack = Make("A B", EveryGroupShows());
     const Items before = stack.LayerItems();
-    Items tree = stack.Tree("A B");
-    ItemNamed(tree, "B").name = "Front";
+    const Items tree = stack.Tree("A B=Front");
     stack.host.User().Delete("B");
-    const std::string reading = ReadIdentities(stack, "A");
 
-    (void)stack.Change(before, tree);
+    (void)stack.ChangeTo(before, tree);
 
-    EXPECT_EQ(stack.Calls(), reading + reading + "Utility 3 AEGP_StartUndoGroup(\"\")\n" +
-                                 MoveEffect("A", 0, 0) + "Utility 3 AEGP_EndUndoGroup()\n");
+    const TracedStack left = stack.Traced();
+    ExpectCalls(left.AfterReading({{}, left.OrderInPlace("")}));
     EXPECT_EQ(stack.Steps(), "[Delete Effect][]") << "the difference was met, so the order has no name";
 }
 
 TEST_F(LayerEffectChangesNames, ANullLayerMakesNoHostCall)
 {
-    StackScene& stack = Make("A B");
-    Items tree = stack.Tree("B A");
-    ItemNamed(tree, "A").name = "Front";
+    LabelledStack& stack = Make("A B");
 
-    EXPECT_EQ(stack.ChangeOn(nullptr, stack.LayerItems(), tree).thrown, "");
+    EXPECT_EQ(stack.ChangeOn(nullptr, stack.LayerItems(), stack.Tree("B A=Front")).thrown, "");
 
     EXPECT_EQ(stack.CallsWithSuites(), "");
-    EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
+    EXPECT_EQ(stack.Text(), "A B");
     EXPECT_EQ(stack.Steps(), "");
-}
-
-TEST_F(LayerEffectChangesNames, OtherStepsLeaveNoTraceOfARename)
-{
-    StackScene& stack = Make("A");
-    Items tree = stack.Tree("A");
-    tree[0].name = "100% %s %n";
-
-    EXPECT_EQ(OutputOf([&] { (void)stack.Change(tree); }), "");
-
-    EXPECT_EQ(stack.host.NameOf("A"), "100% %s %n");
-    EXPECT_EQ(stack.host.ViewLog(), ViewEvents());
 }
 } // namespace
 } // namespace standin

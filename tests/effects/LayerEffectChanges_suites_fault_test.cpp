@@ -3,35 +3,28 @@
 
 #include "effects/LayerEffectChanges.h"
 #include "standin/family/Liars.h"
-#include "tests/support/ChangeCalls.h"
+#include "tests/effects/FaultOutcome.h"
 #include "tests/support/StackTest.h"
 
 namespace standin
 {
 namespace
 {
-struct MissingSuite
-{
-    const char* name;
-    A_long version; ///< 0 for all versions.
-    const char* nameOfA;
-    std::vector<std::string> found;
-};
+using Texts = std::vector<std::string>;
 
 const char* const left = "exception-left-hook ";
 const char* const open = "undo-group-left-open AEGP_StartUndoGroup";
 
 /// Each suite that a rename needs, in the order of first use.
 const std::vector<MissingSuite> missingInRename = {
-    {"AEGP Effect Suite", 1, "A", {left}},
-    {"AEGP Layer Suite", 5, "A", {left}},
-    {"AEGP Effect Suite", 3, "A", {left, "leaked-reference AEGP_GetLayerEffectByIndex"}},
-    {"AEGP Utility Suite", 3, "A", {left}},
-    {"AEGP Stream Suite", 4, "A", {left, open}},
-    {"AEGP Dynamic Stream Suite", 2, "A", {left, open}},
+    {"AEGP Effect Suite", 1, {left}},
+    {"AEGP Layer Suite", 5, {left}},
+    {"AEGP Effect Suite", 3, {left, "leaked-reference AEGP_GetLayerEffectByIndex"}},
+    {"AEGP Utility Suite", 3, {left}},
+    {"AEGP Stream Suite", 4, {left, open}},
+    {"AEGP Dynamic Stream Suite", 2, {left, open}},
     {"AEGP Stream Suite",
      7,
-     "Front",
      {"dispose-order AEGP_DisposeEffect", left, "leaked-reference AEGP_GetNewEffectStreamByIndex",
       "leaked-reference AEGP_GetNewParentStreamRef"}},
 };
@@ -44,45 +37,32 @@ TEST_P(LayerEffectChangesMissingSuite, ThrowsThroughARename)
 {
     for (const MissingSuite& missing : missingInRename)
     {
-        SCOPED_TRACE(std::string(missing.name) + " " + std::to_string(missing.version));
-        StackScene stack("A");
-        Items tree = stack.Tree("A");
-        tree[0].name = "Front";
+        SCOPED_TRACE(missing.Text());
+        LabelledStack stack("A");
         stack.host.Faults().Withhold(missing.name, missing.version, GetParam());
 
-        const HookResult result = stack.Change(tree);
+        EXPECT_EQ(stack.ChangeTo("A=Front").thrownNumber, 516);
 
-        EXPECT_EQ(result.thrownNumber, 516);
-        EXPECT_EQ(stack.host.NameOf("A"), missing.nameOfA);
+        const bool isLast = missing.version == 7;
+        EXPECT_EQ(stack.Text(), isLast ? "A=Front" : "A");
         EXPECT_EQ(stack.Found(), missing.found) << stack.CallsWithSuites();
     }
 }
 
 TEST_P(LayerEffectChangesMissingSuite, ThrowsThroughTheOtherSteps)
 {
-    for (const char* edit : {"group", "active", "order"})
+    for (const std::string tree : {"B@2 A", "B! A", "B A"})
     {
-        for (const MissingSuite& missing : missingInRename)
+        for (std::size_t needed = 0; needed < (tree == "B A" ? 4 : 3); ++needed)
         {
-            const std::string name = missing.name;
-            const bool isNeeded = name == "AEGP Effect Suite" || name == "AEGP Layer Suite" ||
-                                  (name == "AEGP Utility Suite" && edit == std::string("order"));
-            if (!isNeeded)
-                continue;
-            SCOPED_TRACE(edit + (" " + name) + " " + std::to_string(missing.version));
-            StackScene stack("A B");
-            Items tree = stack.Tree("B A");
-            if (edit == std::string("group"))
-                tree[0].group = 2;
-            else if (edit == std::string("active"))
-                tree[0].active = 0;
-            stack.host.Faults().Withhold(name, missing.version, GetParam());
+            const MissingSuite& missing = missingInRename[needed];
+            SCOPED_TRACE(tree + " without " + missing.Text());
+            LabelledStack stack("A B");
+            stack.host.Faults().Withhold(missing.name, missing.version, GetParam());
 
-            HookResult result;
-            (void)OutputOf([&] { result = stack.Change(tree); });
+            EXPECT_EQ(stack.ChangeTo(tree).thrownNumber, 516);
 
-            EXPECT_EQ(result.thrownNumber, 516);
-            EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: B, group 0, on\n");
+            EXPECT_EQ(stack.Text(), "A B");
             EXPECT_EQ(stack.Found(), missing.found) << stack.CallsWithSuites();
         }
     }
@@ -94,34 +74,26 @@ INSTANTIATE_TEST_SUITE_P(EachRefusal, LayerEffectChangesMissingSuite,
 
 TEST(LayerEffectChangesMissingSuites, BothMissingLeakTheParameterStream)
 {
-    StackScene stack("A");
-    Items tree = stack.Tree("A");
-    tree[0].name = "Front";
+    LabelledStack stack("A");
     stack.host.Faults().Withhold("AEGP Dynamic Stream Suite", 2);
     stack.host.Faults().Withhold("AEGP Stream Suite", 7);
 
-    EXPECT_EQ(stack.Change(tree).thrownNumber, 516);
+    EXPECT_EQ(stack.ChangeTo("A=Front").thrownNumber, 516);
 
-    EXPECT_EQ(stack.Found(), (std::vector<std::string>{
-                                 "dispose-order AEGP_DisposeEffect",
-                                 left,
-                                 "leaked-reference AEGP_GetNewEffectStreamByIndex",
-                                 open,
-                             }));
-    EXPECT_EQ(stack.host.CallTexts(SuiteTraffic::leftOut).back(), "Effect 1 AEGP_DisposeEffect(effect A)")
+    EXPECT_EQ(stack.Found(), (Texts{"dispose-order AEGP_DisposeEffect", left,
+                                    "leaked-reference AEGP_GetNewEffectStreamByIndex", open}));
+    EXPECT_EQ(stack.CallList().back(), "Effect 1 AEGP_DisposeEffect(effect A)")
         << "the effect is given back all the same, and last";
 }
 
 TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteIsUnusedWithoutLayer)
 {
-    StackScene stack("A B");
-    Items tree = stack.Tree("B A");
-    ItemNamed(tree, "A").name = "One"; // Neither a rename nor the order asks for suites without a layer.
-    const Items layerItems = stack.LayerItems();
-    stack.host.ClearTrace();
+    LabelledStack stack("A B");
+    // Neither a rename nor the order asks for suites without a layer.
+    const Items tree = stack.Tree("B A=One");
 
-    const HookResult result =
-        stack.host.RunInHook([&] { LayerEffectChanges(stack.Id(), nullptr, nullptr, layerItems, tree); });
+    const HookResult result = stack.host.RunInHook(
+        [&] { LayerEffectChanges(stack.Id(), nullptr, nullptr, stack.LayerItems(), tree); });
 
     EXPECT_EQ(result.thrown, "");
     EXPECT_EQ(stack.CallsWithSuites(), "");
@@ -130,27 +102,19 @@ TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteIsUnusedWithoutLayer)
 
 TEST(LayerEffectChangesMissingSuites, ANullBasicSuiteThrowsBeforeAnyCall)
 {
-    StackScene stack("A");
-    for (const char* edit : {"name", "group", "active", "order"})
+    LabelledStack stack("A");
+    for (const char* tree : {"A=Front", "A@2", "A!", "A"})
     {
-        SCOPED_TRACE(edit);
-        Items tree = stack.Tree("A");
-        const Items layerItems = stack.LayerItems();
-        if (edit == std::string("name"))
-            tree[0].name = "Front";
-        else if (edit == std::string("group"))
-            tree[0].group = 2;
-        else if (edit == std::string("active"))
-            tree[0].active = 0;
-        stack.host.ClearTrace();
-
+        SCOPED_TRACE(tree);
+        const Items treeItems = stack.Tree(tree);
         const AEGP_LayerH layer = stack.Layer();
+        stack.host.ClearTrace();
         HookResult result;
         (void)OutputOf(
             [&]
             {
                 result = stack.host.RunInHook(
-                    [&] { LayerEffectChanges(stack.Id(), nullptr, layer, layerItems, tree); });
+                    [&] { LayerEffectChanges(stack.Id(), nullptr, layer, stack.LayerItems(), treeItems); });
             });
 
         EXPECT_EQ(result.thrownNumber, 516);
@@ -163,38 +127,30 @@ TEST(LayerEffectChangesMissingSuites, LostBetweenRenamesKeepsTheFirst)
     for (const char* suite : {"AEGP Stream Suite", "AEGP Dynamic Stream Suite"})
     {
         SCOPED_TRACE(suite);
-        StackScene stack("A B");
+        LabelledStack stack("A B");
         stack.host.Effect("A").behaviour =
             ActsInMessage([&](Host& host) { host.Faults().Withhold(suite); }, 2);
-        Items tree = stack.Tree("B A");
-        tree[0].name = "One";
-        tree[1].name = "Two";
 
-        EXPECT_EQ(stack.Change(tree).thrownNumber, 516);
+        EXPECT_EQ(stack.ChangeTo("B=One A=Two").thrownNumber, 516);
 
-        EXPECT_EQ(stack.Report(), "A: A, group 0, on\nB: One, group 0, on\n")
-            << "neither the second rename nor the order";
+        EXPECT_EQ(stack.Text(), "A B=One") << "neither the second rename nor the order";
         EXPECT_EQ(stack.Steps(), "[Rename Effect(s)]");
-        EXPECT_EQ(stack.Found(), (std::vector<std::string>{left, open}));
+        EXPECT_EQ(stack.Found(), (Texts{left, open}));
         EXPECT_TRUE(stack.UndoBringsBackTheStart());
     }
 }
 
 TEST(LayerEffectChangesMissingSuites, LostBeforeTheOrderKeepsOtherChanges)
 {
-    StackScene stack("A B");
+    LabelledStack stack("A B");
     stack.host.Effect("A").behaviour =
         ActsInMessage([](Host& host) { host.Faults().Withhold("AEGP Utility Suite"); }, 4);
-    Items tree = stack.Tree("B A");
-    ItemNamed(tree, "A").group = 4;
-    ItemNamed(tree, "A").active = 0;
 
-    HookResult result;
-    EXPECT_EQ(OutputOf([&] { result = stack.Change(tree); }), "Setting Group: A\n");
+    EXPECT_EQ(stack.ChangeTo("B A@4!").thrownNumber, 516);
 
-    EXPECT_EQ(result.thrownNumber, 516);
-    EXPECT_EQ(stack.Report(), "A: A, group 4, off\nB: B, group 0, on\n");
-    EXPECT_EQ(stack.Found(), std::vector<std::string>{left});
+    EXPECT_EQ(stack.TakePrinted(), "Setting Group: A\n");
+    EXPECT_EQ(stack.Text(), "A@4! B");
+    EXPECT_EQ(stack.Found(), Texts{left});
 }
 } // namespace
 } // namespace standin

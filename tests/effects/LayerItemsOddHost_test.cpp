@@ -2,22 +2,22 @@
 
 #include "effects/LayerItems.h"
 
-#include "tests/effects/LiarHost.h"
+#include "tests/effects/ReadFixture.h"
 #include "tests/support/PatchedBasic.h"
 
 #include <cstring>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-using namespace standin;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
+namespace standin
+{
 namespace
 {
-/// Adds to a host an effect that answers as the family does, with what is special about it.
-void install(ProductHost& product, const std::string& matchName, int parameterCount,
-             InstalledEffect::MatchNameEnding ending)
+using ::testing::ElementsAre;
+
+using LayerItemsOddHost = ReadTest;
+
+/// Puts an effect at the end of the stack that answers as the family does, with what is special about it.
+void add(LabelledStack& stack, const std::string& matchName, int parameterCount,
+         InstalledEffect::MatchNameEnding ending)
 {
     InstalledEffect effect;
     effect.matchName = matchName;
@@ -25,58 +25,40 @@ void install(ProductHost& product, const std::string& matchName, int parameterCo
     effect.parameterCount = parameterCount;
     effect.behaviour = std::make_shared<FamilyBehaviour>();
     effect.matchNameEnding = ending;
-    product.host.Install(effect);
+    stack.host.Install(effect);
+    stack.Add(matchName, "D");
 }
-} // namespace
 
 // Effects that the host cannot tell everything about.
 
-TEST(LayerItems, BelowAMissingParameterHaveNoNames)
+TEST_F(LayerItemsOddHost, BelowAMissingParameterHaveNoNames)
 {
-    LiarHost product;
-    install(product, "QVK VORTEFF Bare", 1, InstalledEffect::MatchNameEnding::terminated);
-    const std::string uuidD = product.Add("QVK VORTEFF Bare", "D");
-    const std::string uuidE = product.Add(sheets, "E");
-    product.host.Effect("E").family.group = 5;
-    product.host.Expect("parameter-index", "AEGP_GetNewEffectStreamByIndex",
-                        "an effect is named through its first parameter, and this one has none");
-    EXPECT_THAT(Read(product).Lines(),
-                ElementsAre(product.LineA(), product.LineB(), product.LineC(),
-                            uuidD + " Vortan Dots Renderer group 0 active 0 tag QVK VORTEFF Bare",
-                            uuidE + " Vortan Dots Renderer group 5 active 0 tag QVK VORTEFF Bare"));
-    const std::vector<std::string> calls = product.host.CallTexts(SuiteTraffic::leftOut);
-    EXPECT_THAT(std::vector<std::string>(calls.end() - 5, calls.end()),
-                ElementsAre("Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 3) -> effect D",
-                            "Effect 1 AEGP_GetInstalledKeyFromLayerEffect(effect D) -> " +
-                                std::to_string(product.Key("QVK VORTEFF Bare")),
-                            "Effect 1 AEGP_GetEffectMatchName(" +
-                                std::to_string(product.Key("QVK VORTEFF Bare")) + ") -> \"QVK VORTEFF Bare\"",
-                            "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect D, 1) = 3",
-                            "Effect 1 AEGP_DisposeEffect(effect D)"));
-    product.ExpectCleanEnd();
+    LabelledStack& stack = MakeInGroups("A E R");
+    add(stack, "QVK VORTEFF Bare", 1, InstalledEffect::MatchNameEnding::terminated);
+    stack.Add("QVK VORTSRC Lamps", "G");
+    stack.host.Effect("G").family.group = 5;
+    stack.host.Expect("parameter-index", "AEGP_GetNewEffectStreamByIndex",
+                      "an effect is named through its first parameter, and this one has none");
+    EXPECT_EQ(stack.Text(Read(stack).items), "A@1 E@2 R@3 D=R! G=R@5!#QVK VORTEFF Bare");
+    Calls last = stack.Traced().ReadMatchName(3);
+    last.insert(last.end() - 1, "Stream 4 AEGP_GetNewEffectStreamByIndex(id 7, effect D, 1) = 3");
+    EXPECT_EQ(LastCalls(5), last);
 }
 
-TEST(LayerItems, EndATagAt128Characters)
+TEST_F(LayerItemsOddHost, EndATagAt128Characters)
 {
-    LiarHost product;
     const std::string longName = "QVK VORTEFF Endless";
-    install(product, longName, 3, InstalledEffect::MatchNameEnding::notTerminated);
-    product.Add(longName, "D");
-    product.Add(sheets, "E");
-    const std::vector<ObjectItem> items = Read(product).items;
-    ASSERT_EQ(items.size(), 5u);
-    EXPECT_EQ(items[3].tag, longName + std::string(128 - longName.size(), '#'));
-    EXPECT_EQ(items[3].name, "Special");
-    EXPECT_EQ(items[4].tag, sheets);
-    product.ExpectCleanEnd();
+    add(Make(""), longName, 3, InstalledEffect::MatchNameEnding::notTerminated);
+    scene->Add("QVK VORTSRC Lamps", "G");
+    EXPECT_EQ(scene->Text(Read(*scene).items),
+              "D=Special#" + longName + std::string(128 - longName.size(), '#') + " G=Vortan Sheets Object");
 }
 
 // A host that lies.
 
-TEST(LayerItems, OfANegativeCountAreNone)
+TEST_F(LayerItemsOddHost, OfANegativeCountAreNone)
 {
-    LiarHost product;
-    PatchedBasic<AEGP_EffectSuite1> basic(product.host,
+    PatchedBasic<AEGP_EffectSuite1> basic(Make("A E R").host,
                                           [](AEGP_EffectSuite1& suite)
                                           {
                                               suite.AEGP_GetLayerNumEffects = [](AEGP_LayerH, A_long* count)
@@ -85,88 +67,42 @@ TEST(LayerItems, OfANegativeCountAreNone)
                                                   return A_Err{0};
                                               };
                                           });
-    EXPECT_THAT(ReadOver(product, basic.Basic()).items, IsEmpty());
-    EXPECT_THAT(product.host.CallTexts(), ElementsAre("Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
-                                                      "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
-    product.ExpectCleanEnd();
+    EXPECT_EQ(TextOver(basic.Basic()), "");
+    EXPECT_THAT(scene->host.CallTexts(), ElementsAre("Basic AcquireSuite(\"AEGP Effect Suite\", 1)",
+                                                     "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
 }
 
-TEST(LayerItems, AskNoNamesAfterACountWithError)
+TEST_F(LayerItemsOddHost, AskNoNamesAfterACountWithError)
 {
-    LiarHost product;
     // Sound from the second call on, so that the messages find the stack.
     PatchedBasic<AEGP_EffectSuite1> basic(
-        product.host,
-        [](AEGP_EffectSuite1& suite)
-        {
-            suite.AEGP_GetLayerNumEffects = [](AEGP_LayerH layer, A_long* count)
-            {
-                const bool first = Host::Current()->CallTexts(SuiteTraffic::leftOut).empty();
-                const A_Err err =
-                    PatchedBasic<AEGP_EffectSuite1>::Sound().AEGP_GetLayerNumEffects(layer, count);
-                return first ? A_Err{1} : err;
-            };
-        });
-    EXPECT_THAT(ReadOver(product, basic.Basic()).Lines(),
-                ElementsAre(product.uuidA + "  group 1 active 0 tag ",
-                            product.uuidB + "  group 2 active 0 tag ",
-                            product.uuidC + "  group 3 active 0 tag "));
-    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut).size(), 1u + 3u * 12u);
-    product.ExpectCleanEnd();
+        MakeInGroups("A E R").host,
+        AnswersWithError<&AEGP_EffectSuite1::AEGP_GetLayerNumEffects>(
+            1, [] { return Host::Current()->CallTexts(SuiteTraffic::leftOut).empty(); }));
+    EXPECT_EQ(TextOver(basic.Basic()), "A=@1!# E=@2!# R=@3!#");
+    EXPECT_EQ(scene->CallList().size(), 1u + 3u * 12u);
 }
 
-TEST(LayerItems, DisposeOfAParameterStreamWithError)
+TEST_F(LayerItemsOddHost, DisposeOfAParameterStreamWithError)
 {
-    LiarHost product;
     PatchedBasic<AEGP_StreamSuite1> basic(
-        product.host,
-        [](AEGP_StreamSuite1& suite)
-        {
-            suite.AEGP_GetNewEffectStreamByIndex =
-                [](AEGP_PluginID id, AEGP_EffectRefH effect, PF_ParamIndex index, AEGP_StreamRefH* stream)
-            {
-                (void)PatchedBasic<AEGP_StreamSuite1>::Sound().AEGP_GetNewEffectStreamByIndex(id, effect,
-                                                                                              index, stream);
-                return A_Err{1};
-            };
-        });
-    const std::vector<ObjectItem> items = ReadOver(product, basic.Basic()).items;
-    ASSERT_EQ(items.size(), 3u);
-    EXPECT_EQ(items[0].name, "");
-    EXPECT_EQ(items[0].tag, sheets);
-    const std::vector<std::string> calls = product.host.CallTexts(SuiteTraffic::leftOut);
-    EXPECT_THAT(
-        std::vector<std::string>(calls.end() - 2, calls.end()),
-        ElementsAre("Stream 7 AEGP_DisposeStream(stream A.1)", "Effect 1 AEGP_DisposeEffect(effect A)"));
-    product.ExpectCleanEnd();
+        Make("A E R").host, AnswersWithError<&AEGP_StreamSuite1::AEGP_GetNewEffectStreamByIndex>(1));
+    EXPECT_THAT(TextOver(basic.Basic()), ::testing::StartsWith("A=! E=!#QVK VORTSRC Routes"));
+    EXPECT_THAT(LastCalls(2), ElementsAre("Stream 7 AEGP_DisposeStream(stream A.1)",
+                                          "Effect 1 AEGP_DisposeEffect(effect A)"));
 }
 
-TEST(LayerItems, BearANameThatCameWithAnError)
+TEST_F(LayerItemsOddHost, BearANameThatCameWithAnError)
 {
-    LiarHost product;
-    PatchedBasic<AEGP_StreamSuite1> basic(
-        product.host,
-        [](AEGP_StreamSuite1& suite)
-        {
-            suite.AEGP_GetStreamName = [](AEGP_StreamRefH stream, A_Boolean english, A_char* name)
-            {
-                (void)PatchedBasic<AEGP_StreamSuite1>::Sound().AEGP_GetStreamName(stream, english, name);
-                return A_Err{1};
-            };
-        });
+    PatchedBasic<AEGP_StreamSuite1> basic(MakeInGroups("A E R").host,
+                                          AnswersWithError<&AEGP_StreamSuite1::AEGP_GetStreamName>(1));
     // The error ends the reading, and what was read last stands for the rest.
-    EXPECT_THAT(
-        ReadOver(product, basic.Basic()).Lines(),
-        ElementsAre(product.LineA(),
-                    product.uuidB + " Vortan Sheets Object group 2 active 0 tag " + std::string(sheets),
-                    product.uuidC + " Vortan Sheets Object group 3 active 0 tag " + std::string(sheets)));
-    product.ExpectCleanEnd();
+    EXPECT_EQ(TextOver(basic.Basic()), "A@1 E=A@2!#QVK VORTSRC Routes R=A@3!#QVK VORTSRC Routes");
 }
 
-TEST(LayerItems, EndANameAt128Characters)
+TEST_F(LayerItemsOddHost, EndANameAt128Characters)
 {
-    LiarHost product;
-    PatchedBasic<AEGP_StreamSuite1> basic(product.host,
+    PatchedBasic<AEGP_StreamSuite1> basic(Make("A").host,
                                           [](AEGP_StreamSuite1& suite)
                                           {
                                               suite.AEGP_GetStreamName =
@@ -176,35 +112,17 @@ TEST(LayerItems, EndANameAt128Characters)
                                                   return A_Err{0};
                                               };
                                           });
-    for (const ObjectItem& item : ReadOver(product, basic.Basic()).items)
-        EXPECT_EQ(item.name, std::string(128, 'n'));
-    product.ExpectCleanEnd();
+    EXPECT_EQ(TextOver(basic.Basic()), "A=" + std::string(128, 'n'));
 }
 
-TEST(LayerItems, DisposeOfAReferenceWithError)
+TEST_F(LayerItemsOddHost, DisposeOfAReferenceWithError)
 {
-    LiarHost product;
     PatchedBasic<AEGP_DynamicStreamSuite2> basic(
-        product.host,
-        [](AEGP_DynamicStreamSuite2& suite)
-        {
-            suite.AEGP_GetNewParentStreamRef =
-                [](AEGP_PluginID id, AEGP_StreamRefH stream, AEGP_StreamRefH* parent)
-            {
-                (void)PatchedBasic<AEGP_DynamicStreamSuite2>::Sound().AEGP_GetNewParentStreamRef(id, stream,
-                                                                                                 parent);
-                return A_Err{1};
-            };
-        });
-    const std::vector<ObjectItem> items = ReadOver(product, basic.Basic()).items;
-    ASSERT_EQ(items.size(), 3u);
-    EXPECT_EQ(items[0].name, "");
-    EXPECT_EQ(items[0].tag, sheets);
-    EXPECT_EQ(items[0].active, 0);
-    const std::vector<std::string> calls = product.host.CallTexts(SuiteTraffic::leftOut);
-    EXPECT_THAT(std::vector<std::string>(calls.end() - 3, calls.end()),
-                ElementsAre("Stream 7 AEGP_DisposeStream(stream A.1)",
-                            "Stream 7 AEGP_DisposeStream(stream A)",
-                            "Effect 1 AEGP_DisposeEffect(effect A)"));
-    product.ExpectCleanEnd();
+        Make("A E R").host, AnswersWithError<&AEGP_DynamicStreamSuite2::AEGP_GetNewParentStreamRef>(1));
+    EXPECT_THAT(TextOver(basic.Basic()), ::testing::StartsWith("A=! E=!#QVK VORTSRC Routes"));
+    EXPECT_THAT(LastCalls(3), ElementsAre("Stream 7 AEGP_DisposeStream(stream A.1)",
+                                          "Stream 7 AEGP_DisposeStream(stream A)",
+                                          "Effect 1 AEGP_DisposeEffect(effect A)"));
 }
+} // namespace
+} // namespace standin

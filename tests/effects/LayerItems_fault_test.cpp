@@ -3,53 +3,34 @@
 #include "effects/LayerItems.h"
 
 #include "standin/faults/Sweep.h"
+#include "tests/effects/FaultOutcome.h"
 #include "tests/effects/ReadFixture.h"
 #include "tests/support/FindingIds.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <memory>
 
-using namespace standin;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAreArray;
 
+namespace standin
+{
 namespace
 {
-constexpr const char* uuidA = "01010101-0101-0101-0101-010100000001";
-constexpr const char* uuidB = "02020202-0202-0202-0202-020200000002";
-constexpr const char* uuidC = "03030303-0303-0303-0303-030300000003";
-constexpr const char* uuidD = "04040404-0404-0404-0404-040400000004";
-
 /// Five effects, no two alike in any field that a read can tell.
-struct FaultyRead : ProductHost
+struct FaultyRead : LabelledStack
 {
-    FaultyRead()
+    FaultyRead() : LabelledStack("A B X E R")
     {
-        Add("QVK VORTSRC Lamps", "A");
-        Add("QVK VORTSRC Routes", "B");
-        Add("ADBE Fill", "F");
-        Add("QVK VORTEFF Jitter", "C");
-        Add("QVK VORTREN Dots", "D");
         host.Effect("A").family.group = 1;
         host.Effect("B").family.group = 2;
         host.Effect("B").customName = "My routes";
-        host.Effect("C").flags = 0;
-        host.Effect("D").family.rigidity = Rigidity::rigid;
+        host.Effect("E").flags = 0;
+        host.Effect("R").family.rigidity = Rigidity::rigid;
     }
 
     ReadOutcome outcome;
-};
-
-const std::vector<ObjectItem> soundItems = {
-    {uuidA, "Vortan Sheets Object", 1, 1, "QVK VORTSRC Lamps"},
-    {uuidB, "My routes", 2, 1, "QVK VORTSRC Routes"},
-    {zeroUuid, "Fill", -1, 1, "ADBE Fill"},
-    {uuidC, "Vortan Jitter Effector", 0, 0, "QVK VORTEFF Jitter"},
-    {uuidD, "Vortan Dots Renderer", -1, 1, "QVK VORTREN Dots"},
 };
 
 bool startsWith(const std::string& text, const std::string& start) { return text.rfind(start, 0) == 0; }
@@ -97,14 +78,14 @@ constexpr std::size_t matchNameCall = 2;
 constexpr std::size_t streamNameCall = 6;
 
 /// The list that a read has to give if these calls fail and no suite is missing.
-std::vector<ObjectItem> demandedItems(const FailingPlaces& failing)
+Items demandedItems(const FailingPlaces& failing, const Items& sound)
 {
     if (failing.Any(0, 1))
         return {};
-    const std::size_t count = soundItems.size();
+    const std::size_t count = sound.size();
     const std::size_t identities = 1 + messageCalls * count;
     const std::size_t host = identities + messageCalls * count;
-    std::vector<ObjectItem> items = soundItems;
+    Items items = sound;
     std::string name;
     std::string tag;
     bool stuck = false;
@@ -117,13 +98,13 @@ std::vector<ObjectItem> demandedItems(const FailingPlaces& failing)
         const std::size_t first = host + i * hostCalls;
         const bool flagsAreRead = !stuck && !failing.Any(first, streamNameCall);
         if (!stuck && !failing.Any(first, matchNameCall + 1))
-            tag = soundItems[i].tag;
+            tag = sound[i].tag;
         stuck = stuck || failing.Any(first, hostCallsThatMatter);
         if (!stuck)
-            name = soundItems[i].name;
+            name = sound[i].name;
         items[i].name = name;
         items[i].tag = tag;
-        items[i].active = flagsAreRead ? soundItems[i].active : 0;
+        items[i].active = flagsAreRead ? sound[i].active : 0;
     }
     return items;
 }
@@ -154,8 +135,14 @@ void expectBalancedSuites(const Calls& calls)
 class LayerItemsFaults : public ::testing::Test
 {
 protected:
-    static std::unique_ptr<FaultyRead> Make() { return std::make_unique<FaultyRead>(); }
-    static void Run(FaultyRead& scenario) { scenario.outcome = Read(scenario); }
+    void Sweep(FaultLength length)
+    {
+        const std::size_t swept = SweepFaults(
+            [] { return std::make_unique<FaultyRead>(); },
+            [](FaultyRead& scenario) { scenario.outcome = Read(scenario); },
+            [this](FaultyRead& scenario, const SweptFault& fault) { Check(scenario, fault); }, {length});
+        EXPECT_EQ(swept, 1u + 5u * 22u + 6u + 6u);
+    }
 
     void Check(FaultyRead& scenario, const SweptFault& fault)
     {
@@ -165,7 +152,7 @@ protected:
             clean = calls;
         scenario.host.CheckSuiteBalance();
         expectBalancedSuites(calls);
-        EXPECT_EQ(scenario.host.StackText(scenario.layerId), "A B F C D");
+        EXPECT_EQ(scenario.Stack(), "A B X E R");
         EXPECT_THAT(scenario.host.UndoNames(), IsEmpty());
         if (hasFailed(calls, "Basic AcquireSuite"))
             CheckMissingSuite(scenario, fault, calls);
@@ -177,12 +164,13 @@ protected:
     {
         ++lists;
         EXPECT_EQ(scenario.outcome.result.thrown, "");
-        EXPECT_EQ(scenario.outcome.Lines(), LinesOf(demandedItems(FailingPlaces(clean, fault))));
+        EXPECT_EQ(scenario.Text(scenario.outcome.items),
+                  scenario.Text(demandedItems(FailingPlaces(clean, fault), sound)));
         EXPECT_THAT(TakeFindingIds(scenario.host), IsEmpty());
     }
 
-    /// The read is left by 516. A reference may stay behind only where its disposing suite is not to be
-    /// had, neither at once nor on the way out.
+    /// The read throws 516. A reference may leak only where its disposing suite is missing, at once and
+    /// on the way out.
     void CheckMissingSuite(FaultyRead& scenario, const SweptFault& fault, const Calls& calls)
     {
         ++missingSuites;
@@ -206,6 +194,7 @@ protected:
         EXPECT_EQ(TakeFindingIds(scenario.host), ids);
     }
 
+    const Items sound = FaultyRead().LayerItems();
     Calls clean;
     int lists = 0;
     int missingSuites = 0;
@@ -214,68 +203,47 @@ protected:
 
 TEST_F(LayerItemsFaults, AfterOneFailedCallDependOnItsPlace)
 {
-    const std::size_t swept = SweepFaults(
-        Make, Run, [this](FaultyRead& scenario, const SweptFault& fault) { Check(scenario, fault); },
-        {FaultLength::once});
-    EXPECT_EQ(swept, 1u + 5u * 22u + 6u + 6u);
+    Sweep(FaultLength::once);
     EXPECT_EQ(lists, 1 + 1 + 5 * 22 + 6) << "the clean run, every call, every release";
     EXPECT_EQ(missingSuites, 6) << "every acquire";
 }
 
 TEST_F(LayerItemsFaults, AfterAFailingFunctionDependOnFirstPlace)
 {
-    const std::size_t swept = SweepFaults(
-        Make, Run, [this](FaultyRead& scenario, const SweptFault& fault) { Check(scenario, fault); },
-        {FaultLength::functionForGood});
-    EXPECT_EQ(swept, 1u + 5u * 22u + 6u + 6u);
+    Sweep(FaultLength::functionForGood);
     EXPECT_EQ(missingSuites, 6);
 }
 
 TEST_F(LayerItemsFaults, AfterLastingFailureDependOnItsPlace)
 {
-    const std::size_t swept = SweepFaults(
-        Make, Run, [this](FaultyRead& scenario, const SweptFault& fault) { Check(scenario, fault); },
-        {FaultLength::everythingForGood});
-    EXPECT_EQ(swept, 1u + 5u * 22u + 6u + 6u);
+    Sweep(FaultLength::everythingForGood);
     EXPECT_GT(missingSuites, 6) << "a reference is held and its disposing suite is not there yet";
     EXPECT_GT(lists, 90);
 }
 
-TEST(LayerItems, WithoutOneSuiteThrow516)
+TEST(LayerItemsFaulty, WithoutOneSuiteThrow516)
 {
-    struct Row
-    {
-        const char* suite;
-        int version;
-        std::vector<std::string> findings;
-    };
-    const std::vector<Row> rows = {
-        {"AEGP Effect Suite", 1, {"exception-left-hook"}},
-        {"AEGP Layer Suite", 5, {"exception-left-hook"}},
-        {"AEGP Effect Suite", 3, {"exception-left-hook", "leaked-reference"}},
-        {"AEGP Stream Suite", 4, {"exception-left-hook"}},
-        {"AEGP Dynamic Stream Suite", 2, {"exception-left-hook"}},
-        {"AEGP Stream Suite",
-         7,
-         {"dispose-order", "exception-left-hook", "leaked-reference", "leaked-reference"}},
-    };
-    for (const Withheld how : {Withheld::asError, Withheld::asNullTable, Withheld::asPoisonedPointer})
-    {
-        for (const Row& row : rows)
-        {
-            SCOPED_TRACE(std::string(row.suite) + " " + std::to_string(row.version));
-            FaultyRead scenario;
-            scenario.host.Faults().Withhold(row.suite, row.version, how);
-            scenario.outcome = Read(scenario);
-            EXPECT_EQ(scenario.outcome.result.thrownNumber, 516);
-            EXPECT_THAT(scenario.outcome.items, IsEmpty());
-            scenario.host.CheckSuiteBalance();
-            EXPECT_EQ(TakeFindingIds(scenario.host), row.findings);
-        }
-    }
+    const std::string left = "exception-left-hook";
+    const std::string leaked = "leaked-reference";
+    ForEachMissing({{"AEGP Effect Suite", 1, {left}},
+                    {"AEGP Layer Suite", 5, {left}},
+                    {"AEGP Effect Suite", 3, {left, leaked}},
+                    {"AEGP Stream Suite", 4, {left}},
+                    {"AEGP Dynamic Stream Suite", 2, {left}},
+                    {"AEGP Stream Suite", 7, {"dispose-order", left, leaked, leaked}}},
+                   [](const MissingSuite& missing, Withheld how)
+                   {
+                       FaultyRead scenario;
+                       scenario.host.Faults().Withhold(missing.name, missing.version, how);
+                       scenario.outcome = Read(scenario);
+                       EXPECT_EQ(scenario.outcome.result.thrownNumber, 516);
+                       EXPECT_THAT(scenario.outcome.items, IsEmpty());
+                       scenario.host.CheckSuiteBalance();
+                       EXPECT_EQ(TakeFindingIds(scenario.host), missing.found);
+                   });
 }
 
-TEST(LayerItems, WithoutTheParentSuiteDisposeOfTheRest)
+TEST(LayerItemsFaulty, WithoutTheParentSuiteDisposeOfTheRest)
 {
     FaultyRead scenario;
     scenario.host.Faults().Withhold("AEGP Dynamic Stream Suite", 2);
@@ -294,36 +262,27 @@ TEST(LayerItems, WithoutTheParentSuiteDisposeOfTheRest)
 
 // The same by hand, for a reader.
 
-TEST(LayerItems, BelowAFailedEffectRepeatTheTextsAbove)
+TEST(LayerItemsFaulty, BelowAFailedEffectRepeatTheTextsAbove)
 {
     FaultyRead scenario;
-    // Each effect is had three times: for its group, for its identity, and for the host read.
+    // Each effect is fetched three times: for its group, for its identity, and for the host read.
     scenario.host.Faults().FailFunction("AEGP_GetLayerEffectByIndex", 5 + 5 + 3);
-    EXPECT_THAT(
-        Read(scenario).Lines(),
-        ElementsAre(std::string(uuidA) + " Vortan Sheets Object group 1 active 1 tag QVK VORTSRC Lamps",
-                    std::string(uuidB) + " My routes group 2 active 1 tag QVK VORTSRC Routes",
-                    std::string(zeroUuid) + " My routes group -1 active 0 tag QVK VORTSRC Routes",
-                    std::string(uuidC) + " My routes group 0 active 0 tag QVK VORTSRC Routes",
-                    std::string(uuidD) + " My routes group -1 active 0 tag QVK VORTSRC Routes"));
-    EXPECT_EQ(scenario.host.CallTexts(SuiteTraffic::leftOut).back(),
-              "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) = 1");
+    EXPECT_EQ(scenario.Text(Read(scenario).items),
+              "A@1 B=My routes@2 0=My routes@-1!#QVK VORTSRC Routes E=My routes!#QVK VORTSRC Routes "
+              "R=My routes@-1!#QVK VORTSRC Routes");
+    EXPECT_EQ(scenario.CallList().back(), "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) = 1");
     EXPECT_EQ(scenario.host.FindingsReport(), "");
 }
 
-TEST(LayerItems, HaveNoTextsIfTheFirstFails)
+TEST(LayerItemsFaulty, HaveNoTextsIfTheFirstFails)
 {
     FaultyRead scenario;
     scenario.host.Faults().FailFunction("AEGP_GetLayerEffectByIndex", 5 + 5 + 1);
-    EXPECT_THAT(Read(scenario).Lines(), ElementsAre(std::string(uuidA) + "  group 1 active 0 tag ",
-                                                    std::string(uuidB) + "  group 2 active 0 tag ",
-                                                    std::string(zeroUuid) + "  group -1 active 0 tag ",
-                                                    std::string(uuidC) + "  group 0 active 0 tag ",
-                                                    std::string(uuidD) + "  group -1 active 0 tag "));
+    EXPECT_EQ(scenario.Text(Read(scenario).items), "A=@1!# B=@2!# 0=@-1! E=!# R=@-1!#");
     EXPECT_EQ(scenario.host.FindingsReport(), "");
 }
 
-TEST(LayerItems, OfAnUncountableStackAreNone)
+TEST(LayerItemsFaulty, OfAnUncountableStackAreNone)
 {
     FaultyRead scenario;
     scenario.host.Faults().FailFunction("AEGP_GetLayerNumEffects");
@@ -333,3 +292,4 @@ TEST(LayerItems, OfAnUncountableStackAreNone)
                                                        "Basic ReleaseSuite(\"AEGP Effect Suite\", 1)"));
     EXPECT_EQ(scenario.host.FindingsReport(), "");
 }
+} // namespace standin

@@ -14,9 +14,7 @@ namespace standin
 
 TEST_F(Catalogue, MenuTextsFollowTheKeys)
 {
-    Install(11, "QVK VORTSRC Lamps");
-    Install(12, "QVK VORTSRC Routes");
-    Install(13, "QVK VORTSRC GEO");
+    Install({{11, "QVK VORTSRC Lamps"}, {12, "QVK VORTSRC Routes"}, {13, "QVK VORTSRC GEO"}});
     EXPECT_THAT(Popup({13, 11, 12}, src_match_name_array, src_display_array),
                 ElementsAre("GEO", "Sheets", "Routes"));
     EXPECT_THAT(host.CallTexts(),
@@ -35,20 +33,17 @@ TEST_F(Catalogue, NoKeysGiveNoTextsAndNoCall)
 
 TEST_F(Catalogue, UnreadableNameGivesNotFoundFromThere)
 {
-    Install(11, "QVK VORTSRC Lamps");
-    Install(12, "QVK VORTSRC Routes");
-    Install(13, "QVK VORTSRC GEO");
+    Install({{11, "QVK VORTSRC Lamps"}, {12, "QVK VORTSRC Routes"}, {13, "QVK VORTSRC GEO"}});
     host.Faults().FailFunction("AEGP_GetEffectMatchName", 2);
     EXPECT_THAT(Popup({11, 12, 13}, src_match_name_array, src_display_array),
                 ElementsAre("Sheets", "Not Found", "Not Found"));
-    EXPECT_THAT(host.CallTexts(SuiteTraffic::leftOut),
-                ElementsAre("Effect 1 AEGP_GetEffectMatchName(11) -> \"QVK VORTSRC Lamps\"",
-                            "Effect 1 AEGP_GetEffectMatchName(12) = 1"));
+    EXPECT_THAT(CallList(), ElementsAre("Effect 1 AEGP_GetEffectMatchName(11) -> \"QVK VORTSRC Lamps\"",
+                                        "Effect 1 AEGP_GetEffectMatchName(12) = 1"));
 }
 
 TEST_F(Catalogue, OnlyASecondRowInstalledIsNotFound)
 {
-    Install(12, "QVK VORTSRC Routes");
+    Install({{12, "QVK VORTSRC Routes"}});
     EXPECT_EQ(Find("QVK VORTSRC"), 0);
     EXPECT_THAT(keys, ElementsAre(12));
     EXPECT_THAT(Popup(keys, src_match_name_array, src_display_array), ElementsAre("Not Found"));
@@ -56,9 +51,7 @@ TEST_F(Catalogue, OnlyASecondRowInstalledIsNotFound)
 
 TEST_F(Catalogue, PartOfAFamilyFindsOnlyEarlyRows)
 {
-    Install(15, "QVK VORTEFF Tint Table");
-    Install(11, "QVK VORTEFF Round Zone");
-    Install(13, "QVK VORTEFF Enclosure");
+    Install({{15, "QVK VORTEFF Tint Table"}, {11, "QVK VORTEFF Round Zone"}, {13, "QVK VORTEFF Enclosure"}});
     EXPECT_EQ(Find("QVK VORTEFF"), 0);
     EXPECT_THAT(Popup(keys, eff_match_name_array, eff_display_array),
                 ElementsAre("Not Found", "Round Zone", "Enclosure"));
@@ -66,7 +59,7 @@ TEST_F(Catalogue, PartOfAFamilyFindsOnlyEarlyRows)
 
 TEST_F(Catalogue, LongerNamePassesPrefixFailsTable)
 {
-    Install(11, "QVK VORTSRC Lamps Extra");
+    Install({{11, "QVK VORTSRC Lamps Extra"}});
     EXPECT_EQ(Find("QVK VORTSRC"), 0);
     EXPECT_THAT(keys, ElementsAre(11));
     EXPECT_THAT(Popup(keys, src_match_name_array, src_display_array), ElementsAre("Not Found"));
@@ -74,9 +67,9 @@ TEST_F(Catalogue, LongerNamePassesPrefixFailsTable)
 
 TEST_F(Catalogue, MoreEffectsThanRowsEndTheSearch)
 {
-    Install(11, "QVK VORTREN Panes");
+    Install({{11, "QVK VORTREN Panes"}});
     for (int i = 0; i < 9; ++i)
-        Install(20 + i, "QVK VORTREN Extra " + std::to_string(i));
+        Install({{20 + i, "QVK VORTREN Extra " + std::to_string(i)}});
     EXPECT_EQ(Find("QVK VORTREN"), 0);
     EXPECT_THAT(Popup(keys, ren_match_name_array, ren_display_array),
                 ElementsAre("Panes", "Not Found", "Not Found", "Not Found", "Not Found", "Not Found",
@@ -120,8 +113,7 @@ TEST_F(Catalogue, NoneInstalledGivesEmptyMenus)
 
 TEST_F(Catalogue, LegacyEffectIsNotAmongTheRenderers)
 {
-    Install(11, "QVK VORTAN");
-    Install(12, "QVK VORTREN Dots");
+    Install({{11, "QVK VORTAN"}, {12, "QVK VORTREN Dots"}});
     EXPECT_EQ(Find("QVK VORTREN"), 0);
     EXPECT_THAT(keys, ElementsAre(12));
 }

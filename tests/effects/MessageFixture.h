@@ -4,10 +4,7 @@
 
 #include "effects/EffectMessages.h"
 #include "standin/family/Liars.h"
-#include "tests/support/HostCalls.h"
-#include "tests/support/ProductHost.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/StackTest.h"
 
 #include <array>
 #include <cstring>
@@ -77,60 +74,54 @@ HookResult SendOver(ProductHost& product, SPBasicSuite* basic, Operation operati
         });
 }
 
-template <class Operation>
-HookResult Send(ProductHost& product, Operation operation)
+/// A stack with two family effects around one from outside, unless other labels are given.
+struct MessageHost : LabelledStack
 {
-    return SendOver(product, product.Basic(), operation);
-}
-
-constexpr const char* sheets = "QVK VORTSRC Lamps";
-constexpr const char* fill = "ADBE Fill";
-
-/// A stack with two family effects around one from outside.
-struct MessageHost : ProductHost
-{
-    explicit MessageHost(HostOptions options = {}) : ProductHost(options)
+    explicit MessageHost(const std::string& labels = "A X B", HostOptions options = {})
+        : LabelledStack(labels, options)
     {
-        Add(sheets, "A");
-        Add(fill, "F");
-        Add(sheets, "B");
+    }
+
+    /// The same with suites made of the host's basic suite.
+    template <class Operation>
+    HookResult Send(Operation operation)
+    {
+        return SendOver(*this, Basic(), operation);
     }
 
     HookResult Ping(VnEffectMessage& message, int index, int requiredFlags = 0)
     {
-        AEGP_LayerH layer = Layer();
         return Send(
-            *this, [&](AEGP_SuiteHandler* suites)
-            { return PingEffectIndex(Id(), suites, layer, MESSAGE_TIME, &message, index, requiredFlags); });
+            [&](AEGP_SuiteHandler* suites)
+            { return PingEffectIndex(Id(), suites, Layer(), MESSAGE_TIME, &message, index, requiredFlags); });
     }
 
-    std::vector<int> Groups(std::vector<int> indices, int requiredFlags = 0)
+    std::vector<int> Groups(std::vector<int> indices, int requiredFlags = 0, std::vector<int> groups = {},
+                            ::A_Time time = MESSAGE_TIME)
     {
-        AEGP_LayerH layer = Layer();
-        std::vector<int> groups;
-        const HookResult result = Send(
-            *this, [&](AEGP_SuiteHandler* suites)
-            { return GetEffectGroups(Id(), suites, layer, MESSAGE_TIME, &indices, &groups, requiredFlags); });
-        EXPECT_EQ(result.error, 0);
+        EXPECT_EQ(
+            Send([&](AEGP_SuiteHandler* suites)
+                 { return GetEffectGroups(Id(), suites, Layer(), time, &indices, &groups, requiredFlags); })
+                .error,
+            0);
         return groups;
     }
 
-    std::vector<std::string> Uuids(std::vector<int> indices)
+    std::vector<std::string> Uuids(std::vector<int> indices, std::vector<std::string> uuids = {},
+                                   ::A_Time time = MESSAGE_TIME)
     {
-        AEGP_LayerH layer = Layer();
-        std::vector<std::string> uuids;
-        const HookResult result =
-            Send(*this, [&](AEGP_SuiteHandler* suites)
-                 { return GetEffectUUIDs(Id(), suites, layer, MESSAGE_TIME, &indices, &uuids); });
-        EXPECT_EQ(result.error, 0);
+        EXPECT_EQ(Send([&](AEGP_SuiteHandler* suites)
+                       { return GetEffectUUIDs(Id(), suites, Layer(), time, &indices, &uuids); })
+                      .error,
+                  0);
         return uuids;
     }
 
     void SetGroup(const std::string& uuid, int group)
     {
-        AEGP_LayerH layer = Layer();
         host.ClearTrace();
-        const HookResult result = host.RunInHook([&] { SetEffectGroup(Id(), Basic(), layer, uuid, group); });
+        const HookResult result =
+            host.RunInHook([&] { SetEffectGroup(Id(), Basic(), Layer(), uuid, group); });
         EXPECT_EQ(result.thrown, "");
     }
 

@@ -27,7 +27,7 @@ struct OddHost
     A_Err errorOfName = A_Err_NONE;
     A_long effects = 0;
     A_Err errorOfFetch1 = A_Err_NONE;  ///< Version 1's fetch of an effect.
-    std::vector<A_Err> errorsOfFetch3; ///< Version 3's fetches, one after the other; none behind them.
+    std::vector<A_Err> errorsOfFetch3; ///< Version 3's fetches, one after the other; none after them.
     A_Err errorOfApply = A_Err_NONE;
     bool appliesWithReference = true;
     AEGP_LayerIDVal layerId = 0;

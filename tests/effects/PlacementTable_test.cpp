@@ -1,5 +1,5 @@
 #include "effects/EffectPlacement.h"
-#include "tests/effects/LabelledStack.h"
+#include "tests/support/StackTest.h"
 
 #include <cctype>
 #include <ostream>
@@ -25,67 +25,56 @@ constexpr Cell cells[] = {
     {"", "R", 0, "new"},
     {"", "M", 0, "new"},
     {"", "K", 0, "new"},
-
     {"G1 G2 E R M", "G", 2, "G1 G2 new E R M"},
     {"G1 G2 E R M", "E", 3, "G1 G2 E new R M"},
     {"G1 G2 E R M", "R", 4, "G1 G2 E R new M"},
     {"G1 G2 E R M", "M", 5, "G1 G2 E R M new"},
     {"G1 G2 E R M", "K", 0, "new G1 G2 E R M"},
-
     {"R M", "G", 0, "new R M"},
     {"R M", "E", 0, "new R M"},
     {"R M", "R", 1, "R new M"},
     {"R M", "M", 2, "R M new"},
     {"R M", "K", 0, "new R M"},
-
     {"E M", "G", 0, "new E M"},
     {"E M", "E", 1, "E new M"},
     {"E M", "R", 1, "E new M"},
     {"E M", "M", 2, "E M new"},
     {"E M", "K", 0, "new E M"},
-
     {"G M", "G", 1, "G new M"},
     {"G M", "E", 1, "G new M"},
     {"G M", "R", 1, "G new M"},
     {"G M", "M", 2, "G M new"},
     {"G M", "K", 0, "new G M"},
-
     {"M", "G", 0, "new M"},
     {"M", "E", 0, "new M"},
     {"M", "R", 0, "new M"},
     {"M", "M", 1, "M new"},
     {"M", "K", 0, "new M"},
-
     {"X M", "G", 1, "X new M"},
     {"X M", "E", 1, "X new M"},
     {"X M", "R", 1, "X new M"},
     {"X M", "M", 2, "X M new"},
     {"X M", "K", 0, "new X M"},
-
     {"X", "G", 0, "new X"},
     {"X", "E", 0, "new X"},
     {"X", "R", 0, "new X"},
     {"X", "M", 1, "X new"},
     {"X", "K", 0, "new X"},
-
     {"K", "G", 0, "new K"},
     {"K", "E", 0, "new K"},
     {"K", "R", 0, "new K"},
     {"K", "M", 1, "K new"},
     {"K", "K", 0, "new K"},
-
     {"K M", "G", 1, "K new M"},
     {"K M", "E", 1, "K new M"},
     {"K M", "R", 1, "K new M"},
     {"K M", "M", 2, "K M new"},
     {"K M", "K", 0, "new K M"},
-
     {"G1 R G2", "G", 3, "G1 R G2 new"},
     {"G1 R G2", "E", 1, "G1 new R G2"},
     {"G1 R G2", "R", 2, "G1 R new G2"},
     {"G1 R G2", "M", 3, "G1 R G2 new"},
     {"G1 R G2", "K", 0, "new G1 R G2"},
-
     // Without a main effect an object goes to the top only where no other kind tells it its place, and then
     // also above kinds that belong above it.
     {"X R", "G", 1, "X new R"},
@@ -96,19 +85,16 @@ constexpr Cell cells[] = {
     {"X G", "R", 0, "new X G"},
     {"G", "R", 0, "new G"},
     {"G E", "R", 0, "new G E"},
-
     // Two main effects: the upper one anchors, and a third goes to the end.
     {"X M1 X2 M2", "G", 1, "X new M1 X2 M2"},
     {"X M1 X2 M2", "R", 1, "X new M1 X2 M2"},
     {"M1 M2", "M", 2, "M1 M2 new"},
-
     // The legacy effect anchors nothing, and is itself placed like a main effect.
     {"X L", "G", 0, "new X L"},
     {"X L", "R", 0, "new X L"},
     {"X L M", "R", 2, "X L new M"},
     {"G R M", "L", 3, "G R M new"},
     {"", "L", 0, "new"},
-
     // An effect from outside the family goes where the uppermost of the objects' slots is.
     {"", "X", 0, "new"},
     {"G1 G2 E R M", "X", 2, "G1 G2 new E R M"},
@@ -121,7 +107,6 @@ constexpr Cell cells[] = {
     {"R E G", "X", 1, "R new E G"},
     {"R G E", "X", 1, "R new G E"},
     {"E R G", "X", 1, "E new R G"},
-
     // A stack that is out of order stays out of order.
     {"M R E G", "G", 4, "M R E G new"},
     {"M R E G", "E", 3, "M R E new G"},
@@ -132,7 +117,7 @@ constexpr Cell cells[] = {
     {"R1 G R2 M", "E", 0, "new R1 G R2 M"},
 };
 
-class Placement : public LabelledStackTest, public ::testing::WithParamInterface<Cell>
+class Placement : public StackTest, public ::testing::WithParamInterface<Cell>
 {
 };
 
@@ -151,7 +136,7 @@ std::string nameOf(const ::testing::TestParamInfo<Cell>& info)
 TEST_P(Placement, IsWorkedOutAndChangesNothing)
 {
     const Cell& cell = GetParam();
-    LabelledStack& product = Build(cell.stack);
+    LabelledStack& product = Make(cell.stack);
     const ProjectState before = product.host.State();
     const int index = product.InHook(
         [&]
@@ -172,7 +157,7 @@ TEST_P(Placement, IsTheFinalIndexInTheStack)
         SCOPED_TRACE(static_cast<int>(place));
         HostOptions options;
         options.applyPlace = place;
-        LabelledStack& product = Build(cell.stack, options);
+        LabelledStack& product = Make(cell.stack, options);
         const ProjectState before = product.host.State();
         if (*cell.stack != '\0')
             product.host.User().SelectEffect(before.layers.front().effects.front().label);

@@ -1,39 +1,20 @@
 #pragma once
-// Common ground of the tests that read a layer: one read in a hook, its items as lines of text, and a
-// stack as the expected calls want it.
+// Common ground of the tests that read a layer: one read in a hook.
 
 #include "effects/LayerItems.h"
 #include "standin/family/Liars.h"
-#include "tests/support/HostCalls.h"
-#include "tests/support/ProductHost.h"
+#include "tests/support/StackTest.h"
 
 #include <string>
 #include <vector>
 
 namespace standin
 {
-/// "UUID NAME group GROUP active ACTIVE tag TAG".
-inline std::string LineOf(const ObjectItem& item)
-{
-    return item.uuid + " " + item.name + " group " + std::to_string(item.group) + " active " +
-           std::to_string(item.active) + " tag " + item.tag;
-}
-
-inline std::vector<std::string> LinesOf(const std::vector<ObjectItem>& items)
-{
-    std::vector<std::string> lines;
-    for (const ObjectItem& item : items)
-        lines.push_back(LineOf(item));
-    return lines;
-}
-
 /// What a read gave, and how its hook came back.
 struct ReadOutcome
 {
-    std::vector<ObjectItem> items;
+    Items items;
     HookResult result;
-
-    std::vector<std::string> Lines() const { return LinesOf(items); }
 };
 
 inline ReadOutcome ReadOver(ProductHost& product, SPBasicSuite* basic, int ignored = -1)
@@ -50,4 +31,28 @@ inline ReadOutcome Read(ProductHost& product, int ignored = -1)
 {
     return ReadOver(product, product.Basic(), ignored);
 }
+
+class ReadTest : public StackTest
+{
+protected:
+    /// The effects of the family are in the groups 1, 2, 3 ..., from the top.
+    LabelledStack& MakeInGroups(const std::string& labels)
+    {
+        LabelledStack& stack = Make(labels);
+        std::int16_t group = 0;
+        for (const std::string& label : Words(labels))
+            stack.host.Effect(label).family.group = ++group;
+        return stack;
+    }
+
+    /// The items of one read over another basic suite than the host's.
+    std::string TextOver(SPBasicSuite* basic) { return scene->Text(ReadOver(*scene, basic).items); }
+
+    /// The last calls of the read.
+    Calls LastCalls(std::ptrdiff_t count) const
+    {
+        const Calls calls = scene->CallList();
+        return {calls.end() - count, calls.end()};
+    }
+};
 } // namespace standin

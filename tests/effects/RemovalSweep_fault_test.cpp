@@ -1,9 +1,7 @@
 // Every host call of one removal, failed in turn: once, its function for good, and everything for good.
 
-#include "effects/EffectRemoval.h"
 #include "standin/faults/Sweep.h"
-#include "tests/effects/FaultOutcome.h"
-#include "tests/effects/LabelledStack.h"
+#include "tests/effects/Removing.h"
 
 #include <iterator>
 
@@ -39,7 +37,7 @@ Ending stoppedAt(const char* stack)
 {
     return {"returned 1", stack, 1, {"undo-group-left-open", "null-reference"}};
 }
-/// The same where the null references are not looked at any more.
+/// The same where the host no longer looks at the null references.
 Ending deadAt(const char* stack) { return {"returned 1", stack, 1, {"undo-group-left-open"}}; }
 
 struct Row
@@ -53,17 +51,19 @@ struct Row
 const std::string noIdentity = "00000000-0000-0000-0000-000000000000";
 const std::string ask = ", time 0/100, 17, VORT 5 uuid " + noIdentity + ") -> uuid ";
 
+const std::string converted = "Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100";
+const std::string counted = "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3";
+
 /// "B" and "C" are removed from "A B C".
 const std::vector<Row>& rows()
 {
     static const std::vector<Row> all = {
         {"Basic AcquireSuite(\"AEGP Effect Suite\", 1)", missing, missing, missing},
-        {"Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3", nothingFound, nothingFound, nothingFound},
+        {counted, nothingFound, nothingFound, nothingFound},
 
         {"Basic AcquireSuite(\"AEGP Layer Suite\", 5)", missing, missing, missing},
-        {"Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100", done, nothingFound,
-         nothingFound},
-        {"Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3", done, nothingFound, nothingFound},
+        {converted, done, nothingFound, nothingFound},
+        {counted, done, nothingFound, nothingFound},
         {"Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A", done, nothingFound,
          nothingFound},
         {"Effect 1 AEGP_GetEffectFlags(effect A) -> 1", done, nothingFound, missingAndLeaked},
@@ -72,9 +72,8 @@ const std::vector<Row>& rows()
          done, nothingFound, nothingFound},
         {"Effect 3 AEGP_DisposeEffect(effect A)", done, done, nothingFound},
 
-        {"Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100", onlyC, nothingFound,
-         nothingFound},
-        {"Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3", onlyC, nothingFound, nothingFound},
+        {converted, onlyC, nothingFound, nothingFound},
+        {counted, onlyC, nothingFound, nothingFound},
         {"Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 1) -> effect B", onlyC, nothingFound,
          nothingFound},
         {"Effect 1 AEGP_GetEffectFlags(effect B) -> 1", onlyC, nothingFound, nothingFound},
@@ -82,8 +81,8 @@ const std::vector<Row>& rows()
          onlyC, nothingFound, nothingFound},
         {"Effect 3 AEGP_DisposeEffect(effect B)", done, done, missing},
 
-        {"Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100", onlyB, onlyB, missing},
-        {"Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3", onlyB, onlyB, missing},
+        {converted, onlyB, onlyB, missing},
+        {counted, onlyB, onlyB, missing},
         {"Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 2) -> effect C", onlyB, onlyB, missing},
         {"Effect 1 AEGP_GetEffectFlags(effect C) -> 1", onlyB, onlyB, missing},
         {"Effect 3 AEGP_EffectCallGeneric(id 7, effect C" + ask + "03030303-0303-0303-0303-030300000003",
@@ -120,28 +119,6 @@ const std::vector<Row>& rows()
     return all;
 }
 
-struct RemovingBAndC : LabelledStack
-{
-    RemovingBAndC() : LabelledStack("A B C"), before(host.State()) {}
-
-    void Run()
-    {
-        int returned = -1;
-        const std::vector<std::string> doomed = {Uuid("B"), Uuid("C")};
-        const HookResult hook = host.RunInHook(
-            [&]
-            {
-                returned = RemoveMultipleEffectsByUUID(Id(), Basic(), doomed, Layer());
-                openGroups = host.OpenUndoGroups();
-            });
-        outcome = OutcomeText(hook, returned);
-    }
-
-    ProjectState before;
-    std::string outcome;
-    int openGroups = 0; ///< When the operation returned.
-};
-
 const Ending& endingOf(const SweptFault& fault)
 {
     if (fault.ordinal == 0)
@@ -160,7 +137,7 @@ const Ending& endingOf(const SweptFault& fault)
     return row.everythingForGood;
 }
 
-void checkRemoving(RemovingBAndC& product, const SweptFault& fault)
+void checkRemoving(Removing& product, const SweptFault& fault)
 {
     SCOPED_TRACE(fault.Text());
     const Ending& ending = endingOf(fault);
@@ -168,17 +145,14 @@ void checkRemoving(RemovingBAndC& product, const SweptFault& fault)
     EXPECT_EQ(product.Stack(), ending.stack);
     EXPECT_EQ(product.openGroups, ending.openGroups);
     EXPECT_EQ(TakeDistinctFindingIds(product.host), ending.findings);
-    while (product.host.Undo())
-    {
-    }
-    EXPECT_EQ(product.host.State(), product.before);
+    product.ExpectUndoBringsBackEverything();
 }
 } // namespace
 
 TEST(RemovalSweep, EveryCallOfItInTurn)
 {
-    EXPECT_EQ(SweepFaults([] { return std::make_unique<RemovingBAndC>(); },
-                          [](RemovingBAndC& product) { product.Run(); }, checkRemoving),
+    EXPECT_EQ(SweepFaults([] { return std::make_unique<Removing>("A B C", "B C"); },
+                          [](Removing& product) { product.Run(); }, checkRemoving),
               rows().size());
     EXPECT_EQ(rows().size(), 41u);
 }

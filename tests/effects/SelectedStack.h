@@ -7,10 +7,10 @@
 
 namespace standin
 {
-struct SelectedStack : StackScene
+struct SelectedStack : LabelledStack
 {
     SelectedStack(const std::string& labels, const std::string& selectedLabels, bool hide)
-        : StackScene(labels), selected(Tree(selectedLabels)), useHide(hide)
+        : LabelledStack(labels), selected(Tree(selectedLabels)), useHide(hide)
     {
     }
 
@@ -24,16 +24,4 @@ struct SelectedStack : StackScene
         output = OutputOf([this] { result = Select(useHide, true, selected); });
     }
 };
-
-/// The part of the trace from the start of the first undo group on.
-inline std::string sweepOf(StackScene& stack)
-{
-    const std::string calls = stack.Calls();
-    const std::size_t start = calls.find("Utility 3 AEGP_StartUndoGroup");
-    return start == std::string::npos ? "" : calls.substr(start);
-}
-
-/// The calls with which the turn of the effect A begins.
-inline const char* const takeA = "Utility 3 AEGP_StartUndoGroup(\"\")\n"
-                                 "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A\n";
 } // namespace standin

@@ -1,14 +1,12 @@
-// Telling a group while host calls fail, suites are missing, or the stack changes meanwhile.
+// GroupChange a group while host calls fail, suites are missing, or the stack changes meanwhile.
 
 #include "effects/EffectMessages.h"
 
 #include "standin/faults/Sweep.h"
+#include "tests/effects/FaultOutcome.h"
 #include "tests/effects/MessageFixture.h"
 #include "tests/support/FindingIds.h"
 #include "tests/support/PatchedBasic.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <utility>
@@ -19,8 +17,9 @@ using ::testing::IsEmpty;
 
 namespace
 {
-struct Telling : MessageHost
+struct GroupChange : MessageHost
 {
+    using MessageHost::MessageHost;
     HookResult result;
 
     void Tell(const std::string& label, int group)
@@ -43,8 +42,8 @@ TEST(SetEffectGroup, TellsNobodyIfAnEarlierCallFails)
     int told = 0;
     int missing = 0;
     const std::size_t swept = SweepFaults(
-        [] { return std::make_unique<Telling>(); }, [](Telling& scenario) { scenario.Tell("B", 6); },
-        [&](Telling& scenario, const SweptFault& fault)
+        [] { return std::make_unique<GroupChange>(); }, [](GroupChange& scenario) { scenario.Tell("B", 6); },
+        [&](GroupChange& scenario, const SweptFault& fault)
         {
             SCOPED_TRACE(fault.Text());
             if (fault.ordinal == 0)
@@ -81,36 +80,25 @@ TEST(SetEffectGroup, TellsNobodyIfAnEarlierCallFails)
 
 TEST(SetEffectGroup, WithoutOneSuiteThrows516)
 {
-    struct Row
-    {
-        const char* suite;
-        int version;
-        std::vector<std::string> findings;
-    };
-    const std::vector<Row> rows = {
-        {"AEGP Effect Suite", 1, {"exception-left-hook"}},
-        {"AEGP Layer Suite", 5, {"exception-left-hook"}},
-        {"AEGP Effect Suite", 3, {"exception-left-hook", "leaked-reference"}},
-    };
-    for (const Withheld how : {Withheld::asError, Withheld::asNullTable, Withheld::asPoisonedPointer})
-    {
-        for (const Row& row : rows)
-        {
-            SCOPED_TRACE(std::string(row.suite) + " " + std::to_string(row.version));
-            Telling scenario;
-            scenario.host.Faults().Withhold(row.suite, row.version, how);
-            scenario.Tell("B", 6);
-            EXPECT_EQ(scenario.result.thrownNumber, 516);
-            EXPECT_EQ(scenario.host.Effect("B").family.group, 0);
-            scenario.host.CheckSuiteBalance();
-            EXPECT_EQ(TakeFindingIds(scenario.host), row.findings);
-        }
-    }
+    const std::string left = "exception-left-hook";
+    ForEachMissing({{"AEGP Effect Suite", 1, {left}},
+                    {"AEGP Layer Suite", 5, {left}},
+                    {"AEGP Effect Suite", 3, {left, "leaked-reference"}}},
+                   [](const MissingSuite& missing, Withheld how)
+                   {
+                       GroupChange scenario;
+                       scenario.host.Faults().Withhold(missing.name, missing.version, how);
+                       scenario.Tell("B", 6);
+                       EXPECT_EQ(scenario.result.thrownNumber, 516);
+                       EXPECT_EQ(scenario.Text(), "A X B");
+                       scenario.host.CheckSuiteBalance();
+                       EXPECT_EQ(TakeFindingIds(scenario.host), missing.found);
+                   });
 }
 
 TEST(SetEffectGroup, WithoutABasicSuiteLeavesAsTheInteger516)
 {
-    Telling scenario;
+    GroupChange scenario;
     AEGP_LayerH layer = scenario.Layer();
     scenario.host.Expect("exception-left-hook", "", "a missing basic suite leaves the hook as an integer");
     for (AEGP_LayerH told : {layer, AEGP_LayerH{nullptr}})
@@ -126,11 +114,10 @@ TEST(SetEffectGroup, WithoutABasicSuiteLeavesAsTheInteger516)
 
 TEST(SetEffectGroup, TellsWhoeverIsAtTheFoundIndex)
 {
-    Telling scenario;
-    scenario.Add(sheets, "C");
+    GroupChange scenario("A X B C");
     scenario.host.Effect("B").behaviour = ActsInMessage([](Host& host) { host.User().Delete("A"); });
     scenario.Tell("B", 6);
-    EXPECT_EQ(scenario.host.StackText(scenario.layerId), "F B C");
+    EXPECT_EQ(scenario.Stack(), "X B C");
     EXPECT_EQ(scenario.host.Effect("B").family.group, 0);
     EXPECT_EQ(scenario.host.Effect("C").family.group, 6);
     scenario.ExpectCleanEnd();
@@ -138,19 +125,18 @@ TEST(SetEffectGroup, TellsWhoeverIsAtTheFoundIndex)
 
 TEST(SetEffectGroup, TellsNobodyIfTheFoundIndexIsGone)
 {
-    Telling scenario;
+    GroupChange scenario;
     scenario.host.Effect("B").behaviour = ActsInMessage([](Host& host) { host.User().Delete("A"); });
     scenario.Tell("B", 6);
-    EXPECT_EQ(scenario.host.StackText(scenario.layerId), "F B");
+    EXPECT_EQ(scenario.Stack(), "X B");
     EXPECT_EQ(scenario.host.Effect("B").family.group, 0);
-    EXPECT_EQ(scenario.host.CallTexts(SuiteTraffic::leftOut).back(),
-              "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 2");
+    EXPECT_EQ(scenario.CallList().back(), "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 2");
     scenario.ExpectCleanEnd();
 }
 
 TEST(SetEffectGroup, IgnoresAnEffectThatFailsWhenTold)
 {
-    Telling scenario;
+    GroupChange scenario;
     scenario.host.Effect("B").behaviour = AnswersAndFailsWith(4);
     scenario.Tell("B", 6);
     EXPECT_EQ(scenario.result.thrown, "");
@@ -161,7 +147,7 @@ TEST(SetEffectGroup, IgnoresAnEffectThatFailsWhenTold)
 namespace
 {
 /// What SetEffectGroupByUUID returns for B.
-int errorOfTelling(Telling& scenario, SPBasicSuite* basic)
+int errorOfTelling(GroupChange& scenario, SPBasicSuite* basic)
 {
     const std::string uuid = scenario.Uuid("B");
     const HookResult result = SendOver(
@@ -175,7 +161,7 @@ int errorOfTelling(Telling& scenario, SPBasicSuite* basic)
 
 TEST(SetEffectGroup, ReportsNoErrorOfAnAnsweringEffect)
 {
-    Telling scenario;
+    GroupChange scenario;
     scenario.host.Effect("B").behaviour = AnswersAndFailsWith(4);
     EXPECT_EQ(errorOfTelling(scenario, scenario.Basic()), 0);
     EXPECT_EQ(scenario.host.Effect("B").family.group, 6);
@@ -184,21 +170,19 @@ TEST(SetEffectGroup, ReportsNoErrorOfAnAnsweringEffect)
 
 TEST(SetEffectGroup, ReportsNoErrorOfTheLastDisposal)
 {
-    Telling scenario;
+    GroupChange scenario;
     scenario.host.Faults().FailFunction("AEGP_DisposeEffect", 4, FaultLength::once, 4);
     EXPECT_EQ(errorOfTelling(scenario, scenario.Basic()), 0);
-    EXPECT_EQ(scenario.host.CallTexts(SuiteTraffic::leftOut).back(),
-              "Effect 3 AEGP_DisposeEffect(effect B) = 4");
+    EXPECT_EQ(scenario.CallList().back(), "Effect 3 AEGP_DisposeEffect(effect B) = 4");
     EXPECT_EQ(scenario.host.Effect("B").family.group, 6);
 }
 
 TEST(SetEffectGroup, ReportsNoErrorOfTheCount)
 {
-    Telling scenario;
+    GroupChange scenario;
     scenario.host.Faults().FailFunction("AEGP_GetLayerNumEffects", 1, FaultLength::once, 4);
     EXPECT_EQ(errorOfTelling(scenario, scenario.Basic()), 0);
-    EXPECT_THAT(scenario.host.CallTexts(SuiteTraffic::leftOut),
-                ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) = 4"));
+    EXPECT_THAT(scenario.CallList(), ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) = 4"));
 }
 
 // A host that lies.
@@ -209,18 +193,6 @@ A_Err negativeCount(AEGP_LayerH, A_long* count)
 {
     *count = -3;
     return 0;
-}
-
-A_Err countAndError(AEGP_LayerH layer, A_long* count)
-{
-    (void)PatchedBasic<AEGP_EffectSuite1>::Sound().AEGP_GetLayerNumEffects(layer, count);
-    return 4;
-}
-
-A_Err referenceAndError(AEGP_PluginID id, AEGP_LayerH layer, AEGP_EffectIndex index, AEGP_EffectRefH* effect)
-{
-    (void)PatchedBasic<AEGP_EffectSuite1>::Sound().AEGP_GetLayerEffectByIndex(id, layer, index, effect);
-    return 4;
 }
 
 A_Err noReferenceAndNoError(AEGP_PluginID, AEGP_LayerH, AEGP_EffectIndex, AEGP_EffectRefH*) { return 0; }
@@ -247,19 +219,12 @@ HookResult pingOver(MessageHost& product, SPBasicSuite* basic)
 
 TEST(SetEffectGroup, TakesACountThatComesWithAnError)
 {
-    Telling scenario;
+    GroupChange scenario;
     static bool lies;
     lies = true;
     PatchedBasic<AEGP_EffectSuite1> basic(scenario.host,
-                                          [](AEGP_EffectSuite1& suite)
-                                          {
-                                              suite.AEGP_GetLayerNumEffects =
-                                                  [](AEGP_LayerH layer, A_long* count)
-                                              {
-                                                  const A_Err err = countAndError(layer, count);
-                                                  return std::exchange(lies, false) ? err : A_Err{0};
-                                              };
-                                          });
+                                          AnswersWithError<&AEGP_EffectSuite1::AEGP_GetLayerNumEffects>(
+                                              4, [] { return std::exchange(lies, false); }));
     EXPECT_EQ(errorOfTelling(scenario, basic.Basic()), 0);
     EXPECT_EQ(scenario.host.Effect("B").family.group, 6);
     scenario.ExpectCleanEnd();
@@ -267,7 +232,7 @@ TEST(SetEffectGroup, TakesACountThatComesWithAnError)
 
 TEST(SetEffectGroup, OnANegativeCountTellsNobody)
 {
-    Telling scenario;
+    GroupChange scenario;
     PatchedBasic<AEGP_EffectSuite1> basic(scenario.host, [](AEGP_EffectSuite1& suite)
                                           { suite.AEGP_GetLayerNumEffects = negativeCount; });
     const HookResult result = SendOver(
@@ -275,7 +240,7 @@ TEST(SetEffectGroup, OnANegativeCountTellsNobody)
         [&](AEGP_SuiteHandler* suites)
         { return SetEffectGroupByUUID(scenario.Id(), suites, scenario.Layer(), MESSAGE_TIME, zeroUuid, 6); });
     EXPECT_EQ(result.error, 0);
-    EXPECT_THAT(scenario.host.CallTexts(SuiteTraffic::leftOut), IsEmpty());
+    EXPECT_THAT(scenario.CallList(), IsEmpty());
     scenario.ExpectCleanEnd();
 }
 
@@ -285,7 +250,7 @@ TEST(PingEffectIndex, OnANegativeCountSendsNothing)
     PatchedBasic<AEGP_EffectSuite1> basic(product.host, [](AEGP_EffectSuite1& suite)
                                           { suite.AEGP_GetLayerNumEffects = negativeCount; });
     EXPECT_EQ(pingOver(product, basic.Basic()).error, 0);
-    EXPECT_THAT(product.host.CallTexts(SuiteTraffic::leftOut),
+    EXPECT_THAT(product.CallList(),
                 ElementsAre("Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100"));
     product.ExpectCleanEnd();
 }
@@ -293,20 +258,20 @@ TEST(PingEffectIndex, OnANegativeCountSendsNothing)
 TEST(PingEffectIndex, TakesNoEffectAfterACountWithError)
 {
     MessageHost product;
-    PatchedBasic<AEGP_EffectSuite1> basic(product.host, [](AEGP_EffectSuite1& suite)
-                                          { suite.AEGP_GetLayerNumEffects = countAndError; });
+    PatchedBasic<AEGP_EffectSuite1> basic(product.host,
+                                          AnswersWithError<&AEGP_EffectSuite1::AEGP_GetLayerNumEffects>(4));
     EXPECT_EQ(pingOver(product, basic.Basic()).error, 4);
-    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut).size(), 2u);
+    EXPECT_EQ(product.CallList().size(), 2u);
     product.ExpectCleanEnd();
 }
 
 TEST(PingEffectIndex, DisposesOfAReferenceWithErrorUnsent)
 {
     MessageHost product;
-    PatchedBasic<AEGP_EffectSuite1> basic(product.host, [](AEGP_EffectSuite1& suite)
-                                          { suite.AEGP_GetLayerEffectByIndex = referenceAndError; });
+    PatchedBasic<AEGP_EffectSuite1> basic(
+        product.host, AnswersWithError<&AEGP_EffectSuite1::AEGP_GetLayerEffectByIndex>(4));
     EXPECT_EQ(pingOver(product, basic.Basic()).error, 4);
-    EXPECT_THAT(product.host.CallTexts(SuiteTraffic::leftOut),
+    EXPECT_THAT(product.CallList(),
                 ElementsAre("Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100",
                             "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3",
                             "Effect 1 AEGP_GetLayerEffectByIndex(id 7, layer 1, 0) -> effect A",
@@ -324,7 +289,7 @@ TEST(PingEffectIndex, WithoutAReferenceSendsAndDisposesNothing)
                                               suite.AEGP_GetEffectFlags = flagsOfNothing;
                                           });
     EXPECT_EQ(pingOver(product, basic.Basic()).error, 0);
-    EXPECT_THAT(product.host.CallTexts(SuiteTraffic::leftOut),
+    EXPECT_THAT(product.CallList(),
                 ElementsAre("Layer 5 AEGP_ConvertLayerToCompTime(layer 1, time 0/100) -> time 0/100",
                             "Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 3"));
     product.ExpectCleanEnd();

@@ -4,9 +4,6 @@
 
 #include "tests/effects/MessageFixture.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace standin;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -17,19 +14,15 @@ TEST(SetEffectGroup, TellsTheEffectWithTheseCalls)
     product.SetGroup(product.Uuid("B"), 7);
     EXPECT_EQ(product.host.Effect("B").family.group, 7);
     EXPECT_EQ(product.host.Effect("A").family.group, 0);
-    TracedStack stack = {7,
-                         {{"A", "01010101-0101-0101-0101-010100000001"},
-                          {"F"},
-                          {"B", "02020202-0202-0202-0202-020200000002"}}};
-    EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut),
-              Sequence({stack.ReadIdentities(), stack.TellGroup(2, 7)}));
+    const TracedStack traced = product.Traced();
+    EXPECT_EQ(product.CallList(), Sequence({traced.ReadIdentities(), traced.TellGroup("B", 7)}));
     const std::vector<std::string> calls = product.host.CallTexts();
     EXPECT_EQ(calls.front(), "Basic AcquireSuite(\"AEGP Effect Suite\", 1)");
     EXPECT_THAT(std::vector<std::string>(calls.end() - 3, calls.end()),
                 ElementsAre("Basic ReleaseSuite(\"AEGP Effect Suite\", 1)",
                             "Basic ReleaseSuite(\"AEGP Effect Suite\", 3)",
                             "Basic ReleaseSuite(\"AEGP Layer Suite\", 5)"));
-    EXPECT_EQ(product.host.StackText(product.layerId), "A F B");
+    EXPECT_EQ(product.Stack(), "A X B");
     product.ExpectCleanEnd();
     ASSERT_TRUE(product.host.Undo());
     EXPECT_EQ(product.host.Effect("B").family.group, 0);
@@ -44,7 +37,7 @@ TEST(SetEffectGroup, SendsNothingForAnUnknownIdentity)
           product.Uuid("A").substr(0, 35), product.Uuid("A") + std::string(1, '\0')})
     {
         product.SetGroup(uuid, 7);
-        EXPECT_EQ(product.host.CallTexts(SuiteTraffic::leftOut).size(), 1u + 3u * 6u) << uuid;
+        EXPECT_EQ(product.CallList().size(), 1u + 3u * 6u) << uuid;
     }
     EXPECT_TRUE(product.host.State() == before);
     product.ExpectCleanEnd();
@@ -52,13 +45,12 @@ TEST(SetEffectGroup, SendsNothingForAnUnknownIdentity)
 
 TEST(SetEffectGroup, OfTheZeroTextChangesNothing)
 {
-    MessageHost product;
-    product.Add(fill, "G");
+    MessageHost product("A X B X2");
     const ProjectState before = product.host.State();
     product.SetGroup(zeroUuid, 7);
-    const std::vector<std::string> calls = product.host.CallTexts(SuiteTraffic::leftOut);
+    const std::vector<std::string> calls = product.CallList();
     ASSERT_EQ(calls.size(), 1u + 5u * 6u);
-    EXPECT_EQ(calls[29], "Effect 3 AEGP_EffectCallGeneric(id 7, effect F, time 0/100, 17, VORT 3 group 7)");
+    EXPECT_EQ(calls[29], "Effect 3 AEGP_EffectCallGeneric(id 7, effect X, time 0/100, 17, VORT 3 group 7)");
     EXPECT_TRUE(product.host.State() == before);
     EXPECT_THAT(product.host.UndoNames(), IsEmpty());
     product.ExpectCleanEnd();
@@ -99,7 +91,7 @@ TEST(SetEffectGroup, OfMinusOneIsSentAsItIs)
 {
     HostOptions options;
     options.groupMinusOne = GroupMinusOne::isStored;
-    MessageHost product(options);
+    MessageHost product("A", options);
     product.SetGroup(product.Uuid("A"), -1);
     EXPECT_EQ(product.host.Effect("A").family.group, -1);
 }
@@ -107,40 +99,40 @@ TEST(SetEffectGroup, OfMinusOneIsSentAsItIs)
 TEST(SetEffectGroup, OnANullLayerPrintsAndCallsNobody)
 {
     MessageHost product;
-    testing::internal::CaptureStdout();
-    const HookResult result = Send(
-        product, [&](AEGP_SuiteHandler* suites)
-        { return SetEffectGroupByUUID(product.Id(), suites, nullptr, MESSAGE_TIME, product.Uuid("A"), 3); });
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "LayerH is NULL\n");
-    EXPECT_EQ(result.error, 0);
-    EXPECT_THAT(product.host.CallTexts(), IsEmpty());
-
-    testing::internal::CaptureStdout();
-    (void)product.host.RunInHook([&] { SetEffectGroup(product.Id(), product.Basic(), nullptr, "x", 3); });
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "LayerH is NULL\n");
+    AEGP_SuiteHandler suites(product.Basic());
+    EXPECT_EQ(product.InHook(
+                  [&] {
+                      return SetEffectGroupByUUID(product.Id(), &suites, nullptr, MESSAGE_TIME,
+                                                  product.Uuid("A"), 3);
+                  }),
+              0);
+    EXPECT_EQ(product.TakePrinted(), "LayerH is NULL\n");
+    EXPECT_EQ(OutputOf([&] { SetEffectGroup(product.Id(), product.Basic(), nullptr, "x", 3); }),
+              "LayerH is NULL\n");
     EXPECT_THAT(product.host.CallTexts(), IsEmpty());
     product.ExpectCleanEnd();
 }
 
 TEST(SetEffectGroup, OnAnEmptyLayerSendsNothing)
 {
-    ProductHost product;
-    AEGP_LayerH layer = product.Layer();
-    (void)product.host.RunInHook([&] { SetEffectGroup(product.Id(), product.Basic(), layer, zeroUuid, 3); });
-    EXPECT_THAT(product.host.CallTexts(SuiteTraffic::leftOut),
-                ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 0"));
+    MessageHost product("");
+    product.SetGroup(zeroUuid, 3);
+    EXPECT_THAT(product.CallList(), ElementsAre("Effect 1 AEGP_GetLayerNumEffects(layer 1) -> 0"));
     EXPECT_EQ(product.host.FindingsReport(), "");
 }
 
 TEST(EffectMessages, PrintNothing)
 {
     MessageHost product;
-    testing::internal::CaptureStdout();
-    (void)product.Groups({0, 1, 2, 3});
-    (void)product.Uuids({0, 1, 2, 3});
-    product.SetGroup(product.Uuid("A"), 1);
-    product.SetGroup("nobody", 1);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(OutputOf(
+                  [&]
+                  {
+                      (void)product.Groups({0, 1, 2, 3});
+                      (void)product.Uuids({0, 1, 2, 3});
+                      product.SetGroup(product.Uuid("A"), 1);
+                      product.SetGroup("nobody", 1);
+                  }),
+              "");
 }
 
 // The whole stack at once.
@@ -150,17 +142,17 @@ TEST(ReadIdentities, AsksTheEffectsFromTheTop)
     MessageHost product;
     AEGP_LayerH layer = product.Layer();
     std::vector<std::string> texts;
-    (void)Send(product,
-               [&](AEGP_SuiteHandler* suites)
-               {
-                   for (const VN_UUID& identity : ReadIdentities(product.Id(), suites, layer, 4))
-                       texts.push_back(GetUUIDStr(identity).text);
-                   EXPECT_THAT(ReadIdentities(product.Id(), suites, layer, 0), IsEmpty());
-                   EXPECT_THAT(ReadIdentities(product.Id(), suites, layer, -2), IsEmpty());
-                   EXPECT_THAT(ReadStackUuids(product.Id(), suites, layer),
-                               ElementsAre(product.Uuid("A"), zeroUuid, product.Uuid("B")));
-                   return 0;
-               });
+    (void)product.Send(
+        [&](AEGP_SuiteHandler* suites)
+        {
+            for (const VN_UUID& identity : ReadIdentities(product.Id(), suites, layer, 4))
+                texts.push_back(GetUUIDStr(identity).text);
+            EXPECT_THAT(ReadIdentities(product.Id(), suites, layer, 0), IsEmpty());
+            EXPECT_THAT(ReadIdentities(product.Id(), suites, layer, -2), IsEmpty());
+            EXPECT_THAT(ReadStackUuids(product.Id(), suites, layer),
+                        ElementsAre(product.Uuid("A"), zeroUuid, product.Uuid("B")));
+            return 0;
+        });
     EXPECT_THAT(texts, ElementsAre(product.Uuid("A"), zeroUuid, product.Uuid("B"), zeroUuid));
     product.ExpectCleanEnd();
 }

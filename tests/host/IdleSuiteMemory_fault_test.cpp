@@ -10,7 +10,7 @@
 
 namespace
 {
-std::size_t refusedSize = 0; ///< The zeroed block of this size is not to be had. 0 for none.
+std::size_t refusedSize = 0; ///< A zeroed block of this size is refused. 0 for none.
 int refusals = 0;
 } // namespace
 

@@ -173,7 +173,7 @@ TEST_F(IdleQueue, ANullFunctionTakesASlotOnce)
     EXPECT_EQ(ref.idleSlots[0].func, nullptr);
     EXPECT_EQ(ref.idleSlots[0].refcon, &refcon);
     EXPECT_EQ(ref.idleSlots[1].refcon, &job);
-    EXPECT_THAT(RunIdle(), ElementsAre("A")) << "the pass goes on behind it";
+    EXPECT_THAT(RunIdle(), ElementsAre("A")) << "the pass goes on after it";
     EXPECT_EQ(ref.idleSlots[0].refcon, nullptr);
     EXPECT_EQ(ref.idleSlots[1].refcon, nullptr);
 }

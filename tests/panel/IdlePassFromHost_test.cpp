@@ -19,7 +19,7 @@ protected:
         bench.ShowAndSettle();
     }
 
-    /// The change has to arrive with the next pass, and the pass behind it has to be quiet.
+    /// The change has to arrive with the next pass, and the pass after it has to be quiet.
     void ExpectTree(const std::string& names)
     {
         EXPECT_EQ(bench.Pass().printed, "State Changed\n");

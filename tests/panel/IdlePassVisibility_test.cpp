@@ -44,7 +44,7 @@ TEST_F(PassVisibility, AShownPanelWithoutTreeIsAlwaysReported)
     bench.plugin->tree = tree;
 }
 
-// ---- Hidden and behind
+// ---- Hidden, and behind another tab
 
 TEST_F(PassVisibility, AHiddenPanelLosesTreeAndMark)
 {

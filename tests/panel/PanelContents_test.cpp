@@ -1,8 +1,8 @@
 // What a new panel is filled with: the effects that the user may add, in the host's order, and the host's
 // background colour.
 //
-// Names that are fewer than their keys, for which adding them throws std::out_of_range, cannot be had here:
-// the catalogue gives one name for each key, "Not Found" if it knows none.
+// Names that are fewer than their keys cannot be had here: the catalogue gives one name for each key, "Not
+// Found" if it knows none.
 
 #include "panel/PanelContents.h"
 #include "standin/core/Host.h"
@@ -15,6 +15,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
+#include <utility>
 
 namespace standin
 {
@@ -244,6 +245,38 @@ TEST_F(PanelContents, ReplaceTheFormerWidgetAndTable)
     EXPECT_EQ(tree->entries.size(), 1u);
 }
 
+TEST_F(PanelContents, ClearTheFormerPointersFirst)
+{
+    Fill();
+    int created = 0;
+    TreeLog().sink = [&](const std::string& call)
+    {
+        if (call.rfind("Tree Create", 0) != 0)
+            return;
+        ++created;
+        EXPECT_EQ(call == "Tree CreateTreeWidget(false)" ? static_cast<void*>(tree) : table, nullptr);
+    };
+    host.RunInHook([&] { (void)CreatePanelContents(Basic(), &table, &tree); });
+    TreeLog().sink = nullptr;
+    EXPECT_EQ(created, 2);
+}
+
+TEST_F(PanelContents, ReplaceAFormerTableAlone)
+{
+    Fill();
+    DeleteTreeWidget(std::exchange(tree, nullptr));
+    Fill();
+    EXPECT_EQ(record.at(0), "Tree DeleteTreeStateTable(table)");
+    EXPECT_EQ(record.at(1), "Tree CreateTreeWidget(false)");
+}
+
+TEST_F(PanelContents, WithoutABasicSuiteThrow516WithTheWidget)
+{
+    EXPECT_THROW((void)CreatePanelContents(nullptr, &table, &tree), int);
+    EXPECT_NE(tree, nullptr);
+    EXPECT_THAT(TreeLog().calls, ElementsAre("CreateTreeWidget(false)", "CreateTreeStateTable()"));
+}
+
 TEST_F(PanelContents, GiveTheWidgetBackThatTheyStore)
 {
     ValueTreesDemo* widget = nullptr;
@@ -269,7 +302,7 @@ TEST_F(PanelContents, DoWithoutAnAddressForTheTable)
     EXPECT_NE(tree, nullptr);
     EXPECT_EQ(table, nullptr);
     EXPECT_EQ(TreeLog().calls.at(1), "CreateTreeStateTable()");
-    DeleteTreeStateTable(TreeLog().lastTable); // Nobody stored it.
+    DeleteTreeStateTable(TreeLog().lastTable); // It is stored nowhere.
 }
 
 // ---- Faults

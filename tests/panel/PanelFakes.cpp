@@ -1,10 +1,10 @@
 #include "tests/panel/PanelFakes.h"
 
 #include "effects/EffectCatalogue.h"
-#include "tree/Tree.h"
 
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 namespace standin
 {
@@ -17,21 +17,20 @@ void record(const Parts&... parts)
 {
     std::ostringstream call;
     (call << ... << parts);
-    PanelFakes::Current().calls.push_back(call.str());
+    TreeLog().Add(call.str());
 }
 
 PF_Err getBgColor(PF_App_Color* colour)
 {
     record("PF_AppGetBgColor");
-    if (PanelFakes::Current().colourError == 0)
-        *colour = PanelFakes::Current().colour;
-    return PanelFakes::Current().colourError;
+    *colour = {};
+    return 0;
 }
 
 A_Err getVersion(A_short* major, A_short* minor)
 {
     record("AEGP_GetDriverPluginInitFuncVersion ", *major, ".", *minor);
-    return PanelFakes::Current().versionError;
+    return 0;
 }
 
 const void* findTable(const std::string& name, int version)
@@ -92,25 +91,18 @@ PanelFakes::PanelFakes() : basicSuite{}
     basicSuite.AcquireSuite = acquireSuite;
     basicSuite.ReleaseSuite = releaseSuite;
     current = this;
+    TreeLog() = {};
 }
 
-PanelFakes::~PanelFakes() { current = nullptr; }
+PanelFakes::~PanelFakes()
+{
+    current = nullptr;
+    TreeLog() = {};
+}
 
 PanelFakes& PanelFakes::Current() { return *current; }
 
-std::vector<std::string> PanelFakes::TakeCalls()
-{
-    std::vector<std::string> taken;
-    taken.swap(calls);
-    return taken;
-}
-
-std::string ToText(const void* pointer)
-{
-    std::ostringstream text;
-    text << pointer;
-    return text.str();
-}
+std::vector<std::string> PanelFakes::TakeCalls() { return std::exchange(TreeLog().calls, {}); }
 } // namespace standin
 
 using standin::PanelFakes;
@@ -145,51 +137,4 @@ std::vector<std::string> GetObjectsPopupString(const AEGP_SuiteHandler&, const s
     const std::string family = standin::familyOf(matchNames, displayNames);
     record("GetObjectsPopupString ", family, standin::list(keys));
     return PanelFakes::Current().names[family];
-}
-
-ValueTreesDemo* CreateTreeWidget(bool hideToolbar)
-{
-    record("CreateTreeWidget ", hideToolbar);
-    if (PanelFakes::Current().onCreateTreeWidget)
-        PanelFakes::Current().onCreateTreeWidget();
-    return &PanelFakes::Current().widget;
-}
-
-void DeleteTreeWidget(ValueTreesDemo* widget)
-{
-    record("DeleteTreeWidget ", widget);
-    if (PanelFakes::Current().onDeleteTreeWidget)
-        PanelFakes::Current().onDeleteTreeWidget();
-}
-
-_TreeStateTable_Internal* CreateTreeStateTable()
-{
-    record("CreateTreeStateTable");
-    if (PanelFakes::Current().onCreateTreeStateTable)
-        PanelFakes::Current().onCreateTreeStateTable();
-    return &PanelFakes::Current().table;
-}
-
-void DeleteTreeStateTable(_TreeStateTable_Internal* table) { record("DeleteTreeStateTable ", table); }
-
-void AddObject(ValueTreesDemo*, VN_OBJECT_TYPE type, int key, const char* name)
-{
-    record("AddObject ", static_cast<int>(type), " ", key, " ", name);
-}
-
-void SetBGColor(ValueTreesDemo*, float red, float green, float blue, float alpha)
-{
-    record("SetBGColor");
-    float* const background = PanelFakes::Current().background;
-    background[0] = red;
-    background[1] = green;
-    background[2] = blue;
-    background[3] = alpha;
-}
-
-void addToDesktop(ValueTreesDemo*, void* embeddedView, int width, int height, void* nativeParent)
-{
-    record("addToDesktop ", width, " ", height);
-    if (PanelFakes::Current().onAddToDesktop)
-        PanelFakes::Current().onAddToDesktop(embeddedView, nativeParent);
 }

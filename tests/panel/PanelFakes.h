@@ -1,22 +1,14 @@
 #pragma once
-// Stands in for everything that a new panel asks: the host's suites, the catalogue of effects, the tree.
-// Writes every call down in order and gives the answers that a test lays out.
+// Stands in for the host's suites and the catalogue of effects where no stand-in host can be: for lists that
+// the catalogue never gives, and among AppKit's sources. The tree is the fake one; all calls are in its log.
 
 #include "host/HostSuites.h"
+#include "tests/support/FakeTree.h"
 
-#include <functional>
 #include <map>
 #include <set>
 #include <string>
 #include <vector>
-
-class ValueTreesDemo
-{
-};
-
-struct _TreeStateTable_Internal
-{
-};
 
 namespace standin
 {
@@ -41,22 +33,5 @@ public:
     std::map<std::string, std::vector<int>> keys;          ///< By the prefix that is looked for.
     std::map<std::string, std::vector<std::string>> names; ///< By "src", "eff" and "ren".
     int mainKey = 0;
-    PF_App_Color colour = {};
-    PF_Err colourError = 0; ///< The colour is not written if it is not 0.
-    A_Err versionError = 0;
-
-    /// The widget and the table that the next creation hands out.
-    ValueTreesDemo widget;
-    _TreeStateTable_Internal table;
-
-    std::function<void(void* embeddedView, void* nativeParent)> onAddToDesktop;
-    std::function<void()> onDeleteTreeWidget;
-    std::function<void()> onCreateTreeWidget;
-    std::function<void()> onCreateTreeStateTable;
-
-    float background[4] = {-1, -1, -1, -1};
-    std::vector<std::string> calls;
 };
-
-std::string ToText(const void* pointer);
 } // namespace standin

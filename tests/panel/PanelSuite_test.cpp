@@ -71,7 +71,7 @@ TEST_F(PanelSuiteTest, TheControllersMembersAreInOrder)
         &panel + 1};
     EXPECT_EQ(members.at(0), members.at(1));
     EXPECT_TRUE(std::is_sorted(members.begin(), members.end(), std::less<const void*>()));
-    EXPECT_EQ(members.back(), &panel.publishedSuite + 1) << "nothing lies behind the table";
+    EXPECT_EQ(members.back(), &panel.publishedSuite + 1) << "nothing follows the table";
 }
 
 // ---- OpenPanel

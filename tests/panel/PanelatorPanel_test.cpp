@@ -135,7 +135,7 @@ struct MissingAtCreation
     const char* name;
     A_long version;
     int number;    ///< What leaves towards the host.
-    bool isStored; ///< Whether the widget and the table are there all the same.
+    bool isStored; ///< Whether the widget and the table exist nevertheless.
 };
 
 void PrintTo(const MissingAtCreation& suite, std::ostream* out) { *out << suite.name; }

@@ -41,7 +41,7 @@ TEST(Child, IsHeardToItsEnd)
             Tell("place", "here");
             return 0;
         });
-    child.End(SIGCONT); // Waits and harms nobody; the report is read only after the end.
+    child.End(SIGCONT); // Waits and does no harm; the report is read only after the end.
     EXPECT_EQ(Report(child.Told()).Text("place"), "here");
 }
 
@@ -73,7 +73,7 @@ TEST(Child, IsEndedAtItsTimeout)
     EXPECT_LT(child.Seconds(), 30);
 }
 
-TEST(Child, ThatHeedsNoSignalAtOnceIsSentMore)
+TEST(Child, ThatIgnoresASignalIsSentMore)
 {
     Child child(
         []() -> int

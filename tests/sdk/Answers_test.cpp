@@ -12,7 +12,7 @@ using testing::Each;
 
 namespace
 {
-/// A record in the middle of bytes that nobody may write to.
+/// A record between bytes that must not be written to.
 struct Framed
 {
     std::vector<std::uint8_t> bytes = std::vector<std::uint8_t>(3 * VORTAN_MESSAGE_SIZE, 0xC3);
@@ -56,7 +56,7 @@ std::string textOf(const VortanIdentity& identity)
     return text;
 }
 
-TEST(Answers, TheGroupIsWrittenIntoItsTwoBytesAlone)
+TEST(Answers, TheGroupFillsOnlyItsTwoBytes)
 {
     VortanKept own = kept(7);
     Framed record(VORTAN_GET_GROUP);
@@ -67,7 +67,7 @@ TEST(Answers, TheGroupIsWrittenIntoItsTwoBytesAlone)
     EXPECT_EQ(record.bytes, expected);
 }
 
-TEST(Answers, TheIdentityIsWrittenIntoItsSixteenBytesAlone)
+TEST(Answers, TheIdentityFillsOnlyItsSixteenBytes)
 {
     VortanKept own = kept(0);
     for (std::uint8_t i = 0; i < 16; ++i)
@@ -80,7 +80,7 @@ TEST(Answers, TheIdentityIsWrittenIntoItsSixteenBytesAlone)
     EXPECT_EQ(record.bytes, expected);
 }
 
-TEST(Answers, AToldGroupIsTakenIfThereIsSuchAGroup)
+TEST(Answers, AToldGroupIsTakenIfItExists)
 {
     for (std::int16_t told = 0; told <= 10; ++told)
         EXPECT_EQ(groupAfter(4, told), told);
@@ -155,7 +155,7 @@ TEST(Answers, ARecordMayStandAtAnOddAddress)
     EXPECT_EQ(bytes[9], 9);
 }
 
-TEST(Identities, NoTwoAreTheSameAndNoneIsZero)
+TEST(Identities, AreUniqueAndNeverZero)
 {
     std::set<std::string> texts;
     for (int i = 0; i < 2000; ++i)
@@ -182,7 +182,7 @@ TEST(Identities, AreWrittenInMemoryOrder)
     EXPECT_EQ(textOf(identity), "01234567-89ab-cdef-1032-547698badcfe");
 }
 
-TEST(Kept, ANewEffectIsInNoGroupAndACopyInThatOfItsOriginal)
+TEST(Kept, ACopyIsInItsOriginalsGroup)
 {
     const VortanKept made = VortanKeepNew();
     EXPECT_EQ(made.group, VORTAN_GROUP_TOP);

@@ -81,7 +81,7 @@ TEST_F(EffectModules, AnswerThePanelFromTheirOwnBytes)
     EXPECT_EQ(instance(effectId).family.kept.size(), std::size_t{VORTAN_TRY_KEPT_SIZE});
 }
 
-TEST_F(EffectModules, AGroupTheyAreToldIsAStepOfItsOwn)
+TEST_F(EffectModules, AToldGroupIsItsOwnStep)
 {
     const int effectId = apply();
     const std::string uuid = read()[0].uuid;
@@ -97,7 +97,7 @@ TEST_F(EffectModules, AGroupTheyAreToldIsAStepOfItsOwn)
     EXPECT_EQ(stage.host.FindingsReport(), "");
 }
 
-TEST_F(EffectModules, AGroupIsNoStepWhereTheHostMakesNone)
+TEST_F(EffectModules, AGroupIsNoStepWithoutTheHosts)
 {
     stage.host.Options().groupUndo = GroupUndo::isNotUndoable;
     const int effectId = apply();
@@ -106,7 +106,7 @@ TEST_F(EffectModules, AGroupIsNoStepWhereTheHostMakesNone)
     EXPECT_THAT(stage.host.UndoNames(), ElementsAre("Apply Effect"));
 }
 
-TEST_F(EffectModules, TheUserChangesTheirGroupInTheirOwnControls)
+TEST_F(EffectModules, TheUserChangesTheirGroupThemselves)
 {
     const int effectId = apply();
     stage.host.User().SetGroup(instance(effectId).label, 9);
@@ -126,7 +126,7 @@ TEST_F(EffectModules, ADuplicateMakesItsOwnIdentity)
     EXPECT_EQ(items[1].group, 2);
 }
 
-TEST_F(EffectModules, ADuplicateIsNotToldWhereTheHostDoesNotSay)
+TEST_F(EffectModules, ADuplicateIsNotToldBySilentHosts)
 {
     stage.host.Options().duplicateIdentity = DuplicateIdentity::isCopied;
     (void)stage.host.User().Duplicate(instance(apply()).label);
@@ -148,7 +148,7 @@ TEST_F(EffectModules, TheirBytesAreSavedWithTheProject)
     EXPECT_EQ(read()[0].group, 7);
 }
 
-TEST_F(EffectModules, BytesThatAreNoneAreAnErrorOfTheProject)
+TEST_F(EffectModules, UnreadableBytesAreTheProjectsError)
 {
     (void)apply();
     const Scratch scratch;
@@ -167,7 +167,7 @@ TEST_F(EffectModules, BytesThatAreNoneAreAnErrorOfTheProject)
     }
 }
 
-TEST_F(EffectModules, AnInstanceWithoutBytesIsSetUpAsANewOne)
+TEST_F(EffectModules, AnInstanceWithoutBytesIsSetUpNew)
 {
     const int effectId = apply();
     instance(effectId).family.kept.clear();
@@ -177,7 +177,7 @@ TEST_F(EffectModules, AnInstanceWithoutBytesIsSetUpAsANewOne)
     EXPECT_EQ(items[0].uuid, TextOf(instance(effectId).family.uuid));
 }
 
-TEST_F(EffectModules, AnErrorOfTheModuleReadsAsAnOutsideEffect)
+TEST_F(EffectModules, AFailingModuleReadsAsOutside)
 {
     InstallEffectModule(stage.host, std::string(VORTAN_BAD_EFFECTS) + "/returnsAnError.so");
     (void)apply();

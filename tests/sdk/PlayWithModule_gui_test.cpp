@@ -30,7 +30,7 @@ protected:
     std::string module = VORTAN_EXAMPLE;
 };
 
-TEST_F(PlayWithModule, AGroupThatItHasBeenInAllAlongIsToldToIt)
+TEST_F(PlayWithModule, AnUnchangedGroupIsToldToIt)
 {
     const ProgramRun run = play("\"pulse\" is in group 3\n"
                                 "open the panel\n"
@@ -42,7 +42,7 @@ TEST_F(PlayWithModule, AGroupThatItHasBeenInAllAlongIsToldToIt)
     EXPECT_EQ(run.exitCode, exit_code::well) << run.errors;
 }
 
-TEST_F(PlayWithModule, ItsFileIsLookedForFromTheScenariosFolder)
+TEST_F(PlayWithModule, ItsFileIsRelativeToTheScenario)
 {
     std::filesystem::copy(VORTAN_EXAMPLE, scratch.Path("beside.so"));
     module = "beside.so";
@@ -50,7 +50,7 @@ TEST_F(PlayWithModule, ItsFileIsLookedForFromTheScenariosFolder)
     EXPECT_EQ(run.exitCode, exit_code::well) << run.errors;
 }
 
-TEST_F(PlayWithModule, AFileThatIsNoEffectFailsItsLine)
+TEST_F(PlayWithModule, AFileWithoutEffectFailsItsLine)
 {
     module = "nowhere.so";
     const ProgramRun run = play("expect no alerts\n");
@@ -59,7 +59,7 @@ TEST_F(PlayWithModule, AFileThatIsNoEffectFailsItsLine)
     EXPECT_THAT(run.errors, HasSubstr("nowhere.so: there is no such file"));
 }
 
-TEST_F(PlayWithModule, WhatItAnswersIsNotTheScenariosToSay)
+TEST_F(PlayWithModule, TheScenarioCannotSetItsAnswers)
 {
     const std::vector<std::string> lines = {
         "\"pulse\" is rigid\n", "\"pulse\" answers nothing\n", "\"pulse\" answers after 2 messages\n",

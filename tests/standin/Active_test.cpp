@@ -69,7 +69,7 @@ TEST_F(Active, IdsCountFromTheirStarts)
     EXPECT_EQ(elsewhere, 3);
 }
 
-TEST_F(Active, InTheProjectPanelTheOneSelectedItemIsActiveAndNoLayer)
+TEST_F(Active, ProjectPanelsActivateTheirSelectedItem)
 {
     EXPECT_EQ(activeIn(ActivePanel::project, {}, {1}), "0 0");
     EXPECT_EQ(activeIn(ActivePanel::project, {other}, {1}), "102 0");
@@ -77,7 +77,7 @@ TEST_F(Active, InTheProjectPanelTheOneSelectedItemIsActiveAndNoLayer)
     EXPECT_EQ(activeIn(ActivePanel::project, {comp, footage}, {1}), "0 0");
 }
 
-TEST_F(Active, InTheTimelineAndTheCompPanelTheFrontCompIsActiveAndItsOneSelectedLayer)
+TEST_F(Active, CompPanelsActivateTheFrontCompsLayer)
 {
     for (const ActivePanel panel : {ActivePanel::timeline, ActivePanel::comp})
     {
@@ -92,14 +92,14 @@ TEST_F(Active, InTheTimelineAndTheCompPanelTheFrontCompIsActiveAndItsOneSelected
     EXPECT_EQ(active(), "0 0");
 }
 
-TEST_F(Active, InTheFootagePanelTheFootageIsActiveAndNoLayer)
+TEST_F(Active, InTheFootagePanelTheFootageIsActive)
 {
     EXPECT_EQ(activeIn(ActivePanel::footage, {}, {1}), "103 0");
     host.User().OpenFootage(0);
     EXPECT_EQ(active(), "0 0");
 }
 
-TEST_F(Active, InTheLayerPanelAndInEffectControlsTheLayerOfTheTabIsActive)
+TEST_F(Active, InLayerPanelsTheTabsLayerIsActive)
 {
     EXPECT_EQ(activeIn(ActivePanel::layer, {}, {1}), "101 2");
     EXPECT_EQ(activeIn(ActivePanel::effectControls, {}, {1, 2}), "102 3");
@@ -107,20 +107,20 @@ TEST_F(Active, InTheLayerPanelAndInEffectControlsTheLayerOfTheTabIsActive)
     EXPECT_EQ(active(), "0 0");
 }
 
-TEST_F(Active, InTheRenderQueueAndNowhereNothingIsActive)
+TEST_F(Active, InTheRenderQueueNothingIsActive)
 {
     EXPECT_EQ(activeIn(ActivePanel::renderQueue, {comp}, {1}), "0 0");
     EXPECT_EQ(activeIn(ActivePanel::none, {comp}, {1}), "0 0");
 }
 
-TEST_F(Active, WhileOurPanelHasTheFocusTheFrontCompKeepsItsLayer)
+TEST_F(Active, OurPanelLeavesTheFrontCompItsLayer)
 {
     (void)activeIn(ActivePanel::project, {footage}, {2});
     host.User().Activate(ActivePanel::ours);
     EXPECT_EQ(active(), "101 2");
 }
 
-TEST_F(Active, OurPanelCanLeaveThePanelBeforeItActive)
+TEST_F(Active, OurPanelCanLeaveThePreviousPanelActive)
 {
     host.Options().focusInPanel = FocusInPanel::keepsActivePanel;
     (void)activeIn(ActivePanel::project, {footage}, {2});
@@ -145,7 +145,7 @@ TEST_F(Active, WhatHasLeftTheProjectIsNotActive)
     EXPECT_EQ(active(), "0 0");
 }
 
-TEST_F(Active, ApplyingAnEffectBringsEffectControlsToTheLayer)
+TEST_F(Active, ApplyingAnEffectActivatesEffectControls)
 {
     InstallFamily(host);
     host.User().Activate(ActivePanel::effectControls);

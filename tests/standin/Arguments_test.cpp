@@ -13,7 +13,7 @@ class Arguments : public ReferenceTest
 {
 };
 
-TEST_F(Arguments, IndicesOutsideTheStackAreRefusedAndChangeNothing)
+TEST_F(Arguments, IndicesOutsideTheStackAreRefused)
 {
     EXPECT_THAT(findingsOf(
                     [&](Client& client)
@@ -33,7 +33,7 @@ TEST_F(Arguments, IndicesOutsideTheStackAreRefusedAndChangeNothing)
     EXPECT_EQ(host.StackText(layer), "B C A");
 }
 
-TEST_F(Arguments, TheInputLayerAndWhatLiesBehindTheLastParameterAreRefused)
+TEST_F(Arguments, ParametersOutsideTheRangeAreRefused)
 {
     EXPECT_THAT(findingsOf(
                     [&](Client& client)

@@ -20,7 +20,7 @@ std::string contentsOf(const char* path)
     return contents.str();
 }
 
-TEST(CallsPage, InDocsIsTheOneThatTheDescriptionGives)
+TEST(CallsPage, InDocsEqualsTheDescription)
 {
     if (std::getenv("STANDIN_WRITE_CALLS_PAGE") != nullptr)
         std::ofstream(CALLS_PAGE) << CallsPage();

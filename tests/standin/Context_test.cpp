@@ -32,7 +32,7 @@ protected:
     const void* poison = this;
 };
 
-TEST_F(Context, AcquiresAndReleasesAreCountedPerNameAndVersion)
+TEST_F(Context, SuitesAreCountedPerNameAndVersion)
 {
     host.RunInHook(
         [&]
@@ -90,7 +90,7 @@ TEST_F(Context, AReleaseTooManyIsReported)
     EXPECT_EQ(host.SuiteCount(layerSuite, 5), 0);
 }
 
-TEST_F(Context, AReleaseThatAFaultPreventedKeepsTheBalance)
+TEST_F(Context, AReleasePreventedByFaultKeepsTheBalance)
 {
     host.Faults().FailFunction("ReleaseSuite");
     host.RunInHook(
@@ -102,7 +102,7 @@ TEST_F(Context, AReleaseThatAFaultPreventedKeepsTheBalance)
     EXPECT_EQ(host.SuiteCount(layerSuite, 5), 0);
 }
 
-TEST_F(Context, ASuiteThatIsReleasedUnusedIsReportedIfWished)
+TEST_F(Context, AnUnusedSuiteIsReportedIfAskedFor)
 {
     const auto acquireAndRelease = [&]
     {
@@ -141,7 +141,7 @@ TEST_F(Context, TheRestOfTheBasicSuiteWorks)
     EXPECT_EQ(host.CallTexts().front(), "Basic IsEqual(\"a\", \"a\") -> 1");
 }
 
-TEST_F(Context, ACallOutsideAnyHookIsReportedAndRefused)
+TEST_F(Context, CallsOutsideHooksAreReportedAndRefused)
 {
     const void* table = nullptr;
     EXPECT_NE(basic().acquire(effectSuite, 1, &table), errNone);
@@ -159,7 +159,7 @@ TEST_F(Context, ACallOutsideAnyHookIsReportedAndRefused)
     host.RunInHook([&] { (void)basic().release(effectSuite, 1); });
 }
 
-TEST_F(Context, ACallFromAnotherThreadIsReportedAndRefused)
+TEST_F(Context, CallsFromOtherThreadsAreReportedAndRefused)
 {
     host.RunInHook(
         [&]
@@ -181,7 +181,7 @@ TEST_F(Context, ACallFromAnotherThreadIsReportedAndRefused)
                                               "wrong-thread in Basic ReleaseSuite(...)"));
 }
 
-TEST_F(Context, AReservedSlotFromAnotherThreadIsReportedToo)
+TEST_F(Context, ReservedSlotsFromOtherThreadsAreReported)
 {
     host.RunInHook(
         [&]
@@ -193,7 +193,7 @@ TEST_F(Context, AReservedSlotFromAnotherThreadIsReportedToo)
     EXPECT_THAT(FindingsOf(host), ElementsAre("wrong-thread in Effect 1 slot 3(...)"));
 }
 
-TEST_F(Context, AnIntegerThatLeavesAHookIsReportedWithItsValue)
+TEST_F(Context, AThrownIntegerIsReportedWithItsValue)
 {
     const HookResult result = host.RunInHook([]() -> A_Err { throw 516; });
     EXPECT_EQ(result.thrownNumber, 516);
@@ -203,7 +203,7 @@ TEST_F(Context, AnIntegerThatLeavesAHookIsReportedWithItsValue)
     EXPECT_EQ(findings[0].Text(), "exception-left-hook: A hook was left by the integer 516.");
 }
 
-TEST_F(Context, AnExceptionThatLeavesAHookIsReportedInItsWords)
+TEST_F(Context, AnExceptionIsReportedWithItsText)
 {
     const HookResult result = host.RunInHook([]() { throw std::runtime_error("out of ideas"); });
     EXPECT_FALSE(result.thrownNumber);
@@ -217,7 +217,7 @@ TEST_F(Context, AHooksErrorComesBack)
     EXPECT_EQ(host.RunInHook([] {}).error, errNone);
 }
 
-TEST_F(Context, WhatIsLeakedBeforeAnExceptionIsReportedToo)
+TEST_F(Context, LeaksBeforeAnExceptionAreReported)
 {
     host.AddEffect(layer, "QVK VORTSRC Lamps", "A");
     host.RunInHook(

@@ -81,7 +81,7 @@ TEST_F(Family, IsInstalledUnderItsNames)
         EXPECT_TRUE(keys.insert(effect.key).second && effect.key != 0);
 }
 
-TEST_F(Family, AnEffectMakesUpItsIdentityAndAnswersIt)
+TEST_F(Family, AnEffectMakesAndAnswersItsIdentity)
 {
     EXPECT_EQ(identity(0), "01010101-0101-0101-0101-010100000001");
     (void)host.User().Apply(layer, "QVK VORTEFF Jitter");
@@ -107,7 +107,7 @@ TEST_F(Family, AnIdentityCanComeWithTheNextIdle)
     EXPECT_EQ(identity(2), "02020202-0202-0202-0202-020200000002");
 }
 
-TEST_F(Family, AnEffectKeepsTheGroupThatItIsTold)
+TEST_F(Family, AnEffectKeepsItsToldGroup)
 {
     EXPECT_EQ(group(0), 0);
     (void)send(0, message::setGroup, 4);
@@ -117,7 +117,7 @@ TEST_F(Family, AnEffectKeepsTheGroupThatItIsTold)
     EXPECT_EQ(group(0), 0);
 }
 
-TEST_F(Family, AGroupChangeCanBeLeftOutOfUndo)
+TEST_F(Family, GroupChangesCanBeLeftOutOfUndo)
 {
     host.Options().groupUndo = GroupUndo::isNotUndoable;
     host.User().Rename("A", "Lamp");
@@ -127,7 +127,7 @@ TEST_F(Family, AGroupChangeCanBeLeftOutOfUndo)
     EXPECT_EQ(group(0), 4);
 }
 
-TEST_F(Family, AnEffectThatIsToldMinusOneAnswersZeroOrStoresIt)
+TEST_F(Family, MinusOneIsAnsweredAsZeroOrStored)
 {
     (void)send(0, message::setGroup, 4);
     (void)send(0, message::setGroup, -1);
@@ -137,7 +137,7 @@ TEST_F(Family, AnEffectThatIsToldMinusOneAnswersZeroOrStoresIt)
     EXPECT_EQ(group(0), -1);
 }
 
-TEST_F(Family, ARigidEffectAnswersMinusOneWhateverItIsTold)
+TEST_F(Family, ARigidEffectAlwaysAnswersMinusOne)
 {
     host.Effect("A").family.rigidity = Rigidity::rigid;
     EXPECT_EQ(group(0), -1);
@@ -190,7 +190,7 @@ TEST_F(Family, ALiarCanAnswerLate)
     EXPECT_EQ(identity(0), "01010101-0101-0101-0101-010100000001");
 }
 
-TEST_F(Family, ALiarCanFailWithOrWithoutAnAnswer)
+TEST_F(Family, LiarsFailWithOrWithoutAnAnswer)
 {
     host.Effect("A").behaviour = FailsWith(516);
     EXPECT_EQ(send(0, message::getGroup), 516);
@@ -232,7 +232,7 @@ TEST_F(Family, ALiarCanAnswerAnyGroup)
     EXPECT_EQ(identity(0), "01010101-0101-0101-0101-010100000001");
 }
 
-TEST_F(Family, ALiarCanChangeTheStackInsideItsMessage)
+TEST_F(Family, LiarsCanChangeTheStackInsideMessages)
 {
     host.Effect("A").behaviour = ActsInMessage([](Host& inside) { inside.User().Delete("X"); });
     EXPECT_EQ(send(0, message::getGroup), errNone); // The reference is stale now, and disposed of.

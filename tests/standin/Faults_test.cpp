@@ -54,11 +54,11 @@ protected:
 
 TEST_F(Faults, TheNthCallFailsOnce)
 {
-    host.Faults().FailCall(3); // Behind the acquire and the first count.
+    host.Faults().FailCall(3); // After the acquire and the first count.
     EXPECT_THAT(errors(), ElementsAre(0, 1, 0, 0, 0));
 }
 
-TEST_F(Faults, TheNthCallAndItsFunctionOfThatSuiteFailForGood)
+TEST_F(Faults, AnNthCallAndItsFunctionFailForever)
 {
     host.Faults().FailCall(3, FaultLength::functionForGood, 515);
     EXPECT_THAT(errors(), ElementsAre(0, 515, 0, 0, 515));
@@ -81,7 +81,7 @@ TEST_F(Faults, TheNthCallAndEverythingBehindItFail)
     EXPECT_EQ(host.Faults().CallsCounted(), 6u);
 }
 
-TEST_F(Faults, ANamedFunctionFailsAtItsKthCallWhateverItsSuite)
+TEST_F(Faults, ANamedFunctionFailsInEverySuite)
 {
     host.Faults().FailFunction("AEGP_GetLayerNumEffects", 3);
     EXPECT_THAT(errors(), ElementsAre(0, 0, 0, 1, 0));
@@ -205,7 +205,7 @@ void readFlags(Scenario& scenario, Mistake mistake)
         });
 }
 
-TEST(Sweep, VisitsEachCallInEachLengthOnAFreshHost)
+TEST(Sweep, VisitsCallsAndLengthsOnFreshHosts)
 {
     std::vector<std::string> visited;
     const std::size_t calls = SweepFaults([] { return std::make_unique<Scenario>(); },

@@ -87,7 +87,7 @@ TEST_F(HookResults, NothingIsReportedOfHooksThatGoWell)
     EXPECT_THAT(findings(), IsEmpty());
 }
 
-TEST_F(HookResults, AnEntryPointThatReturnsAnErrorIsReported)
+TEST_F(HookResults, ErrorsOfEntryPointsAreReported)
 {
     failing = "entry";
     EXPECT_EQ(host.Load(&entry).result.error, errStruct);
@@ -122,7 +122,7 @@ TEST_F(HookResults, TheFindingNamesPluginAndError)
     EXPECT_EQ(host.TakeFindings().at(0).sentence, "The IdleHook of plug-in 8 returned the error 2.");
 }
 
-TEST_F(HookResults, WhatATestsOwnBodyReturnsIsItsOwnBusiness)
+TEST_F(HookResults, ErrorsOfTestBodiesAreNotReported)
 {
     EXPECT_EQ(host.RunInHook([] { return errStruct; }).error, errStruct);
     EXPECT_THAT(findings(), IsEmpty());

@@ -13,7 +13,7 @@ class Hooks : public PluginTest
 {
 };
 
-TEST_F(Hooks, AnEntryPointGetsAnIdOfItsOwn)
+TEST_F(Hooks, EachEntryPointGetsItsOwnId)
 {
     EXPECT_EQ(host.PluginId(), 7);
     EXPECT_EQ(loaded.id, 8);
@@ -30,7 +30,7 @@ TEST_F(Hooks, AnEntryPointThatThrowsIsReported)
     EXPECT_THAT(FindingsOf(host), ElementsAre("exception-left-hook"));
 }
 
-TEST_F(Hooks, RegisteringOutsideTheEntryPointIsRefusedAndReported)
+TEST_F(Hooks, RegisteringOutsideEntryPointsIsRefused)
 {
     const auto hook = +[](void*, void*, A_long*) -> A_Err { return 77; };
     void* refcon = nullptr;
@@ -41,7 +41,7 @@ TEST_F(Hooks, RegisteringOutsideTheEntryPointIsRefusedAndReported)
     EXPECT_EQ(host.RunIdle().error, errNone);
 }
 
-TEST_F(Hooks, ATestCanStandInForAnEntryPoint)
+TEST_F(Hooks, ATestCanActAsEntryPoint)
 {
     const auto hook =
         +[](void*, void* refcon, A_long*) -> A_Err { return ++*static_cast<int*>(refcon), errNone; };
@@ -57,14 +57,14 @@ TEST_F(Hooks, ATestCanStandInForAnEntryPoint)
     EXPECT_EQ(calls, 1);
 }
 
-TEST_F(Hooks, IdleComesOnceInEachPassWithMaxSleepSetAnew)
+TEST_F(Hooks, EachPassIdlesOnceWithFreshMaxSleep)
 {
     (void)host.RunIdle();
     (void)host.RunIdle();
     EXPECT_THAT(plugin.events, ElementsAre("idle 2", "idle 2"));
 }
 
-TEST_F(Hooks, ABurstIsManyPassesAndAStarvedHostRunsNone)
+TEST_F(Hooks, ABurstIsManyPassesStarvingIsNone)
 {
     host.Options().burstLength = 3;
     (void)host.RunIdle(IdleMode::burst);
@@ -74,7 +74,7 @@ TEST_F(Hooks, ABurstIsManyPassesAndAStarvedHostRunsNone)
     EXPECT_THAT(plugin.events, IsEmpty());
 }
 
-TEST_F(Hooks, WhatAnIdleHookThrowsComesBackAndTheNextPassRuns)
+TEST_F(Hooks, AThrowingIdleHookRunsAgainNextPass)
 {
     plugin.inHook = [](const std::string&) { throw 516; };
     EXPECT_EQ(host.RunIdle().thrownNumber, 516);
@@ -83,7 +83,7 @@ TEST_F(Hooks, WhatAnIdleHookThrowsComesBackAndTheNextPassRuns)
     EXPECT_EQ(host.RunIdle().error, errNone);
 }
 
-TEST_F(Hooks, MenuItemsAreOffUntilAnUpdateHookTurnsThemOn)
+TEST_F(Hooks, MenuItemsStayOffUntilUpdateHooksRun)
 {
     ASSERT_EQ(host.MenuItems().size(), 1u);
     EXPECT_EQ(host.MenuItems()[0].name, "Test Panel");
@@ -103,7 +103,7 @@ TEST_F(Hooks, AnUpdateTakesTheTickAway)
     EXPECT_FALSE(host.MenuItems()[0].ticked);
 }
 
-TEST_F(Hooks, ChoosingAMenuItemUpdatesTheMenusAndRunsItsCommand)
+TEST_F(Hooks, ChoosingUpdatesMenusAndRunsTheCommand)
 {
     EXPECT_TRUE(host.ChooseMenuItem("Test Panel"));
     EXPECT_THAT(plugin.events, ElementsAre("update 3", "command 1001"));
@@ -135,7 +135,7 @@ TEST_F(Hooks, MenuItemsStandSortedByName)
     EXPECT_EQ(host.MenuItems()[2].name, "Zebra");
 }
 
-TEST_F(Hooks, TheWindowMenuTakesNothingAtItsTopOrBottom)
+TEST_F(Hooks, TheWindowMenuOnlySortsIn)
 {
     inHook(
         [&](Client& client)
@@ -164,7 +164,7 @@ TEST_F(Hooks, ACommandThatNobodyMadeIsRefused)
                             "unknown-command in Command 1 AEGP_InsertMenuCommand(5, \"x\", 7, -2)"));
 }
 
-TEST_F(Hooks, DoCommandRunsTheCommandHookInsideTheCall)
+TEST_F(Hooks, DoCommandRunsItsHookInsideTheCall)
 {
     std::size_t eventsInside = 0;
     inHook(
@@ -178,7 +178,7 @@ TEST_F(Hooks, DoCommandRunsTheCommandHookInsideTheCall)
     EXPECT_THAT(plugin.events, ElementsAre("command 1001"));
 }
 
-TEST_F(Hooks, TheTraceOfANestedHookStandsBehindTheCallThatRanIt)
+TEST_F(Hooks, ANestedHooksTraceFollowsItsCall)
 {
     plugin.inHook = [&](const std::string&)
     {
@@ -204,7 +204,7 @@ TEST_F(Hooks, UndoAndRedoAreCommandsOfTheHost)
     EXPECT_EQ(host.NameOf("A"), "Shade");
 }
 
-TEST_F(Hooks, DeathComesOnceBeforeTheContainersAndNothingAfterIt)
+TEST_F(Hooks, DeathComesOnceBeforeTheContainersGo)
 {
     toggle();
     plugin.events.clear();
@@ -272,7 +272,7 @@ TEST_F(Hooks, AlertsAreKept)
     EXPECT_EQ(host.Alerts()[1].text, "Two");
 }
 
-TEST_F(Hooks, TheBackgroundColourIsWhatItWasSetTo)
+TEST_F(Hooks, TheBackgroundColourIsAsSet)
 {
     host.SetBackgroundColour({1, 2, 65535});
     PF_App_Color colour{};

@@ -79,7 +79,7 @@ TEST_F(HostRules, APluginWhoseEntryThrowsLosesItsHooks)
     EXPECT_THAT(plugin.events, ElementsAre("idle 2"));
 }
 
-TEST_F(HostRules, ALenientHostKeepsTheHooksOfAFailedPlugin)
+TEST_F(HostRules, LenientHostsKeepAFailedPluginsHooks)
 {
     host.Options().failedEntry = FailedEntry::leavesHooks;
     const auto failing = +[](void* basic, A_long major, A_long minor, A_long id, void** refcon) -> A_Err
@@ -157,7 +157,7 @@ TEST_F(HostRules, ADialogCanStopTheIdle)
     EXPECT_THAT(plugin.events, ElementsAre("idle 2"));
 }
 
-TEST_F(HostRules, AnAlertThatWaitsLetsTheHostIdleInside)
+TEST_F(HostRules, AWaitingAlertLetsTheHostIdle)
 {
     const auto alert = [&]
     {
@@ -191,7 +191,7 @@ TEST_F(HostRules, AnAlertInsideAnAlertDoesNotWait)
 
 // ---- Panels
 
-TEST_F(HostRules, TwoPanelsOfOneNameHaveViewsOfTheirOwn)
+TEST_F(HostRules, TwoPanelsOfOneNameHaveOwnViews)
 {
     toggle();
     EXPECT_EQ(host.OpenAnotherPanel("Test Panel").error, errNone);
@@ -214,7 +214,7 @@ TEST_F(HostRules, DeletingTheSelectedEffectClearsTheSelection)
     inHook([&](Client& client) { EXPECT_EQ(client.ActiveLayer(), nullptr); });
 }
 
-TEST_F(HostRules, ALenientHostKeepsTheSelectionOfTheDeleted)
+TEST_F(HostRules, LenientHostsKeepTheDeletedEffectsSelection)
 {
     host.Options().deletedSelection = DeletedSelection::leavesLayers;
     host.User().SelectEffect("A");
@@ -249,7 +249,7 @@ TEST_F(HostRules, ForcedEnglishCanIgnoreCustomNames)
     EXPECT_EQ(name(0), "Leuchte");
 }
 
-TEST_F(HostRules, UnhidingOpensOrFoldsAsTheHostHasIt)
+TEST_F(HostRules, UnhidingOpensOrFoldsByTheSwitch)
 {
     const auto unhide = [&](A_long parameter)
     {

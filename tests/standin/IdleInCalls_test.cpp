@@ -37,7 +37,7 @@ protected:
     int layer = 0;
 };
 
-TEST_F(IdleInCall, ComesBeforeTheCallReturnsAndNotByItself)
+TEST_F(IdleInCall, ComesBeforeTheCallReturns)
 {
     Count(1);
     EXPECT_THAT(plugin.events, ElementsAre("count"));
@@ -63,7 +63,7 @@ TEST_F(IdleInCall, PicksTheNthCallOfAFunction)
     EXPECT_THAT(plugin.events, ElementsAre("count", "count", "count", "idle 2", "count"));
 }
 
-TEST_F(IdleInCall, PicksEachCallOfAFunctionWhateverItsSuite)
+TEST_F(IdleInCall, PicksAFunctionsCallsInEverySuite)
 {
     host.Idles().InEachCallOf("AEGP_GetLayerNumEffects");
     inHook(
@@ -102,7 +102,7 @@ TEST_F(IdleInCall, IsForgottenWhenItIsCleared)
     EXPECT_THAT(plugin.events, ElementsAre("count"));
 }
 
-TEST_F(IdleInCall, IsNoneInsideTheCallsOfTheIdleInside)
+TEST_F(IdleInCall, DoesNotNest)
 {
     host.Options().idleInCalls = IdleInCalls::always;
     host.Idles().InFunction("AEGP_GetLayerNumEffects", 2);
@@ -136,7 +136,7 @@ TEST_F(IdleInCall, ComesInsideACallThatFailsAsWell)
     EXPECT_THAT(plugin.events, ElementsAre("idle 2"));
 }
 
-TEST_F(IdleInCall, LeavesTheReferencesOfTheHookAroundItAlone)
+TEST_F(IdleInCall, LeavesTheOuterHooksReferencesAlone)
 {
     host.Idles().InFunction("AEGP_GetEffectFlags");
     inHook(
@@ -150,7 +150,7 @@ TEST_F(IdleInCall, LeavesTheReferencesOfTheHookAroundItAlone)
     EXPECT_THAT(plugin.events, ElementsAre("idle 2"));
 }
 
-TEST_F(IdleInCall, LeavesTheUndoGroupOfTheHookAroundItOpen)
+TEST_F(IdleInCall, LeavesTheOuterHooksUndoGroupOpen)
 {
     host.Idles().InFunction("AEGP_StartUndoGroup");
     inHook(

@@ -114,14 +114,14 @@ std::map<int, std::string> functionsOf(const SuiteDescription& suite)
     return functions;
 }
 
-TEST(Layout, TheHostHasExactlyTheTablesOfTheFactSheet)
+TEST(Layout, TheHostHasExactlyTheSheetsTables)
 {
     EXPECT_EQ(SuiteDescriptions().size(), allFacts.size() + 1); // And the basic suite.
     for (const TableFacts& facts : allFacts)
         EXPECT_NE(FindSuite(facts.name, facts.version), nullptr) << facts.name << " " << facts.version;
 }
 
-TEST(Layout, EveryTableHasTheSlotsOfTheFactSheetAndNoOthers)
+TEST(Layout, EveryTableHasExactlyTheSheetsSlots)
 {
     for (const TableFacts& facts : allFacts)
     {
@@ -146,7 +146,7 @@ class Slots : public HostTest
 {
 };
 
-TEST_F(Slots, EachReservedSlotIsATrapThatNamesItself)
+TEST_F(Slots, EachReservedSlotIsANamedTrap)
 {
     int reserved = 0;
     host.RunInHook(
@@ -172,7 +172,7 @@ TEST_F(Slots, EachReservedSlotIsATrapThatNamesItself)
 }
 
 /// Without arguments that mean anything a function cannot do its work, but it can be told by its line.
-TEST_F(Slots, EachSlotOfTheFactSheetIsTheFunctionItSays)
+TEST_F(Slots, EachSlotIsTheSheetsFunction)
 {
     host.RunInHook(
         [&]

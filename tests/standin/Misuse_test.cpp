@@ -28,7 +28,7 @@ class Misuse : public ReferenceTest
 {
 };
 
-TEST_F(Misuse, ATableIsNotUsedAfterItsLastRelease)
+TEST_F(Misuse, UseAfterTheLastReleaseIsReported)
 {
     const auto found = findingsOf(
         [&](Client& client)
@@ -42,7 +42,7 @@ TEST_F(Misuse, ATableIsNotUsedAfterItsLastRelease)
     EXPECT_THAT(found, ElementsAre("released-table in Effect 1 AEGP_GetLayerNumEffects(layer 1)"));
 }
 
-TEST_F(Misuse, ATableIsUsedWhileSomebodyElseHoldsIt)
+TEST_F(Misuse, ATableHeldElsewhereMayBeUsed)
 {
     const auto found = findingsOf(
         [&](Client& client)
@@ -135,7 +135,7 @@ protected:
     }
 };
 
-TEST_F(MisusedIds, AnIdThatWasNeverHandedOutIsRefused)
+TEST_F(MisusedIds, AnUnknownIdIsRefused)
 {
     EXPECT_EQ(report(9), errParameter);
     EXPECT_THAT(FindingsOf(host), ElementsAre("wrong-plugin-id in Utility 3 AEGP_ReportInfo(id 9, "
@@ -187,7 +187,7 @@ TEST_F(MisusedIds, APublishedSuiteRunsUnderItsPublishersId)
                                               "\"Hello\")"));
 }
 
-TEST_F(MisusedIds, ACommandHookNeedsANumberThatWasHandedOut)
+TEST_F(MisusedIds, ACommandHookNeedsAKnownNumber)
 {
     const auto hook = +[](void*, void*, A_long, A_u_long, A_Boolean, A_Boolean*) -> A_Err { return errNone; };
     host.RunInEntryPoint(
@@ -225,7 +225,7 @@ protected:
     }
 };
 
-TEST_F(Memory, ABlockThatIsNotGivenBackIsReportedAtTheEnd)
+TEST_F(Memory, LeakedBlocksAreReportedAtTheEnd)
 {
     inHook([](void* const* basic) { (void)allocate(basic); });
     EXPECT_THAT(FindingsOf(host), IsEmpty());
@@ -260,7 +260,7 @@ TEST_F(Memory, AReallocatedBlockTakesTheFormersPlace)
     EXPECT_THAT(FindingsOf(host), ElementsAre("foreign-block in Basic ReallocateBlock(refcon, 8)"));
 }
 
-TEST_F(Memory, AFreeingThatAFaultPreventedIsNotTheCallersDoing)
+TEST_F(Memory, AFreeingPreventedByFaultIsExcused)
 {
     inHook(
         [&](void* const* basic)

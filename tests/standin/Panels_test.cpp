@@ -30,7 +30,7 @@ TEST_F(Panels, ToggleCreatesBringsForwardAndCloses)
     EXPECT_THAT(plugin.events, ElementsAre("create"));
 }
 
-TEST_F(Panels, AClosedPanelKeepsItsViewOrGetsANewOne)
+TEST_F(Panels, AClosedPanelKeepsOrReplacesItsView)
 {
     toggle();
     const void* first = host.FindPanel("Test Panel")->container;

@@ -82,7 +82,7 @@ protected:
     IdleWords idle{&calls, add};
 };
 
-TEST_F(Published, ATableIsHandedOutAsItIsAndCounted)
+TEST_F(Published, ATableIsHandedOutAndCounted)
 {
     EXPECT_EQ(publish("Vortan Panel Suite v1", 1, &panel), errNone);
     EXPECT_THAT(host.CallTexts(SuiteTraffic::leftOut),
@@ -100,7 +100,7 @@ TEST_F(Published, ATableIsHandedOutAsItIsAndCounted)
         });
 }
 
-TEST_F(Published, ASecondOneOfTheSameNameAndVersionIsRefused)
+TEST_F(Published, ADuplicateNameAndVersionIsRefused)
 {
     EXPECT_EQ(publish("Vortan Panel Suite v1", 1, &panel), errNone);
     EXPECT_EQ(publish("Vortan Panel Suite v1", 1, &idle), 0x53457869);
@@ -133,7 +133,7 @@ TEST_F(Published, ASiblingWithoutTheSuiteGetsAnException)
     host.RunInHook([&] { EXPECT_THROW(Sibling(host).RefreshPanel(), std::runtime_error); });
 }
 
-TEST_F(Published, WhatAFunctionThrowsReachesTheSiblingWithTheSuiteReleased)
+TEST_F(Published, ThrowingFunctionsReachTheSiblingSuiteReleased)
 {
     panel.refresh = [](void*) -> int { throw 13; };
     (void)publish("Vortan Panel Suite v1", 1, &panel);

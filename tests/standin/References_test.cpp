@@ -13,7 +13,7 @@ class References : public ReferenceTest
 {
 };
 
-TEST_F(References, AReferenceThatIsUsedAndDisposedOfIsFine)
+TEST_F(References, ADisposedOfReferenceIsFine)
 {
     EXPECT_THAT(findingsOf(
                     [&](Client& client)
@@ -41,7 +41,7 @@ TEST_F(References, EachHandOutIsANewHandle)
         });
 }
 
-TEST_F(References, ALeakIsReportedWithTheCallThatHandedItOut)
+TEST_F(References, ALeakIsReportedWithItsCall)
 {
     EXPECT_THAT(
         findingsOf(
@@ -136,7 +136,7 @@ TEST_F(References, AHandleOfAnotherKindIsRefused)
                             "wrong-kind in Effect 3 AEGP_DeleteLayerEffect(layer 1)"));
 }
 
-TEST_F(References, AReorderMakesAllReferencesOfTheLayerStaleItsOwnToo)
+TEST_F(References, AReorderMakesAllTheLayersReferencesStale)
 {
     EXPECT_THAT(findingsOf(
                     [&](Client& client)
@@ -158,7 +158,7 @@ TEST_F(References, AReorderMakesAllReferencesOfTheLayerStaleItsOwnToo)
     EXPECT_EQ(host.StackText(layer), "C A B");
 }
 
-TEST_F(References, AnApplicationMakesTheOthersStaleAndItsOwnIsFresh)
+TEST_F(References, ApplyingMakesOnlyTheOthersStale)
 {
     const A_long key = host.FindInstalled("ADBE Tint")->key;
     EXPECT_THAT(findingsOf(
@@ -175,7 +175,7 @@ TEST_F(References, AnApplicationMakesTheOthersStaleAndItsOwnIsFresh)
                 ElementsAre("stale-reference in Effect 1 AEGP_GetEffectFlags(effect A)"));
 }
 
-TEST_F(References, ADeletionMakesAllReferencesOfTheLayerStaleAndTheyAreStillToBeDisposedOf)
+TEST_F(References, DeletingMakesReferencesStaleButStillOwned)
 {
     EXPECT_THAT(findingsOf(
                     [&](Client& client)
@@ -193,7 +193,7 @@ TEST_F(References, ADeletionMakesAllReferencesOfTheLayerStaleAndTheyAreStillToBe
     EXPECT_EQ(host.StackText(layer), "B C");
 }
 
-TEST_F(References, AChangeOnOneLayerLeavesTheReferencesOfAnotherAlone)
+TEST_F(References, ChangesLeaveOtherLayersReferencesAlone)
 {
     const int second = host.AddLayer(comp);
     host.AddEffect(second, "QVK VORTSRC GEO", "Z");
@@ -237,7 +237,7 @@ TEST_F(References, NothingThatWasHandedOutOutlivesItsHook)
                 ElementsAre("stale-reference in Effect 1 AEGP_GetLayerNumEffects(layer 1)"));
 }
 
-TEST_F(References, AnEffectBeforeItsStreamIsTheWrongOrder)
+TEST_F(References, DisposingAnEffectBeforeItsStreamIsReported)
 {
     EXPECT_THAT(findingsOf(
                     [&](Client& client)
@@ -250,7 +250,7 @@ TEST_F(References, AnEffectBeforeItsStreamIsTheWrongOrder)
                 ElementsAre("dispose-order in Effect 1 AEGP_DisposeEffect(effect A)"));
 }
 
-TEST_F(References, ADisposalThatAFaultPreventedIsNoLeak)
+TEST_F(References, ADisposalPreventedByFaultIsNoLeak)
 {
     host.Faults().FailFunction("AEGP_DisposeEffect");
     EXPECT_THAT(findingsOf([&](Client& client)
@@ -258,7 +258,7 @@ TEST_F(References, ADisposalThatAFaultPreventedIsNoLeak)
                 IsEmpty());
 }
 
-TEST_F(References, TheReferenceOfADeletedEffectCanBeRefusedAtItsDisposal)
+TEST_F(References, DisposingOfADeletedEffectCanBeRefused)
 {
     host.Options().disposeDeleted = DisposeDeleted::isRefused;
     EXPECT_THAT(findingsOf(
@@ -278,7 +278,7 @@ TEST_F(References, ALayerThatIsGoneIsStale)
                 ElementsAre("stale-reference in Effect 1 AEGP_GetLayerNumEffects(layer 1)"));
 }
 
-TEST_F(References, AReferenceOfLongAgoIsStillKnownForWhatItWas)
+TEST_F(References, AnOldReferenceIsStillKnown)
 {
     void* old = nullptr;
     void* oldStream = nullptr;

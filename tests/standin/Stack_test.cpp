@@ -53,7 +53,7 @@ TEST_F(Stack, ANewEffectCanLandAtTheStart)
     EXPECT_EQ(stackAfterApply(), "e4 A B C");
 }
 
-TEST_F(Stack, ANewEffectCanLandBehindTheSelectedOne)
+TEST_F(Stack, ANewEffectCanFollowTheSelectedOne)
 {
     host.Options().applyPlace = ApplyPlace::afterSelected;
     EXPECT_EQ(stackAfterApply(), "A B C e4");
@@ -63,7 +63,7 @@ TEST_F(Stack, ANewEffectCanLandBehindTheSelectedOne)
     EXPECT_EQ(stackAfterApply(), "A e5 B C e4 e6");
 }
 
-TEST_F(Stack, AMovePutsTheEffectAtItsIndexAndTheOthersCloseUp)
+TEST_F(Stack, AMovePutsTheEffectAtItsIndex)
 {
     EXPECT_EQ(stackAfterMove(2, 0), "C A B");
     EXPECT_EQ(stackAfterMove(0, 1), "A C B");
@@ -71,7 +71,7 @@ TEST_F(Stack, AMovePutsTheEffectAtItsIndexAndTheOthersCloseUp)
     EXPECT_EQ(stackAfterMove(1, 1), "C B A");
 }
 
-TEST_F(Stack, TheWalkOverTheInstalledEffectsVisitsEachAndEndsInZero)
+TEST_F(Stack, TheInstalledWalkVisitsEachEndsInZero)
 {
     host.RunInHook(
         [&]
@@ -104,7 +104,7 @@ TEST_F(Stack, TheWalkCanEndInAnError)
         });
 }
 
-TEST_F(Stack, ADuplicateStandsBehindItsOriginalWithAnIdentityOfItsOwn)
+TEST_F(Stack, ADuplicateFollowsItsOriginalWithNewIdentity)
 {
     host.Effect("B").customName = "Twin";
     (void)host.User().Duplicate("B");

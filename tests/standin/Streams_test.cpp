@@ -42,7 +42,7 @@ protected:
     }
 };
 
-TEST_F(Streams, TheGroupBearsTheDefaultNameUntilTheUserGivesAnother)
+TEST_F(Streams, TheGroupHasTheDefaultNameUntilRenamed)
 {
     EXPECT_EQ(groupName(), "Vortan Sheets Object");
     host.User().Rename("A", "Lamp");
@@ -77,7 +77,7 @@ TEST_F(Streams, ALongNameIsCutAtTheLimit)
     EXPECT_EQ(groupName(), std::string(31, 'x'));
 }
 
-TEST_F(Streams, AMatchNameIsCutAtItsOwnLimit)
+TEST_F(Streams, AMatchNameIsCutAtItsLimit)
 {
     InstalledEffect effect;
     effect.matchName = std::string(200, 'm');
@@ -114,7 +114,7 @@ TEST_F(Streams, AnUnterminatedMatchNameFillsTheBuffer)
     EXPECT_EQ(std::string(name, 128), "QVK VORTSRC Endless" + std::string(109, '#'));
 }
 
-TEST_F(Streams, AnEmptyNameIsKeptOrResetsToTheDefault)
+TEST_F(Streams, AnEmptyNameIsKeptOrReset)
 {
     host.User().Rename("A", "Lamp");
     withStreams([](Client& client, void*, void* group) { EXPECT_EQ(client.Rename(group, ""), errNone); });
@@ -163,7 +163,7 @@ TEST_F(Streams, FlagsTellHiddenAndTheEyeball)
     EXPECT_FALSE(host.Effect("A").parameters[2].hidden);
 }
 
-TEST_F(Streams, TheEyeballOfTheGroupIsTheEffectsSwitch)
+TEST_F(Streams, TheGroupsEyeballIsTheEffectsSwitch)
 {
     withStreams(
         [](Client& client, void*, void* group) {
@@ -211,7 +211,7 @@ TEST_F(Streams, OnlyTheBitsOfTheMaskAreSet)
         });
 }
 
-TEST_F(Streams, AnEffectThatAsksForNoRevealIsNotRevealed)
+TEST_F(Streams, AnEffectWithoutRevealIsNotRevealed)
 {
     host.Effect("A").revealing = Revealing::isNotWanted;
     withStreams(
@@ -240,7 +240,7 @@ TEST_F(Streams, TheFlagAgainstRevealingIsNotForPlugins)
                                               "stream A.1, 65538, 0, 1)"));
 }
 
-TEST_F(Streams, APulseOnAParameterOpensItsEffectAndRevealsIt)
+TEST_F(Streams, AParametersPulseOpensAndRevealsItsEffect)
 {
     withStreams(
         [](Client& client, void* parameter, void*)

@@ -81,7 +81,7 @@ TEST_F(Trace, EffectsGoByTheirLabels)
                                      "Effect 1 AEGP_DisposeEffect(effect B)"));
 }
 
-TEST_F(Trace, MessagesShowWhatWentInAndWhatCameBack)
+TEST_F(Trace, MessagesShowRequestAndAnswer)
 {
     host.Effect("B").family.uuid = IdentityOf(0x0a);
     host.RunInHook(
@@ -144,7 +144,7 @@ TEST_F(Trace, StreamsGoByTheirEffectAndParameter)
                             "Effect 1 AEGP_DisposeEffect(effect B)"));
 }
 
-TEST_F(Trace, LayersItemsUndoGroupsAndTheRestReadAsTheyWereCalled)
+TEST_F(Trace, AllOtherCallsReadAsTheyWereMade)
 {
     host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "the test only looks at the lines");
     host.RunInHook(

@@ -45,7 +45,7 @@ TEST_F(UndoGroups, AGroupWithNothingInsideIsReported)
 
 TEST_F(UndoGroups, AGroupWithAChangeIsWell) { EXPECT_THAT(findingsOfGroupWith(2, 0), IsEmpty()); }
 
-TEST_F(UndoGroups, AGroupThatChangesNothingCountsOnAStricterHost)
+TEST_F(UndoGroups, UnchangedGroupsAreReportedByStricterHosts)
 {
     EXPECT_THAT(findingsOfGroupWith(1, 1), IsEmpty());
     host.Options().emptyGroup = EmptyGroup::changesNothing;
@@ -65,7 +65,7 @@ TEST_F(UndoGroups, AChangeThroughAMessageFillsAGroup)
     EXPECT_THAT(found, IsEmpty());
 }
 
-TEST_F(UndoGroups, WhatAFaultKeptOutOfAGroupIsExcused)
+TEST_F(UndoGroups, AGroupEmptiedByFaultIsExcused)
 {
     host.Faults().FailFunction("AEGP_GetLayerEffectByIndex");
     const auto found = findingsOf(
@@ -92,7 +92,7 @@ TEST_F(UndoGroups, AGroupInsideAnotherIsReported)
     EXPECT_THAT(found, ElementsAre("nested-undo-group in Utility 3 AEGP_StartUndoGroup(\"Inner\")"));
 }
 
-TEST_F(UndoGroups, AGroupInsideOneThatAFaultKeptOpenIsExcused)
+TEST_F(UndoGroups, NestingCausedByFaultIsExcused)
 {
     host.Faults().FailFunction("AEGP_EndUndoGroup");
     const auto found = findingsOf(

@@ -92,7 +92,7 @@ TEST_F(Undo, AGroupIsOneStepUnderItsName)
     EXPECT_FALSE(host.Redo());
 }
 
-TEST_F(Undo, AWriteOutsideAnyGroupIsAStepUnderTheHostsName)
+TEST_F(Undo, AnUngroupedWriteIsTheHostsStep)
 {
     inHook(
         [&](Client& client)
@@ -121,7 +121,7 @@ TEST_F(Undo, AWriteOutsideAnyGroupIsAStepUnderTheHostsName)
     EXPECT_TRUE(host.State() == end);
 }
 
-TEST_F(Undo, ADeletedEffectComesBackWithAllThatItHad)
+TEST_F(Undo, ADeletedEffectComesBackComplete)
 {
     host.Effect("B").family = {IdentityOf(0x0b), 3, Rigidity::rigid};
     host.Effect("B").customName = "Shaker";
@@ -162,7 +162,7 @@ TEST_F(Undo, AGroupWithoutAChangeLeavesNothing)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Reorder Effect(s)"));
 }
 
-TEST_F(Undo, AGroupWithAnEmptyNameIsAStepWithoutAName)
+TEST_F(Undo, AnEmptyGroupNameMakesAnUnnamedStep)
 {
     inHook(
         [&](Client& client)
@@ -205,13 +205,13 @@ TEST_F(Undo, ANullNameIsRefusedAndReported)
     EXPECT_THAT(FindingsOf(host), ElementsAre("null-undo-name in Utility 3 AEGP_StartUndoGroup(null)"));
 }
 
-TEST_F(Undo, AnEndWithoutAStartIsRefusedAndReported)
+TEST_F(Undo, AnEndWithoutStartIsRefusedAndReported)
 {
     inHook([&](Client& client) { EXPECT_NE(client.EndUndo(), errNone); });
     EXPECT_THAT(FindingsOf(host), ElementsAre("undo-group-mismatch in Utility 3 AEGP_EndUndoGroup()"));
 }
 
-TEST_F(Undo, AGroupLeftOpenSwallowsWhatFollowsAndIsClosedWhenTheHookReturns)
+TEST_F(Undo, AGroupLeftOpenClosesWithItsHook)
 {
     inHook(
         [&](Client& client)
@@ -236,7 +236,7 @@ TEST_F(Undo, AGroupLeftOpenSwallowsWhatFollowsAndIsClosedWhenTheHookReturns)
     EXPECT_EQ(host.NameOf("B"), "Vortan Jitter Effector");
 }
 
-TEST_F(Undo, AnEndThatAFaultPreventedIsNotTheCallersDoing)
+TEST_F(Undo, AnEndPreventedByFaultIsExcused)
 {
     host.Faults().FailFunction("AEGP_EndUndoGroup");
     inHook(
@@ -251,7 +251,7 @@ TEST_F(Undo, AnEndThatAFaultPreventedIsNotTheCallersDoing)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Both"));
 }
 
-TEST_F(Undo, AFaultExcusesNoOtherGroupThanItsOwn)
+TEST_F(Undo, AFaultExcusesOnlyItsOwnGroup)
 {
     host.Faults().FailFunction("AEGP_EndUndoGroup");
     inHook(
@@ -277,7 +277,7 @@ TEST_F(Undo, AnUndoableFlagIsAStep)
     EXPECT_FALSE(host.Effect("A").groupHidden);
 }
 
-TEST_F(Undo, AFlagThatIsNotUndoableLeavesNoStepAndStaysThroughUndoAndRedo)
+TEST_F(Undo, ANonUndoableFlagSurvivesUndoAndRedo)
 {
     host.User().Rename("A", "Lamp");
     inHook(
@@ -296,7 +296,7 @@ TEST_F(Undo, AFlagThatIsNotUndoableLeavesNoStepAndStaysThroughUndoAndRedo)
     EXPECT_EQ(host.NameOf("A"), "Lamp");
 }
 
-TEST_F(Undo, ApplyAndReorderInOneGroupCanBeUndoneSoundlyOrNot)
+TEST_F(Undo, ApplyAndReorderUndoSoundlyOrNot)
 {
     const A_long key = host.FindInstalled("QVK VORTEFF Jitter")->key;
     const auto applyOnTop = [&]
@@ -325,7 +325,7 @@ TEST_F(Undo, ApplyAndReorderInOneGroupCanBeUndoneSoundlyOrNot)
     EXPECT_EQ(host.StackText(layer), "e5 A B C");
 }
 
-TEST_F(Undo, TheOldestStepsGoWhenThereAreTooMany)
+TEST_F(Undo, TheOldestOfTooManyStepsGo)
 {
     host.Options().undoLevels = 2;
     host.User().Rename("A", "1");

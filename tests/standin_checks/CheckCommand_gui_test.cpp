@@ -38,7 +38,7 @@ std::vector<std::string> linesOf(const std::string& text)
     return lines;
 }
 
-TEST(CheckCommand, PrintsTheChosenChecksInTheOrderOfTheTable)
+TEST(CheckCommand, PrintsTheChosenChecksInTableOrder)
 {
     const ProgramRun run = check({VORTAN_BUNDLE, "--only", "idle-queue-order", "panel-entry-calls"});
     EXPECT_EQ(run.exitCode, exit_code::well);
@@ -56,7 +56,7 @@ TEST(CheckCommand, ListsAsJsonToo)
     EXPECT_EQ(nlohmann::json::parse(run.output).size(), linesOf(check({"--list"}).output).size());
 }
 
-TEST(CheckCommand, ACrashIsTheFailureOfItsCheckAndTheOthersGoOn)
+TEST(CheckCommand, ACrashFailsItsCheckAlone)
 {
     const ProgramRun run =
         check({bad("crashes-and-hangs"), "--only", "exported-symbols", "idle-queue-order"});
@@ -71,7 +71,7 @@ TEST(CheckCommand, ACrashIsTheFailureOfItsCheckAndTheOthersGoOn)
                     StartsWith("passed  exported-symbols"), "1 passed, 1 failed"));
 }
 
-TEST(CheckCommand, AHangIsEndedAtTheDeadlineThatRunsFromTheStart)
+TEST(CheckCommand, AHangEndsAtTheDeadline)
 {
     const auto begin = std::chrono::steady_clock::now();
     const ProgramRun run =
@@ -84,7 +84,7 @@ TEST(CheckCommand, AHangIsEndedAtTheDeadlineThatRunsFromTheStart)
     EXPECT_LT(taken, std::chrono::seconds(30));
 }
 
-TEST(CheckCommand, ChecksRunOneAfterTheOtherIfThatIsWanted)
+TEST(CheckCommand, ChecksRunSeriallyIfAskedTo)
 {
     const auto begin = std::chrono::steady_clock::now();
     const ProgramRun run = check({bad("crashes-and-hangs"), "--only", "panel-entry-calls", "command-hook",
@@ -93,7 +93,7 @@ TEST(CheckCommand, ChecksRunOneAfterTheOtherIfThatIsWanted)
     EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(4));
 }
 
-TEST(CheckCommand, AnEarlyEndIsAFailureThatIsNoPass)
+TEST(CheckCommand, AnEarlyEndIsAFailure)
 {
     const ProgramRun run = check({bad("ends-and-throws"), "--only", "idle-queue-order"});
     EXPECT_EQ(run.exitCode, exit_code::failed);
@@ -118,7 +118,7 @@ TEST(CheckCommand, AFailureIsToldInJsonAsWell)
     EXPECT_THAT(document["checks"][0]["found"].get<std::string>(), HasSubstr("Segmentation fault"));
 }
 
-TEST(CheckCommand, TheSeedIsPrintedWithAFailureThatUsesIt)
+TEST(CheckCommand, AFailureThatUsesTheSeedPrintsIt)
 {
     const ProgramRun run =
         check({bad("refuses"), "--only", "walk-in-host", "idle-queue-order", "--seed", "42"});
@@ -127,14 +127,14 @@ TEST(CheckCommand, TheSeedIsPrintedWithAFailureThatUsesIt)
     EXPECT_THAT(run.output, HasSubstr("--only idle-queue-order\n"));
 }
 
-TEST(CheckCommand, TheSeedIsPrintedAlsoIfTheBundleTakesTheProcessWithIt)
+TEST(CheckCommand, TheSeedIsPrintedAfterACrash)
 {
     const ProgramRun run = check({bad("crashes-and-hangs"), "--only", "walk-in-host", "--seed", "42"});
     EXPECT_THAT(run.output, HasSubstr("the process has crashed"));
     EXPECT_THAT(run.output, HasSubstr("--only walk-in-host --seed 42\n"));
 }
 
-TEST(CheckCommand, AnXServerThatCannotBeStartedIsNoDisplay)
+TEST(CheckCommand, AnUnstartableServerIsNoDisplay)
 {
     const ProgramRun run =
         check({VORTAN_BUNDLE, "--only", "panel-opens", "idle-queue-order"}, {"PATH=/nowhere"});
@@ -143,7 +143,7 @@ TEST(CheckCommand, AnXServerThatCannotBeStartedIsNoDisplay)
     EXPECT_THAT(run.output, EndsWith("1 passed, 1 failed\n"));
 }
 
-TEST(CheckCommand, AFileThatIsNoBundleIsToldByItsName)
+TEST(CheckCommand, AFileThatIsNoBundleIsNamed)
 {
     const std::string file = testing::TempDir() + "/no-bundle.so";
     std::ofstream(file) << "this is no bundle";
@@ -160,7 +160,7 @@ TEST(CheckCommand, AFileThatIsNoBundleIsToldByItsName)
         EXPECT_THAT(run.output, IsEmpty());
 }
 
-TEST(CheckCommand, ABundleThatCannotBeLoadedIsToldWithWhatItDid)
+TEST(CheckCommand, AnUnloadableBundleIsReportedWithItsFailure)
 {
     const ProgramRun crash = check({bad("crashes-at-load")});
     EXPECT_EQ(crash.exitCode, exit_code::crashed);
@@ -187,7 +187,7 @@ TEST(CheckCommand, AWrongCommandLineIsUsage)
     EXPECT_EQ(check({VORTAN_BUNDLE, "--dance"}).exitCode, exit_code::usage);
 }
 
-TEST(CheckCommand, HelpTellsOfEveryOptionAndOfNothingElse)
+TEST(CheckCommand, HelpListsExactlyTheOptions)
 {
     const ProgramRun run = check({"--help"});
     EXPECT_EQ(run.exitCode, exit_code::well);

@@ -19,7 +19,7 @@ TEST(ExportedNames, AreReadFromTheFile)
     EXPECT_THAT(ExportedNames(folder + "/half.so"), ElementsAre("EffectorAEGP"));
 }
 
-TEST(ExportedNames, AreNotReadFromWhatIsNoElfFile)
+TEST(ExportedNames, AreNotReadFromOtherFiles)
 {
     const std::string file = testing::TempDir() + "/no-elf.so";
     std::ofstream(file) << std::string(100, 'x');
@@ -27,7 +27,7 @@ TEST(ExportedNames, AreNotReadFromWhatIsNoElfFile)
     EXPECT_THROW((void)ExportedNames("/nowhere.so"), std::runtime_error);
 }
 
-TEST(ExportedNames, AFileThatIsCutShortIsToldAsSuch)
+TEST(ExportedNames, ATruncatedFileIsReported)
 {
     std::ifstream whole(folder + "/refuses.so", std::ios::binary);
     const std::string bytes((std::istreambuf_iterator<char>(whole)), {});

@@ -54,7 +54,7 @@ TEST_F(FaultAudit, PassesARunInWhichAllWentWell)
     EXPECT_EQ(tally.left, 0);
 }
 
-TEST_F(FaultAudit, WantsTheGroupOfAFailedRenameDeletionOrHidingToStayOpen)
+TEST_F(FaultAudit, RequiresGroupsOfFailedChangesLeftOpen)
 {
     for (const char* name : {"Rename Effect(s)", "Delete Effect(s)", ""})
     {
@@ -66,7 +66,7 @@ TEST_F(FaultAudit, WantsTheGroupOfAFailedRenameDeletionOrHidingToStayOpen)
     EXPECT_EQ(tally.left, 3);
 }
 
-TEST_F(FaultAudit, WantsTheGroupOfTheOrderToEndWhateverFailed)
+TEST_F(FaultAudit, RequiresTheOrdersGroupToEnd)
 {
     for (const char* name : {"Reorder Effect(s)", ""})
     {
@@ -77,20 +77,20 @@ TEST_F(FaultAudit, WantsTheGroupOfTheOrderToEndWhateverFailed)
     }
 }
 
-TEST_F(FaultAudit, ADeletionThatFailsIsNoFailureOfTheChain)
+TEST_F(FaultAudit, AFailedDeletionDoesNotFailTheChain)
 {
     run.calls = {start("Delete Effect(s)"), call("AEGP_DeleteLayerEffect", errGeneric), end()};
     EXPECT_EQ(Verdict(), "");
     EXPECT_EQ(tally.left, 0);
 }
 
-TEST_F(FaultAudit, AGroupWhoseEndTheHostRefusesIsNobodysFault)
+TEST_F(FaultAudit, AGroupEndRefusedByHostIsExcused)
 {
     run.calls = {start("Reorder Effect(s)"), end(errGeneric)};
     EXPECT_EQ(Verdict(), "");
 }
 
-TEST_F(FaultAudit, AHookMayBeLeftForWantOfASuiteAndByThatNumberAlone)
+TEST_F(FaultAudit, HooksMayOnlyThrowMissingSuitesNumbers)
 {
     run.results = {{errGeneric, 516, "the integer 516"}};
     EXPECT_THAT(Verdict(), HasSubstr("a hook was left by the integer 516"));

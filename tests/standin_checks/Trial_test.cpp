@@ -97,7 +97,7 @@ TEST_F(TrialTest, TellsOnceThatTheSeedIsUsed)
     EXPECT_EQ(seedsAsked, 1);
 }
 
-TEST_F(TrialTest, ACheckThatLooksAtNothingIsNoCheck)
+TEST_F(TrialTest, ACheckThatLooksAtNothingFails)
 {
     EXPECT_THROW(RunCheck({"blind", "It holds.", [](Trial&) {}}, trial), std::logic_error);
     RunCheck({"looking", "It holds.", [](Trial& given) { given.Require(true, ""); }}, trial);

@@ -24,7 +24,7 @@ protected:
     PanelReader reader;
 };
 
-TEST_F(ReadingThePanel, AnEmptyPanelHasNoRowsNoButtonsNoNotificationAndNoField)
+TEST_F(ReadingThePanel, AnEmptyPanelShowsNothing)
 {
     EXPECT_THAT(rows({"lamp"}), IsEmpty());
     EXPECT_THAT(reader.Buttons(painting.Picture()), IsEmpty());
@@ -51,7 +51,7 @@ TEST_F(ReadingThePanel, RowsComeFromTheTopWithTheirDepth)
     EXPECT_EQ(found[3].text, "route");
 }
 
-TEST_F(ReadingThePanel, ATextThatIsNoCandidateIsUnreadableAndNotTheNearestOne)
+TEST_F(ReadingThePanel, ATextOutsideTheCandidatesIsUnreadable)
 {
     painting.Row("lamp", 1, 108);
     for (const std::vector<std::string>& others :
@@ -63,7 +63,7 @@ TEST_F(ReadingThePanel, ATextThatIsNoCandidateIsUnreadableAndNotTheNearestOne)
     }
 }
 
-TEST_F(ReadingThePanel, AWrongLetterInALongNameIsSeen)
+TEST_F(ReadingThePanel, AWrongLetterInLongNamesIsSeen)
 {
     painting.Row("a rather long name of a row", 1, 108);
     EXPECT_EQ(rows({"a rather long name of a row"})[0].text, "a rather long name of a row");
@@ -96,13 +96,13 @@ TEST_F(ReadingThePanel, ASelectedRowIsReadOnItsHighlight)
     EXPECT_EQ(found[1].selected, Marked::no);
 }
 
-TEST_F(ReadingThePanel, ASelectedRowIsNotTheBeginningOfALongerName)
+TEST_F(ReadingThePanel, ASelectedRowIsReadToItsEnd)
 {
     painting.SelectedRow("lamp", 1, 108);
     EXPECT_EQ(rows({"lamp that goes on and on"})[0].text, PanelReader::unreadable);
 }
 
-TEST_F(ReadingThePanel, RowsThatAreScrolledStandBetweenTheUsualPlaces)
+TEST_F(ReadingThePanel, ScrolledRowsAreRead)
 {
     painting.Row("lamp", 1, 95);
     painting.Row("dots", 1, 115);
@@ -125,7 +125,7 @@ TEST_F(ReadingThePanel, ButtonsAreThoseThatAreThere)
     EXPECT_EQ(found[1].y, 56);
 }
 
-TEST_F(ReadingThePanel, TheFieldForANameIsSeenWithTheKeyboardAndWithout)
+TEST_F(ReadingThePanel, TheNameFieldIsSeenFocusedOrNot)
 {
     painting.Outline(48, 108, 200, 20, 0xd3d3d3);
     EXPECT_TRUE(PanelReader::IsEditorOpen(painting.Picture()));

@@ -72,7 +72,7 @@ TEST(Parser, WindowsLineEndsDoNotMatter)
     EXPECT_THAT(wordsOf("press Return\r"), ElementsAre("press", "Return"));
 }
 
-TEST(Parser, AQuoteWithoutAnEndIsToldWithFileAndLine)
+TEST(Parser, AnOpenQuoteIsReportedWithItsLine)
 {
     EXPECT_EQ(errorOf("undo\nclick row \"lamp\n"),
               "some.scenario:2: a text begins with a quote and does not end with one");
@@ -82,7 +82,7 @@ TEST(Parser, AQuoteWithoutAnEndIsToldWithFileAndLine)
 
 TEST(Parser, TextsThatStickTogetherAreRefused)
 {
-    EXPECT_EQ(errorOf("expect stack \"a\"\"b\""), "some.scenario:1: a blank is missing behind \"a\"");
+    EXPECT_EQ(errorOf("expect stack \"a\"\"b\""), "some.scenario:1: a blank is missing after \"a\"");
 }
 } // namespace
 } // namespace standin

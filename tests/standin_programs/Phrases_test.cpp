@@ -55,7 +55,7 @@ TEST(Phrases, BlanksAreFilledInTheirOrder)
     EXPECT_THAT(bind("\"lamp\" is off").arguments.texts, ElementsAre("lamp"));
 }
 
-TEST(Phrases, ALineThatFitsNoneIsToldWithTheNearestOnes)
+TEST(Phrases, AnUnknownLineNamesTheNearestOnes)
 {
     const std::string error = errorOf("click rows \"lamp\"");
     EXPECT_THAT(error, HasSubstr("some.scenario:1: a scenario cannot say this"));
@@ -72,7 +72,7 @@ TEST(Phrases, ABlankTakesOnlyItsOwnKind)
     EXPECT_THAT(errorOf("undo undo"), HasSubstr("cannot say this"));
 }
 
-TEST(Phrases, EachHasOneKindOfWorkAndAnExplanation)
+TEST(Phrases, EachHasOneKindAndAnExplanation)
 {
     std::set<std::string> patterns;
     for (const PhraseBook& book : AllPhrases())
@@ -118,7 +118,7 @@ TEST(ReadScenario, AFileWithoutAnyExpectationIsRefused)
         ScenarioError);
 }
 
-TEST(ReadScenario, AnEmptyFileAndAMissingOneAreRefused)
+TEST(ReadScenario, EmptyAndMissingFilesAreRefused)
 {
     const std::string file = testing::TempDir() + "/empty.scenario";
     std::ofstream(file) << "# nothing\n";

@@ -51,13 +51,13 @@ TEST_F(PlayCommand, PlaysScenariosAndCountsThem)
     EXPECT_EQ(run.errors, "");
 }
 
-TEST_F(PlayCommand, StartsAnOwnServerWhereThereIsNoDisplay)
+TEST_F(PlayCommand, StartsItsOwnServerWithoutADisplay)
 {
     const ProgramRun run = play({write("good.scenario", goodScenario)}, {"DISPLAY="});
     EXPECT_EQ(run.exitCode, exit_code::well) << run.errors;
 }
 
-TEST_F(PlayCommand, AnExpectationThatDoesNotHoldIsToldWithItsLineAndAPicture)
+TEST_F(PlayCommand, AFailedExpectationHasLineAndPicture)
 {
     const std::string file =
         write("wrong.scenario", std::string(goodScenario) + "hold idle\nexpect stack \"lantern\"\n");
@@ -68,7 +68,7 @@ TEST_F(PlayCommand, AnExpectationThatDoesNotHoldIsToldWithItsLineAndAPicture)
     EXPECT_TRUE(std::ifstream(testing::TempDir() + "/pictures/wrong-line-7.png").good());
 }
 
-TEST_F(PlayCommand, AnActionThatCannotBeDoneIsToldWithItsLine)
+TEST_F(PlayCommand, AnImpossibleActionIsReportedWithItsLine)
 {
     const std::string file =
         write("cannot.scenario", std::string(goodScenario) + "hold idle\nclick row \"lantern\"\n");
@@ -79,7 +79,7 @@ TEST_F(PlayCommand, AnActionThatCannotBeDoneIsToldWithItsLine)
                                   "the rows are \"Layer\" \"- lamp\"\n"));
 }
 
-TEST_F(PlayCommand, LeavesATraceOfAllHostCallsBelowTheirLines)
+TEST_F(PlayCommand, LeavesATraceOfCallsBelowTheirLines)
 {
     const std::string trace = testing::TempDir() + "/trace.txt";
     const std::string file =
@@ -106,7 +106,7 @@ TEST_F(PlayCommand, AFindingThatNobodyExpectedFailsTheScenario)
     EXPECT_THAT(run.errors, HasSubstr("missing-finding"));
 }
 
-TEST_F(PlayCommand, ALineThatNobodyUnderstandsStopsItBeforeAnythingIsPlayed)
+TEST_F(PlayCommand, AnUnknownLineStopsItBeforePlaying)
 {
     const std::string bad = write("bad.scenario", "composition \"Comp 1\"\nclik row \"lamp\"\n");
     const ProgramRun run = play({"--own-display", write("good.scenario", goodScenario), bad});
@@ -115,14 +115,14 @@ TEST_F(PlayCommand, ALineThatNobodyUnderstandsStopsItBeforeAnythingIsPlayed)
     EXPECT_EQ(run.output, "");
 }
 
-TEST_F(PlayCommand, AFileThatIsNotThereIsToldByItsName)
+TEST_F(PlayCommand, AMissingFileIsNamed)
 {
     const ProgramRun run = play({"--own-display", "/nowhere/x.scenario"});
     EXPECT_EQ(run.exitCode, exit_code::noFile);
     EXPECT_EQ(run.errors, "/nowhere/x.scenario: there is no such file\n");
 }
 
-TEST_F(PlayCommand, AFileThatIsNoBundleIsToldByItsName)
+TEST_F(PlayCommand, AFileThatIsNoBundleIsNamed)
 {
     const std::string file = write("good.scenario", goodScenario);
     const std::string noBundle = write("no-bundle.so", "this is no bundle");
@@ -134,14 +134,14 @@ TEST_F(PlayCommand, AFileThatIsNoBundleIsToldByItsName)
     EXPECT_THAT(none.errors, StartsWith("/nowhere.so: there is no such file"));
 }
 
-TEST_F(PlayCommand, ADisplayThatIsNotThereIsToldByItsName)
+TEST_F(PlayCommand, AMissingDisplayIsNamed)
 {
     const ProgramRun run = play({write("good.scenario", goodScenario)}, {"DISPLAY=:4711"});
     EXPECT_EQ(run.exitCode, exit_code::noDisplay);
     EXPECT_THAT(run.errors, HasSubstr("display :4711: no display"));
 }
 
-TEST_F(PlayCommand, ACrashIsToldWithTheLineAndTheNextScenarioIsPlayed)
+TEST_F(PlayCommand, ACrashIsReportedAndTheNextPlays)
 {
     // Kept: the report of a failed start goes through a pointer that nobody has tested.
     const std::string crash = write("crash.scenario", "hold idle\n"

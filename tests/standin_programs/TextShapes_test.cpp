@@ -26,7 +26,7 @@ TEST(TextShapes, TheNearestCandidateIsRead)
     EXPECT_EQ(shapes.Read(seen, {"Group 8", "Group 13"}, {15, 0, 0, 0.17, TooLong::cannotBe}), std::nullopt);
 }
 
-TEST(TextShapes, ATextThatBeginsElsewhereIsReadWithinItsSlack)
+TEST(TextShapes, AShiftedTextIsReadWithinItsSlack)
 {
     TextShapes shapes;
     const Ink seen = shapes.Draw("Routes", 15, 1.25);
@@ -34,7 +34,7 @@ TEST(TextShapes, ATextThatBeginsElsewhereIsReadWithinItsSlack)
     EXPECT_EQ(shapes.Read(seen, {"Routes"}, {15, 0, 0, 0.17, TooLong::cannotBe}), std::nullopt);
 }
 
-TEST(TextShapes, ATextThatIsCutIsReadByItsBeginning)
+TEST(TextShapes, ACutTextIsReadByItsBeginning)
 {
     TextShapes shapes;
     Ink seen = shapes.Draw("a name without an end that is too long", 15, 0);
@@ -49,7 +49,7 @@ TEST(TextShapes, ATextThatIsCutIsReadByItsBeginning)
     EXPECT_EQ(shapes.Read(cut, texts, {15, 0, 0, 0.17, TooLong::cannotBe}), std::nullopt);
 }
 
-TEST(TextShapes, InkIsTheWayFromThePaperToTheInk)
+TEST(TextShapes, InkIsMeasuredFromPaperToInk)
 {
     ScreenPicture picture;
     picture.width = 3;

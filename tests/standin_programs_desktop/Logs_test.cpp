@@ -22,7 +22,7 @@ std::vector<std::string> textsOf(const std::vector<CallLine>& lines)
 }
 } // namespace
 
-TEST(CallLogTest, PassesOfTheSameCallsAreCountedAndNotListedAgain)
+TEST(CallLogTest, EqualPassesAreCounted)
 {
     CallLog log;
     log.Add("Idle pass", {"A() -> 1", "B()"});
@@ -33,7 +33,7 @@ TEST(CallLogTest, PassesOfTheSameCallsAreCountedAndNotListedAgain)
                                                     "Idle pass: 2 calls, 2 times", "A() -> 1", "B()"));
 }
 
-TEST(CallLogTest, TheFilterLooksForItsLettersInEitherCaseAndLeavesEmptyGroupsOut)
+TEST(CallLogTest, TheFilterIgnoresCaseAndEmptyGroups)
 {
     CallLog log;
     log.Add("Idle pass", {"Layer AEGP_GetActiveLayer() -> layer 1"});
@@ -43,7 +43,7 @@ TEST(CallLogTest, TheFilterLooksForItsLettersInEitherCaseAndLeavesEmptyGroupsOut
     EXPECT_TRUE(log.Lines("nothing like it").empty());
 }
 
-TEST(CallLogTest, AcquiresAndReleasesOfSuitesCanBeLeftOut)
+TEST(CallLogTest, SuiteTrafficCanBeLeftOut)
 {
     CallLog log;
     log.Add("Idle pass", {"Basic AcquireSuite(\"S\", 1)", "A()", "Basic ReleaseSuite(\"S\", 1)"});
@@ -52,7 +52,7 @@ TEST(CallLogTest, AcquiresAndReleasesOfSuitesCanBeLeftOut)
     EXPECT_EQ(log.Lines("", SuiteTraffic::included).size(), 6u);
 }
 
-TEST(CallLogTest, ACallThatFailedIsToldFromOneThatAnswered)
+TEST(CallLogTest, FailedCallsDifferFromAnsweredOnes)
 {
     CallLog log;
     log.Add("Idle pass", {"Stream 4 AEGP_GetStreamName(stream B, 1) = 1", "A(\") = x\") -> (1)"});
@@ -70,7 +70,7 @@ TEST(CallLogTest, TheOldestGroupsGoFirst)
     EXPECT_EQ(log.Text(), "b: 1 call\n  3\nc: 1 call\n  4\n");
 }
 
-TEST(MessageLogTest, TheSameMessageInARowIsOneLineWithACount)
+TEST(MessageLogTest, ARepeatedMessageIsOneCountedLine)
 {
     MessageLog log(2);
     log.Add(MessageKind::printed, "State Changed");

@@ -91,7 +91,7 @@ TEST_F(ProjectFileTest, ASavedProjectComesBackWhole)
     EXPECT_FALSE(host.IsOpen("A"));
 }
 
-TEST_F(ProjectFileTest, OpeningLeavesNothingToUndoAndNewThingsGetNewIds)
+TEST_F(ProjectFileTest, OpeningLeavesNoUndoAndFreshIds)
 {
     Fill();
     host.User().Rename("A", "lamp");
@@ -116,7 +116,7 @@ TEST_F(ProjectFileTest, OpeningMakesReferencesStale)
     EXPECT_TRUE(references.IsStale(*reference));
 }
 
-TEST_F(ProjectFileTest, AShortFileTakesTheRestFromTheInstalledEffect)
+TEST_F(ProjectFileTest, AShortFileTakesTheInstalledDefaults)
 {
     ReplaceProject(host, ReadProject(WithEffect(R"({"id": 5, "effect": "QVK VORTSRC Lamps"})"),
                                      host.InstalledEffects(), "p.json"));
@@ -191,7 +191,7 @@ TEST_F(ProjectFileTest, NewEffectsGetLabelsThatAreFree)
     EXPECT_EQ(Complaint(WriteProject(ProjectOf(host), host.InstalledEffects())), "no complaint");
 }
 
-TEST_F(ProjectFileTest, AProjectIsRefusedIfItPointsAtWhatIsNotThere)
+TEST_F(ProjectFileTest, AProjectWithDanglingReferencesIsRefused)
 {
     const std::string head = R"({"format": "stand-in project", "version": 1, "items": [], "layers": [)";
     EXPECT_EQ(Complaint(head + R"({"id": 1, "composition": 7, "name": "L", "effects": []}]})"),
@@ -202,7 +202,7 @@ TEST_F(ProjectFileTest, AProjectIsRefusedIfItPointsAtWhatIsNotThere)
               "p.json: view.front: no composition has the id 4");
 }
 
-TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheHostAsItIs)
+TEST_F(ProjectFileTest, AnUnreadableFileLeavesTheHostAlone)
 {
     Fill();
     host.User().Rename("A", "lamp");
@@ -217,7 +217,7 @@ TEST_F(ProjectFileTest, AFileThatCannotBeReadLeavesTheHostAsItIs)
     EXPECT_THAT(host.UndoNames(), ElementsAre("Rename Effect"));
 }
 
-TEST_F(ProjectFileTest, ASaveThatFailsLeavesTheFormerFileWhole)
+TEST_F(ProjectFileTest, AFailedSaveLeavesTheFormerFile)
 {
     Fill();
     scratch.Write("p.json", "precious");
@@ -232,7 +232,7 @@ TEST_F(ProjectFileTest, ASaveThatFailsLeavesTheFormerFileWhole)
     EXPECT_THAT(scratch.Names(), ElementsAre("p.json"));
 }
 
-TEST_F(ProjectFileTest, ASaveTouchesTheFormerFileOnlyWhenAllOfTheNewOneIsThere)
+TEST_F(ProjectFileTest, ASaveReplacesTheFileAtOnce)
 {
     Fill();
     scratch.Write("p.json", "precious");

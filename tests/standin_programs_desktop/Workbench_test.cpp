@@ -45,7 +45,7 @@ protected:
 };
 } // namespace
 
-TEST_F(WorkbenchTest, EverythingThatTheUserMadeCanBeUndoneStepByStep)
+TEST_F(WorkbenchTest, AllTheUsersStepsCanBeUndone)
 {
     EXPECT_THAT(bench.TheHost().UndoNames(),
                 ElementsAre("New Composition", "New Layer", "Apply Effect", "Apply Effect", "Apply Effect"));
@@ -73,7 +73,7 @@ TEST_F(WorkbenchTest, NewThingsGetTheFirstUnusedName)
     EXPECT_EQ(shown.layers.at(2).name, "Layer 1");
 }
 
-TEST_F(WorkbenchTest, OneSelectedLayerIsActiveSeveralOrNoneAreNot)
+TEST_F(WorkbenchTest, OnlyASingleSelectedLayerIsActive)
 {
     EXPECT_EQ(Now().activeLayer, layer);
     const int second = bench.User().NewLayer();
@@ -87,7 +87,7 @@ TEST_F(WorkbenchTest, OneSelectedLayerIsActiveSeveralOrNoneAreNot)
     EXPECT_EQ(bench.User().Apply("ADBE Tint"), 0) << "there is nothing to apply to";
 }
 
-TEST_F(WorkbenchTest, FootageInTheProjectsListLeavesNoLayerActive)
+TEST_F(WorkbenchTest, SelectedFootageLeavesNoLayerActive)
 {
     const int footage = bench.TheHost().AddFootage("plate.mov");
     bench.User().ClickItem(footage);
@@ -109,7 +109,7 @@ TEST_F(WorkbenchTest, AnEffectIsDraggedIntoAGap)
     EXPECT_EQ(bench.TheHost().UndoNames().size(), steps) << "the gaps beside it are where it is";
 }
 
-TEST_F(WorkbenchTest, SwitchNameHidingAndTwirlShowInTheControls)
+TEST_F(WorkbenchTest, ControlsShowSwitchNameHidingAndTwirl)
 {
     bench.User().ToggleSwitch(lamps);
     bench.User().Rename(lamps, "lamp");
@@ -167,7 +167,7 @@ TEST_F(WorkbenchTest, EffectsAreListedByCategory)
     EXPECT_THAT(outside, ElementsAre("Fill", "Gaussian Blur", "Tint"));
 }
 
-TEST_F(WorkbenchTest, AFileThatIsNoneIsToldInTheMessages)
+TEST_F(WorkbenchTest, AWrongFileIsReportedInTheMessages)
 {
     const Scratch scratch;
     EXPECT_FALSE(bench.Open(scratch.Path("none.json")));
@@ -178,14 +178,14 @@ TEST_F(WorkbenchTest, AFileThatIsNoneIsToldInTheMessages)
     EXPECT_EQ(EffectNames().size(), 3u);
 }
 
-TEST_F(WorkbenchTest, ASiblingWithoutABundleIsToldInTheMessages)
+TEST_F(WorkbenchTest, ABundlelessSiblingIsReportedInTheMessages)
 {
     bench.SiblingNotifies("hello");
     EXPECT_EQ(bench.Messages().All().back().kind, MessageKind::failure);
     EXPECT_EQ(bench.Messages().All().back().text, "A sibling notifies the panel: no bundle is loaded");
 }
 
-TEST_F(WorkbenchTest, TheHostDoesNotIdleWhileAButtonIsHeld)
+TEST_F(WorkbenchTest, AHeldButtonKeepsTheHostFromIdling)
 {
     bench.Idle(1.0, IdleMode::starved);
     EXPECT_EQ(bench.IdlesPerSecond(1.0), 0);

@@ -51,7 +51,7 @@ StackModel threeObjects()
                     effect(3, ModelKind::renderer, "c")});
 }
 
-TEST(StackModelTest, ALayerWithNothingButObjectsIsOnlyRead)
+TEST(StackModelTest, ALayerOfObjectsIsOnlyRead)
 {
     StackModel model({{effect(1, ModelKind::geometry, "a"), effect(2, ModelKind::geometry, "b")}, {}});
     model.Settle();
@@ -60,7 +60,7 @@ TEST(StackModelTest, ALayerWithNothingButObjectsIsOnlyRead)
     EXPECT_THAT(model.TakeWrites(), IsEmpty());
 }
 
-TEST(StackModelTest, AnOutsideEffectOnTopIsPushedBelowTheFamily)
+TEST(StackModelTest, AnOutsideEffectIsPushedBelowTheFamily)
 {
     StackModel model({{effect(9, ModelKind::outside, "blur"), effect(1, ModelKind::geometry, "a"),
                        effect(2, ModelKind::geometry, "b")},
@@ -71,7 +71,7 @@ TEST(StackModelTest, AnOutsideEffectOnTopIsPushedBelowTheFamily)
     EXPECT_THAT(model.TakeWrites(), ElementsAre("AEGP_ReorderEffect", "AEGP_ReorderEffect"));
 }
 
-TEST(StackModelTest, ObjectsOfOneGroupGatherWhereTheFirstStands)
+TEST(StackModelTest, AGroupGathersAtItsFirstObject)
 {
     const StackModel model =
         modelOf({effect(1, ModelKind::geometry, "a", 3), effect(2, ModelKind::geometry, "b"),
@@ -80,7 +80,7 @@ TEST(StackModelTest, ObjectsOfOneGroupGatherWhereTheFirstStands)
     EXPECT_THAT(names(model.Stack()), ElementsAre("a", "c", "b"));
 }
 
-TEST(StackModelTest, ARenameInThePanelIsOneStepAndMovesNothing)
+TEST(StackModelTest, APanelsRenameIsOneStep)
 {
     StackModel model = threeObjects();
     model.RenameRow(2, "new");
@@ -93,7 +93,7 @@ TEST(StackModelTest, ARenameInThePanelIsOneStepAndMovesNothing)
                                                 "AEGP_ReorderEffect", "AEGP_ReorderEffect"));
 }
 
-TEST(StackModelTest, AnEditInThePanelIsLostWhenTheLayerChangesToo)
+TEST(StackModelTest, APanelsEditLosesAgainstTheLayer)
 {
     StackModel model = threeObjects();
     model.RenameRow(2, "new");
@@ -103,7 +103,7 @@ TEST(StackModelTest, AnEditInThePanelIsLostWhenTheLayerChangesToo)
     EXPECT_THAT(model.UndoNames(), ElementsAre("Switch Effect Off"));
 }
 
-TEST(StackModelTest, ADragIntoAGroupIsAGroupChangeAndANamelessReorder)
+TEST(StackModelTest, AGroupDragIsChangeAndUnnamedReorder)
 {
     StackModel model = threeObjects();
     model.AddEmptyGroup();
@@ -116,7 +116,7 @@ TEST(StackModelTest, ADragIntoAGroupIsAGroupChangeAndANamelessReorder)
     EXPECT_THAT(model.UndoNames(), ElementsAre("Change Group", ""));
 }
 
-TEST(StackModelTest, ARowPutBelowItsNeighbourTakesTheNextPlace)
+TEST(StackModelTest, ARowBelowItsNeighbourTakesItsPlace)
 {
     StackModel model = threeObjects();
     model.MoveRow(1, {-1, 2});
@@ -136,7 +136,7 @@ TEST(StackModelTest, AnEmptyGroupVanishesWithTheNextRows)
     EXPECT_THAT(rows(model), ElementsAre("new", "b", "c"));
 }
 
-TEST(StackModelTest, TheNextGroupTakesTheNumberAboveTheHighestWhileThereIsOne)
+TEST(StackModelTest, TheNextGroupTakesTheNextHigherNumber)
 {
     StackModel model =
         modelOf({effect(1, ModelKind::geometry, "a", 1), effect(2, ModelKind::geometry, "b", 3)});
@@ -148,7 +148,7 @@ TEST(StackModelTest, TheNextGroupTakesTheNumberAboveTheHighestWhileThereIsOne)
     EXPECT_THAT(rows(full), ElementsAre("Group 1: a", "Group 10: b", "Group 2:"));
 }
 
-TEST(StackModelTest, ANewEffectGoesBehindTheLastOfItsKind)
+TEST(StackModelTest, ANewEffectFollowsItsKindsLast)
 {
     StackModel model = modelOf({effect(1, ModelKind::geometry, "a"), effect(2, ModelKind::renderer, "r"),
                                 effect(3, ModelKind::main, "main")});
@@ -164,7 +164,7 @@ TEST(StackModelTest, ANewEffectGoesBehindTheLastOfItsKind)
                                                "Reorder Effect", "Apply Effect", "Reorder Effect"));
 }
 
-TEST(StackModelTest, ADeletedGroupTakesItsObjectsAsOneStep)
+TEST(StackModelTest, DeletingAGroupIsOneStep)
 {
     StackModel model = modelOf({effect(1, ModelKind::geometry, "a", 2),
                                 effect(2, ModelKind::geometry, "b", 2), effect(3, ModelKind::geometry, "c")});

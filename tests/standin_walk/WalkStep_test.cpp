@@ -27,7 +27,7 @@ std::vector<std::string> script(const std::vector<WalkStep>& steps)
     return lines;
 }
 
-TEST(WalkStepTest, ASeedGivesOneWalkAndAnotherSeedAnother)
+TEST(WalkStepTest, EachSeedGivesItsOwnWalk)
 {
     const auto walk = script(DrawWalk(WalkKind::mixed, 7, 40));
     EXPECT_EQ(walk, script(DrawWalk(WalkKind::mixed, 7, 40)));
@@ -63,7 +63,7 @@ TEST(WalkStepTest, WhereTheHostIdlesStandsBeforeTheStep)
                                      "delete \"route\""));
 }
 
-TEST(WalkStepTest, EveryLineOfAWalkIsALineOfTheLanguage)
+TEST(WalkStepTest, EveryWalkLineIsInTheLanguage)
 {
     int read = 0;
     for (unsigned seed = 1; seed <= 20; ++seed)
@@ -76,13 +76,13 @@ TEST(WalkStepTest, EveryLineOfAWalkIsALineOfTheLanguage)
     EXPECT_GT(read, 800);
 }
 
-TEST(WalkStepTest, AWalkInTheHostLeavesThePanelAlone)
+TEST(WalkStepTest, HostWalksLeaveThePanelAlone)
 {
     for (const WalkStep& step : DrawWalk(WalkKind::host, 3, 100))
         EXPECT_EQ(step.action->place, WalkAction::Place::host) << step.action->name;
 }
 
-TEST(WalkStepTest, StepsThatHaveLostTheirGroundAreLeftOut)
+TEST(WalkStepTest, ImpossibleStepsAreLeftOut)
 {
     std::vector<WalkStep> steps = DrawWalk(WalkKind::mixed, 5, 40);
     EXPECT_EQ(script(PossibleSteps(steps)), script(steps));

@@ -28,7 +28,7 @@ TEST(WalkGuiTest, ASoundBundleComesToTheEnd)
     EXPECT_EQ(outcome.stepsDone, 4);
 }
 
-TEST(WalkGuiTest, AMistakeIsToldWithItsSeedAndTheShortestScenario)
+TEST(WalkGuiTest, AMistakeIsReportedWithSeedAndScenario)
 {
     const WalkOutcome outcome = TakeWalk(planFor(VORTAN_MUTANT));
     EXPECT_THAT(outcome.failure, HasSubstr("the stack of layer \"Solid 1\" should be"));

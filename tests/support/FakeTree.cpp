@@ -96,9 +96,11 @@ void NotifyMsg(ValueTreesDemo* tree, const std::string& text)
     tree->notifications.push_back(text);
 }
 
-void addToDesktop(ValueTreesDemo*, void*, int width, int height, void*)
+void addToDesktop(ValueTreesDemo*, void* embeddedView, int width, int height, void* nativeParent)
 {
     TreeLog().Add("addToDesktop(" + std::to_string(width) + ", " + std::to_string(height) + ")");
+    if (TreeLog().onAddToDesktop)
+        TreeLog().onAddToDesktop(embeddedView, nativeParent);
 }
 
 void SetBGColor(ValueTreesDemo* tree, float red, float green, float blue, float alpha)

@@ -19,7 +19,9 @@ struct FakeTreeLog
 {
     std::vector<std::string> calls;
     std::function<void(const std::string&)> sink;
-    _TreeStateTable_Internal* lastTable = nullptr; ///< The one made last, for when nobody else stores it.
+    std::function<void(void* embeddedView, void* nativeParent)> onAddToDesktop;
+    _TreeStateTable_Internal* lastTable =
+        nullptr; ///< The one made last, for tests in which it is not stored.
 
     void Add(const std::string& call);
     void Clear() { calls.clear(); }
@@ -28,7 +30,7 @@ struct FakeTreeLog
 /// The log of all fake trees of the test. Cleared by the test's fixture.
 FakeTreeLog& TreeLog();
 
-/// What stands behind the opaque widget.
+/// What the opaque widget is.
 class ValueTreesDemo
 {
 public:
@@ -47,7 +49,7 @@ public:
     void Restore(const std::string& state);
 };
 
-/// What stands behind the opaque state table. A used-up entry is empty.
+/// What the opaque state table is. A used-up entry is empty.
 struct _TreeStateTable_Internal
 {
     std::map<int, std::string> states;

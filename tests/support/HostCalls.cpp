@@ -1,5 +1,9 @@
 #include "tests/support/HostCalls.h"
 
+#include <algorithm>
+#include <sstream>
+#include <stdexcept>
+
 namespace standin
 {
 namespace
@@ -40,15 +44,33 @@ std::string TextOf(const Calls& calls)
     return text;
 }
 
+std::vector<std::string> Words(const std::string& text)
+{
+    std::istringstream stream(text);
+    std::vector<std::string> words;
+    for (std::string word; stream >> word;)
+        words.push_back(word);
+    return words;
+}
+
+int TracedStack::IndexOf(const std::string& label) const
+{
+    const auto found = std::find_if(effects.begin(), effects.end(),
+                                    [&](const TracedEffect& effect) { return effect.label == label; });
+    if (found == effects.end())
+        throw std::logic_error("no effect goes by " + label);
+    return static_cast<int>(found - effects.begin());
+}
+
 Calls TracedStack::Count() const
 {
     return {"Effect 1 AEGP_GetLayerNumEffects(layer 1) -> " + std::to_string(effects.size())};
 }
 
-std::string TracedStack::take(const std::string& label, int index) const
+std::string TracedStack::take(const std::string& label, int index, int suite) const
 {
-    return "Effect 1 AEGP_GetLayerEffectByIndex(id " + number(pluginId) + ", layer 1, " + number(index) +
-           ") -> effect " + label;
+    return "Effect " + number(suite) + " AEGP_GetLayerEffectByIndex(id " + number(pluginId) + ", layer 1, " +
+           number(index) + ") -> effect " + label;
 }
 
 Calls TracedStack::message(int index, const std::string& sent, const std::string& answer) const
@@ -195,6 +217,90 @@ Calls TracedStack::TwirlClosed(int index) const
 {
     const std::string& stream = at(index).label;
     return inUndoGroup("", index, {hiddenFlag(2, stream, "1"), hiddenFlag(2, stream, "0")});
+}
+
+Calls TracedStack::Order(const std::string& undoName, const std::string& moves) const
+{
+    Calls calls = {"Utility 3 AEGP_StartUndoGroup(\"" + undoName + "\")"};
+    const std::vector<std::string> words = Words(moves);
+    for (std::size_t i = 0; i + 1 < words.size(); i += 2)
+    {
+        const std::string& places = words[i + 1];
+        const std::size_t refused = places.find('=');
+        const Calls move = Move(words[i], std::stoi(places), std::stoi(places.substr(places.find('>') + 1)));
+        calls.insert(calls.end(), move.begin(), move.end());
+        if (refused != std::string::npos)
+            calls[calls.size() - 2] += " = " + places.substr(refused + 1);
+    }
+    calls.push_back("Utility 3 AEGP_EndUndoGroup()");
+    return calls;
+}
+
+Calls TracedStack::Delete(const std::string& moves) const
+{
+    Calls calls = {"Utility 3 AEGP_StartUndoGroup(\"Delete Effect(s)\")"};
+    const std::vector<std::string> words = Words(moves);
+    const auto add = [&](const std::string& label, int index, const std::string& change)
+    {
+        calls.push_back(take(label, index, 3));
+        calls.push_back("Effect 3 " + change);
+        calls.push_back("Effect 3 AEGP_DisposeEffect(effect " + label + ")");
+    };
+    for (std::size_t i = 0; i + 1 < words.size(); i += 2)
+    {
+        const std::string& places = words[i + 1];
+        add(words[i], std::stoi(places),
+            "AEGP_ReorderEffect(effect " + words[i] + ", " + places.substr(places.find('>') + 1) + ")");
+    }
+    for (std::size_t i = 0; i < words.size(); i += 2)
+        add(words[i], 0, "AEGP_DeleteLayerEffect(effect " + words[i] + ")");
+    calls.push_back("Utility 3 AEGP_EndUndoGroup()");
+    return calls;
+}
+
+Calls TracedStack::OrderInPlace(const std::string& undoName) const
+{
+    std::string moves;
+    for (std::size_t i = 0; i < effects.size(); ++i)
+        moves += effects[i].label + " " + std::to_string(i) + ">" + std::to_string(i) + " ";
+    return Order(undoName, moves);
+}
+
+Calls TracedStack::Classify() const
+{
+    std::vector<Calls> groups = {Count(), {"Layer 5 AEGP_GetLayerParentComp(layer 1) -> comp 101"}};
+    for (std::size_t i = 0; i < effects.size(); ++i)
+    {
+        if (effects[i].uuid != zeroUuid)
+            groups.push_back(ReadMatchName(static_cast<int>(i)));
+    }
+    return Sequence(groups);
+}
+
+Calls TracedStack::Touch(const std::string& script) const
+{
+    std::vector<Calls> groups;
+    for (const std::string& word : Words(script))
+    {
+        const int index = IndexOf(word.substr(1));
+        const char sign = word.front();
+        groups.push_back(sign == '-'   ? Hide(index)
+                         : sign == '+' ? Show(index)
+                         : sign == '>' ? TwirlOpen(index)
+                                       : TwirlClosed(index));
+    }
+    return Sequence(groups);
+}
+
+Calls TracedStack::AfterReading(const std::vector<Calls>& changes) const
+{
+    std::vector<Calls> groups;
+    for (const Calls& change : changes)
+    {
+        groups.push_back(ReadIdentities());
+        groups.push_back(change);
+    }
+    return Sequence(groups);
 }
 
 TracedStack TracedStackOf(ProductHost& product, const std::vector<std::string>& labels)

@@ -16,6 +16,8 @@ using Calls = std::vector<std::string>;
 Calls Sequence(const std::vector<Calls>& groups);
 /// The calls, a line each.
 std::string TextOf(const Calls& calls);
+/// The words of `text`.
+std::vector<std::string> Words(const std::string& text);
 
 constexpr const char* zeroUuid = "00000000-0000-0000-0000-000000000000";
 
@@ -33,11 +35,17 @@ struct TracedEffect
 };
 
 /// The stack of layer 1 from the top, and the plug-in that makes the calls. Time 0 of the layer is the
-/// composition's. `index` counts from the top.
+/// composition's. `index` counts from the top. An effect is meant by its label or by its index.
 struct TracedStack
 {
     int pluginId;
     std::vector<TracedEffect> effects;
+
+    TracedEffect& At(const std::string& label)
+    {
+        return effects.at(static_cast<std::size_t>(IndexOf(label)));
+    }
+    int IndexOf(const std::string& label) const;
 
     /// The messages: the question for the group, the question for the identity, and the telling of a group.
     Calls AskGroup(int index) const;
@@ -66,10 +74,32 @@ struct TracedStack
     Calls TwirlOpen(int index) const;
     Calls TwirlClosed(int index) const;
 
+    Calls TellGroup(const std::string& label, int group) const { return TellGroup(IndexOf(label), group); }
+    Calls Rename(const std::string& label, const std::string& name) const
+    {
+        return Rename(IndexOf(label), name);
+    }
+    Calls SwitchTo(const std::string& label, int active) const { return SwitchTo(IndexOf(label), active); }
+
+    /// The order in its undo group. "C 2>0 A 1>1" moves C, which is at 2 by then, to 0, and A in its place. A
+    /// move with an error after it is refused: "A 0>3=3".
+    Calls Order(const std::string& undoName, const std::string& moves) const;
+    /// The same with each effect in its place already.
+    Calls OrderInPlace(const std::string& undoName) const;
+    /// The deletion in its undo group: "C 2>0 E 4>1" moves C from 2 to the top and E below it, and deletes
+    /// them from there.
+    Calls Delete(const std::string& moves) const;
+    /// What a selection asks after its reading, before it touches an effect.
+    Calls Classify() const;
+    /// What a selection does to effects: "-A +B" hides A and shows B, "<A >B" twirls A closed and B open.
+    Calls Touch(const std::string& script) const;
+    /// Each of these changes, with the identities read before it.
+    Calls AfterReading(const std::vector<Calls>& changes) const;
+
 private:
     const TracedEffect& at(int index) const { return effects.at(static_cast<std::size_t>(index)); }
     Calls message(int index, const std::string& sent, const std::string& answer) const;
-    std::string take(const std::string& label, int index) const;
+    std::string take(const std::string& label, int index, int suite = 1) const;
     Calls takeStreams(int index) const;
     Calls disposeOfAll(int index) const;
     Calls inUndoGroup(const std::string& undoName, int index, const Calls& calls) const;

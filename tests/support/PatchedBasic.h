@@ -7,6 +7,7 @@
 
 #include <cstring>
 #include <functional>
+#include <utility>
 
 namespace standin
 {
@@ -52,5 +53,35 @@ private:
     const Suite* sound = nullptr;
     Suite table{};
     std::function<void(Suite&)> patchTable;
+};
+
+/// For a PatchedBasic: the slot answers as the sound one does, and gives this error beside the answer
+/// whenever `when` says so before. One for each slot at a time.
+template <auto Slot>
+class AnswersWithError;
+
+template <class Suite, class... Arguments, A_Err (*Suite::*Slot)(Arguments...)>
+class AnswersWithError<Slot>
+{
+public:
+    explicit AnswersWithError(
+        A_Err givenError, std::function<bool()> when = [] { return true; })
+    {
+        error = givenError;
+        isLie = std::move(when);
+    }
+
+    void operator()(Suite& table) const { table.*Slot = &answer; }
+
+private:
+    static A_Err answer(Arguments... arguments)
+    {
+        const bool lies = isLie();
+        const A_Err err = (PatchedBasic<Suite>::Sound().*Slot)(arguments...);
+        return lies ? error : err;
+    }
+
+    inline static A_Err error = 0;
+    inline static std::function<bool()> isLie;
 };
 } // namespace standin

@@ -59,7 +59,7 @@ TEST_F(Boundary, RefreshesFullyOpenAndUnselected)
     EXPECT_EQ(static_cast<int>(root()->getNode()["select"]), 0);
 }
 
-TEST_F(Boundary, RefreshesFullyOpenAndClosedByDefaultWhateverTheDefaultWas)
+TEST_F(Boundary, RefreshesOpenAndClosedWhateverTheDefault)
 {
     view().setDefaultOpenness(true);
     RefreshTree(panel, {object(1, "a", 1), object(2, "b")});
@@ -129,7 +129,7 @@ TEST_F(Boundary, KeepsRequestsOverARebuild)
     EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(1)));
 }
 
-TEST_F(Boundary, KeepsTheObjectsThatItIsToldOfWithDoubles)
+TEST_F(Boundary, KeepsTheObjectsGivenDoublesIncluded)
 {
     std::string name = "first";
     AddObject(panel, VN_OBJECT_GEOMETRY, 1, name.c_str());
@@ -157,7 +157,7 @@ TEST_F(Boundary, ReadsTheSelectionRowByRow)
     EXPECT_THAT(namesOf(GetSelectedTreeItems(panel)), ElementsAre("a", "b", "b"));
 }
 
-TEST_F(Boundary, FindsNothingInARowThatIsNotItsOwn)
+TEST_F(Boundary, FindsNothingInAForeignRow)
 {
     RefreshTree(panel, {object(1, "a")});
     ClearTree(panel);
@@ -215,7 +215,7 @@ TEST_F(Boundary, HashesTheItemsThatTheTreeHasNow)
     EXPECT_EQ(HashTreeItems(panel, 5), 5u);
 }
 
-TEST_F(Boundary, HashesTheOrderOfTheObjectsAndNotTheSelection)
+TEST_F(Boundary, HashesTheOrderButNotTheSelection)
 {
     RefreshTree(panel, {object(1, "a", 0), object(2, "b", 0)});
     const auto start = HashTreeItems(panel, 0);
@@ -228,7 +228,7 @@ TEST_F(Boundary, HashesTheOrderOfTheObjectsAndNotTheSelection)
 
 // What each of the user's edits leaves behind for the idle pass.
 
-TEST_F(Boundary, ShowsAnEditOfABoxANameOrAPlaceInTheItems)
+TEST_F(Boundary, ItemsShowEditsOfBoxNameAndPlace)
 {
     RefreshTree(panel, {object(1, "a", 0), object(2, "b", 1)});
     auto hash = [this]

@@ -25,7 +25,7 @@ protected:
 
     CustomTextEditor& editor() { return *view().renameEditor; }
 
-    /// The output of the key, with its result behind it.
+    /// The output of the key, followed by its result.
     std::string press(const juce::KeyPress& key)
     {
         bool isConsumed = false;
@@ -59,7 +59,7 @@ TEST_F(TreeKeys, BackspaceDeletesAsWell)
     EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(3)));
 }
 
-TEST_F(TreeKeys, DeleteWithNothingSelectedIsConsumedAndDoesNothing)
+TEST_F(TreeKeys, DeleteWithoutSelectionIsConsumedAndDoesNothing)
 {
     EXPECT_EQ(press(deleteKey), "Key Pressed\nconsumed");
     EXPECT_EQ(shape(), whole);
@@ -107,7 +107,7 @@ TEST_F(TreeKeys, DeleteGoesFromTheLastToTheFirst)
     EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(4), uuidOf(2), uuidOf(1)));
 }
 
-TEST_F(TreeKeys, DeleteTakesAnOutsideRowAndAsksForNoRemoval)
+TEST_F(TreeKeys, DeletingAnOutsideRowAsksForNoRemoval)
 {
     select({"x"});
     (void)press(deleteKey);
@@ -136,13 +136,13 @@ TEST_F(TreeKeys, CutCopyAndPasteAreSwallowed)
     EXPECT_THAT(GetEffectsToBeRemoved(panel), IsEmpty());
 }
 
-TEST_F(TreeKeys, SelectAllSelectsEveryOpenRowButTheRoot)
+TEST_F(TreeKeys, SelectAllSelectsOpenRowsButTheRoot)
 {
     EXPECT_EQ(press(commandKey('a')), "Key Pressed\nSelect All Button\nconsumed");
     EXPECT_EQ(shape(), "Layer(a* Group 1*(b* c* d*) x*)");
 }
 
-TEST_F(TreeKeys, SelectAllAddsToTheSelectionOfTheRoot)
+TEST_F(TreeKeys, SelectAllAddsToASelectedRoot)
 {
     select({"Layer"});
     (void)press(commandKey('a'));
@@ -180,7 +180,7 @@ TEST_F(TreeKeys, CountModifiersExactly)
     EXPECT_EQ(shape(), "Layer(a* Group 1(b c d) x)");
 }
 
-TEST_F(TreeKeys, TakeLettersInEitherCaseAsKeyboardsSendThem)
+TEST_F(TreeKeys, TakeLettersInEitherCase)
 {
     EXPECT_EQ(press(juce::KeyPress('C', juce::ModifierKeys::commandModifier, 3)),
               "Key Pressed\nCopy Button\nconsumed");
@@ -215,7 +215,7 @@ TEST_F(TreeKeys, ReturnOpensTheEditorOverTheRow)
     EXPECT_EQ(editor().getHeight(), 20);
 }
 
-TEST_F(TreeKeys, ReturnShowsTheNameAsItIsAndNotAsTheRowPaintsIt)
+TEST_F(TreeKeys, ReturnShowsTheNameNotItsPaintedForm)
 {
     RefreshTree(panel, {object(1, "Vortan Jitter Effector 2")});
     openEditorOn("Vortan Jitter Effector 2");
@@ -266,7 +266,7 @@ TEST_F(TreeKeys, ReturnInTheEditorRenames)
     EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("a", "b", "new name", "d"));
 }
 
-TEST_F(TreeKeys, EscapeInTheEditorLeavesAllAsItWas)
+TEST_F(TreeKeys, EscapeInTheEditorChangesNothing)
 {
     openEditorOn("c");
     editor().setText("new name", false);
@@ -288,7 +288,7 @@ TEST_F(TreeKeys, RenameTakesTheTextAsItStands)
     EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("  d ", "b", "", "d"));
 }
 
-TEST_F(TreeKeys, RenameOfAnObjectThatHasGoneIsDropped)
+TEST_F(TreeKeys, RenameOfAVanishedObjectIsDropped)
 {
     openEditorOn("c");
     RefreshTree(panel, {object(1, "a")});
@@ -311,7 +311,7 @@ TEST_F(TreeKeys, RenameFindsTheObjectAfterARebuild)
     EXPECT_EQ(shape(), "Layer(new name a)");
 }
 
-TEST_F(TreeKeys, RenameOfAnObjectUnderAClosedRowIsDropped)
+TEST_F(TreeKeys, RenameUnderAClosedRowIsDropped)
 {
     openEditorOn("c");
     row("Group 1").setOpen(false);
@@ -320,7 +320,7 @@ TEST_F(TreeKeys, RenameOfAnObjectUnderAClosedRowIsDropped)
     EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("a", "b", "c", "d"));
 }
 
-TEST_F(TreeKeys, ASecondRenameReplacesTheFirstAndMovesTheEditor)
+TEST_F(TreeKeys, ASecondRenameReplacesTheFirst)
 {
     openEditorOn("a");
     const auto first = editor().getPosition();
@@ -337,7 +337,7 @@ TEST_F(TreeKeys, ReturnInAnEditorWithoutARenameThrows)
     EXPECT_THROW(editor().returnPressed(), std::bad_function_call);
 }
 
-TEST_F(TreeKeys, TheEditorLiesOverItsRowRightAfterARebuild)
+TEST_F(TreeKeys, TheEditorCoversItsRowAfterARebuild)
 {
     std::vector<ObjectItem> items;
     for (int i = 1; i <= 30; ++i)
@@ -355,7 +355,7 @@ TEST_F(TreeKeys, TheEditorLiesOverItsRowRightAfterARebuild)
     EXPECT_EQ(position.y, 20 * 6 - 100);
 }
 
-TEST_F(TreeKeys, TheEditorHasItsColoursAndSelectsItsText)
+TEST_F(TreeKeys, TheEditorIsColouredAndSelectsItsText)
 {
     EXPECT_EQ(editor().findColour(0x1000202), juce::Colours::lightskyblue);
     EXPECT_EQ(editor().findColour(0x1000206), juce::Colours::lightgrey);
@@ -364,7 +364,7 @@ TEST_F(TreeKeys, TheEditorHasItsColoursAndSelectsItsText)
     EXPECT_EQ(editor().getPasswordCharacter(), 0u);
 }
 
-TEST_F(TreeKeys, AClickOnTheFreeAreaClearsTheSelection)
+TEST_F(TreeKeys, AClickBelowTheRowsClearsTheSelection)
 {
     select({"a", "b"});
     const auto now = juce::Time::getCurrentTime();

@@ -31,7 +31,7 @@ namespace
 {
 using Front = TreeTest;
 
-TEST_F(Front, IsAskedForByTheWidgetWithTheKeyboard)
+TEST_F(Front, IsAskedForByTheFocusedWidget)
 {
     deleteWidget();
     calls.clear();

@@ -174,7 +174,7 @@ TEST_F(AHeldPress, ThatWandersIsNoClick)
     }
 }
 
-TEST_F(AHeldPress, BelongsToItsRowWhereverTheMouseIsReleased)
+TEST_F(AHeldPress, BelongsToItsRowWhereverReleased)
 {
     for (const Meanwhile meanwhile : {Meanwhile::nothing, Meanwhile::rebuild})
     {
@@ -199,7 +199,7 @@ TEST_F(AHeldPress, IsFollowedByAClickBeforeAnyMessage)
     EXPECT_EQ(shape(), "Layer(a b* Group 1(c d) x e)");
 }
 
-TEST_F(AHeldPress, MakesADoubleClickAcrossARebuildBetweenTheClicks)
+TEST_F(AHeldPress, MakesADoubleClickAcrossARebuildBetween)
 {
     for (const Meanwhile meanwhile : {Meanwhile::nothing, Meanwhile::rebuild})
     {
@@ -212,7 +212,7 @@ TEST_F(AHeldPress, MakesADoubleClickAcrossARebuildBetweenTheClicks)
     }
 }
 
-TEST_F(AHeldPress, MakesADoubleClickAcrossARebuildUnderTheFirst)
+TEST_F(AHeldPress, MakesADoubleClickAcrossAnInnerRebuild)
 {
     begin(Press(Part::text, "Group 1", Key::none, {}), Clicks::one);
     happen(Meanwhile::rebuild, "Group 1");
@@ -242,7 +242,7 @@ TEST_F(AHeldPress, MakesNoDoubleClickOfTwoGroups)
     EXPECT_EQ(shape(), "Layer(a b Group 2*(f) Group 1(c))");
 }
 
-TEST_F(AHeldPress, MakesNoDoubleClickWithOneOnNoRow)
+TEST_F(AHeldPress, MakesNoDoubleClickWithoutARow)
 {
     show({object(1, "a", 1)});
     place = placeOf({Part::text, "Group 1"});
@@ -264,7 +264,7 @@ TEST_F(AHeldPress, LeavesARowThatWasDeselectedMeanwhile)
     EXPECT_EQ(shape(), "Layer(a b Group 1(c d) x e)");
 }
 
-TEST_F(AHeldPress, WithShiftSelectsWhatIsLeftOfTheRange)
+TEST_F(AHeldPress, WithShiftSelectsTheRemainingRange)
 {
     begin(Press(Part::text, "c", Key::shift, {"a", "c", "e"}), Clicks::one);
     show({object(1, "a"), object(3, "c", 1), object(4, "d", 1), external("x"), object(5, "e")});
@@ -323,7 +323,7 @@ TEST_F(AHeldPress, KeepsItsRowThroughAnotherPress)
     EXPECT_EQ(view().getRetiredRows().size(), 0);
 }
 
-TEST_F(AHeldPress, FindsAnOutsideEffectAmongThoseOfItsName)
+TEST_F(AHeldPress, FindsOneOfTheOutsideEffectsNamesakes)
 {
     const std::vector<ObjectItem> twins = {external("x"), object(1, "a"), external("x")};
     for (const bool isSameCount : {true, false})
@@ -360,7 +360,7 @@ TEST_F(AHeldPress, FindsAGroupThatHadLostItsNumber)
     EXPECT_EQ(shape(), "Layer(a Group 1*(c))");
 }
 
-TEST_F(AHeldPress, LeavesTheTreeThatIsGoneAsItWas)
+TEST_F(AHeldPress, LeavesAVanishedTreeAlone)
 {
     begin(Press(Part::text, "b", Key::command, {"a", "b"}), Clicks::two);
     const juce::ValueTree gone = root()->getNode();
@@ -370,7 +370,7 @@ TEST_F(AHeldPress, LeavesTheTreeThatIsGoneAsItWas)
     EXPECT_TRUE(gone.isEquivalentTo(before));
 }
 
-TEST_F(AHeldPress, OnARowUnderAClosedGroupIsNothing)
+TEST_F(AHeldPress, OnAClosedGroupsRowDoesNothing)
 {
     begin(Press(Part::text, "c", Key::none, {"a", "c"}), Clicks::one);
     RefreshTree(panel, items);
@@ -381,7 +381,7 @@ TEST_F(AHeldPress, OnARowUnderAClosedGroupIsNothing)
     EXPECT_EQ(shape(), "Layer(a* b Group 1+ x e*)");
 }
 
-TEST_F(AHeldPress, OnARowThatIsScrolledAwayStillCounts)
+TEST_F(AHeldPress, OnARowScrolledAwayStillCounts)
 {
     std::vector<ObjectItem> many;
     for (int i = 1; i <= 60; ++i)

@@ -75,7 +75,7 @@ protected:
             EXPECT_EQ(window->press(letter(character)), KeyEnd::panel) << character;
     }
 
-    /// Where a key ends that nobody in the panel uses.
+    /// Where a key ends that the panel does not use.
     KeyEnd unusedEnd(const MacKey& key) const
     {
         return key.isEquivalent && generation == JuceGeneration::eight ? KeyEnd::surface : KeyEnd::host;
@@ -138,7 +138,7 @@ TEST_P(MacKeyPath, LeavesTheHostItsKeys)
     EXPECT_EQ(shape(), "Layer(a* Group 1(b c) x)");
 }
 
-TEST_P(MacKeyPath, LeavesTheHostItsKeysWhileANameIsOpen)
+TEST_P(MacKeyPath, LeavesTheHostsKeysDuringARename)
 {
     EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
     for (const MacKey& key : {saveKeys, f5Key})
@@ -154,7 +154,7 @@ TEST_P(MacKeyPath, LeavesTheHostTab)
     EXPECT_THAT(selectedNames(), ElementsAre("Group 1"));
 }
 
-TEST_P(MacKeyPath, LeavesTheHostTabAlsoFromTheNameField)
+TEST_P(MacKeyPath, LeavesTheHostTabInTheNameField)
 {
     EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
     type("first");
@@ -179,7 +179,7 @@ TEST_P(MacKeyPath, RenamesAfterTheWindowHasBeenAway)
     EXPECT_THAT(GetEffectsToBeRemoved(panel), IsEmpty());
 }
 
-TEST_P(MacKeyPath, LeavesATextFieldOfTheHostItsKeysAfterAClickElsewhere)
+TEST_P(MacKeyPath, LeavesTheHostsTextFieldItsKeys)
 {
     EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
     window->clickElsewhere(MacWindow::Other::takesFirstResponder);
@@ -189,7 +189,7 @@ TEST_P(MacKeyPath, LeavesATextFieldOfTheHostItsKeysAfterAClickElsewhere)
     EXPECT_TRUE(editor().isVisible());
 }
 
-TEST_P(MacKeyPath, TakesTheKeyboardBackWithAClickIntoTheNameField)
+TEST_P(MacKeyPath, ClickingTheNameFieldTakesTheKeyboard)
 {
     EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
     window->clickElsewhere(MacWindow::Other::leavesFirstResponder);
@@ -251,7 +251,7 @@ protected:
 
 TEST_P(MacPanelKey, ReachesTheTree) { expectInThePanel(); }
 
-TEST_P(MacPanelKey, ReachesTheTreeAfterTheWindowHasBeenAway)
+TEST_P(MacPanelKey, ReachesTheTreeAfterTheWindowReturns)
 {
     loseAndRegainKeyStatus();
     expectInThePanel();
@@ -265,13 +265,13 @@ TEST_P(MacPanelKey, ReachesTheHostWhileTheWindowIsAway)
     EXPECT_EQ(shape(), before);
 }
 
-TEST_P(MacPanelKey, ReachesTheHostAfterAClickOnAViewThatTakesTheKeyboard)
+TEST_P(MacPanelKey, ReachesTheHostAfterClickingAFocusableView)
 {
     window->clickElsewhere(MacWindow::Other::takesFirstResponder);
     expectAtTheHost();
 }
 
-TEST_P(MacPanelKey, ReachesTheHostAfterAClickOnAViewThatLeavesTheKeyboard)
+TEST_P(MacPanelKey, ReachesTheHostAfterClickingAnUnfocusableView)
 {
     window->clickElsewhere(MacWindow::Other::leavesFirstResponder);
     expectAtTheHost();

@@ -51,7 +51,7 @@ TEST(NameText, KeepsBytesThatAreNotText)
         "\xf0\x80\x80\xaf",                 // overlong
         "\xed\xa0\x80",                     // a lone surrogate
         "\xed\xb0\x80",                     // the other lone surrogate
-        "\xf4\x90\x80\x80",                 // behind the last character
+        "\xf4\x90\x80\x80",                 // after the last character
         "\xf5\x80\x80\x80",                 // no lead byte
         "cut \xe2\x82",                     // cut short
         "\xe2(\xa1",                        // broken in the middle
@@ -70,7 +70,7 @@ TEST(NameText, KeepsNamesThatDifferApart)
     EXPECT_NE(TextFromBytes(TextFromBytes("\xff").toStdString()), TextFromBytes("\xff"));
 }
 
-TEST(NameText, ShowsWhatIsNotTextAsTheReplacementCharacter)
+TEST(NameText, ShowsNonTextAsTheReplacementCharacter)
 {
     EXPECT_EQ(ShownText(TextFromBytes("a\xff"
                                       "b"))
@@ -93,7 +93,7 @@ TEST(NameText, EditsLineEndsAsBlanks)
     EXPECT_EQ(EditableText(TextFromBytes(std::string(100000, 'a'))).length(), 32000);
 }
 
-TEST(NameText, TypedCharactersAreUtf8UnlessEscapesAreMadeOfThem)
+TEST(NameText, TypedCharactersAreUtf8UnlessEscaped)
 {
     const auto typed = [](const char* utf8) { return juce::String(juce::CharPointer_UTF8(utf8)); };
     EXPECT_EQ(BytesFromText(typed("\xf4\x8f\xb7\xbf")), "\xf4\x8f\xb7\xbf"); // U+10FDFF

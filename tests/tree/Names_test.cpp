@@ -102,7 +102,7 @@ TEST_F(Names, SurviveARenameThatChangesNothing)
     }
 }
 
-TEST_F(Names, KeepTheirOddBytesInAnEditAroundThem)
+TEST_F(Names, KeepOddBytesAroundAnEdit)
 {
     build({"a\xff"
            "b"});
@@ -135,7 +135,7 @@ TEST_F(Names, OfMovedRowsAreWrittenAsTheyAre)
     EXPECT_NE(output.find("Moving Item: a\xff\n"), std::string::npos) << output;
 }
 
-TEST_F(Names, ThatAreEqualShareOneIdentityAndBreakNothing)
+TEST_F(Names, ThatAreEqualShareOneIdentity)
 {
     build({"same", "same", "same", "same"});
     select({"same"});
@@ -147,7 +147,7 @@ TEST_F(Names, ThatAreEqualShareOneIdentityAndBreakNothing)
     DeleteTreeStateTable(table);
 }
 
-TEST_F(Names, ThatAreEmptyHaveAPlaceInTheState)
+TEST_F(Names, ThatAreEmptyAppearInTheState)
 {
     build({"", "b"});
     root()->getSubItem(0)->setSelected(true, true);
@@ -161,7 +161,7 @@ TEST_F(Names, ThatAreEmptyHaveAPlaceInTheState)
     DeleteTreeStateTable(table);
 }
 
-TEST_F(Names, ThatAreTheMarkOfAnEmptyNameShareItsPlaceInTheState)
+TEST_F(Names, ThatEqualTheEmptyMarkShareItsState)
 {
     build({"", "", "", emptyNameMark});
     root()->getSubItem(root()->getNumSubItems() - 1)->setSelected(true, true);

@@ -41,7 +41,7 @@ protected:
 };
 } // namespace
 
-TEST_F(Panel, StartsWithTheTreeAloneAtFourHundredByTwoHundred)
+TEST_F(Panel, StartsWithTheTreeAt400By200)
 {
     EXPECT_EQ(panel->getWidth(), 400);
     EXPECT_EQ(panel->getHeight(), 200);
@@ -110,7 +110,7 @@ TEST_F(Panel, LaysOutWithoutTheToolbar)
     EXPECT_EQ(view().getBounds(), Bounds(8, 8, 284, 80));
 }
 
-TEST_F(Panel, LaysOutAPanelThatIsAsHighAsTheToolbar)
+TEST_F(Panel, LaysOutAPanelOfToolbarHeight)
 {
     panel->setBounds(0, 0, 400, 50);
     EXPECT_EQ(view().getBounds(), Bounds(8, 42, 384, 0));
@@ -129,7 +129,7 @@ TEST_F(Panel, LaysOutNothingNegativeAtZeroByZero)
     EXPECT_EQ(view().getBounds(), Bounds(8, 8, 0, 0));
 }
 
-TEST_F(Panel, LaysOutEverySmallSizeWithoutANegativeOne)
+TEST_F(Panel, LaysOutSmallSizesWithoutNegativeOnes)
 {
     for (int size = 0; size < 120; ++size)
     {

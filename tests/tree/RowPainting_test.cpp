@@ -252,7 +252,7 @@ TEST_F(RowPainting, EndsALongNameWithThreeDots)
 TEST_F(RowPainting, EndsNoNameWithDotsThatFits)
 {
     build({object(1, "M", 0, 0)});
-    const int room = picture("M").getWidth() - 16; // The text begins behind the box.
+    const int room = picture("M").getWidth() - 16; // The text begins right of the box.
     const juce::Font font = FontOfHeight(15.0f);
     std::string longest = "M";
     while (TextWidth(font, longest + "M") <= room)
@@ -262,7 +262,7 @@ TEST_F(RowPainting, EndsNoNameWithDotsThatFits)
     EXPECT_EQ(dotsAtTheEnd(picture(longest + "M")), 3);
 }
 
-TEST_F(RowPainting, RepaintsTheGroupWhenOneOfItsObjectsChanges)
+TEST_F(RowPainting, RepaintsTheGroupWithItsObjects)
 {
     build({object(1, "a", 1, 1), object(2, "b", 1, 1), object(3, "c")});
     pump();

@@ -6,7 +6,7 @@
 
 using namespace standin;
 
-TEST_F(StateTable, LeavesRowsThatItHasNeverSeenAsTheyAre)
+TEST_F(StateTable, LeavesUnknownRowsAlone)
 {
     RefreshTree(panel, {object(1, "a", 1), object(2, "b", 2)});
     row("Group 2").setOpen(false);
@@ -16,7 +16,7 @@ TEST_F(StateTable, LeavesRowsThatItHasNeverSeenAsTheyAre)
     EXPECT_EQ(shape(), "Layer(Group 1(a) Group 2+ Group 3(c) d)");
 }
 
-TEST_F(StateTable, GivesWhatItKnowsToTheFirstOfEqualNames)
+TEST_F(StateTable, GivesItsStateToTheFirstNamesake)
 {
     RefreshTree(panel, {object(1, "same"), object(2, "b")});
     row("same").setOpen(false);
@@ -27,7 +27,7 @@ TEST_F(StateTable, GivesWhatItKnowsToTheFirstOfEqualNames)
     EXPECT_TRUE(root()->getSubItem(2)->isOpen());
 }
 
-TEST_F(StateTable, RestoresWhatIsLeftOfTheRowsThatItKnew)
+TEST_F(StateTable, RestoresTheRemainingRows)
 {
     RefreshTree(panel, {object(1, "a", 1), object(2, "b", 2), object(3, "c")});
     row("Group 2").setOpen(false);
@@ -50,7 +50,7 @@ TEST_F(StateTable, RestoresAClosedLayerRow)
     EXPECT_FALSE(didChange(1));
 }
 
-TEST_F(StateTable, KeepsAClosedGroupClosedWhoseObjectWasSelected)
+TEST_F(StateTable, KeepsAGroupWithSelectedObjectClosed)
 {
     RefreshTree(panel, {object(1, "a", 1)});
     select({"a"});
@@ -73,7 +73,7 @@ TEST_F(StateTable, PutsEqualNamesOntoTheFirst)
     EXPECT_FALSE(root()->getSubItem(1)->isSelected());
 }
 
-TEST_F(StateTable, RestoresATreeThatIsScrolledToItsEnd)
+TEST_F(StateTable, RestoresATreeScrolledToItsEnd)
 {
     const auto items = manyItems("a", 40);
     show(1, items);
@@ -89,7 +89,7 @@ TEST_F(StateTable, RestoresATreeThatIsScrolledToItsEnd)
     EXPECT_FALSE(view().getViewport()->getHorizontalScrollBar().isVisible());
 }
 
-TEST_F(StateTable, RestoresATreeInAPanelThatIsTooNarrowForIt)
+TEST_F(StateTable, RestoresATreeInATooNarrowPanel)
 {
     panel->setBounds(0, 0, 90, 260);
     const auto items = manyItems("a", 40);
@@ -105,7 +105,7 @@ TEST_F(StateTable, RestoresATreeInAPanelThatIsTooNarrowForIt)
     EXPECT_FALSE(didChange(1));
 }
 
-TEST_F(StateTable, SeesTheScrollPositionOfTheRowsThatAreThere)
+TEST_F(StateTable, SeesTheScrollPositionOfPresentRows)
 {
     RefreshTree(panel, manyItems("a", 16));
     scrollTo(10000);
@@ -117,7 +117,7 @@ TEST_F(StateTable, SeesTheScrollPositionOfTheRowsThatAreThere)
     EXPECT_FALSE(didChange(1));
 }
 
-TEST_F(StateTable, LimitsAScrollPositionThatHasNoRowsAnyMore)
+TEST_F(StateTable, LimitsAScrollPositionWithoutRows)
 {
     show(1, manyItems("a", 40));
     scrollTo(500);
@@ -129,7 +129,7 @@ TEST_F(StateTable, LimitsAScrollPositionThatHasNoRowsAnyMore)
     EXPECT_FALSE(didChange(1));
 }
 
-TEST_F(StateTable, GivesTheFirstRowOfANameTheFirstState)
+TEST_F(StateTable, GivesTheFirstNamesakeTheFirstState)
 {
     show(1, {object(1, "Group 2"), object(2, "x", 2)});
     root()->getSubItem(1)->setOpen(false);

@@ -8,7 +8,7 @@ using namespace standin;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST_F(StateTable, KnowsNothingOfALayerThatWasNeverCached)
+TEST_F(StateTable, KnowsNothingOfAnUncachedLayer)
 {
     RefreshTree(panel, {object(1, "a", 1)});
     select({"a"});
@@ -65,7 +65,7 @@ TEST_F(StateTable, BringsBackEachOfThreeLayers)
         EXPECT_EQ(didChange(layerId), layerId != 2);
 }
 
-TEST_F(StateTable, AgreesWithTheTreeRightAfterTheRestoreAndLater)
+TEST_F(StateTable, AgreesWithTheTreeAfterTheRestore)
 {
     const auto items = manyItems("a", 40);
     show(1, items);
@@ -159,7 +159,7 @@ TEST_F(StateTable, NoticesTheOrderOfClosedRows)
     EXPECT_TRUE(didChange(1));
 }
 
-TEST_F(StateTable, NoticesTheOrderOfTheSelectedRowsInTheTree)
+TEST_F(StateTable, NoticesTheOrderOfSelectedRows)
 {
     RefreshTree(panel, {object(1, "a"), object(2, "b")});
     select({"b", "a"});

@@ -37,14 +37,14 @@ TEST_F(TreeBuilding, LeavesTheRootUnselectedForAnyOtherIndex)
     EXPECT_EQ(static_cast<int>(root()->getNode()["select"]), 0);
 }
 
-TEST_F(TreeBuilding, SelectsTheItemOfTheActiveIndexAndSaysSo)
+TEST_F(TreeBuilding, SelectsAndReportsTheActiveIndex)
 {
     const auto output = outputOf([this] { build({object(1, "a"), object(2, "b"), object(3, "c")}, 1); });
     EXPECT_EQ(output, "Active Effect Index Found\n");
     EXPECT_EQ(shape(), "Layer(a b* c)");
 }
 
-TEST_F(TreeBuilding, CountsOutsideEffectsInTheActiveIndexButNeverSelectsThem)
+TEST_F(TreeBuilding, CountsOutsideEffectsButNeverSelectsThem)
 {
     EXPECT_EQ(outputOf([this] { build({external("x"), object(1, "a")}, 0); }), "");
     EXPECT_EQ(shape(), "Layer(x a)");
@@ -80,7 +80,7 @@ TEST_F(TreeBuilding, MakesEachOfTheTenGroups)
     EXPECT_EQ(GetItemsFromTree(panel).size(), 10u);
 }
 
-TEST_F(TreeBuilding, KeepsANumberThatIsNoGroupAndMakesNoGroupNode)
+TEST_F(TreeBuilding, KeepsANumberOutsideTheGroups)
 {
     build({object(1, "a", 11), object(2, "b", -5), object(3, "c", 0)});
     EXPECT_EQ(shape(), "Layer*(a b c)");
@@ -89,7 +89,7 @@ TEST_F(TreeBuilding, KeepsANumberThatIsNoGroupAndMakesNoGroupNode)
         EXPECT_FALSE(node(name).hasProperty("rigid"));
 }
 
-TEST_F(TreeBuilding, MarksAnObjectWithoutAnyPartInGroupingAsRigid)
+TEST_F(TreeBuilding, MarksAnUngroupableObjectAsRigid)
 {
     build({object(1, "a", -1)});
     EXPECT_EQ(shape(), "Layer*(a)");
@@ -97,7 +97,7 @@ TEST_F(TreeBuilding, MarksAnObjectWithoutAnyPartInGroupingAsRigid)
     EXPECT_EQ(static_cast<int>(node("a")["group"]), -1);
 }
 
-TEST_F(TreeBuilding, IgnoresAllButNameAndIdentityOfAnOutsideEffect)
+TEST_F(TreeBuilding, UsesOnlyAnOutsideEffectsNameAndIdentity)
 {
     ObjectItem item = external("Blur");
     item.group = 2;
@@ -123,20 +123,20 @@ TEST_F(TreeBuilding, GivesAnObjectItsPropertiesInOrder)
     EXPECT_EQ(static_cast<int>(a["active"]), 0);
 }
 
-TEST_F(TreeBuilding, ReadsBackTheItemsThatItWasBuiltFrom)
+TEST_F(TreeBuilding, ReadsBackTheItemsItWasBuiltFrom)
 {
     const std::vector<ObjectItem> items = {object(1, "a", 0, 1), object(2, "b", 4, 0), object(3, "c", -1, 1)};
     build(items);
     EXPECT_EQ(CalcItemsHash(5, GetItemsFromTree(panel)), CalcItemsHash(5, items));
 }
 
-TEST_F(TreeBuilding, ReadsBackOneItemLessForAnOutsideEffect)
+TEST_F(TreeBuilding, DoesNotReadBackAnOutsideEffect)
 {
     build({object(1, "a"), external("Blur"), object(2, "b")});
     EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("a", "b"));
 }
 
-TEST_F(TreeBuilding, AddsTheNextGroupBehindTheLast)
+TEST_F(TreeBuilding, AddsTheNextGroupAfterTheLast)
 {
     build({object(1, "a", 1), object(2, "b", 0), object(3, "c", 2), object(4, "d", 3), object(5, "e", 0)});
     addGroup();
@@ -145,14 +145,14 @@ TEST_F(TreeBuilding, AddsTheNextGroupBehindTheLast)
     EXPECT_EQ(static_cast<int>(node("Group 4")["group"]), 4);
 }
 
-TEST_F(TreeBuilding, LeavesAHoleWhileAHigherNumberIsFree)
+TEST_F(TreeBuilding, LeavesAHoleWhileHigherNumbersAreFree)
 {
     build({object(1, "a", 1), object(2, "b", 3)});
     addGroup();
     EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 3(b) Group 4)");
 }
 
-TEST_F(TreeBuilding, FillsTheLowestHoleBehindNumberTen)
+TEST_F(TreeBuilding, FillsTheLowestHoleAfterNumberTen)
 {
     build({object(1, "a", 1), object(2, "b", 10)});
     addGroup();
@@ -161,7 +161,7 @@ TEST_F(TreeBuilding, FillsTheLowestHoleBehindNumberTen)
     EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 10(b) Group 2 Group 3)");
 }
 
-TEST_F(TreeBuilding, FillsNumberOneBehindALoneNumberTen)
+TEST_F(TreeBuilding, FillsNumberOneAfterALoneNumberTen)
 {
     build({object(1, "a", 10)});
     addGroup();
@@ -188,12 +188,12 @@ TEST_F(TreeBuilding, RefusesAnEleventhGroup)
     EXPECT_TRUE(panel->notifyLabel.isVisible());
 }
 
-TEST_F(TreeBuilding, DoesNotCountAGroupThatLostItsNumber)
+TEST_F(TreeBuilding, DoesNotCountAGroupWithoutNumber)
 {
     build({object(1, "a", 1), object(2, "b", 2)});
     node("Group 2").setProperty("group", -1, nullptr);
     addGroup();
-    // Behind the last group that has a number.
+    // After the last group that has a number.
     EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 2 Group 2(b))");
 }
 
@@ -202,7 +202,7 @@ TEST_F(TreeBuilding, CountsAGroupOfNumberZero)
     build({object(1, "a", 1), object(2, "b", 2), object(3, "c")});
     node("Group 2").setProperty("group", 0, nullptr);
     addGroup();
-    // Behind the zero, which is no less a group than the one.
+    // After the zero, which is as much a group as the one.
     EXPECT_EQ(shape(), "Layer*(Group 1(a) Group 2(b) Group 2 c)");
 
     build({object(1, "a", 1), object(2, "b", 2), object(3, "c", 10)});

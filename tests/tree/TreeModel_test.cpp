@@ -57,7 +57,7 @@ TEST(TreeModel, ReadsABareObjectAsTheDefaults)
     EXPECT_EQ(items[0].tag, "");
 }
 
-TEST(TreeModel, FindsNothingInAnEmptyGroupOrAnEmptyRoot)
+TEST(TreeModel, FindsNothingInEmptyGroupsAndRoots)
 {
     EXPECT_THAT(itemsOf(makeNode("Group", "Group 1")), IsEmpty());
     EXPECT_THAT(itemsOf(makeNode("Layer", "Layer")), IsEmpty());

@@ -62,7 +62,7 @@ TEST_F(RowsInADrag, TakeTheDropsOfTheTable)
     EXPECT_THAT(answers("x"), ElementsAre(false, false, false, false, false, false, false));
 }
 
-TEST_F(RowsInADrag, TakeNoDropOnceTheyHaveLeftTheirView)
+TEST_F(RowsInADrag, TakeNoDropOutsideTheirView)
 {
     build({object(1, "a"), object(2, "b", 1)});
     select({"a"});
@@ -91,7 +91,7 @@ TEST_F(RowsInADrag, TakeAnObjectIntoAGroup)
     EXPECT_THAT(groupsOf(GetItemsFromTree(panel)), ElementsAre(1, 1));
 }
 
-TEST_F(RowsInADrag, GiveAnObjectOutOfAGroupTheNumberMinusOne)
+TEST_F(RowsInADrag, GiveAnUngroupedObjectTheNumberMinusOne)
 {
     build({object(1, "a", 1), object(2, "b", 1)});
     select({"a"});
@@ -127,7 +127,7 @@ TEST_F(RowsInADrag, KeepTheOrderOfWhatMoves)
     EXPECT_EQ(shape(), "Layer(b a* c* e* d)");
 }
 
-TEST_F(RowsInADrag, MoveDownToTheIndexThatCountsTheRowsBefore)
+TEST_F(RowsInADrag, MoveDownToTheIndexCountedBefore)
 {
     build({object(1, "a"), object(2, "b"), object(3, "c"), object(4, "d")});
     move({"a"}, node("Layer"), 3);
@@ -138,7 +138,7 @@ TEST_F(RowsInADrag, MoveDownToTheIndexThatCountsTheRowsBefore)
     EXPECT_EQ(shape(), "Layer(d c a b*)");
 }
 
-TEST_F(RowsInADrag, StayWhereTheyAreWhenTheyAreDroppedOnThemselves)
+TEST_F(RowsInADrag, StayWhenDroppedOnThemselves)
 {
     build({object(1, "a"), object(2, "b"), object(3, "c")});
     move({"b"}, node("Layer"), 1);
@@ -147,7 +147,7 @@ TEST_F(RowsInADrag, StayWhereTheyAreWhenTheyAreDroppedOnThemselves)
     EXPECT_EQ(shape(), "Layer(a b* c)");
 }
 
-TEST_F(RowsInADrag, SayWhatTheyMoveFromTheLastToTheFirst)
+TEST_F(RowsInADrag, ListWhatTheyMoveFromTheLast)
 {
     build({object(1, "a"), object(2, "b", 1), object(3, "c")});
     select({"a", "b", "c"});
@@ -164,7 +164,7 @@ TEST_F(RowsInADrag, SayThatTheyMoveNothing)
     EXPECT_EQ(shape(), "Layer(a Group 1(b))");
 }
 
-TEST_F(RowsInADrag, NameTheRootAmongWhatMovesAndLeaveIt)
+TEST_F(RowsInADrag, NameTheRootButLeaveIt)
 {
     build({object(1, "a"), object(2, "b")});
     select({"Layer", "b"});
@@ -185,7 +185,7 @@ TEST_F(RowsInADrag, LeaveAGroupThatIsDroppedIntoItself)
     EXPECT_EQ(static_cast<int>(node("Group 1")["group"]), 1);
 }
 
-TEST_F(RowsInADrag, LetASelectedGroupFollowAnObjectIntoAnotherGroup)
+TEST_F(RowsInADrag, LetAGroupFollowIntoAnotherGroup)
 {
     build({object(1, "a", 1), object(2, "b"), object(3, "c", 2)});
     select({"Group 1", "b"});
@@ -197,7 +197,7 @@ TEST_F(RowsInADrag, LetASelectedGroupFollowAnObjectIntoAnotherGroup)
     EXPECT_EQ(static_cast<int>(node("Group 1")["group"]), 2);
 }
 
-TEST_F(RowsInADrag, LoseTheNumberOfAGroupThatIsReorderedAtTheTop)
+TEST_F(RowsInADrag, LoseTheNumberOfAReorderedGroup)
 {
     build({object(1, "a", 1), object(2, "b")});
     select({"Group 1"});
@@ -218,7 +218,7 @@ TEST_F(RowsInADrag, OpenAClosedGroupThatTakesADrop)
     EXPECT_EQ(shape(), "Layer(Group 1(b* a))");
 }
 
-TEST_F(RowsInADrag, SurviveTheirOwnDeletionByTheDropThatTheyTake)
+TEST_F(RowsInADrag, SurviveADropThatDeletesThem)
 {
     build({object(1, "a"), object(2, "b", 1), object(3, "c", 2)});
     select({"a", "c"});

@@ -98,7 +98,7 @@ TEST_F(Rows, CountTheActiveObjectsOfAGroup)
     EXPECT_EQ(total, 0);
 }
 
-TEST_F(Rows, CountOnlyObjectsThatStandDirectlyInTheGroup)
+TEST_F(Rows, CountOnlyDirectObjectsOfTheGroup)
 {
     build({object(1, "a", 1), object(2, "b", 2)});
     node("Group 1").appendChild(ValueTreesDemo::createTree("External", "x"), nullptr);
@@ -123,7 +123,7 @@ TEST_F(Rows, FlipNothingButGroups)
     EXPECT_EQ(static_cast<int>(node("a")["active"]), 1);
 }
 
-TEST_F(Rows, AreBuiltInGoodTimeHoweverDeepTheyStand)
+TEST_F(Rows, AreBuiltFastAtAnyDepth)
 {
     build({object(1, "a")});
     juce::ValueTree outermost = ValueTreesDemo::createTree("Group", "outermost");
@@ -170,7 +170,7 @@ TEST_F(Rows, BelowOtherNodesStayWhenOneChanges)
     EXPECT_EQ(&row("b"), untouched);
 }
 
-TEST_F(Rows, TakeANameFromAnEditorThatTheyListenTo)
+TEST_F(Rows, TakeTheirNameFromTheirEditor)
 {
     build({object(1, "a")});
     juce::TextEditor editor;
@@ -191,7 +191,7 @@ TEST_F(Rows, TakeANameFromAnEditorThatTheyListenTo)
     EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("again"));
 }
 
-TEST_F(Rows, FindTheSelectedOnesFromTheTopAtAnyDepth)
+TEST_F(Rows, FindSelectedRowsAtAnyDepth)
 {
     build({object(1, "a", 1), object(2, "b"), external("x")});
     select({"x", "b", "Layer", "a"});

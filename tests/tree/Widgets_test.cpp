@@ -72,7 +72,7 @@ TEST_F(Label, ShowsItselfWhenItsTextIsSet)
     EXPECT_EQ(label.getTimerInterval(), timeMs);
 }
 
-TEST_F(Label, FitsItselfAroundTheTextAndKeepsItsCentre)
+TEST_F(Label, FitsItsTextAndKeepsItsCentre)
 {
     show("Hello");
     juce::TextLayout expected;
@@ -172,7 +172,7 @@ TEST_F(Label, StaysLongerForAnotherText)
     EXPECT_GE(msSince(start), 1000 + timeMs - timerSlackMs);
 }
 
-TEST_F(Label, ShowsTheSameTextAgainOnceItWentAway)
+TEST_F(Label, ShowsAVanishedTextAgain)
 {
     show("Hello");
     ASSERT_TRUE(waitUntilHidden());
@@ -188,7 +188,7 @@ TEST_F(Label, IsNotShownForATextWithoutNotification)
     EXPECT_FALSE(label.isVisible());
 }
 
-TEST_F(Label, PaintsItsTextOnARoundedLightBlueField)
+TEST_F(Label, PaintsItsTextOnALightBlueField)
 {
     show("Hello");
     const auto picture = label.createComponentSnapshot(label.getLocalBounds());
@@ -222,7 +222,7 @@ TEST_F(Label, OfThePanelStaysInTheMiddle)
 
 TEST_F(Button, ActsOnThePress) { EXPECT_TRUE(button.getTriggeredOnMouseDown()); }
 
-TEST_F(Button, SaysThatItIsClickedAndCallsWithItself)
+TEST_F(Button, ReportsItsClickAndPassesItself)
 {
     juce::Button* clicked = nullptr;
     button.onClick = [&clicked](juce::Button* b) { clicked = b; };

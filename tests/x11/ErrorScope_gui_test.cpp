@@ -1,4 +1,4 @@
-// Which handler hears of a host's error while hooks run inside hooks, and which is in place behind them.
+// Which handler hears of a host's error while hooks run inside hooks, and which is in place after them.
 
 #include "panel/platform/PlatformEvents.h"
 
@@ -53,7 +53,7 @@ protected:
 };
 } // namespace
 
-TEST_F(ErrorScope, WithinAnotherPassesTheHostsErrorsOnAndLeavesItsHandlerInPlace)
+TEST_F(ErrorScope, NestedPassesTheHostsErrorsOn)
 {
     {
         const PlatformErrorScope outer;
@@ -70,7 +70,7 @@ TEST_F(ErrorScope, WithinAnotherPassesTheHostsErrorsOnAndLeavesItsHandlerInPlace
     EXPECT_EQ(errorsOfFirst, 3);
 }
 
-TEST_F(ErrorScope, HeedsTheHandlerThatTheHostSetSinceTheScopeAroundItBegan)
+TEST_F(ErrorScope, NestedUsesTheHostsNewHandler)
 {
     {
         const PlatformErrorScope outer;
@@ -89,7 +89,7 @@ TEST_F(ErrorScope, HeedsTheHandlerThatTheHostSetSinceTheScopeAroundItBegan)
     EXPECT_EQ(errorsOfFirst, 0);
 }
 
-TEST_F(ErrorScope, KeepsTheHandlerThatTheHostSetsInTheInnermost)
+TEST_F(ErrorScope, KeepsTheHandlerSetInTheInnermost)
 {
     {
         const PlatformErrorScope outer;

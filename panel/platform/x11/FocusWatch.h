@@ -1,7 +1,7 @@
 #pragma once
 // Which window has the keyboard. The windows outside the panel belong to others, and no event tells everybody
-// where the focus has gone. So the window that has it is asked to tell when it loses it, and nobody has to
-// ask the server at every idle.
+// where the focus has gone. So the window that has it is asked to report when it loses it, and the server
+// need not be asked at every idle.
 
 #include <X11/Xlib.h>
 

@@ -6,7 +6,7 @@ int FindInputExtension(Display* display)
     int firstEvent = 0;
     int firstError = 0;
     int major = 2;
-    int minor = 1; // The first that tells of raw presses while somebody has grabbed the pointer.
+    int minor = 1; // The first that reports raw presses while a client has grabbed the pointer.
     const bool isThere =
         XQueryExtension(display, "XInputExtension", &opcode, &firstEvent, &firstError) != 0 &&
         XIQueryVersion(display, &major, &minor) == Success;

@@ -1,5 +1,5 @@
 #pragma once
-// The X input extension, whose events anybody may select on anybody's windows.
+// The X input extension, whose events any client may select on any window.
 
 #include <X11/Xlib.h>
 #include <X11/extensions/XInput2.h>

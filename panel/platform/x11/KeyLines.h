@@ -4,8 +4,8 @@
 
 #include <X11/Xlib.h>
 
-/// Whether the press is Delete, Return, Cut, Copy, Paste or Select All. The host gets none of them, also if
-/// the tree has nothing to do with it.
+/// Whether the press is Delete, Return, Cut, Copy, Paste or Select All. The host gets none of them, even if
+/// the tree has no use for the key.
 bool IsKeyOfTree(XKeyEvent press);
 
 /// Writes the lines of the key press to standard output; none for most keys.

@@ -29,7 +29,7 @@ PlatformErrorScope::PlatformErrorScope() : formerHandler(nullptr)
     formerHandler = reinterpret_cast<void*>(former);
 }
 
-/// The host may have set another handler inside the call, for good: that one stays.
+/// The host may have replaced its handler inside the call: the new one stays.
 PlatformErrorScope::~PlatformErrorScope()
 {
     const XErrorHandler present = XSetErrorHandler(reinterpret_cast<XErrorHandler>(formerHandler));

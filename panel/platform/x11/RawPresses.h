@@ -1,14 +1,14 @@
 #pragma once
 // Mouse presses anywhere on the screen. The windows outside the panel belong to others, who alone may select
-// the presses in them; of raw presses everybody is told who asks.
+// the presses in them; raw presses are told to everybody who asks.
 
 #include <X11/Xlib.h>
 
 class RawPresses
 {
 public:
-    /// Asks for them, and on the root for what tells that the focus comes to it or leaves it, since a
-    /// connection can ask only once for a window. Without the extension that knows of them none will come.
+    /// Asks for them, and on the root window for changes of the focus there, since a connection can ask only
+    /// once for a window. Without the input extension none will come.
     /// `display` must outlive the object, or be null by the time it is told to stop.
     explicit RawPresses(Display* display);
 

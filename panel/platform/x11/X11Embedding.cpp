@@ -15,7 +15,7 @@ constexpr long keyEvents = KeyPressMask | KeyReleaseMask;
 /// Dealing with events makes new ones; those that come after so many rounds wait for the next update.
 constexpr int mostRounds = 4;
 
-/// Buttons 4 to 7 are the wheel's, which nobody clicks with.
+/// Buttons 4 to 7 are the wheel's: no clicks.
 bool isClick(unsigned button) { return button < 4 || button > 7; }
 
 /// Focus events that only say where the pointer is. JUCE takes them for the focus itself.
@@ -66,7 +66,7 @@ X11Embedding::X11Embedding(ValueTreesDemo* widget, Window hostContainer)
     PrintLine("Adding Event Monitor");
 }
 
-/// JUCE selects keys for good, and would take them from the host wherever the pointer hovers.
+/// JUCE selects keys permanently, and would take them from the host wherever the pointer hovers.
 void X11Embedding::detachKeys()
 {
     XWindowAttributes attributes;
@@ -153,7 +153,7 @@ void X11Embedding::handleEvents()
     }
 }
 
-/// Everything that the server has to tell by now. False if that is nothing.
+/// Takes all events that the server has sent by now. False if there are none.
 bool X11Embedding::readEvents()
 {
     if (tree == nullptr)
@@ -235,7 +235,7 @@ void X11Embedding::followContainer()
 // ---- Presses
 
 /// Unless the release is among the events that wait, it will not come: a window that is unmapped or dies
-/// under a held button does not hear of it.
+/// under a held button is not told of it.
 bool X11Embedding::isReleaseOverdue() const
 {
     if (!IsTreeButtonDown())

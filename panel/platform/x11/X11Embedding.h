@@ -2,9 +2,9 @@
 // Lives with a widget in a host's X11 container: follows the container's size, takes the keyboard for the
 // tree while the user works in the panel, and gives it back.
 //
-// Everything that it has to know comes over JUCE's connection, in the order in which it happened: the
-// container's changes, presses anywhere, focus, keys. It hands JUCE what is JUCE's, one event at a time.
-// The host's own event selection stays as it is, since each connection has one of its own.
+// Everything that it needs to know comes over JUCE's connection, in the order in which it happened: the
+// container's changes, presses anywhere, focus, keys. It hands JUCE what is JUCE's, one event at a time. The
+// host's own event selection stays as it is, since each connection has one of its own.
 
 #include "panel/platform/x11/FocusWatch.h"
 #include "panel/platform/x11/HostWindow.h"
@@ -24,7 +24,7 @@ public:
 
     X11Embedding(ValueTreesDemo* tree, Window container);
 
-    /// Whether there is something to look after that no event will tell of.
+    /// Whether there is work that no event will announce.
     bool MustUpdate() const;
 
     /// Deals with all that has come since the last call, and runs JUCE's timers and messages.

@@ -23,7 +23,7 @@ class Designer
 public:
     explicit Designer(Host& owner) : host(owner) {}
 
-    /// From now on this hears of everything; null for nobody.
+    /// The one listener from now on; null for none.
     void RecordWith(ActionRecord* one) { record = one; }
 
     // Compositions and layers.

@@ -21,7 +21,7 @@ class DockState
 public:
     explicit DockState(Host& owner) : host(owner) {}
 
-    /// From now on this hears of everything; null for nobody.
+    /// The one listener from now on; null for none.
     void RecordWith(ActionRecord* one) { record = one; }
 
     /// The name on the tab; empty while no plug-in has registered a panel.

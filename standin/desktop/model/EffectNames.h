@@ -7,6 +7,6 @@
 
 namespace standin
 {
-/// Its name, and "#2" behind it if it is the second of it on its layer.
+/// Its name, and "#2" after it if it is the second of it on its layer.
 std::string ScenarioNameOf(Host& host, int effectId);
 } // namespace standin

@@ -73,7 +73,7 @@ void MainView::timerCallback()
     soonestPass = now() + pauseAfterPass;
 }
 
-/// Behind the idle, in which the panel fetches a lost focus back for itself.
+/// After the idle, in which the panel fetches a lost focus back for itself.
 void MainView::tendWindow()
 {
     auto* peer = getPeer();

@@ -199,7 +199,7 @@ KeyEnd MacWindow::send(const MacKey& key)
     if (!isKey)
         return KeyEnd::host;
     AnnounceTreeEvent(view, eventFocus ? KeyboardOwner::panel : KeyboardOwner::host);
-    // From the surface up the responder chain, and to nobody else.
+    // From the surface up the responder chain only.
     if (eventFocus && key.isOfPanel)
         return view->keyDown(key, stamp) ? KeyEnd::panel : KeyEnd::host;
     if (key.isEquivalent)

@@ -57,7 +57,7 @@ public:
     MacWindow(const MacWindow&) = delete;
     MacWindow& operator=(const MacWindow&) = delete;
 
-    /// The window is the key window, and nobody has clicked yet.
+    /// The window is the key window, and there was no click yet.
     ValueTreesDemo* panel;
 
     /// A left click into the panel, in pixels of it, from the press to the release.

@@ -1,6 +1,6 @@
 #pragma once
-// What JUCE does not offer to the world, by names that each of its generations has for it: the header of its
-// event loop's inner side, and the function that delivers one batch of messages and window events.
+// What the public headers of JUCE do not offer, under the names that each major version uses: the header of
+// its event loop's inner side, and the function that delivers one batch of messages and window events.
 
 #include <juce_events/juce_events.h>
 

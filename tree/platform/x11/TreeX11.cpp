@@ -144,7 +144,7 @@ private:
     juce::Component::SafePointer<juce::Component> listened;
 };
 
-/// Lets the attachment ride on the component, which lets it go when it is deleted.
+/// Ties the attachment to the component, which releases it when it is deleted.
 struct AttachmentHolder : juce::ReferenceCountedObject
 {
     explicit AttachmentHolder(std::shared_ptr<TreeAttachment> held) : attachment(std::move(held)) {}

@@ -12,8 +12,8 @@
 struct _XDisplay; ///< Xlib's Display.
 union _XEvent;    ///< Xlib's XEvent.
 
-/// JUCE's connection to the X server; null without one. The panel's platform uses it too, so that the server
-/// tells about everything in one order.
+/// JUCE's connection to the X server; null without one. The panel's platform uses it too, so that all events
+/// arrive in one order.
 _XDisplay* GetTreeDisplay();
 
 // ---- Events
