@@ -31,7 +31,7 @@ ExpectedFinding& ExpectedFinding::Times(int count)
 
 bool ExpectedFinding::Takes(const Finding& finding)
 {
-    if (came == times || id != finding.id || function != finding.function || hook != finding.hook)
+    if (came == times || id != finding.id || function != finding.function || (hook && hook != finding.hook))
         return false;
     ++came;
     return true;
@@ -42,8 +42,8 @@ std::string ExpectedFinding::Missing() const
     if (came == times)
         return "";
     return "The finding " + id + (function.empty() ? "" : " of " + function) +
-           (hook.empty() ? "" : " in the " + hook) + " was expected " + timesText(times) + " and came " +
-           timesText(came) + ": " + reason;
+           (hook && !hook->empty() ? " in the " + *hook : "") + " was expected " + timesText(times) +
+           " and came " + timesText(came) + ": " + reason;
 }
 
 void FindingLog::Add(Finding finding)

@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,7 @@ class ExpectedFinding
 public:
     ExpectedFinding(std::string id, std::string function, std::string reason);
 
-    /// While this hook runs; outside those that plug-ins have registered if nothing is said.
+    /// While this hook runs, and no other; an empty one stands for none. In any hook if nothing is said.
     ExpectedFinding& In(std::string hook);
     /// So often; once if nothing is said.
     ExpectedFinding& Times(int count);
@@ -32,7 +33,7 @@ private:
     std::string id;
     std::string function;
     std::string reason;
-    std::string hook;
+    std::optional<std::string> hook;
     int times = 1;
     int came = 0;
 };
@@ -46,9 +47,9 @@ public:
     /// Added to every later finding that does not name its hook itself. Gives the former one.
     std::string SetHook(std::string hook);
 
-    /// Of the findings to come, one with this id in this function is intended, outside any hook, and has to
-    /// come; the result says otherwise. `function` may be empty for findings outside any call. For
-    /// "unbalanced-suite" it is the suite, as SuiteCounts::Held::Text has it.
+    /// Of the findings to come, one with this id in this function is intended, and has to come; the result
+    /// can say in which hook, and that it is more than one. `function` may be empty for findings outside any
+    /// call. For "unbalanced-suite" it is the suite, as SuiteCounts::Held::Text has it.
     ExpectedFinding& Expect(std::string id, std::string function, std::string reason);
 
     /// All findings so far, expected ones too.

@@ -1,8 +1,6 @@
 #include "tests/bundle_linux/BundleTest.h"
 
-#include "standin/core/HostParts.h"
 #include "standin/family/KeptSuites.h"
-#include "standin/sensors/FindingIds.h"
 
 #include <dlfcn.h>
 
@@ -16,13 +14,9 @@ BundleTest::BundleTest(HostOptions options) : host(options), bundle(VORTAN_BUNDL
     host.User().SelectLayers({layer});
 }
 
-/// A host forgets the hooks of a plug-in that failed to load.
 BundleTest::~BundleTest()
 {
-    if (hasLoadFailed)
-        host.Parts().plugins.hooks.death.clear();
-    else
-        ExpectKeptSuites(host);
+    ExpectKeptSuites(host);
     host.Quit();
     EXPECT_EQ(host.FindingsReport(), "");
     if (keptBlocks != nullptr)
@@ -67,28 +61,6 @@ std::vector<std::string> BundleTest::AlertTexts() const
     for (const Alert& alert : host.Alerts())
         texts.push_back(alert.text);
     return texts;
-}
-
-void BundleTest::expectThrow(const char* hook)
-{
-    host.Expect(finding::exceptionLeftHook, "", "missing suites are plain integers that reach the host")
-        .In(hook);
-}
-
-void BundleTest::ExpectLoadThrows(int number)
-{
-    expectThrow("EntryPoint");
-    hasLoadFailed = true;
-    const LoadedPlugin plugin = LoadPanel();
-    EXPECT_EQ(plugin.result.thrownNumber, number) << plugin.result.thrown;
-    EXPECT_EQ(plugin.globalRefcon, nullptr);
-}
-
-void BundleTest::ExpectHookThrows(int number, const std::function<void()>& hook)
-{
-    expectThrow("");
-    const HookResult result = host.RunInHook(hook);
-    EXPECT_EQ(result.thrownNumber, number) << result.thrown;
 }
 
 std::string BundleTest::OutputOf(const std::function<void()>& action)

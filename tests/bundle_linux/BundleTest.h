@@ -67,10 +67,6 @@ protected:
     std::vector<std::string> TakeCalls(SuiteTraffic traffic = SuiteTraffic::included);
     std::vector<std::string> AlertTexts() const;
 
-    // The integer leaves an entry point or a hook, which the stand-in reports as a finding. It is intended.
-    void ExpectLoadThrows(int number);
-    void ExpectHookThrows(int number, const std::function<void()>& hook);
-
     /// What `action` writes to standard output.
     static std::string OutputOf(const std::function<void()>& action);
 
@@ -79,10 +75,7 @@ protected:
     int layer = 0;
 
 private:
-    void expectThrow(const char* hook);
-
     std::unique_ptr<KeptBlocks> keptBlocks;
-    bool hasLoadFailed = false;
 };
 
 /// The words of a table, for a look at its layout.
