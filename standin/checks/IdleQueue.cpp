@@ -156,7 +156,8 @@ void IdleQueueThrow(Trial& trial)
 {
     QueueScene scene(trial);
     scene.host.Expect(finding::exceptionLeftHook, "", "what a queued function throws is the host's to catch")
-        .In("IdleHook");
+        .In("IdleHook")
+        .Times(1);
     Job wild = scene.NewJob("wild");
     Job tame = scene.NewJob("tame");
     bool throws = true;

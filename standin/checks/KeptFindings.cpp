@@ -20,7 +20,8 @@ void secondAcquire(Trial& trial)
     scene.host
         .Expect(finding::unusedSuite, "ReleaseSuite",
                 "the suites' registry is acquired once more than it is used")
-        .In("EntryPoint");
+        .In("EntryPoint")
+        .Times(1);
     trial.RequireEqual(scene.bundle.LoadIdleSuite(scene.host).result.error, errNone,
                        "the result of EffectorAEGP");
     trial.RequireNoFindings(scene.host);
@@ -37,8 +38,11 @@ void releaseWithoutAcquire(Trial& trial)
         (void)scene.sibling.QueueIdleFunction(&nothing, &mark);
     trial.RequireNoFindings(scene.host);
     scene.host.Faults().Withhold("AEGP Utility Suite", 11);
-    scene.host.Expect(finding::overReleasedSuite, "ReleaseSuite",
-                      "the suite is released also when it was not obtained");
+    scene.host
+        .Expect(finding::overReleasedSuite, "ReleaseSuite",
+                "the suite is released also when it was not obtained")
+        .In("")
+        .Times(1);
     trial.RequireEqual(scene.sibling.QueueIdleFunction(&nothing, &mark), 0, "the result of the function");
     trial.RequireEqual<std::size_t>(scene.host.Alerts().size(), 0, "the number of alerts");
     trial.RequireNoFindings(scene.host);
@@ -52,11 +56,13 @@ void groupsLeftOpen(Trial& trial)
     scene.host()
         .Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup",
                 "the group ends only when every call behind its start went well")
-        .In("IdleHook");
+        .In("IdleHook")
+        .Times(1);
     scene.host()
         .Expect(finding::nestedUndoGroup, "AEGP_StartUndoGroup",
                 "what the pass does next is inside the group that was left")
-        .In("IdleHook");
+        .In("IdleHook")
+        .Times(4);
     scene.Do("click row \"lamp\"");
     scene.Do("press Return");
     scene.Do("type \"torch\"");
@@ -69,7 +75,8 @@ void groupsLeftOpen(Trial& trial)
     scene.host()
         .Expect(finding::nullReference, "AEGP_DeleteLayerEffect",
                 "the second sweep deletes as often as effects were doomed")
-        .In("IdleHook");
+        .In("IdleHook")
+        .Times(1);
     scene.Do("click row \"disc\"");
     scene.host().Faults().FailFunction("AEGP_ReorderEffect");
     scene.Do("press Delete");

@@ -12,7 +12,9 @@ constexpr const char* panelName = "Vortan Object Panel";
 void expectHeld(Host& host, const char* suite, A_long version, int count, const char* reason)
 {
     if (count > 0)
-        (void)host.Expect(finding::unbalancedSuite, SuiteCounts::Held{suite, version, count}.Text(), reason);
+        host.Expect(finding::unbalancedSuite, SuiteCounts::Held{suite, version, count}.Text(), reason)
+            .In("")
+            .Times(1);
 }
 
 /// One that the controller takes when it first needs it, and never again.

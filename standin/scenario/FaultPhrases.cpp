@@ -26,7 +26,7 @@ PhraseBook FaultPhrases()
          Setting("expect finding WORD in WORD of WORD because TEXT",
                  "The stand-in reports this of one call of the function in this hook, and it is meant to.",
                  [](Stage& s, const Arguments& a)
-                 { (void)s.host().Expect(a.texts[0], a.texts[1], a.texts[3]).In(a.texts[2]); }),
+                 { (void)s.host().Expect(a.texts[0], a.texts[1], a.texts[3]).In(a.texts[2]).Times(1); }),
          Setting(
              "expect NUMBER findings WORD in WORD of WORD because TEXT",
              "Of so many calls, no more and no fewer.",
@@ -36,6 +36,6 @@ PhraseBook FaultPhrases()
          Setting("expect finding WORD of WORD because TEXT",
                  "The same, once, for a finding outside any call.",
                  [](Stage& s, const Arguments& a)
-                 { (void)s.host().Expect(a.texts[0], "", a.texts[2]).In(a.texts[1]); })}};
+                 { (void)s.host().Expect(a.texts[0], "", a.texts[2]).In(a.texts[1]).Times(1); })}};
 }
 } // namespace standin

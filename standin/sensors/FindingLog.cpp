@@ -39,11 +39,11 @@ bool ExpectedFinding::Takes(const Finding& finding)
 
 std::string ExpectedFinding::Missing() const
 {
-    if (came == times)
+    if (times ? came == *times : came > 0)
         return "";
     return "The finding " + id + (function.empty() ? "" : " of " + function) +
-           (hook && !hook->empty() ? " in the " + *hook : "") + " was expected " + timesText(times) +
-           " and came " + timesText(came) + ": " + reason;
+           (hook && !hook->empty() ? " in the " + *hook : "") + " was expected " +
+           (times ? timesText(*times) : "at least once") + " and came " + timesText(came) + ": " + reason;
 }
 
 void FindingLog::Add(Finding finding)

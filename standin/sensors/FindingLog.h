@@ -20,7 +20,7 @@ public:
 
     /// While this hook runs, and no other; an empty one stands for none. In any hook if nothing is said.
     ExpectedFinding& In(std::string hook);
-    /// So often; once if nothing is said.
+    /// So often, no more and no less; at least once if nothing is said.
     ExpectedFinding& Times(int count);
 
     /// Counts the finding if it is one of those that are still to come.
@@ -34,7 +34,7 @@ private:
     std::string function;
     std::string reason;
     std::optional<std::string> hook;
-    int times = 1;
+    std::optional<int> times;
     int came = 0;
 };
 
@@ -48,7 +48,7 @@ public:
     std::string SetHook(std::string hook);
 
     /// Of the findings to come, one with this id in this function is intended, and has to come; the result
-    /// can say in which hook, and that it is more than one. `function` may be empty for findings outside any
+    /// can say in which hook, and how often. `function` may be empty for findings outside any
     /// call. For "unbalanced-suite" it is the suite, as SuiteCounts::Held::Text has it.
     ExpectedFinding& Expect(std::string id, std::string function, std::string reason);
 
