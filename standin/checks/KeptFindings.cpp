@@ -19,9 +19,9 @@ void secondAcquire(Trial& trial)
     Scene scene(trial.File(), options);
     scene.host
         .Expect(finding::unusedSuite, "ReleaseSuite",
-                "the suites' registry is acquired once more than it is used")
+                "the registry is acquired once more than it is used, and the suite for alerts in case of one")
         .In("EntryPoint")
-        .Times(1);
+        .Times(2);
     trial.RequireEqual(scene.bundle.LoadIdleSuite(scene.host).result.error, errNone,
                        "the result of EffectorAEGP");
     trial.RequireNoFindings(scene.host);
