@@ -62,7 +62,7 @@ void groupsLeftOpen(Trial& trial)
         .Expect(finding::nestedUndoGroup, "AEGP_StartUndoGroup",
                 "what the pass does next is inside the group that was left")
         .In("IdleHook")
-        .Times(4);
+        .Times(5);
     scene.Do("click row \"lamp\"");
     scene.Do("press Return");
     scene.Do("type \"torch\"");
