@@ -73,6 +73,14 @@ void groupsLeftOpen(Trial& trial)
     trial.RequireNoFindings(scene.host());
 
     scene.host()
+        .Expect(finding::undoGroupLeftOpen, "AEGP_StartUndoGroup", "so does the group of a deletion")
+        .In("IdleHook")
+        .Times(1);
+    scene.host()
+        .Expect(finding::nestedUndoGroup, "AEGP_StartUndoGroup", "the pass goes on inside this one too")
+        .In("IdleHook")
+        .Times(4);
+    scene.host()
         .Expect(finding::nullReference, "AEGP_DeleteLayerEffect",
                 "the second sweep deletes as often as effects were doomed")
         .In("IdleHook")
