@@ -140,7 +140,9 @@ protected:
 
     void expectCreateThrows(int number, const std::string& what = "")
     {
-        host.Expect(finding::exceptionLeftHook, "", "missing suites are plain integers that reach the host");
+        host.Expect(finding::exceptionLeftHook, "", "missing suites are plain integers that reach the host")
+            .In("")
+            .Times(1);
         EXPECT_EQ(thrownByCreate(), number) << what;
     }
 
