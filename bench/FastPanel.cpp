@@ -4,10 +4,6 @@
 #include "tree/TreeModel.h"
 #include "tree/ValueTreeItem.h"
 
-#include <cstdio>
-#include <fcntl.h>
-#include <unistd.h>
-
 namespace standin
 {
 namespace
@@ -15,21 +11,6 @@ namespace
 constexpr AEGP_PluginID pluginId = 8;
 constexpr int passesToRest = 6;
 } // namespace
-
-Silence::Silence() : formerOutput(dup(STDOUT_FILENO))
-{
-    (void)std::fflush(stdout);
-    const int nowhere = open("/dev/null", O_WRONLY);
-    (void)dup2(nowhere, STDOUT_FILENO);
-    (void)close(nowhere);
-}
-
-Silence::~Silence()
-{
-    (void)std::fflush(stdout);
-    (void)dup2(formerOutput, STDOUT_FILENO);
-    (void)close(formerOutput);
-}
 
 FastPanel::FastPanel(void* container)
 {

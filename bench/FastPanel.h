@@ -3,25 +3,13 @@
 
 #include "bench/FastHost.h"
 #include "panel/Panelator.h"
+#include "standin/process/Silence.h"
 #include "tree/ValueTreesDemo.h"
 
 #include <string>
 
 namespace standin
 {
-/// While it lives, what the program prints goes nowhere.
-class Silence
-{
-public:
-    Silence();
-    ~Silence();
-    Silence(const Silence&) = delete;
-    Silence& operator=(const Silence&) = delete;
-
-private:
-    int formerOutput;
-};
-
 class FastPanel
 {
 public:
@@ -46,7 +34,7 @@ public:
     void DeleteHalfInTree();
     void SelectInTree(int objects);
 
-    Silence silence;
+    process::Silence silence;
     FastHost host;
     Panelator* plugin = nullptr;
     ValueTreesDemo& Tree() { return *plugin->tree; }

@@ -9,6 +9,7 @@
 
 namespace standin
 {
+
 namespace
 {
 /// Sets the scene once before the first of many runs.

@@ -5,6 +5,7 @@
 
 namespace standin
 {
+
 namespace
 {
 /// What a row of a tree view needs at the least in order to show a name.

@@ -13,6 +13,8 @@
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 constexpr int processes = 7;
@@ -67,7 +69,7 @@ int StartOnce()
     HostWindow window({{20, 20, 400, 500}, {0, 0, 400, 500}});
     std::map<std::string, double> figures;
     {
-        const Silence silence;
+        const process::Silence silence;
         void* module = nullptr;
         AEGP_GlobalRefcon refcon = nullptr;
         host.ShowLayer(1, 100);

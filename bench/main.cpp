@@ -5,7 +5,7 @@
 #include "bench/Measure.h"
 #include "bench/Page.h"
 #include "standin/user/HostWindow.h"
-#include "standin/x11/Xvfb.h"
+#include "standin/user/x11/Xvfb.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -66,9 +66,9 @@ int measure(int count, char** arguments)
         return 1;
     std::ofstream table("/dev/fd/" + std::to_string(dup(STDOUT_FILENO)));
     {
-        const standin::Xvfb server(1000, 800);
-        standin::HostWindow window({{20, 20, 400, 500}, {0, 0, 400, 500}});
-        standin::HostWindow bareWindow({{440, 20, 400, 500}, {0, 0, 400, 500}});
+        const standin::user::Xvfb server(1000, 800);
+        standin::user::HostWindow window({{20, 20, 400, 500}, {0, 0, 400, 500}});
+        standin::user::HostWindow bareWindow({{440, 20, 400, 500}, {0, 0, 400, 500}});
         standin::FastPanel panel(window.FrameHandle());
         run(panel, bareWindow.FrameHandle(), table);
     }

@@ -4,7 +4,7 @@
 # vortan_check(ID SENTENCE RUNS function [SCREEN] | PLAYS scenario  [MINUTES number]
 #              MUTANT name source WAS text IS text FOUND text [EXPORTS function])
 #   SENTENCE  what holds of a bundle that passes
-#   RUNS      the function of namespace standin::checks; with SCREEN it needs an X server
+#   RUNS      the function of namespace standin::check::bundles; with SCREEN it needs an X server
 #   PLAYS     the file of tests/scenarios/, without its ending, that the check plays instead
 #   MINUTES   how long it may take, 1 if nothing is said
 #   MUTANT    the bundle with one mistake, in this source of the product, that the check has to fail
@@ -23,7 +23,7 @@ function(vortan_check id sentence)
 endfunction()
 
 # vortan_effect_check(ID SENTENCE RUNS function BAD mistake text [mistake text...])
-#   RUNS  the function of namespace standin::effect_checks
+#   RUNS  the function of namespace standin::check::effects
 #   BAD   a mistake of tests/sdk/bad/BadEffect.cpp, and what the check has to say of the effect that makes it
 function(vortan_effect_check id sentence)
   cmake_parse_arguments(PARSE_ARGV 2 ROW "" "RUNS" "BAD")
@@ -79,18 +79,18 @@ function(vortan_check_table kind namespace result)
     endif()
     string(APPEND rows "{\"${id}\", \"${SENTENCE}\", ${run}, std::chrono::minutes(${MINUTES})},\n")
   endforeach()
-  file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/CheckTable.cpp @ONLY CONTENT [[
-#include "standin/checks/Check.h"
-#include "standin/checks/PlayedCheck.h"
+  file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${namespace}Table.cpp @ONLY CONTENT [[
+#include "standin/check/Check.h"
+#include "standin/check/PlayedCheck.h"
 
-namespace standin::@namespace@
+namespace standin::check::@namespace@
 {
 @declarations@
 std::vector<Check> Table()
 {
     return {@rows@};
 }
-} // namespace standin::@namespace@
+} // namespace standin::check::@namespace@
 ]])
-  set(${result} ${CMAKE_CURRENT_BINARY_DIR}/CheckTable.cpp PARENT_SCOPE)
+  set(${result} ${CMAKE_CURRENT_BINARY_DIR}/${namespace}Table.cpp PARENT_SCOPE)
 endfunction()

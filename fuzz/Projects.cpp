@@ -2,9 +2,9 @@
 // change, by the file and by a host that has opened it.
 
 #include "fuzz/Input.h"
-#include "standin/core/HostParts.h"
-#include "standin/family/Family.h"
-#include "standin/project/ProjectFile.h"
+#include "standin/host/core/HostParts.h"
+#include "standin/host/family/Family.h"
+#include "standin/host/project/ProjectFile.h"
 
 #include <optional>
 

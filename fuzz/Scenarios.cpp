@@ -2,14 +2,16 @@
 // when it is written anew, word by word and phrase by phrase.
 
 #include "fuzz/Input.h"
-#include "standin/scenario/Parser.h"
-#include "standin/scenario/Phrase.h"
-#include "standin/scenario/Writer.h"
+#include "standin/script/Parser.h"
+#include "standin/script/Phrase.h"
+#include "standin/script/Writer.h"
 
 #include <sstream>
 
 namespace standin
 {
+using namespace script;
+
 namespace
 {
 std::vector<Statement> parse(const std::string& text)

@@ -44,8 +44,14 @@ public:
     {
         const Suite*& slot = std::get<const Suite*>(slots);
         if (slot == nullptr)
-            slot =
-                static_cast<const Suite*>(Acquire(SuiteTraits<Suite>::i_name, SuiteTraits<Suite>::i_version));
+        {
+            const void* table = Acquire(SuiteTraits<Suite>::i_name, SuiteTraits<Suite>::i_version);
+            // The host may have called a hook of ours inside the acquisition, which has filled the slot.
+            if (slot == nullptr)
+                slot = static_cast<const Suite*>(table);
+            else
+                (void)basicSuite->ReleaseSuite(SuiteTraits<Suite>::i_name, SuiteTraits<Suite>::i_version);
+        }
         return slot;
     }
 

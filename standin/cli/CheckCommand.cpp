@@ -1,10 +1,10 @@
 // standin check BUNDLE: judges any build of the bundle. standin check-effect MODULE: judges an effect.
 
-#include "standin/checks/CheckAlone.h"
-#include "standin/checks/CheckRun.h"
+#include "standin/check/CheckAlone.h"
+#include "standin/check/CheckRun.h"
+#include "standin/check/effects/EffectChecks.h"
 #include "standin/cli/CheckPrinter.h"
 #include "standin/cli/Commands.h"
-#include "standin/effect_checks/EffectChecks.h"
 #include "standin/process/ExitCodes.h"
 
 #include <CLI/CLI.hpp>
@@ -13,24 +13,24 @@
 #include <iostream>
 #include <unistd.h>
 
-namespace standin
+namespace standin::cli
 {
 namespace
 {
 struct Options
 {
-    CheckRunOptions run;
+    check::CheckRunOptions run;
     std::vector<std::string> only;
     int timeout = 0;
     bool list = false;
     bool json = false;
     bool here = false;
 
-    const CheckBook& Book() const { return *run.job.book; }
+    const check::CheckBook& Book() const { return *run.job.book; }
 };
 
 /// The checks that are wanted, in the order of the table. False, with a line for the user, for an unknown id.
-bool choose(const Options& options, std::vector<Check>& chosen)
+bool choose(const Options& options, std::vector<check::Check>& chosen)
 {
     for (const std::string& id : options.only)
         if (options.Book().Find(id) == nullptr)
@@ -38,7 +38,7 @@ bool choose(const Options& options, std::vector<Check>& chosen)
             std::cerr << id << ": there is no such check; --list names them all\n";
             return false;
         }
-    for (const Check& check : options.Book().checks)
+    for (const check::Check& check : options.Book().checks)
         if (options.only.empty() ||
             std::find(options.only.begin(), options.only.end(), check.id) != options.only.end())
             chosen.push_back(check);
@@ -54,7 +54,7 @@ int tryFile(const Options& options)
         std::cerr << file << ": there is no such file\n";
         return exit_code::noFile;
     }
-    const CheckOutcome outcome = TryToLoad(options.run);
+    const check::CheckOutcome outcome = check::TryToLoad(options.run);
     if (outcome.code == exit_code::noBundle)
         std::cerr << outcome.found << "\n";
     else if (!outcome.IsPassed())
@@ -63,21 +63,21 @@ int tryFile(const Options& options)
 }
 
 /// The run's own exit code: the first failure decides.
-int judge(const std::vector<Check>& chosen, const Options& options, CheckPrinter& printer)
+int judge(const std::vector<check::Check>& chosen, const Options& options, CheckPrinter& printer)
 {
     CheckSummary summary{chosen.size(), 0, 0};
     int code = exit_code::well;
-    const std::size_t told =
-        RunChecks(chosen, options.run,
-                  [&](const Check& check, const CheckOutcome& outcome)
-                  {
-                      printer.Tell(check, outcome);
-                      ++summary.run;
-                      summary.failed += outcome.IsPassed() ? 0 : 1;
-                      if (code != exit_code::well || outcome.IsPassed())
-                          return;
-                      code = outcome.code == exit_code::noDisplay ? exit_code::noDisplay : exit_code::failed;
-                  });
+    const std::size_t told = check::RunChecks(
+        chosen, options.run,
+        [&](const check::Check& check, const check::CheckOutcome& outcome)
+        {
+            printer.Tell(check, outcome);
+            ++summary.run;
+            summary.failed += outcome.IsPassed() ? 0 : 1;
+            if (code != exit_code::well || outcome.IsPassed())
+                return;
+            code = outcome.code == exit_code::noDisplay ? exit_code::noDisplay : exit_code::failed;
+        });
     printer.End(summary);
     if (told == chosen.size() && summary.run == chosen.size())
         return code;
@@ -87,13 +87,13 @@ int judge(const std::vector<Check>& chosen, const Options& options, CheckPrinter
 
 int check(const Options& options)
 {
-    const CheckJob& job = options.run.job;
+    const check::CheckJob& job = options.run.job;
     if (options.list)
     {
         std::cout << (options.json ? CheckListAsJson(*job.book) : CheckList(*job.book));
         return exit_code::well;
     }
-    std::vector<Check> chosen;
+    std::vector<check::Check> chosen;
     if (job.file.empty() || !choose(options, chosen))
     {
         if (job.file.empty())
@@ -106,7 +106,7 @@ int check(const Options& options)
         return exit_code::usage;
     }
     if (options.here) // What the bundle prints is taken from standard output, the report is not.
-        RunCheckAlone(job, chosen.front().id, dup(STDOUT_FILENO));
+        check::RunCheckAlone(job, chosen.front().id, dup(STDOUT_FILENO));
     if (const int code = tryFile(options); code != exit_code::well)
         return code;
     const auto printer = options.json ? MakeJsonPrinter(job) : MakeLinePrinter(job);
@@ -116,7 +116,7 @@ int check(const Options& options)
 CLI::App& addCommand(CLI::App& app, int& exitCode, const std::string& file, const std::string& help,
                      const std::shared_ptr<Options>& options)
 {
-    CheckRunOptions& run = options->run;
+    check::CheckRunOptions& run = options->run;
     CLI::App* command = app.add_subcommand(options->Book().command, help);
     command->add_option(file, run.job.file, std::string("The ") + options->Book().kind + " that is judged");
     command->add_flag("--list", options->list, "Print the checks' ids and sentences, and judge nothing");
@@ -140,7 +140,7 @@ CLI::App& addCommand(CLI::App& app, int& exitCode, const std::string& file, cons
     return *command;
 }
 
-std::shared_ptr<Options> optionsFor(const CheckBook& book)
+std::shared_ptr<Options> optionsFor(const check::CheckBook& book)
 {
     auto options = std::make_shared<Options>();
     options->run.job.book = &book;
@@ -150,7 +150,7 @@ std::shared_ptr<Options> optionsFor(const CheckBook& book)
 
 void AddCheckCommand(CLI::App& app, int& exitCode)
 {
-    const auto options = optionsFor(BundleChecks());
+    const auto options = optionsFor(check::BundleChecks());
     addCommand(app, exitCode, "BUNDLE", "Judge a build of the bundle, each check in a process of its own",
                options)
         .add_option("--seed", options->run.job.seed, "The seed of the random walks")
@@ -161,6 +161,6 @@ void AddCheckEffectCommand(CLI::App& app, int& exitCode)
 {
     (void)addCommand(app, exitCode, "MODULE",
                      "Judge an effect of the family, each check in a process of its own",
-                     optionsFor(EffectChecks()));
+                     optionsFor(check::EffectChecks()));
 }
-} // namespace standin
+} // namespace standin::cli

@@ -5,7 +5,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
-namespace standin
+namespace standin::cli
 {
 namespace
 {
@@ -23,16 +23,17 @@ std::string indented(const std::string& text)
     return result;
 }
 
-std::string againText(const CheckJob& job, const Check& check, const CheckOutcome& outcome)
+std::string againText(const check::CheckJob& job, const check::Check& check,
+                      const check::CheckOutcome& outcome)
 {
     const std::string seedText = outcome.isSeedUsed ? " --seed " + std::to_string(job.seed) : "";
     return std::string("standin ") + job.book->command + " " + job.file + " --only " + check.id + seedText;
 }
 
-std::string padded(const std::string& id, const CheckBook& book)
+std::string padded(const std::string& id, const check::CheckBook& book)
 {
     std::size_t longest = id.size();
-    for (const Check& check : book.checks)
+    for (const check::Check& check : book.checks)
         longest = std::max(longest, std::strlen(check.id));
     return id + std::string(longest - id.size() + 2, ' ');
 }
@@ -40,9 +41,9 @@ std::string padded(const std::string& id, const CheckBook& book)
 class LinePrinter : public CheckPrinter
 {
 public:
-    explicit LinePrinter(CheckJob theJob) : job(std::move(theJob)) {}
+    explicit LinePrinter(check::CheckJob theJob) : job(std::move(theJob)) {}
 
-    void Tell(const Check& check, const CheckOutcome& outcome) override
+    void Tell(const check::Check& check, const check::CheckOutcome& outcome) override
     {
         std::cout << (outcome.IsPassed() ? "passed  " : "FAILED  ") << padded(check.id, *job.book)
                   << check.sentence << "\n";
@@ -58,15 +59,15 @@ public:
     }
 
 private:
-    CheckJob job;
+    check::CheckJob job;
 };
 
 class JsonPrinter : public CheckPrinter
 {
 public:
-    explicit JsonPrinter(CheckJob theJob) : job(std::move(theJob)) {}
+    explicit JsonPrinter(check::CheckJob theJob) : job(std::move(theJob)) {}
 
-    void Tell(const Check& check, const CheckOutcome& outcome) override
+    void Tell(const check::Check& check, const check::CheckOutcome& outcome) override
     {
         Json one{{"id", check.id},           {"sentence", check.sentence}, {"passed", outcome.IsPassed()},
                  {"ending", outcome.ending}, {"looked", outcome.looked},   {"seconds", outcome.seconds}};
@@ -90,34 +91,34 @@ public:
     }
 
 private:
-    CheckJob job;
+    check::CheckJob job;
     Json checks = Json::array();
 };
 } // namespace
 
-std::unique_ptr<CheckPrinter> MakeLinePrinter(const CheckJob& job)
+std::unique_ptr<CheckPrinter> MakeLinePrinter(const check::CheckJob& job)
 {
     return std::make_unique<LinePrinter>(job);
 }
 
-std::unique_ptr<CheckPrinter> MakeJsonPrinter(const CheckJob& job)
+std::unique_ptr<CheckPrinter> MakeJsonPrinter(const check::CheckJob& job)
 {
     return std::make_unique<JsonPrinter>(job);
 }
 
-std::string CheckList(const CheckBook& book)
+std::string CheckList(const check::CheckBook& book)
 {
     std::string list;
-    for (const Check& check : book.checks)
+    for (const check::Check& check : book.checks)
         list += padded(check.id, book) + check.sentence + "\n";
     return list;
 }
 
-std::string CheckListAsJson(const CheckBook& book)
+std::string CheckListAsJson(const check::CheckBook& book)
 {
     Json list = Json::array();
-    for (const Check& check : book.checks)
+    for (const check::Check& check : book.checks)
         list.push_back({{"id", check.id}, {"sentence", check.sentence}});
     return asText(list) + "\n";
 }
-} // namespace standin
+} // namespace standin::cli

@@ -1,12 +1,12 @@
 #pragma once
-// How `standin check` tells what it found: as lines for a person, or as one JSON document.
+// How `standin check` reports what it found: as lines for a person, or as one JSON document.
 
-#include "standin/checks/CheckRun.h"
+#include "standin/check/CheckRun.h"
 
 #include <memory>
 #include <string>
 
-namespace standin
+namespace standin::cli
 {
 struct CheckSummary
 {
@@ -19,14 +19,14 @@ class CheckPrinter
 {
 public:
     virtual ~CheckPrinter() = default;
-    virtual void Tell(const Check& check, const CheckOutcome& outcome) = 0;
+    virtual void Tell(const check::Check& check, const check::CheckOutcome& outcome) = 0;
     /// Called once, after the last check.
     virtual void End(const CheckSummary& summary) = 0;
 };
 
-std::unique_ptr<CheckPrinter> MakeLinePrinter(const CheckJob& job);
-std::unique_ptr<CheckPrinter> MakeJsonPrinter(const CheckJob& job);
+std::unique_ptr<CheckPrinter> MakeLinePrinter(const check::CheckJob& job);
+std::unique_ptr<CheckPrinter> MakeJsonPrinter(const check::CheckJob& job);
 /// Ids and sentences of the table.
-std::string CheckList(const CheckBook& book);
-std::string CheckListAsJson(const CheckBook& book);
-} // namespace standin
+std::string CheckList(const check::CheckBook& book);
+std::string CheckListAsJson(const check::CheckBook& book);
+} // namespace standin::cli

@@ -7,7 +7,7 @@ namespace CLI
 class App;
 }
 
-namespace standin
+namespace standin::cli
 {
 #if STANDIN_HAS_SCREEN
 void AddPlayCommand(CLI::App& app, int& exitCode);
@@ -15,4 +15,4 @@ void AddWordsCommand(CLI::App& app, int& exitCode);
 #endif
 void AddCheckCommand(CLI::App& app, int& exitCode);
 void AddCheckEffectCommand(CLI::App& app, int& exitCode);
-} // namespace standin
+} // namespace standin::cli

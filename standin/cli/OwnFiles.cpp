@@ -6,7 +6,7 @@
 #include <mach-o/dyld.h>
 #endif
 
-namespace standin
+namespace standin::cli
 {
 namespace
 {
@@ -33,4 +33,4 @@ std::string BuiltBundle()
     return (build / "VortanObjectPanel.so").string();
 #endif
 }
-} // namespace standin
+} // namespace standin::cli

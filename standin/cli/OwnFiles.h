@@ -3,8 +3,8 @@
 
 #include <string>
 
-namespace standin
+namespace standin::cli
 {
 /// The bundle of the build that this program belongs to.
 std::string BuiltBundle();
-} // namespace standin
+} // namespace standin::cli

@@ -12,14 +12,14 @@
 #include <iostream>
 #include <memory>
 
-namespace standin
+namespace standin::cli
 {
 namespace
 {
 struct Options
 {
     std::vector<std::string> files;
-    PlayOptions play;
+    script::PlayOptions play;
     int timeout = 120;
     bool ownDisplay = false;
     bool verbose = false;
@@ -27,7 +27,7 @@ struct Options
 };
 
 /// A file that is not there is another matter than one that says nonsense.
-int readAll(const Options& options, std::vector<std::vector<Step>>& scenarios)
+int readAll(const Options& options, std::vector<std::vector<script::Step>>& scenarios)
 {
     for (const std::string& file : options.files)
     {
@@ -38,9 +38,9 @@ int readAll(const Options& options, std::vector<std::vector<Step>>& scenarios)
         }
         try
         {
-            scenarios.push_back(ReadScenario(file));
+            scenarios.push_back(script::ReadScenario(file));
         }
-        catch (const ScenarioError& error)
+        catch (const script::ScenarioError& error)
         {
             std::cerr << error.what() << "\n";
             return exit_code::badInput;
@@ -49,7 +49,7 @@ int readAll(const Options& options, std::vector<std::vector<Step>>& scenarios)
     return exit_code::well;
 }
 
-int playOne(const std::string& file, const std::vector<Step>& steps, const Options& options)
+int playOne(const std::string& file, const std::vector<script::Step>& steps, const Options& options)
 {
     const SeparateOutcome outcome = PlaySeparately(steps, options.play, std::chrono::seconds(options.timeout),
                                                    options.verbose ? StepsShown::yes : StepsShown::no);
@@ -65,7 +65,7 @@ int playOne(const std::string& file, const std::vector<Step>& steps, const Optio
 
 int playAll(const Options& options)
 {
-    std::vector<std::vector<Step>> scenarios;
+    std::vector<std::vector<script::Step>> scenarios;
     if (const int code = readAll(options, scenarios); code != exit_code::well)
         return code;
     if (options.checkOnly)
@@ -120,7 +120,7 @@ void AddPlayCommand(CLI::App& app, int& exitCode)
         [options, &exitCode]
         {
             if (options->ownDisplay)
-                options->play.display = DisplayChoice::own;
+                options->play.display = user::DisplayChoice::own;
             exitCode = playAll(*options);
         });
 }
@@ -131,8 +131,8 @@ void AddWordsCommand(CLI::App& app, int& exitCode)
     words->callback(
         [&exitCode]
         {
-            std::cout << PhraseReference();
+            std::cout << script::PhraseReference();
             exitCode = exit_code::well;
         });
 }
-} // namespace standin
+} // namespace standin::cli

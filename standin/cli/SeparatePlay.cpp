@@ -8,20 +8,20 @@
 #include <cstdio>
 #include <unistd.h>
 
-namespace standin
+namespace standin::cli
 {
 namespace
 {
 /// Gives the verdict, and what it is said with.
-std::pair<int, std::string> play(const std::vector<Step>& steps, const PlayOptions& options)
+std::pair<int, std::string> play(const std::vector<script::Step>& steps, const script::PlayOptions& options)
 {
     try
     {
-        const Outcome outcome = PlayScenario(steps, options);
+        const script::Outcome outcome = script::PlayScenario(steps, options);
         process::Tell("steps", std::to_string(outcome.steps));
         return {outcome.IsWell() ? exit_code::well : exit_code::failed, outcome.failure};
     }
-    catch (const DisplayMissing& error)
+    catch (const user::DisplayMissing& error)
     {
         return {exit_code::noDisplay, error.what()};
     }
@@ -31,9 +31,10 @@ std::pair<int, std::string> play(const std::vector<Step>& steps, const PlayOptio
     }
 }
 
-int playInside(const std::vector<Step>& steps, PlayOptions options, StepsShown shown, int terminal)
+int playInside(const std::vector<script::Step>& steps, script::PlayOptions options, StepsShown shown,
+               int terminal)
 {
-    options.onStep = [&](const Statement& statement)
+    options.onStep = [&](const script::Statement& statement)
     {
         process::Tell("place", statement.Place() + statement.text);
         if (shown == StepsShown::yes)
@@ -48,7 +49,7 @@ int playInside(const std::vector<Step>& steps, PlayOptions options, StepsShown s
 }
 } // namespace
 
-SeparateOutcome PlaySeparately(const std::vector<Step>& steps, const PlayOptions& options,
+SeparateOutcome PlaySeparately(const std::vector<script::Step>& steps, const script::PlayOptions& options,
                                std::chrono::seconds timeout, StepsShown shown)
 {
     const int terminal = dup(STDOUT_FILENO);
@@ -74,4 +75,4 @@ SeparateOutcome PlaySeparately(const std::vector<Step>& steps, const PlayOptions
     const bool isLate = child.HowEnded() == process::Ending::timedOut;
     return {isLate ? exit_code::timeOut : exit_code::crashed, played, place + "\n  " + child.EndText()};
 }
-} // namespace standin
+} // namespace standin::cli

@@ -2,9 +2,9 @@
 // Plays a scenario in a process of its own, so that a bundle that crashes or hangs takes nothing else with
 // it.
 
-#include "standin/scenario/Player.h"
+#include "standin/script/Player.h"
 
-namespace standin
+namespace standin::cli
 {
 struct SeparateOutcome
 {
@@ -20,6 +20,6 @@ enum class StepsShown
 };
 
 /// The timeout runs from the start of the process.
-SeparateOutcome PlaySeparately(const std::vector<Step>& steps, const PlayOptions& options,
+SeparateOutcome PlaySeparately(const std::vector<script::Step>& steps, const script::PlayOptions& options,
                                std::chrono::seconds timeout, StepsShown shown);
-} // namespace standin
+} // namespace standin::cli

@@ -12,11 +12,11 @@ int main(int argc, char** argv)
     app.footer(standin::exit_code::Help());
     int exitCode = standin::exit_code::well;
 #if STANDIN_HAS_SCREEN
-    standin::AddPlayCommand(app, exitCode);
-    standin::AddWordsCommand(app, exitCode);
+    standin::cli::AddPlayCommand(app, exitCode);
+    standin::cli::AddWordsCommand(app, exitCode);
 #endif
-    standin::AddCheckCommand(app, exitCode);
-    standin::AddCheckEffectCommand(app, exitCode);
+    standin::cli::AddCheckCommand(app, exitCode);
+    standin::cli::AddCheckEffectCommand(app, exitCode);
     try
     {
         app.parse(argc, argv);

@@ -6,7 +6,7 @@
 
 #include <cstdlib>
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -38,4 +38,4 @@ void AddArguments(CLI::App& app, DesktopArguments& arguments)
                    "Write what you do, in the panel as well, as a scenario that `standin play` plays");
     app.footer(exit_code::Help());
 }
-} // namespace standin
+} // namespace standin::desktop

@@ -10,7 +10,7 @@ namespace CLI
 class App;
 }
 
-namespace standin
+namespace standin::desktop
 {
 struct DesktopArguments
 {
@@ -25,4 +25,4 @@ struct DesktopArguments
 
 /// Puts the program's options on its command line. `arguments` gets what the user gives.
 void AddArguments(CLI::App& app, DesktopArguments& arguments);
-} // namespace standin
+} // namespace standin::desktop

@@ -1,9 +1,9 @@
 // What is done in the host's own windows, by mouse and keys.
 
 #include "standin/desktop/DesktopSession.h"
-#include "standin/scenario/Stage.h"
+#include "standin/script/Stage.h"
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -12,36 +12,37 @@ constexpr int nameX = 90;
 constexpr int twirlX = 12;
 
 /// The upper edge of an effect's row in the effect controls, of as many as there are.
-int topOf(const Stage& stage, std::size_t index)
+int topOf(const script::Stage& stage, std::size_t index)
 {
-    const Shown shown = ShowHost(stage.session.host);
+    const script::Shown shown = script::ShowHost(stage.session.host);
     int top = 0;
     for (std::size_t i = 0; i < index; ++i)
         top += HeightOfEffect(shown.effects.at(i));
     return top;
 }
 
-std::size_t indexOf(Stage& stage, const std::string& name)
+std::size_t indexOf(script::Stage& stage, const std::string& name)
 {
     const int id = stage.host().Effect(stage.EffectLabel(name)).id;
-    const Shown shown = ShowHost(stage.host());
+    const script::Shown shown = script::ShowHost(stage.host());
     for (std::size_t i = 0; i < shown.effects.size(); ++i)
         if (shown.effects[i].id == id)
             return i;
-    throw StageError("the effect controls do not show " + name);
+    throw script::StageError("the effect controls do not show " + name);
 }
 
-void selectLayer(DesktopSession& on, Stage& stage, const std::string& name)
+void selectLayer(DesktopSession& on, script::Stage& stage, const std::string& name)
 {
     stage.layer = stage.LayerId(name);
-    const Shown shown = ShowHost(stage.host());
+    const script::Shown shown = script::ShowHost(stage.host());
     for (std::size_t i = 0; i < shown.layers.size(); ++i)
         if (shown.layers[i].id == stage.layer)
             return on.Click(on.PlaceIn("layers", {80, static_cast<int>(i) * theme::rowHeight + middleOfRow}));
-    throw StageError("the front composition has no layer " + name);
+    throw script::StageError("the front composition has no layer " + name);
 }
 
-void renameEffect(DesktopSession& on, Stage& stage, const std::string& name, const std::string& newName)
+void renameEffect(DesktopSession& on, script::Stage& stage, const std::string& name,
+                  const std::string& newName)
 {
     on.DoubleClick(on.PlaceIn("effects", {nameX, topOf(stage, indexOf(stage, name)) + middleOfRow}));
     on.TypeInto("name", newName);
@@ -49,12 +50,12 @@ void renameEffect(DesktopSession& on, Stage& stage, const std::string& name, con
 }
 
 /// Dropped at the upper edge of what it goes before, or at the lower edge of what it goes after.
-void moveEffect(DesktopSession& on, Stage& stage, const std::string& name, int place)
+void moveEffect(DesktopSession& on, script::Stage& stage, const std::string& name, int place)
 {
     constexpr int inside = 3;
     const std::size_t from = indexOf(stage, name);
     const auto to = static_cast<std::size_t>(place - 1);
-    const Place start = on.PlaceIn("effects", {nameX, topOf(stage, from) + middleOfRow});
+    const user::Place start = on.PlaceIn("effects", {nameX, topOf(stage, from) + middleOfRow});
     const int edge = to < from ? topOf(stage, to) + inside : topOf(stage, to + 1) - inside;
     on.Press(start);
     on.Idle();
@@ -62,7 +63,7 @@ void moveEffect(DesktopSession& on, Stage& stage, const std::string& name, int p
     on.Release();
 }
 
-void notify(DesktopSession& on, Stage& stage, const std::string& text)
+void notify(DesktopSession& on, script::Stage& stage, const std::string& text)
 {
     stage.AddCandidate(text);
     on.Choose("Siblings", "Notify the Panel...");
@@ -71,34 +72,36 @@ void notify(DesktopSession& on, Stage& stage, const std::string& text)
 }
 } // namespace
 
-std::map<std::string, Act> ActsInWindows(DesktopSession& on)
+std::map<std::string, script::Act> ActsInWindows(DesktopSession& on)
 {
-    const Place otherTab{260, theme::headerHeight / 2};
-    return {{"select layer TEXT", [&](Stage& s, const Arguments& a) { selectLayer(on, s, a.texts[0]); }},
+    const user::Place otherTab{260, theme::headerHeight / 2};
+    return {{"select layer TEXT",
+             [&](script::Stage& s, const script::Arguments& a) { selectLayer(on, s, a.texts[0]); }},
             {"choose TEXT in the WORD menu",
-             [&](Stage&, const Arguments& a) { on.Choose(a.texts[1], a.texts[0]); }},
-            {"rename TEXT to TEXT",
-             [&](Stage& s, const Arguments& a) { renameEffect(on, s, a.texts[0], a.texts[1]); }},
-            {"move TEXT to place NUMBER",
-             [&](Stage& s, const Arguments& a) { moveEffect(on, s, a.texts[0], a.numbers[0]); }},
+             [&](script::Stage&, const script::Arguments& a) { on.Choose(a.texts[1], a.texts[0]); }},
+            {"rename TEXT to TEXT", [&](script::Stage& s, const script::Arguments& a)
+             { renameEffect(on, s, a.texts[0], a.texts[1]); }},
+            {"move TEXT to place NUMBER", [&](script::Stage& s, const script::Arguments& a)
+             { moveEffect(on, s, a.texts[0], a.numbers[0]); }},
             {"twirl TEXT",
-             [&](Stage& s, const Arguments& a) {
+             [&](script::Stage& s, const script::Arguments& a) {
                  on.Click(on.PlaceIn("effects", {twirlX, topOf(s, indexOf(s, a.texts[0])) + middleOfRow}));
              }},
-            {"a sibling notifies TEXT", [&](Stage& s, const Arguments& a) { notify(on, s, a.texts[0]); }},
-            {"cover the panel",
-             [&on, otherTab](Stage&, const Arguments&) { on.Click(on.PlaceIn("dock", otherTab)); }},
+            {"a sibling notifies TEXT",
+             [&](script::Stage& s, const script::Arguments& a) { notify(on, s, a.texts[0]); }},
+            {"cover the panel", [&on, otherTab](script::Stage&, const script::Arguments&)
+             { on.Click(on.PlaceIn("dock", otherTab)); }},
             {"filter the calls for TEXT",
-             [&](Stage&, const Arguments& a)
+             [&](script::Stage&, const script::Arguments& a)
              {
                  on.Click(on.PlaceIn("filter", {60, 10}));
                  on.TypeInto("filter", a.texts[0]);
              }},
-            {"press WORD", [&](Stage&, const Arguments& a)
+            {"press WORD", [&](script::Stage&, const script::Arguments& a)
              {
                  on.AwaitKeyboard();
                  on.PressKey(a.texts[0]);
                  on.Idle();
              }}};
 }
-} // namespace standin
+} // namespace standin::desktop

@@ -1,17 +1,17 @@
 #include "standin/desktop/DesktopApplication.h"
 
 #include "standin/desktop/DesktopSession.h"
+#include "standin/host/project/ProjectFile.h"
 #include "standin/process/ExitCodes.h"
-#include "standin/project/ProjectFile.h"
-#include "standin/scenario/Player.h"
-#include "standin/scenario/Stage.h"
+#include "standin/script/Player.h"
+#include "standin/script/Stage.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -69,7 +69,7 @@ void DesktopApplication::initialise(const juce::String&)
     {
         fail(exit_code::noRecording, error.what());
     }
-    catch (const ScenarioError& error)
+    catch (const script::ScenarioError& error)
     {
         fail(isThere(arguments.scenario) ? exit_code::badInput : exit_code::noFile, error.what());
     }
@@ -87,9 +87,9 @@ void DesktopApplication::initialise(const juce::String&)
 
 void DesktopApplication::open()
 {
-    std::vector<Step> scenario;
+    std::vector<script::Step> scenario;
     if (!arguments.scenario.empty())
-        scenario = ReadScenario(arguments.scenario);
+        scenario = script::ReadScenario(arguments.scenario);
     bench = std::make_unique<Workbench>(*containers);
     for (const std::string& effect : arguments.effects)
         bench->InstallEffect(effect);
@@ -123,19 +123,19 @@ void DesktopApplication::open()
 }
 
 /// Here and not in a message, since playing delivers the messages.
-void DesktopApplication::play(const std::vector<Step>& scenario)
+void DesktopApplication::play(const std::vector<script::Step>& scenario)
 {
     int sentence = 0;
     DesktopSession session(*bench, *window, *containers);
-    Stage stage(session);
-    PlayOptions options;
+    script::Stage stage(session);
+    script::PlayOptions options;
     options.pictures = arguments.pictures;
     options.otherwise = ActsInWindows(session);
     options.onSay = [&](const std::string& text)
     { bench->Printed().WriteToTerminal("\n" + std::to_string(++sentence) + ". " + text + "\n"); };
     std::filesystem::create_directories(options.pictures);
     session.Settle(); // The windows are painted by then.
-    const Outcome outcome = PlayOn(stage, scenario, options);
+    const script::Outcome outcome = script::PlayOn(stage, scenario, options);
     std::ofstream(options.pictures + "/calls.txt") << bench->Calls().Text();
     if (!outcome.IsWell())
         return fail(exit_code::failed, outcome.failure);
@@ -148,15 +148,16 @@ void DesktopApplication::beginRecording(const std::string& file)
 {
     try
     {
-        recording = std::make_unique<ScenarioRecording>(bench->TheHost(), file);
-        panelRecording = std::make_unique<PanelRecording>(bench->TheHost(), *recording,
-                                                          [this]
-                                                          {
-                                                              PanelRecording::View view;
-                                                              view.area = containers->AreaOnScreen();
-                                                              view.hasKeyboard = containers->HasFocus();
-                                                              return view;
-                                                          });
+        recording = std::make_unique<script::ScenarioRecording>(bench->TheHost(), file);
+        panelRecording = std::make_unique<script::PanelRecording>(bench->TheHost(), *recording,
+                                                                  [this]
+                                                                  {
+                                                                      script::PanelRecording::View view;
+                                                                      view.area = containers->AreaOnScreen();
+                                                                      view.hasKeyboard =
+                                                                          containers->HasFocus();
+                                                                      return view;
+                                                                  });
     }
     catch (const std::runtime_error& error)
     {
@@ -203,4 +204,4 @@ void DesktopApplication::unhandledException(const std::exception* exception, con
 {
     fail(exit_code::failed, exception != nullptr ? exception->what() : "an unknown exception");
 }
-} // namespace standin
+} // namespace standin::desktop

@@ -2,11 +2,11 @@
 // The program as JUCE runs it: bundle, project, window, and the end of it all.
 
 #include "standin/desktop/Arguments.h"
-#include "standin/desktop/record/PanelRecording.h"
 #include "standin/desktop/views/DesktopWindow.h"
-#include "standin/scenario/Phrase.h"
+#include "standin/script/Phrase.h"
+#include "standin/script/record/PanelRecording.h"
 
-namespace standin
+namespace standin::desktop
 {
 class DesktopApplication : public juce::JUCEApplicationBase
 {
@@ -30,7 +30,7 @@ public:
 
 private:
     void open();
-    void play(const std::vector<Step>& scenario);
+    void play(const std::vector<script::Step>& scenario);
     void beginRecording(const std::string& file);
     void endRecording();
     std::string bundleFile() const;
@@ -41,7 +41,7 @@ private:
     std::unique_ptr<X11Containers> containers;
     std::unique_ptr<Workbench> bench;
     std::unique_ptr<DesktopWindow> window;
-    std::unique_ptr<ScenarioRecording> recording;
-    std::unique_ptr<PanelRecording> panelRecording;
+    std::unique_ptr<script::ScenarioRecording> recording;
+    std::unique_ptr<script::PanelRecording> panelRecording;
 };
-} // namespace standin
+} // namespace standin::desktop

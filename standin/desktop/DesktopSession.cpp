@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <thread>
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -19,7 +19,7 @@ juce::Component* find(juce::Component& around, const juce::String& id)
     return nullptr;
 }
 
-Area areaOf(const juce::Component& component)
+user::Area areaOf(const juce::Component& component)
 {
     const juce::Rectangle<int> area = component.getScreenBounds();
     return {area.getX(), area.getY(), area.getWidth(), area.getHeight()};
@@ -36,7 +36,10 @@ int lineOf(const juce::PopupMenu& menu, const std::string& entry)
 } // namespace
 
 DesktopSession::DesktopSession(Workbench& theBench, DesktopWindow& theWindow, X11Containers& theContainers)
-    : Session(theBench.TheHost(), nullptr), bench(theBench), window(theWindow), containers(theContainers)
+    : user::Session(theBench.TheHost(), nullptr),
+      bench(theBench),
+      window(theWindow),
+      containers(theContainers)
 {
     bench.onCall = [this](const std::string& call) { heard.calls.push_back(call); };
     bench.onPrinted = [this](const std::string& line) { heard.printed.push_back(line); };
@@ -56,7 +59,7 @@ void DesktopSession::Idle()
         if (juce::MessageManager::getInstance()->hasStopMessageBeenSent())
             throw std::runtime_error("the desktop has been closed");
         if (!DispatchJuceMessages())
-            std::this_thread::sleep_for(waits::betweenPasses);
+            std::this_thread::sleep_for(user::waits::betweenPasses);
     }
 }
 
@@ -68,15 +71,15 @@ juce::Component& DesktopSession::component(const char* id) const
     return *found;
 }
 
-Area DesktopSession::PanelArea() const
+user::Area DesktopSession::PanelArea() const
 {
     return containers.AreaOnScreen().value_or(areaOf(component("dock")));
 }
 
-Place DesktopSession::HostPlace() const
+user::Place DesktopSession::HostPlace() const
 {
     // In the status bar.
-    const Area all = areaOf(window);
+    const user::Area all = areaOf(window);
     return {all.Middle().x, all.y + all.height - 12};
 }
 
@@ -91,10 +94,10 @@ void DesktopSession::require(const std::function<bool()>& condition, const std::
         throw std::runtime_error(otherwise);
 }
 
-Place DesktopSession::PlaceIn(const char* componentId, Place place) const
+user::Place DesktopSession::PlaceIn(const char* componentId, user::Place place) const
 {
-    const Area area = areaOf(component(componentId));
-    return Place{area.x, area.y} + place;
+    const user::Area area = areaOf(component(componentId));
+    return user::Place{area.x, area.y} + place;
 }
 
 bool DesktopSession::hasKeyboard()
@@ -138,4 +141,4 @@ void DesktopSession::TypeInto(const char* fieldId, const std::string& text)
     require([&] { return field.getText() == theme::Text(text); },
             std::string("the field \"") + fieldId + "\" does not show what is typed");
 }
-} // namespace standin
+} // namespace standin::desktop

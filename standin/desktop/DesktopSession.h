@@ -4,20 +4,20 @@
 // timer has made the host idle.
 
 #include "standin/desktop/views/DesktopWindow.h"
-#include "standin/scenario/Phrase.h"
-#include "standin/session/Session.h"
+#include "standin/script/Phrase.h"
+#include "standin/user/Session.h"
 
-namespace standin
+namespace standin::desktop
 {
-class DesktopSession : public Session
+class DesktopSession : public user::Session
 {
 public:
     DesktopSession(Workbench& bench, DesktopWindow& window, X11Containers& containers);
     ~DesktopSession() override;
 
     void Idle() override;
-    Area PanelArea() const override;
-    Place HostPlace() const override;
+    user::Area PanelArea() const override;
+    user::Place HostPlace() const override;
     /// The dock has its own size: throws std::runtime_error.
     void ResizePanel(int width, int height) override;
     const Bundle& TheBundle() const override { return bench.TheBundle(); }
@@ -25,7 +25,7 @@ public:
     void End() override {}
 
     // The desktop's own windows. What does not come about throws std::runtime_error.
-    Place PlaceIn(const char* componentId, Place place) const;
+    user::Place PlaceIn(const char* componentId, user::Place place) const;
     /// Chooses from the menu bar.
     void Choose(const std::string& menu, const std::string& entry);
     /// Types into a text field once it has the keyboard, until it shows the text.
@@ -45,5 +45,5 @@ private:
 };
 
 /// What the user does in the desktop's windows in place of what a phrase does to a bare host, by its pattern.
-std::map<std::string, Act> ActsInWindows(DesktopSession& session);
-} // namespace standin
+std::map<std::string, script::Act> ActsInWindows(DesktopSession& session);
+} // namespace standin::desktop

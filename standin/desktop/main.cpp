@@ -2,7 +2,7 @@
 
 #include "standin/desktop/DesktopApplication.h"
 #include "standin/process/ExitCodes.h"
-#include "standin/x11/Xvfb.h"
+#include "standin/user/x11/Xvfb.h"
 
 #include <CLI/CLI.hpp>
 
@@ -13,17 +13,17 @@
 
 namespace
 {
-juce::JUCEApplicationBase* makeApplication() { return new standin::DesktopApplication(); }
+juce::JUCEApplicationBase* makeApplication() { return new standin::desktop::DesktopApplication(); }
 
-int run(const standin::DesktopArguments& arguments)
+int run(const standin::desktop::DesktopArguments& arguments)
 {
-    std::optional<standin::Xvfb> screen;
+    std::optional<standin::user::Xvfb> screen;
     if (!arguments.scenario.empty())
         screen.emplace(1320, 820);
     else if (const char* const named = std::getenv("DISPLAY"); named == nullptr || *named == '\0')
         // JUCE would take the first display of the machine, which may be anybody's.
         throw std::runtime_error("there is no display; --play has a screen of its own");
-    standin::DesktopApplication::Use(arguments);
+    standin::desktop::DesktopApplication::Use(arguments);
     juce::JUCEApplicationBase::createInstance = &makeApplication;
     const char* const name[] = {"standin-desktop"};
     return juce::JUCEApplicationBase::main(1, const_cast<const char**>(name));
@@ -33,8 +33,8 @@ int run(const standin::DesktopArguments& arguments)
 int main(int argc, char* argv[])
 {
     CLI::App app("Opens a window of the stand-in host with the panel docked in it.", "standin-desktop");
-    standin::DesktopArguments arguments;
-    standin::AddArguments(app, arguments);
+    standin::desktop::DesktopArguments arguments;
+    standin::desktop::AddArguments(app, arguments);
     try
     {
         app.parse(argc, argv);

@@ -1,7 +1,7 @@
 #pragma once
 // Places and areas in pixels, on the screen or in a window, from the upper left corner.
 
-namespace standin
+namespace standin::user
 {
 struct Place
 {
@@ -25,4 +25,4 @@ struct Area
         return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
     }
 };
-} // namespace standin
+} // namespace standin::user

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace standin
+namespace standin::user
 {
 namespace
 {
@@ -209,4 +209,4 @@ void HostWindow::ShowContainer(void* shown, Visibility visibility)
     (void)(visibility == Visibility::visible ? XMapWindow(display, window) : XUnmapWindow(display, window));
     settle();
 }
-} // namespace standin
+} // namespace standin::user

@@ -2,8 +2,8 @@
 // The window of a host without any toolkit, with a child window in it that the panel is put into, on an X
 // connection of its own. A strip above the panel, if there is room for one, shows the panel's tab.
 
-#include "standin/core/ContainerProvider.h"
-#include "standin/core/HostOptions.h"
+#include "standin/host/core/ContainerProvider.h"
+#include "standin/host/core/HostOptions.h"
 #include "standin/user/Geometry.h"
 
 #include <string>
@@ -12,7 +12,7 @@
 struct _XDisplay;
 union _XEvent;
 
-namespace standin
+namespace standin::user
 {
 struct HostLayout
 {
@@ -37,7 +37,7 @@ public:
 
     /// The keys that have reached the host since the last call: "Delete", "Control+a".
     std::vector<std::string> TakeKeys();
-    /// Errors that Xlib told the host of since the last call, while it counts them.
+    /// Errors that Xlib reported to the host since the last call, while it counts them.
     int TakeErrors();
 
     unsigned long Frame() const { return frame; }
@@ -77,4 +77,4 @@ private:
     XErrors xErrors = XErrors::areCounted;
     void (*formerHandler)() = nullptr; ///< Of Xlib's type for handlers of errors.
 };
-} // namespace standin
+} // namespace standin::user

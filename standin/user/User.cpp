@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <thread>
 
-namespace standin
+namespace standin::user
 {
 using Clock = std::chrono::steady_clock;
 
@@ -193,4 +193,4 @@ Place User::OnScreen(Place inPanel) const
     const Area panel = PanelArea();
     return Place{panel.x, panel.y} + inPanel;
 }
-} // namespace standin
+} // namespace standin::user

@@ -4,14 +4,14 @@
 // the panel is. Places are those of the screen. Nothing idles unless it is said.
 
 #include "standin/user/Waits.h"
-#include "standin/x11/XTestInput.h"
-#include "standin/x11/Xvfb.h"
+#include "standin/user/x11/XTestInput.h"
+#include "standin/user/x11/Xvfb.h"
 
 #include <functional>
 #include <memory>
 #include <optional>
 
-namespace standin
+namespace standin::user
 {
 /// Passes until the condition holds; false if it does not within the limit.
 bool WaitUntil(const std::function<bool()>& condition, const std::function<void()>& pass,
@@ -37,7 +37,7 @@ public:
     virtual Area PanelArea() const = 0;
 
     // Waiting. Between the looks the host idles.
-    /// False if the condition does not come to hold within the limit.
+    /// False if the condition does not hold within the limit.
     bool IdleUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit = waits::untilSeen)
     {
         return WaitUntil(
@@ -102,4 +102,4 @@ private:
     Place lastPlace;
     std::chrono::steady_clock::time_point lastClick;
 };
-} // namespace standin
+} // namespace standin::user

@@ -3,7 +3,7 @@
 
 #include <chrono>
 
-namespace standin::waits
+namespace standin::user::waits
 {
 using namespace std::chrono_literals;
 
@@ -27,12 +27,12 @@ constexpr int leastPasses = 50;
 /// So long an expectation of a scenario or a check may take to come true, and a menu to open.
 constexpr auto untilExpected = 5s;
 
-/// So long the panel's rows may differ from what a step of a walk has done. A walk takes hundreds of steps, and
-/// one that goes wrong is cut down by walking again and again.
+/// So long the panel's rows may differ from what a step of a walk has done. A walk takes hundreds of steps,
+/// and one that goes wrong is cut down by walking again and again.
 constexpr auto untilRowsFollow = 3s;
 
-/// For what comes to rest while nothing is wrong with it.
+/// For what settles in normal operation.
 constexpr auto untilStill = 30s;
-/// So many passes without a change mean that none is under way.
+/// After this many passes without a change, none is under way.
 constexpr int stillPasses = 8;
-} // namespace standin::waits
+} // namespace standin::user::waits

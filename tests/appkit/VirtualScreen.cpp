@@ -1,6 +1,6 @@
 #include "tests/appkit/VirtualScreen.h"
 
-#include "standin/x11/Xvfb.h"
+#include "standin/user/x11/Xvfb.h"
 
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
@@ -11,7 +11,7 @@ namespace
 /// The connection stays open to the end: GNUstep has one of its own, and the server ends after both.
 Display* openDisplay()
 {
-    static const standin::Xvfb server(standin::screenWidth, standin::screenHeight);
+    static const standin::user::Xvfb server(standin::screenWidth, standin::screenHeight);
     static Display* const display = XOpenDisplay(server.displayName().c_str());
     if (display == nullptr)
         throw std::runtime_error("the screen " + server.displayName() + " does not open");

@@ -3,7 +3,7 @@
 
 #include "bench/FastPanel.h"
 #include "standin/user/HostWindow.h"
-#include "standin/x11/Xvfb.h"
+#include "standin/user/x11/Xvfb.h"
 #include "tests/support/CountedAllocations.h"
 #include "tree/platform/x11/TreeX11.h"
 
@@ -14,6 +14,8 @@
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 class DeliveryBudget : public testing::TestWithParam<FastHost::Panel>

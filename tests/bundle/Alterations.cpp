@@ -4,6 +4,7 @@
 
 namespace standin
 {
+
 namespace
 {
 bool passes(const Bytes& bytes, const Check& check)

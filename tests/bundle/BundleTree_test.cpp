@@ -8,6 +8,7 @@
 
 namespace standin
 {
+
 namespace
 {
 using testing::IsEmpty;

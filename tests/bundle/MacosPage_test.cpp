@@ -38,7 +38,7 @@ std::vector<std::string> findOnPage(const std::string& pattern) { return findIn(
 bool isSwitch(const std::string& enumeration, const std::string& value)
 {
     static const std::string headers =
-        sourceText("standin/core/HostOptions.h") + sourceText("standin/core/Host.h");
+        sourceText("standin/host/core/HostOptions.h") + sourceText("standin/host/core/Host.h");
     return std::regex_search(headers,
                              std::regex("enum class " + enumeration + "\\s*\\{[^}]*\\b" + value + "\\b"));
 }
@@ -60,7 +60,7 @@ TEST(MacosPage, NamesSwitchesThatTheStandInHas)
 
 TEST(MacosPage, NamesOperationsThatTheStandInHas)
 {
-    const std::string header = sourceText("standin/core/Host.h");
+    const std::string header = sourceText("standin/host/core/Host.h");
     const std::vector<std::string> named = findOnPage("`Host::([A-Z]\\w+)`");
     std::vector<std::string> unknown;
     for (const std::string& name : named)

@@ -7,6 +7,7 @@
 
 namespace standin
 {
+
 namespace
 {
 struct Token

@@ -1,8 +1,6 @@
 #include "tests/bundle_linux/BundleTest.h"
 
-#include "standin/family/KeptSuites.h"
-
-#include <dlfcn.h>
+#include "standin/host/family/KeptSuites.h"
 
 namespace standin
 {
@@ -14,6 +12,7 @@ BundleTest::BundleTest(HostOptions options) : host(options), bundle(VORTAN_BUNDL
     host.User().SelectLayers({layer});
 }
 
+/// The controller holds suites until the host ends, so a host that ends finds them held.
 BundleTest::~BundleTest()
 {
     ExpectKeptSuites(host);
@@ -29,11 +28,6 @@ LoadedPlugin BundleTest::LoadPanel()
     if (plugin.globalRefcon != nullptr)
         keptBlocks = std::make_unique<KeptBlocks>(host, plugin);
     return plugin;
-}
-
-EntryPoint BundleTest::Entry(const char* name) const
-{
-    return reinterpret_cast<EntryPoint>(dlsym(dlopen(VORTAN_BUNDLE, RTLD_NOW | RTLD_NOLOAD), name));
 }
 
 const void* BundleTest::Published(const char* name)
@@ -55,20 +49,10 @@ std::vector<std::string> BundleTest::TakeCalls(SuiteTraffic traffic)
     return calls;
 }
 
-std::vector<std::string> BundleTest::AlertTexts() const
-{
-    std::vector<std::string> texts;
-    for (const Alert& alert : host.Alerts())
-        texts.push_back(alert.text);
-    return texts;
-}
-
 std::string BundleTest::OutputOf(const std::function<void()>& action)
 {
     testing::internal::CaptureStdout();
     action();
     return testing::internal::GetCapturedStdout();
 }
-
-const void* WordOf(const void* table, int index) { return static_cast<const void* const*>(table)[index]; }
 } // namespace standin

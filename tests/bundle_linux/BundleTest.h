@@ -2,9 +2,9 @@
 // The built bundle as a host and a sibling effect know it: two entry points, two published tables of words,
 // and nothing else. Its own headers are not used here.
 
-#include "standin/core/Host.h"
-#include "standin/family/Family.h"
-#include "standin/session/Bundle.h"
+#include "standin/host/bundle/Bundle.h"
+#include "standin/host/core/Host.h"
+#include "standin/host/family/Family.h"
 #include "tests/support/KeptBlocks.h"
 
 #include <gmock/gmock.h>
@@ -44,7 +44,6 @@ struct PanelWords
 class BundleTest : public testing::Test
 {
 protected:
-    static constexpr const char* panelName = "Vortan Object Panel";
     static constexpr const char* idleSuiteName = "Vortan Idle Suite v1";
     static constexpr const char* panelSuiteName = "Vortan Panel Suite v1";
 
@@ -54,9 +53,6 @@ protected:
     LoadedPlugin LoadIdleSuite() { return bundle.LoadIdleSuite(host); }
     LoadedPlugin LoadPanel();
 
-    /// An entry point of the bundle by its exported name.
-    EntryPoint Entry(const char* name) const;
-
     const BasicSlots& Basic() { return *static_cast<const BasicSlots*>(host.BasicSuite()); }
     /// A published table, as a sibling gets it; null if it is not published.
     const void* Published(const char* name);
@@ -65,7 +61,6 @@ protected:
 
     /// The calls since the last time; without the traffic of suites if that is said.
     std::vector<std::string> TakeCalls(SuiteTraffic traffic = SuiteTraffic::included);
-    std::vector<std::string> AlertTexts() const;
 
     /// What `action` writes to standard output.
     static std::string OutputOf(const std::function<void()>& action);
@@ -77,7 +72,4 @@ protected:
 private:
     std::unique_ptr<KeptBlocks> keptBlocks;
 };
-
-/// The words of a table, for a look at its layout.
-const void* WordOf(const void* table, int index);
 } // namespace standin

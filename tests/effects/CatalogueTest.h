@@ -2,7 +2,7 @@
 // A host on which a test installs what it needs, and the lookups over what is installed.
 
 #include "effects/EffectCatalogue.h"
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "effects/EffectCatalogue.h"
 
-#include "standin/faults/Sweep.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/effects/FaultOutcome.h"
 
 #include <gtest/gtest.h>

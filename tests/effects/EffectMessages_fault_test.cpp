@@ -2,7 +2,7 @@
 
 #include "effects/EffectMessages.h"
 
-#include "standin/faults/Sweep.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/effects/MessageFixture.h"
 #include "tests/support/FindingIds.h"
 

@@ -1,6 +1,6 @@
 #include "effects/EffectPlacement.h"
 
-#include "standin/faults/Sweep.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/effects/FaultOutcome.h"
 #include "tests/support/StackTest.h"
 
@@ -8,6 +8,7 @@ using ::testing::ElementsAre;
 
 namespace standin
 {
+
 namespace
 {
 using Places = std::vector<int>;

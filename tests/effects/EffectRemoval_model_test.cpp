@@ -2,7 +2,7 @@
 
 #include "effects/EffectRemoval.h"
 #include "effects/ObjectItem.h"
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/support/LabelledStack.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "effects/EffectRemoval.h"
 
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/support/StackTest.h"
 
 using ::testing::ElementsAre;

@@ -1,7 +1,7 @@
 // Selections on a host that withholds a suite, from the start or after the reading.
 
 #include "effects/EffectSelection.h"
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/effects/FaultOutcome.h"
 #include "tests/effects/SelectedStack.h"
 #include "tests/support/StackTest.h"

@@ -2,8 +2,8 @@
 // else, and the effects after it get their turn.
 
 #include "effects/EffectSelection.h"
-#include "standin/family/Liars.h"
-#include "standin/faults/Sweep.h"
+#include "standin/host/family/Liars.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/effects/SelectedStack.h"
 #include "tests/support/StackTest.h"
 #include "tests/support/TraceAudit.h"

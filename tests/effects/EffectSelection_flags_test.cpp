@@ -1,6 +1,6 @@
 // The sequences in which the hidden flags are switched, by suite version, and what they leave behind.
 
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/support/StackTest.h"
 
 namespace standin

@@ -1,7 +1,7 @@
 // Which effect of a layer belongs to which class, and what happens to each class in which order.
 
 #include "effects/EffectSelection.h"
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/support/StackTest.h"
 
 namespace standin

@@ -2,7 +2,7 @@
 // What a test of failing host calls compares: how the hook came back, what the host found, and which suites
 // are missing.
 
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 
 #include <optional>
 #include <set>

@@ -1,7 +1,7 @@
 // Each host call of a change fails in turn: the references are given back, the suites are balanced, an undo
 // group stays open where a rename breaks off and nowhere else, and what the fault does not touch is done.
 
-#include "standin/faults/Sweep.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/support/StackTest.h"
 #include "tests/support/TraceAudit.h"
 

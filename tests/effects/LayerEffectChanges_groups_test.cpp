@@ -1,6 +1,6 @@
 // A group that differs in the tree is told to the effect, and to no other, by message.
 
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/support/StackTest.h"
 
 namespace standin

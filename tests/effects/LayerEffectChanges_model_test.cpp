@@ -9,6 +9,7 @@
 
 namespace standin
 {
+
 namespace
 {
 /// An effect as the model knows it.

@@ -1,6 +1,6 @@
 // A name that differs in the tree is given to the effect's own stream group on the layer.
 
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/support/StackTest.h"
 
 namespace standin

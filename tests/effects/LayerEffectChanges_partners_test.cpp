@@ -1,6 +1,6 @@
 // Which items of the two lists are compared with each other, and the order of the four steps.
 
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/support/StackTest.h"
 
 namespace standin

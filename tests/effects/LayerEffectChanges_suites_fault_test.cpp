@@ -2,7 +2,7 @@
 // done stays done, what was taken is given back as far as it can be.
 
 #include "effects/LayerEffectChanges.h"
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/effects/FaultOutcome.h"
 #include "tests/support/StackTest.h"
 

@@ -124,5 +124,21 @@ TEST_F(LayerItemsOddHost, DisposeOfAReferenceWithError)
                                           "Stream 7 AEGP_DisposeStream(stream A)",
                                           "Effect 1 AEGP_DisposeEffect(effect A)"));
 }
+
+TEST_F(LayerItemsOddHost, AreOffIfTheirFlagsAreAnError)
+{
+    PatchedBasic<AEGP_EffectSuite1> basic(Make("A").host,
+                                          AnswersWithError<&AEGP_EffectSuite1::AEGP_GetEffectFlags>(4));
+    // The messages to the effect ask for its flags too, so nothing is known of it but its tag.
+    EXPECT_EQ(TextOver(basic.Basic()), "0=@-1!#QVK VORTSRC Routes");
+}
+
+TEST_F(LayerItemsOddHost, AreOffIfTheirFlagsAreNotTold)
+{
+    PatchedBasic<AEGP_EffectSuite1> basic(
+        Make("A").host, [](AEGP_EffectSuite1& suite)
+        { suite.AEGP_GetEffectFlags = [](AEGP_EffectRefH, AEGP_EffectFlags*) { return A_Err{0}; }; });
+    EXPECT_EQ(TextOver(basic.Basic()), "A!");
+}
 } // namespace
 } // namespace standin

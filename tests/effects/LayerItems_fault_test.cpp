@@ -2,7 +2,7 @@
 
 #include "effects/LayerItems.h"
 
-#include "standin/faults/Sweep.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/effects/FaultOutcome.h"
 #include "tests/effects/ReadFixture.h"
 #include "tests/support/FindingIds.h"
@@ -16,6 +16,7 @@ using ::testing::UnorderedElementsAreArray;
 
 namespace standin
 {
+
 namespace
 {
 /// Five effects, no two alike in any field that a read can tell.

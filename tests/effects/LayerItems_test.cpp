@@ -9,6 +9,7 @@
 
 namespace standin
 {
+
 namespace
 {
 using ::testing::ElementsAre;

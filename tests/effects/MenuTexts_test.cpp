@@ -1,6 +1,6 @@
 #include "effects/EffectCatalogue.h"
 #include "effects/NameBuffer.h"
-#include "standin/family/Family.h"
+#include "standin/host/family/Family.h"
 #include "tests/effects/CatalogueTest.h"
 
 #include <cstring>

@@ -3,7 +3,7 @@
 // run in a hook with a handler of their own.
 
 #include "effects/EffectMessages.h"
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/support/StackTest.h"
 
 #include <array>

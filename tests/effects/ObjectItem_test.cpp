@@ -207,3 +207,20 @@ TEST(DisplayName, KeepsBytesThatAreNotText)
     EXPECT_EQ(GetItemDisplayString(std::string("Vortan Enclosure\xff\x00\xfe", 19)),
               std::string("Enclosure\xff\x00\xfe", 12));
 }
+
+TEST(ItemsHash, CoversAnIdentityOfAnyLength)
+{
+    const std::uint64_t base = CalcItemsHash(1, {item("short", "n", 0, 1)});
+    EXPECT_NE(CalcItemsHash(1, {item("other", "n", 0, 1)}), base);
+    EXPECT_NE(CalcItemsHash(1, {item("", "n", 0, 1)}), base);
+    EXPECT_NE(CalcItemsHash(1, {item((std::string(uuidA) + "0").c_str(), "n", 0, 1)}),
+              CalcItemsHash(1, {item((std::string(uuidA) + "1").c_str(), "n", 0, 1)}));
+}
+
+TEST(Item, HasNoPartInGroupingAtFirst)
+{
+    const ObjectItem made;
+    EXPECT_EQ(made.group, -1);
+    EXPECT_EQ(made.active, 0);
+    EXPECT_EQ(made.uuid + made.name + made.tag, "");
+}

@@ -2,7 +2,7 @@
 // Common ground of the tests that read a layer: one read in a hook.
 
 #include "effects/LayerItems.h"
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/support/StackTest.h"
 
 #include <string>

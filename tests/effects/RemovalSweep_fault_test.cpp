@@ -1,6 +1,6 @@
 // Every host call of one removal, failed in turn: once, its function for good, and everything for good.
 
-#include "standin/faults/Sweep.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/effects/Removing.h"
 
 #include <iterator>

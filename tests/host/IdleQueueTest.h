@@ -2,7 +2,7 @@
 // What tests of the idle queue share: functions that note when they run, and the queue that they wait in.
 
 #include "host/IdleSuite.h"
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 
 #include <functional>
 #include <gtest/gtest.h>

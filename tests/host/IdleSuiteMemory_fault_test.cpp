@@ -2,7 +2,7 @@
 // to lead here.
 
 #include "host/IdleSuite.h"
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 
 #include <cstdlib>
 #include <gmock/gmock.h>

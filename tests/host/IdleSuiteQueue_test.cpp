@@ -1,8 +1,8 @@
 // The queue of functions for the host's next idle: what is stored, what runs when, and what a full queue
 // does.
 
-#include "standin/sensors/FindingIds.h"
-#include "tests/host/GrudgingBasic.h"
+#include "standin/host/sensors/FindingIds.h"
+#include "tests/host/FailingBasic.h"
 #include "tests/host/IdleQueueTest.h"
 
 #include <gmock/gmock.h>
@@ -132,8 +132,8 @@ TEST_F(IdleQueue, AFullQueueUsesASuiteWithError)
 {
     Job job = MakeJob("A");
     QueueTimes(32, job);
-    GrudgingBasic grudging(host, "AEGP Utility Suite");
-    ref.basicSuite = grudging.Basic();
+    FailingBasic failing(host, "AEGP Utility Suite");
+    ref.basicSuite = failing.Basic();
     EXPECT_EQ(Queue(job), 0);
     EXPECT_THAT(host.CallTexts(),
                 ElementsAre(R"(Basic AcquireSuite("AEGP Utility Suite", 11))",

@@ -1,7 +1,7 @@
 // The queue inside itself: a queued function that lets the host idle, or that throws. A slot is cleared after
 // its call, so until then its function is due.
 
-#include "standin/sensors/FindingIds.h"
+#include "standin/host/sensors/FindingIds.h"
 #include "tests/host/IdleQueueTest.h"
 
 #include <gmock/gmock.h>

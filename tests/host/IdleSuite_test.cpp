@@ -1,9 +1,9 @@
 // The first entry point: what it publishes, what it registers, and the calls by which it does so.
 
 #include "host/IdleSuite.h"
-#include "standin/core/Host.h"
-#include "standin/family/Sibling.h"
-#include "standin/sensors/FindingIds.h"
+#include "standin/host/core/Host.h"
+#include "standin/host/family/Sibling.h"
+#include "standin/host/sensors/FindingIds.h"
 
 #include <cstring>
 #include <gmock/gmock.h>

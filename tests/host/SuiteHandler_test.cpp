@@ -1,6 +1,6 @@
 #include "host/SuiteHandler.h"
 
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 #include "tests/host/HandMadeBasic.h"
 
 #include <gmock/gmock.h>

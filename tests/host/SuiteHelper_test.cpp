@@ -1,7 +1,7 @@
 #include "host/SuiteHelper.h"
 
 #include "host/SuiteHandler.h"
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 #include "tests/host/HandMadeBasic.h"
 
 #include <gmock/gmock.h>

@@ -32,7 +32,7 @@ protected:
 };
 } // namespace
 
-TEST_F(CentralLoop, ARenameTravelsFromTheRowToTheLayerAndBackInThreePasses)
+TEST_F(CentralLoop, ARenameReachesTheLayerInThreePasses)
 {
     OpenLayerWithThreeObjects();
 
@@ -81,7 +81,7 @@ TEST_F(CentralLoop, ARenameTravelsFromTheRowToTheLayerAndBackInThreePasses)
     EXPECT_EQ(TreeNames(), (std::vector<std::string>{"lamp", "route", "dots"}));
 }
 
-TEST_F(CentralLoop, AClickOnABoxSwitchesTheEffectOff)
+TEST_F(CentralLoop, AClickOnABoxSwitchesTheEffect)
 {
     OpenLayerWithThreeObjects();
     ClickBox("route");
@@ -92,7 +92,7 @@ TEST_F(CentralLoop, AClickOnABoxSwitchesTheEffectOff)
     EXPECT_EQ(Shape(), "Layer(lamp route* dots)");
 }
 
-TEST_F(CentralLoop, ADragIntoAGroupTellsTheEffectItsGroupAndADragOutTakesItBack)
+TEST_F(CentralLoop, GroupDragsAreToldToTheEffect)
 {
     OpenLayerWithThreeObjects();
     product.host.Effect("A").family.group = 3;
@@ -112,7 +112,7 @@ TEST_F(CentralLoop, ADragIntoAGroupTellsTheEffectItsGroupAndADragOutTakesItBack)
     EXPECT_EQ(Stack(), "C A B");
 }
 
-TEST_F(CentralLoop, ADragWithinTheTopLevelReordersTheStack)
+TEST_F(CentralLoop, ADragAtTheTopReordersTheStack)
 {
     OpenLayerWithThreeObjects();
     DragRowAbove("dots", "lamp");
@@ -121,7 +121,7 @@ TEST_F(CentralLoop, ADragWithinTheTopLevelReordersTheStack)
     EXPECT_EQ(Shape(), "Layer(dots* lamp route)");
 }
 
-TEST_F(CentralLoop, ANewGroupChangesTheStateOfTheTreeAndNothingOnTheLayer)
+TEST_F(CentralLoop, ANewGroupChangesNothingOnTheLayer)
 {
     OpenLayerWithThreeObjects();
     const ProjectState before = product.host.State();
@@ -140,7 +140,7 @@ TEST_F(CentralLoop, ANewGroupChangesTheStateOfTheTreeAndNothingOnTheLayer)
     EXPECT_EQ(before.layers.front().effects.front().customName, product.host.Effect("A").customName);
 }
 
-TEST_F(CentralLoop, TheDeleteKeyTakesTheEffectOffTheLayerAsOneUndoStep)
+TEST_F(CentralLoop, TheDeleteKeyIsOneUndoStep)
 {
     OpenLayerWithThreeObjects();
     ClickRow("route");
@@ -155,7 +155,7 @@ TEST_F(CentralLoop, TheDeleteKeyTakesTheEffectOffTheLayerAsOneUndoStep)
     EXPECT_THAT(TreeNames(), ElementsAre("lamp", "route", "dots"));
 }
 
-TEST_F(CentralLoop, TheOnlyMainEffectIsAddedByItsButtonWithoutAMenu)
+TEST_F(CentralLoop, TheMainEffectIsAddedWithoutAMenu)
 {
     OpenPanel();
     ASSERT_EQ(Shape(), "");
@@ -165,7 +165,7 @@ TEST_F(CentralLoop, TheOnlyMainEffectIsAddedByItsButtonWithoutAMenu)
     EXPECT_THAT(TreeNames(), ElementsAre("Vortan"));
 }
 
-TEST_F(CentralLoop, ASelectionShowsItsEffectsAndHidesTheOthers)
+TEST_F(CentralLoop, ASelectionShowsItsEffectsHidesOthers)
 {
     OpenLayerWithThreeObjects();
     ClickRow("route");
@@ -219,7 +219,7 @@ TEST_F(CentralLoop, WhatTheHostChangesComesIntoTheTree)
     EXPECT_THAT(TreeNames(), ElementsAre("dots", "from the host"));
 }
 
-TEST_F(CentralLoop, NamesThatAreNoTextStayUntouchedOnTheLayer)
+TEST_F(CentralLoop, NamesThatAreNoTextStayUntouched)
 {
     const std::string bytes("\xff\xc0\xaf\xed\xa0\x80 z", 8);
     Add("QVK VORTSRC Lamps", "A", bytes);

@@ -1,6 +1,6 @@
 #include "tests/integration/PanelSession.h"
 
-#include "standin/family/KeptSuites.h"
+#include "standin/host/family/KeptSuites.h"
 #include "tests/support/KeptObjects.h"
 #include "tree/TreeModel.h"
 #include "tree/ValueTreesDemo.h"
@@ -9,6 +9,8 @@
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 constexpr const char* panelName = "Vortan Object Panel";

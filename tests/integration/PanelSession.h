@@ -17,7 +17,7 @@
 
 namespace standin
 {
-class PanelSession : public testing::Test, protected User
+class PanelSession : public testing::Test, protected user::User
 {
 protected:
     PanelSession();
@@ -28,7 +28,7 @@ protected:
 
     // Idle.
     void Idle() override { EXPECT_EQ(product.host.RunIdle().thrown, ""); }
-    Area PanelArea() const override { return window.ContainerOnScreen(); }
+    user::Area PanelArea() const override { return window.ContainerOnScreen(); }
     /// Idles until several passes in a row only looked.
     void Settle();
 
@@ -53,12 +53,12 @@ protected:
     int GroupOf(const std::string& label) { return product.host.Effect(label).family.group; }
     bool IsActive(const std::string& label) { return (product.host.Effect(label).flags & 1) != 0; }
 
-    HostWindow window;
+    user::HostWindow window;
     ProductHost product;
     Panelator* panelator = nullptr;
 
 private:
-    Place InRow(const std::string& name, Place place);
-    void ClickAndIdle(Place at);
+    user::Place InRow(const std::string& name, user::Place place);
+    void ClickAndIdle(user::Place at);
 };
 } // namespace standin

@@ -70,3 +70,15 @@ vortan_further_mutant(keys-without-focus keyboard-is-never-given-back panel/plat
     holdKeyboard(false);]]
   IS [[    }]]
   FOUND [[expect the host got "Delete"]])
+vortan_further_mutant(fault-sweep-rename another-is-renamed-after-a-failed-question effects/LayerEffectChanges.cpp
+  WAS [[    if (index < 0)
+        return;
+    // Kept: an error after the start of the undo group leaves it open.
+    EffectChain chain(suites, target.pluginId);
+    chain.Call(&AEGP_UtilitySuite1::AEGP_StartUndoGroup, "Rename Effect(s)")
+        .TakeEffect<AEGP_EffectSuite1>(target.layer, index)]]
+  IS [[    const int last = 1;
+    EffectChain chain(suites, target.pluginId);
+    chain.Call(&AEGP_UtilitySuite1::AEGP_StartUndoGroup, "Rename Effect(s)")
+        .TakeEffect<AEGP_EffectSuite1>(target.layer, index < 0 ? last : index)]]
+  FOUND [[the effect "mast" is called]])

@@ -1,6 +1,6 @@
 // What the user does in the host's own windows comes back into the tree.
 
-#include "standin/family/Liars.h"
+#include "standin/host/family/Liars.h"
 #include "tests/panel/PanelTest.h"
 
 namespace standin
@@ -28,23 +28,41 @@ protected:
     }
 };
 
-TEST_F(FromHost, ARename)
+struct HostChange
 {
-    host.User().Rename("B", "Shaker");
-    ExpectTree("A Shaker C");
+    const char* test;
+    std::function<void(UserActions&)> change;
+    const char* tree;
+};
+
+class FromHostChange : public FromHost, public ::testing::WithParamInterface<HostChange>
+{
+};
+
+TEST_P(FromHostChange, ArrivesInOnePass)
+{
+    GetParam().change(host.User());
+    ExpectTree(GetParam().tree);
 }
 
-TEST_F(FromHost, AReorder)
-{
-    host.User().Reorder("C", 0);
-    ExpectTree("C A B");
-}
-
-TEST_F(FromHost, ADeletion)
-{
-    host.User().Delete("B");
-    ExpectTree("A C");
-}
+INSTANTIATE_TEST_SUITE_P(
+    Of, FromHostChange,
+    ::testing::Values(HostChange{"ARename", [](auto& user) { user.Rename("B", "Shaker"); }, "A Shaker C"},
+                      HostChange{"AReorder", [](auto& user) { user.Reorder("C", 0); }, "C A B"},
+                      HostChange{"ADeletion", [](auto& user) { user.Delete("B"); }, "A C"},
+                      HostChange{"AnAppliedEffect",
+                                 [](auto& user) { (void)user.Apply(1, "QVK VORTEFF Enclosure"); },
+                                 "A B C Vortan Enclosure"},
+                      HostChange{"ADuplicate", [](auto& user) { (void)user.Duplicate("A"); }, "A A B C"},
+                      HostChange{"SeveralChangesBetweenTwoPasses",
+                                 [](auto& user)
+                                 {
+                                     user.Delete("A");
+                                     user.Rename("C", "Points");
+                                     user.Reorder("C", 0);
+                                 },
+                                 "Points B"}),
+    [](const auto& row) { return row.param.test; });
 
 TEST_F(FromHost, TheDeletionOfTheLastEffect)
 {
@@ -52,18 +70,6 @@ TEST_F(FromHost, TheDeletionOfTheLastEffect)
         host.User().Delete(label);
     ExpectTree("");
     EXPECT_FALSE(bench.Tree()->hasRoot);
-}
-
-TEST_F(FromHost, AnAppliedEffect)
-{
-    (void)host.User().Apply(bench.on.layerId, "QVK VORTEFF Enclosure");
-    ExpectTree("A B C Vortan Enclosure");
-}
-
-TEST_F(FromHost, ADuplicate)
-{
-    (void)host.User().Duplicate("A");
-    ExpectTree("A A B C");
 }
 
 TEST_F(FromHost, ASwitch)
@@ -91,14 +97,6 @@ TEST_F(FromHost, AnUndoAndARedo)
     ExpectTree("A B C");
     host.Redo();
     ExpectTree("A Shaker C");
-}
-
-TEST_F(FromHost, SeveralChangesBetweenTwoPassesComeAtOnce)
-{
-    host.User().Delete("A");
-    host.User().Rename("C", "Points");
-    host.User().Reorder("C", 0);
-    ExpectTree("Points B");
 }
 
 TEST_F(FromHost, AChangeTakenBackIsNotSeen)

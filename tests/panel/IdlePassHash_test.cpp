@@ -121,49 +121,48 @@ protected:
         bench.AddThree();
         bench.ShowAndSettle();
     }
-
-    void ExpectSeen()
-    {
-        EXPECT_EQ(bench.Pass().printed, "State Changed\n");
-        bench.Settle();
-    }
 };
 
-TEST_F(PassHashOfContents, ANameIsSeen)
+struct ContentChange
 {
-    host.Effect("B").customName = "b";
-    ExpectSeen();
+    const char* test;
+    std::function<void(Host&)> change;
+};
+
+class PassHashOfChange : public PassHashOfContents, public ::testing::WithParamInterface<ContentChange>
+{
+};
+
+TEST_P(PassHashOfChange, IsAnother)
+{
+    GetParam().change(host);
+    EXPECT_EQ(bench.Pass().printed, "State Changed\n");
+    bench.Settle();
 }
 
-TEST_F(PassHashOfContents, AGroupIsSeen)
-{
-    host.Effect("B").family.group = 1;
-    ExpectSeen();
-}
-
-TEST_F(PassHashOfContents, ASwitchIsSeen)
-{
-    host.Effect("B").flags = 0;
-    ExpectSeen();
-}
-
-TEST_F(PassHashOfContents, AnIdentityIsSeen)
-{
-    host.Effect("B").family.uuid = IdentityOf(0x77);
-    ExpectSeen();
-}
-
-TEST_F(PassHashOfContents, TheOrderIsSeen)
-{
-    host.User().Reorder("C", 0);
-    ExpectSeen();
-}
+INSTANTIATE_TEST_SUITE_P(
+    Of, PassHashOfChange,
+    ::testing::Values(ContentChange{"ANameIsSeen", [](Host& host) { host.Effect("B").customName = "b"; }},
+                      ContentChange{"AGroupIsSeen", [](Host& host) { host.Effect("B").family.group = 1; }},
+                      ContentChange{"ASwitchIsSeen", [](Host& host) { host.Effect("B").flags = 0; }},
+                      ContentChange{"AnIdentityIsSeen",
+                                    [](Host& host) { host.Effect("B").family.uuid = IdentityOf(0x77); }},
+                      ContentChange{"TheOrderIsSeen", [](Host& host) { host.User().Reorder("C", 0); }}),
+    [](const auto& row) { return row.param.test; });
 
 TEST_F(PassHashOfContents, OtherFlagsAndHiddenStreamsAreNotSeen)
 {
     host.Effect("B").flags |= effectAudioToo;
     host.User().SetHidden("A", Switch::off);
     EXPECT_EQ(bench.Pass().printed, "");
+}
+
+TEST_F(PassHash, AnItemWithoutIdCountsAsZero)
+{
+    bench.Show();
+    host.Faults().FailFunction("AEGP_GetItemID", 1, FaultLength::functionForGood);
+    bench.Settle();
+    EXPECT_EQ(bench.plugin->layerHash, 0x00000028cd94bfd1u);
 }
 } // namespace
 } // namespace standin

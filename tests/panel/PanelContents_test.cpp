@@ -5,9 +5,9 @@
 // Found" if it knows none.
 
 #include "panel/PanelContents.h"
-#include "standin/core/Host.h"
-#include "standin/faults/Sweep.h"
-#include "standin/sensors/FindingIds.h"
+#include "standin/host/core/Host.h"
+#include "standin/host/faults/Sweep.h"
+#include "standin/host/sensors/FindingIds.h"
 #include "tests/support/FakeTree.h"
 #include "tests/support/PassCalls.h"
 

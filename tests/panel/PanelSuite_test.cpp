@@ -1,7 +1,7 @@
 // The suite through which sibling effects ask the panel for something, and the panel's names.
 
 #include "panel/PanelSuite.h"
-#include "standin/family/Sibling.h"
+#include "standin/host/family/Sibling.h"
 #include "tests/panel/PanelTest.h"
 
 #include <algorithm>

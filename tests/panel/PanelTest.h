@@ -2,7 +2,7 @@
 // A test with the panel plug-in in a stand-in host. At its end no suite may be held, and no
 // finding be there that was not expected, a reference that a hook has leaked among them.
 
-#include "standin/sensors/FindingIds.h"
+#include "standin/host/sensors/FindingIds.h"
 #include "tests/support/PanelBench.h"
 #include "tests/support/PassCalls.h"
 

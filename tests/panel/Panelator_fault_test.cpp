@@ -1,7 +1,7 @@
 // The panel plug-in's entry point with a host that fails it.
 
-#include "standin/core/HostParts.h"
-#include "standin/faults/Sweep.h"
+#include "standin/host/core/HostParts.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/panel/PanelTest.h"
 
 #include <memory>
@@ -150,7 +150,7 @@ TEST_F(PanelatorFault, ThrowingAfterTheHooksLeavesTheirInboxAlive)
             host.Options().failedEntry = FailedEntry::leavesHooks;
         });
     ASSERT_EQ(bench->loading.result.thrownNumber, 516);
-    const HookTable& hooks = bench->host.Parts().plugins.hooks;
+    const HookTable& hooks = bench->host.PluginsView().hooks;
     ASSERT_EQ(hooks.idle.size(), 1u);
     ASSERT_EQ(hooks.command.size(), 1u);
     EXPECT_EQ(hooks.command[0].refcon, hooks.idle[0].refcon);

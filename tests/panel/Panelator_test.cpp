@@ -1,7 +1,8 @@
 // The panel plug-in's entry point and hooks: what they ask of the host, in which order.
 
-#include "standin/family/KeptSuites.h"
-#include "standin/family/Sibling.h"
+#include "panel/PanelVisibility.h"
+#include "standin/host/family/KeptSuites.h"
+#include "standin/host/family/Sibling.h"
 #include "tests/panel/PanelTest.h"
 
 #include <utility>
@@ -361,6 +362,36 @@ TEST_F(PanelatorAtDeath, NoSuiteIsCalled)
     bench.ShowAndSettle();
     for (const std::string& call : Quit().calls)
         EXPECT_EQ(call.rfind("Tree ", 0), 0u) << call;
+}
+
+// ---- What the host is told, to the number
+
+TEST_F(PanelatorTest, TheMarkIsTheNumberOne)
+{
+    bench.Show();
+    const PassRecord update = bench.Record(SuiteTraffic::leftOut, [this] { return host.UpdateMenus(); });
+    EXPECT_EQ(update.calls.back(), "Command 1 AEGP_CheckMarkMenuCommand(1001, 1)");
+}
+
+TEST_F(PanelatorTest, TheStateOfALayerWithoutIdIsZeros)
+{
+    bench.ShowAndSettle();
+    host.Faults().FailFunction("AEGP_GetLayerID");
+    EXPECT_EQ(Command(1001, 0, 0, &bench.Inbox()), 1);
+    EXPECT_EQ(record.calls.at(3), "Tree CacheLayerTreeState(0)");
+}
+
+TEST(PanelVisibility, IsNotInFrontUnlessTheHostSaysSo)
+{
+    AEGP_PanelSuite1 suite = {};
+    suite.AEGP_IsShown = [](const A_u_char*, A_Boolean* shown, A_Boolean*)
+    {
+        *shown = 1;
+        return A_Err{0};
+    };
+    const PanelVisibility answer = AskVisibility(suite, PANEL_NAME);
+    EXPECT_EQ(answer.shown, 1);
+    EXPECT_FALSE(answer.IsInFront());
 }
 } // namespace
 } // namespace standin

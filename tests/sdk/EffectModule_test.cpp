@@ -1,10 +1,10 @@
 // An effect that comes in a module, among the simulated ones of the stand-in.
 
-#include "standin/session/EffectModule.h"
+#include "standin/host/bundle/EffectModule.h"
 
 #include "effects/EffectMessages.h"
 #include "effects/LayerItems.h"
-#include "standin/project/ProjectFile.h"
+#include "standin/host/project/ProjectFile.h"
 #include "tests/standin_programs_desktop/Scratch.h"
 #include "tests/support/ProductHost.h"
 

@@ -6,7 +6,7 @@
 #include "effects/EffectMessages.h"
 #include "host/IdleSuite.h"
 #include "panel/PanelSuite.h"
-#include "standin/family/Family.h"
+#include "standin/host/family/Family.h"
 
 #include <cstring>
 #include <gtest/gtest.h>

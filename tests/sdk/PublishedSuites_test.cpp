@@ -2,8 +2,8 @@
 
 #include "sdk/VortanFamily.h"
 
-#include "standin/family/KeptSuites.h"
-#include "standin/session/Bundle.h"
+#include "standin/host/bundle/Bundle.h"
+#include "standin/host/family/KeptSuites.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "standin/suites/CallsPage.h"
+#include "standin/host/suites/CallsPage.h"
 
 namespace standin
 {

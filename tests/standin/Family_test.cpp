@@ -3,8 +3,8 @@
 #include <cstring>
 #include <set>
 
-#include "standin/family/FamilyBehaviour.h"
-#include "standin/family/Liars.h"
+#include "standin/host/family/FamilyBehaviour.h"
+#include "standin/host/family/Liars.h"
 #include "tests/standin/Client.h"
 #include "tests/standin/FindingsOf.h"
 #include "tests/standin/HostTest.h"

@@ -1,6 +1,6 @@
 // Calls that are made to fail, suites that are withheld, and the sweep over all calls.
 
-#include "standin/faults/Sweep.h"
+#include "standin/host/faults/Sweep.h"
 #include "tests/standin/Client.h"
 #include "tests/standin/FindingsOf.h"
 #include "tests/standin/HostTest.h"
@@ -118,6 +118,70 @@ TEST_F(Faults, AnAcquireCanFail)
     host.RunInHook([&] { EXPECT_EQ(Client(host).Acquire(effectSuite, 1, &table), errGeneric); });
     EXPECT_EQ(table, this);
     EXPECT_EQ(host.SuiteCount(effectSuite, 1), 0);
+}
+
+/// What a failed count leaves in its out-value.
+class FaultOuts : public LayerTest
+{
+protected:
+    struct Count
+    {
+        A_Err error;
+        A_long value;
+    };
+
+    Count countWith(FailedCall how)
+    {
+        Count count{errNone, -7};
+        host.Faults().FailFunction(effectSuite, 1, "AEGP_GetLayerNumEffects", 1, FaultLength::once, how);
+        host.RunInHook(
+            [&]
+            { count.error = Client(host).Call(effectSuite, 1, 0, host.LayerHandle(layer), &count.value); });
+        return count;
+    }
+};
+
+TEST_F(FaultOuts, StayAsTheyAreUnlessTheFaultSaysOtherwise)
+{
+    EXPECT_EQ(countWith({errAlloc, OutValues::untouched}).value, -7);
+    EXPECT_EQ(countWith({errAlloc, OutValues::null}).value, 0);
+    EXPECT_EQ(countWith({errAlloc, OutValues::garbage}).value, 77);
+}
+
+TEST_F(FaultOuts, CanComeWithoutAnError)
+{
+    host.AddEffect(layer, "QVK VORTSRC Lamps", "A");
+    const Count count = countWith({errNone, OutValues::null});
+    EXPECT_EQ(count.error, errNone);
+    EXPECT_EQ(count.value, 0) << "the call does nothing, although it says that all went well";
+    const CallRecord& call = host.Trace().Records()[1];
+    EXPECT_TRUE(call.struck);
+    EXPECT_TRUE(call.hasOutValues);
+}
+
+TEST_F(FaultOuts, GarbageIsAHandleOfNobodyAndAPoisonedTable)
+{
+    host.AddEffect(layer, "QVK VORTSRC Lamps", "A");
+    host.Expect("foreign-reference", "AEGP_GetEffectFlags", "the test uses what it got");
+    host.Expect("poisoned-table", "", "the same");
+    host.RunInHook(
+        [&]
+        {
+            Client client(host);
+            void* effect = nullptr;
+            host.Faults().FailFunction(effectSuite, 1, "AEGP_GetLayerEffectByIndex", 1, FaultLength::once,
+                                       {errGeneric, OutValues::garbage});
+            EXPECT_EQ(client.Call(effectSuite, 1, 1, host.PluginId(), host.LayerHandle(layer), A_long{0},
+                                  static_cast<void*>(&effect)),
+                      errGeneric);
+            EXPECT_NE(effect, nullptr);
+            (void)client.Flags(effect);
+            const void* table = nullptr;
+            host.Faults().FailFunction("", 0, "AcquireSuite", 1, FaultLength::once,
+                                       {errGeneric, OutValues::garbage});
+            (void)client.Acquire(layerSuite, 5, &table);
+            reinterpret_cast<A_Err (*)()> (*static_cast<const std::uintptr_t*>(table))();
+        });
 }
 
 TEST_F(Faults, AWithheldSuiteIsNotFound)

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 
 namespace standin
 {

@@ -5,8 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "standin/core/Host.h"
-#include "standin/family/Family.h"
+#include "standin/host/core/Host.h"
+#include "standin/host/family/Family.h"
 
 namespace standin
 {

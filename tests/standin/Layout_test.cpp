@@ -3,7 +3,7 @@
 #include <map>
 #include <type_traits>
 
-#include "standin/suites/SuiteDescription.h"
+#include "standin/host/suites/SuiteDescription.h"
 #include "tests/standin/Client.h"
 #include "tests/standin/HostTest.h"
 

@@ -1,6 +1,6 @@
 // Suites that plug-ins publish, and the siblings that use them.
 
-#include "standin/family/Sibling.h"
+#include "standin/host/family/Sibling.h"
 #include "tests/standin/Client.h"
 #include "tests/standin/FindingsOf.h"
 #include "tests/standin/HostTest.h"

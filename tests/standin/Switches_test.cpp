@@ -1,7 +1,7 @@
 // The switches of the host are complete, and each of them is thrown: the list in the header of the options,
 // the table of words, and what the scenarios say are held against each other.
 
-#include "standin/core/HostSwitches.h"
+#include "standin/host/core/HostSwitches.h"
 
 #include <filesystem>
 #include <fstream>

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "standin/family/FamilyBehaviour.h"
+#include "standin/host/family/FamilyBehaviour.h"
 #include "tests/standin/Client.h"
 #include "tests/standin/HostTest.h"
 

@@ -1,6 +1,6 @@
 // The reader of exported names, on files that are and are not what it reads.
 
-#include "standin/checks/ExportedNames.h"
+#include "standin/check/ExportedNames.h"
 
 #include <fstream>
 #include <gmock/gmock.h>
@@ -9,6 +9,8 @@ using testing::ElementsAre;
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 const std::string folder = VORTAN_BAD_BUNDLES;

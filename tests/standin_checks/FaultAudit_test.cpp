@@ -1,7 +1,7 @@
 // The audit of a pass with a fault, on traces made by hand: what it lets pass, and what it does not.
 
-#include "standin/checks/FaultAudit.h"
-#include "standin/sensors/FindingIds.h"
+#include "standin/check/FaultAudit.h"
+#include "standin/host/sensors/FindingIds.h"
 
 #include <gmock/gmock.h>
 
@@ -9,6 +9,8 @@ using testing::HasSubstr;
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 CallRecord call(const std::string& function, A_Err error = errNone, const std::string& arguments = "")
@@ -122,6 +124,41 @@ TEST_F(FaultAudit, FindingsPassInTheirSituationAlone)
     run.findings = {found(finding::doubleDispose, "AEGP_DisposeEffect")};
     run.calls = {call("AcquireSuite", errSuiteNotFound)};
     EXPECT_THAT(Verdict(), HasSubstr("double-dispose")) << "no missing suite excuses that";
+}
+
+TEST_F(FaultAudit, GarbageIsGivenBackWhereItCameFromAlone)
+{
+    run.calls = {call("AEGP_GetLayerEffectByIndex", errGeneric)};
+    run.calls[0].suite = "AEGP Effect Suite";
+    run.calls[0].struck = true;
+    run.findings = {found(finding::foreignReference, "AEGP_DisposeEffect")};
+    EXPECT_THAT(Verdict(), HasSubstr("foreign-reference")) << "the fault has left nothing there";
+    run.how.outs = OutValues::garbage;
+    EXPECT_EQ(Verdict(), "");
+    run.findings = {found(finding::foreignReference, "AEGP_SetEffectFlags")};
+    EXPECT_THAT(Verdict(), HasSubstr("foreign-reference")) << "the error was not looked at";
+}
+
+TEST_F(FaultAudit, AHookMayBeLeftForWantOfMemoryWhereThereWasNone)
+{
+    run.results = {{errGeneric, std::nullopt, "an exception: std::bad_alloc"}};
+    EXPECT_THAT(Verdict(), HasSubstr("a hook was left by an exception: std::bad_alloc"));
+    run.isOutOfMemory = true;
+    EXPECT_EQ(Verdict(), "");
+    run.findings = {found(finding::leakedReference, "AEGP_GetLayerEffectByIndex")};
+    EXPECT_THAT(Verdict(), HasSubstr("leaked-reference"));
+}
+
+TEST_F(FaultAudit, TheProjectIsPartOfIt)
+{
+    SeenEffect lamp;
+    lamp.id = 1;
+    lamp.name = "lamp";
+    run.project.before.layers[1] = {lamp};
+    run.project.wanted = run.project.before;
+    lamp.name = "torch";
+    run.project.after.layers[1] = {lamp};
+    EXPECT_THAT(Verdict(), HasSubstr("the effect \"lamp\" is called \"torch\""));
 }
 } // namespace
 } // namespace standin

@@ -1,6 +1,6 @@
-// The page on the stand-in lists the checks as the program has them.
+// The pages on the stand-in list its checks and its exit codes as the program has them.
 
-#include "standin/effect_checks/EffectChecks.h"
+#include "standin/check/effects/EffectChecks.h"
 #include "standin/process/ExitCodes.h"
 
 #include <cstdlib>
@@ -11,6 +11,8 @@ using testing::HasSubstr;
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 std::string beginningOf(const CheckBook& book)
@@ -29,17 +31,17 @@ std::string tableOfChecks(const CheckBook& book)
     return table;
 }
 
-std::string page()
+std::string page(const char* path)
 {
-    std::ifstream stream(VORTAN_STANDIN_PAGE);
+    std::ifstream stream(path);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 void writeTable(const CheckBook& book)
 {
-    const std::string before = page();
+    const std::string before = page(VORTAN_CHECKS_PAGE);
     const std::size_t from = before.find(beginningOf(book)) + beginningOf(book).size();
-    std::ofstream(VORTAN_STANDIN_PAGE)
+    std::ofstream(VORTAN_CHECKS_PAGE)
         << before.substr(0, from) << tableOfChecks(book) << before.substr(before.find(end, from));
 }
 
@@ -49,7 +51,7 @@ TEST(StandinPage, ListsEveryCheckWithItsSentence)
     {
         if (std::getenv("STANDIN_WRITE_CHECKS") != nullptr)
             writeTable(*book);
-        EXPECT_THAT(page(), HasSubstr(beginningOf(*book) + tableOfChecks(*book) + end));
+        EXPECT_THAT(page(VORTAN_CHECKS_PAGE), HasSubstr(beginningOf(*book) + tableOfChecks(*book) + end));
     }
 }
 
@@ -58,7 +60,7 @@ TEST(StandinPage, ListsEveryExitCode)
     std::string table = "| Exit code | Meaning |\n|---|---|\n";
     for (std::size_t code = 0; code < exit_code::Meanings().size(); ++code)
         table += "| " + std::to_string(code) + " | " + exit_code::Meanings()[code] + " |\n";
-    EXPECT_THAT(page(), HasSubstr(table + "\n"));
+    EXPECT_THAT(page(VORTAN_STANDIN_PAGE), HasSubstr(table + "\n"));
 }
 } // namespace
 } // namespace standin

@@ -1,8 +1,8 @@
 // What a check says and counts.
 
-#include "standin/checks/CheckAlone.h"
-#include "standin/checks/Trial.h"
-#include "standin/core/Host.h"
+#include "standin/check/CheckAlone.h"
+#include "standin/check/Trial.h"
+#include "standin/host/core/Host.h"
 
 #include <gmock/gmock.h>
 #include <set>
@@ -12,6 +12,8 @@ using testing::MatchesRegex;
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 class TrialTest : public testing::Test

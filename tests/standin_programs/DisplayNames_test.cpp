@@ -1,7 +1,7 @@
 // The stand-in's own table of display names, held against the plug-in's.
 
 #include "effects/ObjectItem.h"
-#include "standin/screen/DisplayNames.h"
+#include "standin/user/eyes/DisplayNames.h"
 
 #include <gtest/gtest.h>
 
@@ -32,6 +32,6 @@ TEST(DisplayNames, AreThoseThatThePlugInShows)
                              "Vortan Jitter Effector 2",
                              "A Vortan Placement",
                              "Vortan Cutter"})
-        EXPECT_EQ(standin::DisplayNameOf(name), GetItemDisplayString(name)) << name;
-    EXPECT_EQ(standin::DisplayNameOf("Vortan Route Object"), "Routes");
+        EXPECT_EQ(standin::user::DisplayNameOf(name), GetItemDisplayString(name)) << name;
+    EXPECT_EQ(standin::user::DisplayNameOf("Vortan Route Object"), "Routes");
 }

@@ -2,6 +2,8 @@
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 constexpr std::uint32_t paper = 0x242424;

@@ -1,7 +1,7 @@
 #pragma once
 // Pictures as the panel paints them, made without it.
 
-#include "standin/screen/TextShapes.h"
+#include "standin/user/eyes/TextShapes.h"
 
 #include <string>
 
@@ -25,12 +25,12 @@ public:
     /// The same row, selected.
     void SelectedRow(const std::string& text, int depth, int y);
 
-    const ScreenPicture& Picture() const { return picture; }
+    const user::ScreenPicture& Picture() const { return picture; }
 
 private:
     void box(int depth, int y);
 
-    ScreenPicture picture;
-    TextShapes shapes;
+    user::ScreenPicture picture;
+    user::TextShapes shapes;
 };
 } // namespace standin

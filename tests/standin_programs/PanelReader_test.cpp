@@ -1,6 +1,6 @@
 // Reading the panel from pictures of it, painted here after the panel's measures.
 
-#include "standin/screen/PanelReader.h"
+#include "standin/user/eyes/PanelReader.h"
 #include "tests/standin_programs/PanelPainting.h"
 
 #include <gmock/gmock.h>
@@ -10,6 +10,8 @@ using testing::IsEmpty;
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 class ReadingThePanel : public testing::Test

@@ -1,6 +1,6 @@
 // From lines to statements.
 
-#include "standin/scenario/Parser.h"
+#include "standin/script/Parser.h"
 
 #include <gmock/gmock.h>
 #include <sstream>
@@ -9,6 +9,8 @@ using testing::ElementsAre;
 
 namespace standin
 {
+using namespace script;
+
 namespace
 {
 std::vector<Statement> parse(const std::string& text)

@@ -1,8 +1,8 @@
 // Which phrase a statement fits, and the page that lists them all.
 
-#include "standin/scenario/Parser.h"
-#include "standin/scenario/Phrase.h"
-#include "standin/scenario/Player.h"
+#include "standin/script/Parser.h"
+#include "standin/script/Phrase.h"
+#include "standin/script/Player.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -15,6 +15,8 @@ using testing::HasSubstr;
 
 namespace standin
 {
+using namespace script;
+
 namespace
 {
 Step bind(const std::string& line)
@@ -91,11 +93,11 @@ TEST(Phrases, ThePageListsThemAllAsTheyAre)
 {
     if (std::getenv("STANDIN_WRITE_PHRASES") != nullptr)
     {
-        const std::string page = textOf(VORTAN_STANDIN_PAGE);
+        const std::string page = textOf(VORTAN_SCENARIOS_PAGE);
         const std::size_t end = page.find("### The project");
-        std::ofstream(VORTAN_STANDIN_PAGE) << page.substr(0, end) << PhraseReference();
+        std::ofstream(VORTAN_SCENARIOS_PAGE) << page.substr(0, end) << PhraseReference();
     }
-    EXPECT_THAT(textOf(VORTAN_STANDIN_PAGE), HasSubstr(PhraseReference()));
+    EXPECT_THAT(textOf(VORTAN_SCENARIOS_PAGE), HasSubstr(PhraseReference()));
 }
 
 TEST(ReadScenario, AFileWithoutAnyExpectationIsRefused)

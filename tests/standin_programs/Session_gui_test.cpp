@@ -1,6 +1,6 @@
 // A session with the built bundle: what players and other programs rest on.
 
-#include "standin/session/WindowSession.h"
+#include "standin/user/WindowSession.h"
 
 #include <gmock/gmock.h>
 
@@ -10,6 +10,8 @@ using testing::IsEmpty;
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 TEST(Typing, AModifierThatThereIsNotIsRefused)
@@ -19,7 +21,7 @@ TEST(Typing, AModifierThatThereIsNotIsRefused)
 }
 
 /// A process has one bundle, so that all of a bundle's life is one test.
-TEST(Session, ShowsTheBundlesPanelAndHearsWhatItSays)
+TEST(Session, ShowsTheBundlesPanelAndItsOutput)
 {
     WindowSession session(VORTAN_BUNDLE, DisplayChoice::own);
     session.host.AddComposition("Comp 1");

@@ -1,11 +1,13 @@
 // Comparing what is seen with what a text would look like.
 
-#include "standin/screen/TextShapes.h"
+#include "standin/user/eyes/TextShapes.h"
 
 #include <gtest/gtest.h>
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 TEST(TextShapes, ATextIsLikeItselfAndUnlikeAnother)

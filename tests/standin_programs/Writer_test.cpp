@@ -1,15 +1,17 @@
 // Recordings.
 
-#include "standin/scenario/Writer.h"
+#include "standin/script/Writer.h"
 
-#include "standin/scenario/Parser.h"
-#include "standin/scenario/Phrase.h"
+#include "standin/script/Parser.h"
+#include "standin/script/Phrase.h"
 
 #include <gtest/gtest.h>
 #include <sstream>
 
 namespace standin
 {
+using namespace script;
+
 namespace
 {
 TEST(ScenarioWriter, WritesWhatThePlayerReads)

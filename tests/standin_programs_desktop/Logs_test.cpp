@@ -9,6 +9,8 @@
 
 namespace standin
 {
+using namespace desktop;
+
 namespace
 {
 using testing::ElementsAre;

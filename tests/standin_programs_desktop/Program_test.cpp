@@ -1,7 +1,7 @@
 // The program standin-desktop as it is called from a shell: what it says and how it ends.
 
 #include "standin/process/ExitCodes.h"
-#include "standin/x11/Xvfb.h"
+#include "standin/user/x11/Xvfb.h"
 #include "tests/standin_programs/ProgramRun.h"
 #include "tests/standin_programs_desktop/Scratch.h"
 
@@ -12,6 +12,8 @@
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 using testing::HasSubstr;
@@ -73,7 +75,7 @@ TEST_F(ProgramTest, WithoutADisplayItEndsWithEight)
     EXPECT_EQ(run.errors, "standin-desktop: there is no display; --play has a screen of its own\n");
 }
 
-TEST_F(ProgramTest, AFileThatIsMissingOrWrongIsNamedAndHasItsOwnExitCode)
+TEST_F(ProgramTest, AMissingOrWrongFileHasItsCode)
 {
     const ProgramRun noBundle = RunOnAScreen({"--bundle", scratch.Path("none.so")});
     EXPECT_EQ(noBundle.exitCode, exit_code::noFile);
@@ -91,7 +93,7 @@ TEST_F(ProgramTest, AFileThatIsMissingOrWrongIsNamedAndHasItsOwnExitCode)
     EXPECT_THAT(badProject.errors, HasSubstr("bad.json: the field \"format\" is missing"));
 }
 
-TEST_F(ProgramTest, AnEffectThatIsMissingOrNoneIsNamed)
+TEST_F(ProgramTest, AMissingOrWrongEffectIsNamed)
 {
     const ProgramRun missing = RunOnAScreen({"--effect", scratch.Path("none.so")});
     EXPECT_EQ(missing.exitCode, exit_code::noFile);
@@ -104,7 +106,7 @@ TEST_F(ProgramTest, AnEffectThatIsMissingOrNoneIsNamed)
     EXPECT_THAT(noEffect.errors, HasSubstr("text.so is no effect"));
 }
 
-TEST_F(ProgramTest, ARecordingThatCannotBeWrittenIsToldAtTheStart)
+TEST_F(ProgramTest, AnUnwritableRecordingIsReportedAtTheStart)
 {
     const std::string file = scratch.Path("no/such/folder.scenario");
     const ProgramRun run = RunOnAScreen({"--record", file});

@@ -1,10 +1,10 @@
 // Projects in files: what is written comes back, and what cannot be read changes nothing.
 
-#include "standin/project/ProjectFile.h"
+#include "standin/host/project/ProjectFile.h"
 #include "tests/standin_programs_desktop/Scratch.h"
 
-#include "standin/core/HostParts.h"
-#include "standin/family/Family.h"
+#include "standin/host/core/HostParts.h"
+#include "standin/host/family/Family.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ protected:
         host.State().FindLayer(second)->startTime = -250;
         host.User().OpenComposition(other);
         host.User().SelectLayers({second});
-        host.Parts().project.twirledOpen[host.Effect("C").id] = true;
+        host.User().ToggleTwirl(host.Effect("C").id);
     }
 
     /// What ReadProject says to a text.
@@ -85,7 +85,7 @@ TEST_F(ProjectFileTest, ASavedProjectComesBackWhole)
     OpenProject(host, scratch.Path("p.json"));
 
     EXPECT_EQ(host.State(), saved);
-    EXPECT_EQ(host.Parts().project.selection.ActiveLayer(host.State(), FocusInPanel::keepsFrontComp), second);
+    EXPECT_EQ(host.ProjectView().selection.ActiveLayer(host.State(), FocusInPanel::keepsFrontComp), second);
     EXPECT_EQ(ProjectOf(host).selectedLayers, std::vector<int>{second});
     EXPECT_TRUE(host.IsOpen("C"));
     EXPECT_FALSE(host.IsOpen("A"));
@@ -110,7 +110,7 @@ TEST_F(ProjectFileTest, OpeningMakesReferencesStale)
     Fill();
     const void* effect = host.EffectReference("A");
     ReplaceProject(host, ProjectOf(host));
-    ReferenceRegistry& references = host.Parts().sensors.references;
+    const ReferenceRegistry& references = host.SensorsView().references;
     const Reference* reference = references.Find(effect);
     ASSERT_NE(reference, nullptr);
     EXPECT_TRUE(references.IsStale(*reference));

@@ -1,8 +1,8 @@
 // What the user of the desktop does, and what the windows then show.
 
-#include "standin/core/HostParts.h"
-#include "standin/desktop/model/Shown.h"
 #include "standin/desktop/model/Workbench.h"
+#include "standin/host/core/HostParts.h"
+#include "standin/script/record/Shown.h"
 #include "tests/standin_programs_desktop/Scratch.h"
 
 #include <gmock/gmock.h>
@@ -10,6 +10,9 @@
 
 namespace standin
 {
+using namespace desktop;
+using namespace script;
+
 namespace
 {
 using testing::ElementsAre;

@@ -1,10 +1,12 @@
-#include "standin/checks/StackModel.h"
+#include "standin/check/StackModel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 using ::testing::ElementsAre;
@@ -40,7 +42,7 @@ std::vector<std::string> rows(const StackModel& model)
 StackModel modelOf(ModelStack stack)
 {
     StackModel model({std::move(stack), {}});
-    model.Settle();
+    (void)model.Settle();
     (void)model.TakeWrites();
     return model;
 }
@@ -54,7 +56,7 @@ StackModel threeObjects()
 TEST(StackModelTest, ALayerOfObjectsIsOnlyRead)
 {
     StackModel model({{effect(1, ModelKind::geometry, "a"), effect(2, ModelKind::geometry, "b")}, {}});
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(rows(model), ElementsAre("a", "b"));
     EXPECT_THAT(model.UndoNames(), IsEmpty());
     EXPECT_THAT(model.TakeWrites(), IsEmpty());
@@ -65,7 +67,7 @@ TEST(StackModelTest, AnOutsideEffectIsPushedBelowTheFamily)
     StackModel model({{effect(9, ModelKind::outside, "blur"), effect(1, ModelKind::geometry, "a"),
                        effect(2, ModelKind::geometry, "b")},
                       {}});
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(names(model.Stack()), ElementsAre("a", "b", "blur"));
     EXPECT_THAT(model.UndoNames(), ElementsAre("Reorder Effect(s)"));
     EXPECT_THAT(model.TakeWrites(), ElementsAre("AEGP_ReorderEffect", "AEGP_ReorderEffect"));
@@ -86,7 +88,7 @@ TEST(StackModelTest, APanelsRenameIsOneStep)
     model.RenameRow(2, "new");
     EXPECT_THAT(names(model.Stack()), ElementsAre("a", "b", "c"))
         << "the layer learns of it at the next idle";
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(names(model.Stack()), ElementsAre("a", "new", "c"));
     EXPECT_THAT(model.UndoNames(), ElementsAre("Rename Effect(s)"));
     EXPECT_THAT(model.TakeWrites(), ElementsAre("AEGP_SetStreamName", "AEGP_ReorderEffect",
@@ -98,7 +100,7 @@ TEST(StackModelTest, APanelsEditLosesAgainstTheLayer)
     StackModel model = threeObjects();
     model.RenameRow(2, "new");
     model.Switch(1, Power::off);
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(names(model.Stack()), ElementsAre("a", "b", "c"));
     EXPECT_THAT(model.UndoNames(), ElementsAre("Switch Effect Off"));
 }
@@ -109,7 +111,7 @@ TEST(StackModelTest, AGroupDragIsChangeAndUnnamedReorder)
     model.AddEmptyGroup();
     EXPECT_THAT(rows(model), ElementsAre("Group 1:", "a", "b", "c"));
     model.MoveRow(3, {0, 0});
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(rows(model), ElementsAre("Group 1: c", "a", "b"));
     EXPECT_THAT(names(model.Stack()), ElementsAre("c", "a", "b"));
     EXPECT_EQ(model.Stack()[0].group, 1);
@@ -120,7 +122,7 @@ TEST(StackModelTest, ARowBelowItsNeighbourTakesItsPlace)
 {
     StackModel model = threeObjects();
     model.MoveRow(1, {-1, 2});
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(names(model.Stack()), ElementsAre("b", "a", "c"));
     EXPECT_THAT(model.UndoNames(), ElementsAre(""));
 }
@@ -129,10 +131,10 @@ TEST(StackModelTest, AnEmptyGroupVanishesWithTheNextRows)
 {
     StackModel model = threeObjects();
     model.AddEmptyGroup();
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(rows(model), ElementsAre("Group 1:", "a", "b", "c")) << "nothing on the layer has changed";
     model.Rename(1, "new");
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(rows(model), ElementsAre("new", "b", "c"));
 }
 
@@ -153,11 +155,11 @@ TEST(StackModelTest, ANewEffectFollowsItsKindsLast)
     StackModel model = modelOf({effect(1, ModelKind::geometry, "a"), effect(2, ModelKind::renderer, "r"),
                                 effect(3, ModelKind::main, "main")});
     model.AddFromMenu(effect(4, ModelKind::geometry, "new geometry"));
-    model.Settle();
+    (void)model.Settle();
     model.AddFromMenu(effect(5, ModelKind::effector, "new effector"));
-    model.Settle();
+    (void)model.Settle();
     model.AddFromMenu(effect(6, ModelKind::renderer, "new renderer"));
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(names(model.Stack()),
                 ElementsAre("a", "new geometry", "new effector", "r", "new renderer", "main"));
     EXPECT_THAT(model.UndoNames(), ElementsAre("Apply Effect", "Reorder Effect", "Apply Effect",
@@ -169,13 +171,13 @@ TEST(StackModelTest, DeletingAGroupIsOneStep)
     StackModel model = modelOf({effect(1, ModelKind::geometry, "a", 2),
                                 effect(2, ModelKind::geometry, "b", 2), effect(3, ModelKind::geometry, "c")});
     model.DeleteGroupRow(0);
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(names(model.Stack()), ElementsAre("c"));
     EXPECT_THAT(model.UndoNames(), ElementsAre("Delete Effect(s)"));
     EXPECT_THAT(model.TakeWrites(), ElementsAre("AEGP_ReorderEffect", "AEGP_ReorderEffect",
                                                 "AEGP_DeleteLayerEffect", "AEGP_DeleteLayerEffect"));
     model.Undo();
-    model.Settle();
+    (void)model.Settle();
     EXPECT_THAT(rows(model), ElementsAre("Group 2: a b", "c"));
     EXPECT_THAT(model.RedoNames(), ElementsAre("Delete Effect(s)"));
 }
@@ -185,15 +187,77 @@ TEST(StackModelTest, AHalfFullGroupIsTurnedOff)
     StackModel model =
         modelOf({effect(1, ModelKind::geometry, "a", 1), effect(2, ModelKind::geometry, "b", 1)});
     model.Switch(1, Power::off);
-    model.Settle();
+    (void)model.Settle();
     model.ClickGroupBox(0);
-    model.Settle();
+    (void)model.Settle();
     EXPECT_EQ(model.Stack()[1].power, Power::off);
     EXPECT_THAT(model.UndoNames(), ElementsAre("Switch Effect Off", "Switch Effect Off"));
     model.ClickGroupBox(0);
-    model.Settle();
+    (void)model.Settle();
     EXPECT_EQ(model.Stack()[0].power, Power::on);
     EXPECT_EQ(model.Stack()[1].power, Power::on);
+}
+
+/// The names of what is hidden on the active layer.
+std::vector<std::string> hiddenNames(const StackModel& model)
+{
+    std::vector<std::string> all;
+    for (const ModelEffect& each : model.Stack())
+        if (model.IsHidden(each.id))
+            all.push_back(each.name);
+    return all;
+}
+
+TEST(StackModelTest, WhatIsNotSelectedIsHidden)
+{
+    StackModel model = threeObjects();
+    EXPECT_THAT(hiddenNames(model), ElementsAre("a", "b", "c"));
+    model.ClickRow({1, -1}, Selecting::alone);
+    model.ClickRow({3, -1}, Selecting::toggled);
+    EXPECT_EQ(model.Settle(), 2);
+    EXPECT_THAT(hiddenNames(model), ElementsAre("b"));
+    EXPECT_THAT(model.TakePrinted(), testing::Contains("State Changed"));
+}
+
+TEST(StackModelTest, ADragTakesAllThatIsSelected)
+{
+    StackModel model = threeObjects();
+    model.ClickRow({1, -1}, Selecting::alone);
+    model.ClickRow({2, -1}, Selecting::range);
+    model.MoveRow(2, {-1, 3});
+    (void)model.Settle();
+    EXPECT_THAT(names(model.Stack()), ElementsAre("c", "a", "b"));
+}
+
+TEST(StackModelTest, ARigidObjectStaysInNoGroup)
+{
+    StackModel model = modelOf(
+        {effect(1, ModelKind::geometry, "a", 1), {2, ModelKind::geometry, "rail", -1, Power::on, true}});
+    model.PutIntoGroup(2, 1);
+    (void)model.Settle();
+    EXPECT_THAT(rows(model), ElementsAre("Group 1: a", "rail"));
+}
+
+TEST(StackModelTest, AnItemThatComesBackShowsNothing)
+{
+    StackModel model = threeObjects();
+    model.CloseItem();
+    (void)model.Settle();
+    model.OpenItem();
+    (void)model.Settle();
+    EXPECT_FALSE(model.HasRoot());
+    model.RequestRefresh();
+    (void)model.Settle();
+    EXPECT_THAT(rows(model), ElementsAre("a", "b", "c"));
+}
+
+TEST(StackModelTest, TwinsFromOutsideChangePlacesUnseen)
+{
+    StackModel model = modelOf({effect(1, ModelKind::geometry, "a"), effect(2, ModelKind::outside, "blur"),
+                                effect(3, ModelKind::outside, "blur")});
+    model.Move(2, 2);
+    EXPECT_EQ(model.Settle(), 1);
+    EXPECT_THAT(model.UndoNames(), ElementsAre("Reorder Effect"));
 }
 } // namespace
 } // namespace standin

@@ -1,7 +1,7 @@
-#include "standin/checks/Walk.h"
-#include "standin/checks/WalkActions.h"
-#include "standin/scenario/Parser.h"
-#include "standin/scenario/Phrase.h"
+#include "standin/check/Walk.h"
+#include "standin/check/WalkActions.h"
+#include "standin/script/Parser.h"
+#include "standin/script/Phrase.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,18 +11,21 @@
 
 namespace standin
 {
+using namespace check;
+using namespace script;
+
 namespace
 {
 /// All lines of a walk.
-std::vector<std::string> script(const std::vector<WalkStep>& steps)
+std::vector<std::string> script(const std::vector<WalkStep>& steps, WalkKind kind = WalkKind::mixed)
 {
     std::vector<std::string> lines = WalkBeginLines();
-    WalkState state = WalkBegin();
+    WalkState state = WalkBegin(kind);
     for (const WalkStep& step : steps)
     {
         for (const std::string& line : LinesOf(state, step))
             lines.push_back(line);
-        CarryOut(state, step);
+        (void)CarryOut(state, step);
     }
     return lines;
 }
@@ -37,10 +40,23 @@ TEST(WalkStepTest, EachSeedGivesItsOwnWalk)
 TEST(WalkStepTest, WalksOfAllSeedsTogetherDoEverything)
 {
     std::set<const WalkAction*> done;
+    for (unsigned seed = 1; seed <= 40; ++seed)
+        for (const WalkStep& step : DrawWalk(WalkKind::loop, seed, 40))
+            done.insert(step.action);
+    EXPECT_EQ(done.size(), WalkActions().size());
+}
+
+TEST(WalkStepTest, WalksOnAScreenDoAllTheyShare)
+{
+    std::set<const WalkAction*> done;
     for (unsigned seed = 1; seed <= 20; ++seed)
         for (const WalkStep& step : DrawWalk(WalkKind::mixed, seed, 40))
             done.insert(step.action);
-    EXPECT_EQ(done.size(), WalkActions().size());
+    std::set<const WalkAction*> shared;
+    for (const WalkAction& action : WalkActions())
+        if (action.shares[static_cast<int>(WalkKind::mixed)] > 0)
+            shared.insert(&action);
+    EXPECT_EQ(done, shared);
 }
 
 TEST(WalkStepTest, TheHostIdlesInsideAllKindsOfCalls)
@@ -67,7 +83,7 @@ TEST(WalkStepTest, EveryWalkLineIsInTheLanguage)
 {
     int read = 0;
     for (unsigned seed = 1; seed <= 20; ++seed)
-        for (const std::string& line : script(DrawWalk(WalkKind::mixed, seed, 40)))
+        for (const std::string& line : script(DrawWalk(WalkKind::loop, seed, 40), WalkKind::loop))
         {
             std::istringstream text(line);
             EXPECT_NO_THROW(read += static_cast<int>(BindPhrases(ParseScenario(text, "walk")).size()))
@@ -104,7 +120,7 @@ TEST(WalkStepTest, TheSecondOfANameIsCalledSo)
     copy.action = &WalkActionOf("duplicate");
     copy.id = 3;
     copy.newId = 100;
-    CarryOut(state, copy);
+    (void)CarryOut(state, copy);
     WalkStep deletion;
     deletion.action = &WalkActionOf("delete");
     deletion.id = 100;

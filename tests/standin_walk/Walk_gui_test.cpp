@@ -1,12 +1,14 @@
 // Walks on the screen, with the bundle as it is built and with one that has a mistake.
 
-#include "standin/checks/Walk.h"
+#include "standin/check/Walk.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace standin
 {
+using namespace check;
+
 namespace
 {
 using ::testing::HasSubstr;

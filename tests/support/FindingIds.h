@@ -1,7 +1,7 @@
 #pragma once
 // Findings by their ids alone, for tests that hold them against a computed list.
 
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 
 #include <algorithm>
 #include <string>

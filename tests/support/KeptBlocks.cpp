@@ -1,7 +1,7 @@
 #include "tests/support/KeptBlocks.h"
 
 #include "panel/VnPanelRef.h"
-#include "standin/core/HostParts.h"
+#include "standin/host/core/HostParts.h"
 
 #include <utility>
 
@@ -16,7 +16,7 @@ KeptBlocks* current = nullptr;
 KeptBlocks::KeptBlocks(Host& owner, const LoadedPlugin& panelPlugin) : host(owner), plugin(panelPlugin)
 {
     current = this;
-    for (Panel& panel : host.Parts().plugins.panels.All())
+    for (Panel& panel : PartsOf(host).plugins.panels.All())
         createHook = std::exchange(panel.hook, &createPanel);
 }
 
@@ -31,9 +31,9 @@ A_Err KeptBlocks::createPanel(void* global, void* refcon, void* container, Panel
 void KeptBlocks::Free()
 {
     void* panelRef = nullptr;
-    for (const auto& hook : host.Parts().plugins.hooks.command)
+    for (const auto& hook : host.PluginsView().hooks.command)
         panelRef = hook.refcon;
-    for (const auto& hook : host.Parts().plugins.hooks.idle)
+    for (const auto& hook : host.PluginsView().hooks.idle)
         panelRef = hook.pluginId == plugin.id ? hook.refcon : panelRef;
     delete static_cast<VnPanelRef*>(panelRef);
     // Their suites are held on purpose, so no destructor runs.

@@ -4,7 +4,7 @@
 // else is left. The blocks of the first entry point are plain memory, of which LeakSuppressions.cpp tells the
 // checker.
 
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 // What the plug-in leaves to the end of the host on purpose.
 
 #include "panel/Panelator.h"
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 
 namespace standin
 {

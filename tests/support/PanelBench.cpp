@@ -1,8 +1,8 @@
 #include "tests/support/PanelBench.h"
 
 #include "panel/platform/PanelatorUI_Plat.h"
-#include "standin/core/Behaviour.h"
-#include "standin/family/Liars.h"
+#include "standin/host/core/Behaviour.h"
+#include "standin/host/family/Liars.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -3,7 +3,7 @@
 // gives: a negative count, a reference beside an error, success without a reference.
 
 #include "host/SuiteTraits.h"
-#include "standin/core/Host.h"
+#include "standin/host/core/Host.h"
 
 #include <cstring>
 #include <functional>

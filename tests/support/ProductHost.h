@@ -3,8 +3,8 @@
 // product's own types.
 
 #include "host/HostSuites.h"
-#include "standin/core/Host.h"
-#include "standin/family/Family.h"
+#include "standin/host/core/Host.h"
+#include "standin/host/family/Family.h"
 
 #include <string>
 #include <vector>

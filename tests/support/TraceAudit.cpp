@@ -5,6 +5,7 @@
 
 namespace standin
 {
+
 namespace
 {
 constexpr const char* endCall = "Utility 3 AEGP_EndUndoGroup";

@@ -3,7 +3,7 @@
 // first error and no further, that what was taken is disposed of in the fixed order, and which findings
 // follow from what could not be had.
 
-#include "standin/sensors/CallTrace.h"
+#include "standin/host/sensors/CallTrace.h"
 
 #include <string>
 #include <vector>

@@ -65,7 +65,7 @@ TEST_F(Drag, BelowAllRowsGoesToTheEnd)
     EXPECT_EQ(shape(), "Layer(b Group 1(c) a*)");
 }
 
-TEST_F(Drag, ArrivesWhereTheUserSeesItInAScrolledTree)
+TEST_F(Drag, ArrivesWhereSeenInAScrolledTree)
 {
     std::vector<ObjectItem> items;
     for (int i = 1; i <= 60; ++i)
@@ -92,14 +92,14 @@ TEST_F(Drag, TakesTheWholeSelectionInItsOrder)
     EXPECT_EQ(shape(), "Layer(b Group 1(e a* c* d*))");
 }
 
-TEST_F(Drag, OfARigidObjectOntoAGroupIsRefused)
+TEST_F(Drag, OfRigidObjectsIntoAGroupIsRefused)
 {
     show({object(1, "r", -1), object(2, "b", 1), object(3, "c", 1)});
     EXPECT_EQ(outputOf([this] { drag(textOf("r"), above("c")); }), "");
     EXPECT_EQ(shape(), "Layer(r* Group 1(b c))");
 }
 
-TEST_F(Drag, OfARigidObjectAtTheTopMovesIt)
+TEST_F(Drag, OfARigidObjectAtTheTopWorks)
 {
     show({object(1, "r", -1), object(2, "b"), object(3, "c")});
     drag(textOf("r"), below("b"));
@@ -115,7 +115,7 @@ TEST_F(Drag, OfAGroupIntoAGroupIsRefused)
     EXPECT_EQ(shape(), "Layer(Group 1*(a) Group 2(b c))");
 }
 
-TEST_F(Drag, OfAGroupAtTheTopMovesItWithItsObjects)
+TEST_F(Drag, OfAGroupMovesItsObjectsToo)
 {
     show({object(1, "a", 1), object(2, "b"), object(3, "c")});
     drag(textOf("Group 1"), below("b"));
@@ -123,7 +123,7 @@ TEST_F(Drag, OfAGroupAtTheTopMovesItWithItsObjects)
     EXPECT_THAT(groupsOf(GetItemsFromTree(panel)), ElementsAre(0, 1, 0));
 }
 
-TEST_F(Drag, OfAnOutsideRowOrTheLayerIsRefused)
+TEST_F(Drag, OfOutsideRowsAndTheLayerIsRefused)
 {
     show({external("x"), object(1, "a"), object(2, "b")});
     EXPECT_EQ(outputOf([this] { drag(textOf("x"), below("a")); }), "");
@@ -131,7 +131,7 @@ TEST_F(Drag, OfAnOutsideRowOrTheLayerIsRefused)
     EXPECT_EQ(shape(), "Layer*(x a b)");
 }
 
-TEST_F(Drag, OntoARowOfAnObjectGoesBesideIt)
+TEST_F(Drag, OntoAnObjectsRowGoesBesideIt)
 {
     show({object(1, "a"), object(2, "b"), object(3, "c")});
     // An object takes no drop, so its middle is as good as its edge.
@@ -177,7 +177,7 @@ TEST_F(Drag, GivesTheKeyboardBackToTheTree)
     EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(1)));
 }
 
-TEST_F(Drag, GivesTheKeyboardBackAfterEscapeAndAfterADropOutside)
+TEST_F(Drag, ReturnsTheKeyboardAfterEscapeOrOutsideDrop)
 {
     show({object(1, "a"), object(2, "b"), object(3, "c")});
     startDrag(textOf("a"), below("b"));
@@ -193,7 +193,7 @@ TEST_F(Drag, GivesTheKeyboardBackAfterEscapeAndAfterADropOutside)
     EXPECT_TRUE(view().hasKeyboardFocus(false));
 }
 
-TEST_F(Drag, LeavesTheKeyboardToAHostThatHasTakenIt)
+TEST_F(Drag, LeavesTheHostAKeyboardItTook)
 {
     show({object(1, "a"), object(2, "b"), object(3, "c")});
     startDrag(textOf("a"), below("b"));

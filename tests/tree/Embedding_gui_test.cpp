@@ -86,7 +86,7 @@ TEST_F(Embedding, ReplacesOneWidgetByAnother)
     }
 }
 
-TEST_F(Embedding, GivesTheKeyboardToTheHostWhenTheWidgetGoes)
+TEST_F(Embedding, ReturnsTheKeyboardWhenTheWidgetGoes)
 {
     show({object(1, "a")});
     click(textOf("a"));

@@ -83,7 +83,7 @@ TEST_P(AHeldButtonInTheTable, DoesWhatTheQuickOneDoes)
 INSTANTIATE_TEST_SUITE_P(Each, AHeldButtonInTheTable, testing::ValuesIn(EveryPressCase()),
                          [](const auto& each) { return NameOf(each.param); });
 
-TEST_F(AHeldButton, IsFollowedByAClickInTheSameIdle)
+TEST_F(AHeldButton, AllowsAClickInTheSameIdle)
 {
     begin(standin::Press(Part::box, "b", Key::none, {"b"}), Clicks::one);
     happen(Meanwhile::rebuild, "b");
@@ -95,7 +95,7 @@ TEST_F(AHeldButton, IsFollowedByAClickInTheSameIdle)
     EXPECT_EQ(shape(), "Layer(a b* Group 1(c d) x e)");
 }
 
-TEST_F(AHeldButton, IsFollowedByADoubleClickInTheSameIdle)
+TEST_F(AHeldButton, AllowsADoubleClickInTheSameIdle)
 {
     begin(standin::Press(Part::text, "Group 1", Key::none, {}), Clicks::one);
     happen(Meanwhile::rebuild, "Group 1");
@@ -262,7 +262,7 @@ TEST_F(AHeldButton, DragsARowThatHasScrolledAway)
     EXPECT_EQ(outputOf([this] { endDrag(); }), "Items: 1\nMoving Item: row 2\n");
 }
 
-TEST_F(AHeldButton, DragsAPictureOfTheRowWithThePointerOnIt)
+TEST_F(AHeldButton, DragsARowsPictureUnderThePointer)
 {
     for (const Meanwhile meanwhile : {Meanwhile::nothing, Meanwhile::reorder})
     {

@@ -191,7 +191,7 @@ TEST_F(Keys, EditorKeepsTheKeyboardOverARebuild)
     EXPECT_TRUE(pumpUntil([this] { return shape() == "Layer(a Group 1(new*) d)"; })) << shape();
 }
 
-TEST_F(Keys, DoNotReachTheTreeOnceTheHostHasThem)
+TEST_F(Keys, StayWithAHostThatHasThem)
 {
     clickAndFocus("a");
     clickOnHost();

@@ -176,7 +176,7 @@ TEST_F(Menu, DismissedByEscapeAddsNothing)
     EXPECT_THAT(keys(), IsEmpty());
 }
 
-TEST_F(Menu, DismissedByAClickElsewhereInThePanelAddsNothing)
+TEST_F(Menu, DismissedByAnotherPanelClickAddsNothing)
 {
     openMenu();
     click(panel->localPointToGlobal(Point(390, 410)));
@@ -185,7 +185,7 @@ TEST_F(Menu, DismissedByAClickElsewhereInThePanelAddsNothing)
     EXPECT_THAT(keys(), IsEmpty());
 }
 
-TEST_F(Menu, DismissedByAClickOnItsButtonDoesNotComeBack)
+TEST_F(Menu, DismissedByItsButtonStaysAway)
 {
     openMenu();
     (void)outputOf([this] { click(centreOf(panel->geometryButton)); });
@@ -195,7 +195,7 @@ TEST_F(Menu, DismissedByAClickOnItsButtonDoesNotComeBack)
     EXPECT_THAT(keys(), IsEmpty());
 }
 
-TEST_F(Menu, DismissedByAClickOnTheHostAddsNothingAndLeavesTheHostTheKeyboard)
+TEST_F(Menu, DismissedByAHostClickAddsNothing)
 {
     openMenu();
     clickOnHost();
@@ -206,7 +206,7 @@ TEST_F(Menu, DismissedByAClickOnTheHostAddsNothingAndLeavesTheHostTheKeyboard)
     EXPECT_FALSE(hasFocus());
 }
 
-TEST_F(Menu, DismissedAfterTheMouseWasOverItAddsNothing)
+TEST_F(Menu, DismissedAfterHoveringAddsNothing)
 {
     openMenu();
     moveTo(menuRow(2));
@@ -218,7 +218,7 @@ TEST_F(Menu, DismissedAfterTheMouseWasOverItAddsNothing)
     EXPECT_EQ(hands.focusedWindow(), host.Frame());
 }
 
-TEST_F(Menu, ClosedWhileTheHostTakesTheKeyboardLeavesItThere)
+TEST_F(Menu, ClosedLeavesTheHostItsNewKeyboard)
 {
     openMenu();
     // The menu closes for a reason of its own before the panel hears that the keyboard has gone: messages
@@ -267,7 +267,7 @@ TEST_F(Menu, GoesWithItsWidget)
     pumpFor(100);
 }
 
-TEST_F(Menu, GoesWithJuceWhenTheWidgetGoesRightBefore)
+TEST_F(Menu, GoesWhenTheWidgetGoesBeforeJuce)
 {
     openMenu();
     deleteWidget();

@@ -53,7 +53,7 @@ protected:
 };
 } // namespace
 
-TEST_F(Mouse, ClickOnABoxSwitchesTheObjectOffAndOn)
+TEST_F(Mouse, ClickOnABoxTogglesTheObject)
 {
     show({object(1, "a", 0, 1), object(2, "b", 0, 1)});
     click(boxOf("b"));
@@ -63,7 +63,7 @@ TEST_F(Mouse, ClickOnABoxSwitchesTheObjectOffAndOn)
     EXPECT_THAT(actives(), ElementsAre(1, 1));
 }
 
-TEST_F(Mouse, ClickOnABoxOfAnyValueButZeroSwitchesItOff)
+TEST_F(Mouse, ClickOnANonzeroBoxSwitchesItOff)
 {
     show({object(1, "a", 0, 7)});
     click(boxOf("a"));
@@ -72,7 +72,7 @@ TEST_F(Mouse, ClickOnABoxOfAnyValueButZeroSwitchesItOff)
     EXPECT_THAT(actives(), ElementsAre(1));
 }
 
-TEST_F(Mouse, ClickHitsTheBoxFromItsFirstToItsLastPixel)
+TEST_F(Mouse, ClickHitsTheBoxFromEdgeToEdge)
 {
     show({object(1, "a", 0, 1)});
     int expected = 1;
@@ -89,7 +89,7 @@ TEST_F(Mouse, ClickHitsTheBoxFromItsFirstToItsLastPixel)
     }
 }
 
-TEST_F(Mouse, ClickOnABoxIsJudgedInTheRowWhereverTheTreeIsScrolled)
+TEST_F(Mouse, ClicksOnBoxesWorkInAScrolledTree)
 {
     show(manyItems(60));
     for (const int y : {0, 1, 7, 110, 333, 900})
@@ -110,7 +110,7 @@ TEST_F(Mouse, ClickOnABoxIsJudgedInTheRowWhereverTheTreeIsScrolled)
     }
 }
 
-TEST_F(Mouse, ClickOnTheBoxOfAGroupGoesToAllOffAndThenAllOn)
+TEST_F(Mouse, ClickOnAGroupsBoxTogglesAllObjects)
 {
     show({object(1, "a", 1, 1), object(2, "b", 1, 0), object(3, "c", 1, 1), object(4, "d", 0, 1)});
     click(boxOf("Group 1"));
@@ -121,7 +121,7 @@ TEST_F(Mouse, ClickOnTheBoxOfAGroupGoesToAllOffAndThenAllOn)
     EXPECT_THAT(actives(), ElementsAre(0, 0, 0, 1));
 }
 
-TEST_F(Mouse, ClickOnTheBoxOfAnEmptyGroupChangesNothing)
+TEST_F(Mouse, ClickOnAnEmptyGroupsBoxChangesNothing)
 {
     show({object(1, "a", 0, 1)});
     panel->AddNewGroup(root());
@@ -130,7 +130,7 @@ TEST_F(Mouse, ClickOnTheBoxOfAnEmptyGroupChangesNothing)
     EXPECT_THAT(actives(), ElementsAre(1));
 }
 
-TEST_F(Mouse, ClickOnTheBoxOfAnOutsideEffectShowsAndMeansNothing)
+TEST_F(Mouse, ClickOnAnOutsideBoxChangesNothing)
 {
     show({external("x"), object(1, "a", 0, 1)});
     const auto before = CalcItemsHash(0, GetItemsFromTree(panel));
@@ -141,7 +141,7 @@ TEST_F(Mouse, ClickOnTheBoxOfAnOutsideEffectShowsAndMeansNothing)
     EXPECT_EQ(static_cast<int>(node("x")["active"]), 0);
 }
 
-TEST_F(Mouse, ClickOnTheBoxOfAnOutsideEffectIsSeenOnTheScreen)
+TEST_F(Mouse, ClickOnAnOutsideBoxIsSeen)
 {
     show({external("x"), object(1, "a")});
     click(boxOf("x"));
@@ -151,7 +151,7 @@ TEST_F(Mouse, ClickOnTheBoxOfAnOutsideEffectIsSeenOnTheScreen)
     EXPECT_TRUE(waitForBox("x", "--"));
 }
 
-TEST_F(Mouse, BoxOfAGroupFollowsItsObjectsOnTheScreen)
+TEST_F(Mouse, GroupsBoxIsRepaintedWithItsObjects)
 {
     show({object(1, "a", 1), object(2, "b", 1)});
     EXPECT_TRUE(waitForBox("Group 1", "##"));
@@ -172,7 +172,7 @@ TEST_F(Mouse, ClickOnTheLayerRowHitsNoBox)
     EXPECT_THAT(actives(), ElementsAre(1));
 }
 
-TEST_F(Mouse, ClickOnABoxInASelectionTogglesThatRowAlone)
+TEST_F(Mouse, ClickOnASelectedBoxTogglesOneRow)
 {
     show({object(1, "a", 0, 1), object(2, "b", 0, 1), object(3, "c", 0, 1)});
     click(textOf("a"));
@@ -185,7 +185,7 @@ TEST_F(Mouse, ClickOnABoxInASelectionTogglesThatRowAlone)
     EXPECT_THAT(selectedNames(), ElementsAre("b"));
 }
 
-TEST_F(Mouse, ClickOnABoxOfARowThatIsNotSelectedChangesNothing)
+TEST_F(Mouse, ClickOnABoxKeepsTheSelection)
 {
     show({object(1, "a", 0, 1)});
     click(boxOf("a"));
@@ -272,7 +272,7 @@ TEST_F(Mouse, DoubleClickKeepsItsUsualMeaning)
     EXPECT_FALSE(view().renameEditor->isVisible());
 }
 
-TEST_F(Mouse, WheelScrollsAndAClickHitsWhatTheUserSees)
+TEST_F(Mouse, WheelScrollsAndClicksHitVisibleRows)
 {
     show(manyItems(60));
     wheel(textOf("row 5"), 5, 6);
@@ -286,7 +286,7 @@ TEST_F(Mouse, WheelScrollsAndAClickHitsWhatTheUserSees)
     EXPECT_EQ(static_cast<int>(node(name)["active"]), 1 - before);
 }
 
-TEST_F(Mouse, WheelUnderAMouseOnATriangleIsSurvived)
+TEST_F(Mouse, WheelOverATriangleIsSurvived)
 {
     show(manyItems(60));
     moveTo(openBoxOf("Group 1"));
@@ -298,7 +298,7 @@ TEST_F(Mouse, WheelUnderAMouseOnATriangleIsSurvived)
     pump();
 }
 
-TEST_F(Mouse, ShrinkingUnderAMouseOnATriangleIsSurvived)
+TEST_F(Mouse, ShrinkingUnderAHoveredTriangleIsSurvived)
 {
     std::vector<ObjectItem> items = manyItems(60);
     items[12].group = 2;
@@ -311,7 +311,7 @@ TEST_F(Mouse, ShrinkingUnderAMouseOnATriangleIsSurvived)
     pump();
 }
 
-TEST_F(Mouse, RebuildUnderAMouseOnATriangleIsSurvived)
+TEST_F(Mouse, RebuildUnderAHoveredTriangleIsSurvived)
 {
     show({object(1, "a", 1), object(2, "b", 1)});
     for (int i = 0; i < 4; ++i)
@@ -328,7 +328,7 @@ TEST_F(Mouse, RebuildUnderAMouseOnATriangleIsSurvived)
     pump();
 }
 
-TEST_F(Mouse, ButtonActsOnThePressAndNotOnTheRelease)
+TEST_F(Mouse, ButtonActsOnThePress)
 {
     show({object(1, "a")});
     const std::string pressed = outputOf([this] { pressAt(centreOf(panel->groupButton)); });
@@ -338,7 +338,7 @@ TEST_F(Mouse, ButtonActsOnThePressAndNotOnTheRelease)
     EXPECT_EQ(shape(), "Layer(Group 1 a)");
 }
 
-TEST_F(Mouse, FirstClickGivesTheKeyboardToTheTreeWhereverItHits)
+TEST_F(Mouse, FirstClickAnywhereGivesTheTreeTheKeyboard)
 {
     const std::vector<std::function<Point()>> places = {
         [this] { return textOf("row 1"); },
@@ -361,7 +361,7 @@ TEST_F(Mouse, FirstClickGivesTheKeyboardToTheTreeWhereverItHits)
     }
 }
 
-TEST_F(Mouse, ClickOnAButtonLeavesTheKeyboardWithTheTree)
+TEST_F(Mouse, ClickOnAButtonLeavesTheTreesKeyboard)
 {
     show({object(1, "a"), object(2, "b")});
     click(textOf("b"));

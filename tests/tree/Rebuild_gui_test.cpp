@@ -70,7 +70,7 @@ TEST_F(Rebuild, UnderAHeldButtonWithoutAMove)
     expectUsable();
 }
 
-TEST_F(Rebuild, UnderAHeldButtonOnARowOfASelection)
+TEST_F(Rebuild, UnderAHeldButtonInASelection)
 {
     click(textOf("a"));
     clickHolding("Shift_L", textOf("c"));
@@ -110,7 +110,7 @@ TEST_F(Rebuild, InTheMiddleOfADrag)
     expectUsable();
 }
 
-TEST_F(Rebuild, InTheMiddleOfADragOverAndOver)
+TEST_F(Rebuild, DuringADragOverAndOver)
 {
     startDrag(textOf("a"), at("c", {60, 2}));
     for (int i = 0; i < 5; ++i)
@@ -126,7 +126,7 @@ TEST_F(Rebuild, InTheMiddleOfADragOverAndOver)
     expectUsable();
 }
 
-TEST_F(Rebuild, InTheMiddleOfADragThatDropsWhereTheDraggedRowStood)
+TEST_F(Rebuild, DuringADragDroppedOnItsOldPlace)
 {
     for (const char* dragged : {"a", "b"})
     {
@@ -152,7 +152,7 @@ TEST_F(Rebuild, InTheMiddleOfADragThatDropsWhereTheDraggedRowStood)
     expectUsable();
 }
 
-TEST_F(Rebuild, InTheMiddleOfADragWithTheStateRestored)
+TEST_F(Rebuild, DuringADragWithTheStateRestored)
 {
     auto* table = CreateTreeStateTable();
     startDrag(textOf("a"), at("c", {60, 2}));

@@ -43,7 +43,7 @@ private:
         std::exchange(inside, nullptr)();
     }
 
-    static constexpr int untilMenuListens = static_cast<int>(waits::menuIgnoresClicks.count());
+    static constexpr int untilMenuListens = static_cast<int>(user::waits::menuIgnoresClicks.count());
 
     std::function<void()> atOpening;
     std::function<void()> inside;
@@ -103,7 +103,7 @@ TEST_F(WaitingMenu, EndsWithItsPanel)
     EXPECT_TRUE(isJuceUp());
 }
 
-TEST_F(WaitingMenu, LetsJuceEndOnceTheHostHasItsThread)
+TEST_F(WaitingMenu, LetsJuceEndOnTheHostsThread)
 {
     openMenuAnd(
         [this]

@@ -2,7 +2,7 @@
 //
 // Each is what stands on the screen of a private X server where a host's window holds the panel.
 
-#include "standin/screen/Png.h"
+#include "standin/user/eyes/Png.h"
 #include "tests/tree/support/TreeGuiTest.h"
 
 #include <cstdlib>
@@ -11,6 +11,7 @@
 namespace
 {
 using namespace standin;
+using namespace standin::user;
 
 class Pictures : public TreeGuiTest
 {

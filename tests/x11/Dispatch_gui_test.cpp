@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 using namespace standin;
+using namespace standin::user;
 
 namespace
 {
@@ -52,7 +53,7 @@ protected:
 };
 } // namespace
 
-TEST_F(Dispatch, DoesNothingWhenItIsEnteredFromInsideItself)
+TEST_F(Dispatch, DoesNothingWhenReentered)
 {
     bool wasInside = false;
     bool isInside = false;
@@ -98,7 +99,7 @@ TEST_F(Dispatch, SurvivesAWidgetThatIsDeletedInsideIt)
     Idle();
 }
 
-TEST_F(Dispatch, SurvivesAWidgetThatIsReplacedByAKeyOrAPressInside)
+TEST_F(Dispatch, SurvivesAWidgetReplacedByItsEvent)
 {
     Idle();
     struct Replacing : juce::MouseListener

@@ -3,6 +3,7 @@
 #include "tests/x11/support/PanelInHost.h"
 
 using namespace standin;
+using namespace standin::user;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -30,7 +31,7 @@ protected:
 };
 } // namespace
 
-TEST_F(Embedding, PutsOneWindowIntoTheContainerAndFillsIt)
+TEST_F(Embedding, FillsTheContainerWithOneWindow)
 {
     Open();
     EXPECT_NE(window.PanelWindow(), 0u);
@@ -93,7 +94,7 @@ TEST_F(Embedding, FollowsTheContainerToNothingAndBack)
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; }));
 }
 
-TEST_F(Embedding, FollowsAContainerThatIsResizedBeforeItAppears)
+TEST_F(Embedding, FollowsAContainerResizedBeforeItAppears)
 {
     window.SetContainerStart(ContainerStart::unmapped);
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::frontmost).thrown, "");
@@ -106,7 +107,7 @@ TEST_F(Embedding, FollowsAContainerThatIsResizedBeforeItAppears)
     EXPECT_TRUE(window.IsOnScreen(window.PanelWindow()));
 }
 
-TEST_F(Embedding, FollowsAContainerThatIsResizedWhileItIsHidden)
+TEST_F(Embedding, FollowsAContainerResizedWhileHidden)
 {
     Open();
     window.Unmap();
@@ -116,7 +117,7 @@ TEST_F(Embedding, FollowsAContainerThatIsResizedWhileItIsHidden)
     expectSize(310, 270);
 }
 
-TEST_F(Embedding, FillsTheContainerOfAScreenWithAnotherScale)
+TEST_F(Embedding, FillsTheContainerAtAnotherScale)
 {
     window.SetScreenResource("Xft.dpi:\t192\n");
     Open();
@@ -128,7 +129,7 @@ TEST_F(Embedding, FillsTheContainerOfAScreenWithAnotherScale)
         << panelGeometry().width << " x " << panelGeometry().height;
 }
 
-TEST_F(Embedding, GoesOnInAContainerThatMovesToAnotherWindowOfTheHost)
+TEST_F(Embedding, FollowsItsContainerToAnotherWindow)
 {
     Open();
     ClickInto(Row(2));
@@ -160,7 +161,7 @@ TEST_F(Embedding, SurvivesAContainerThatTheHostDestroys)
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a"; }));
 }
 
-TEST_F(Embedding, SurvivesAContainerThatTheHostDestroysWithAMenuOpen)
+TEST_F(Embedding, SurvivesItsContainersEndDuringAMenu)
 {
     Open();
     OpenGeometryMenu();
@@ -180,7 +181,7 @@ TEST_F(Embedding, SurvivesAPanelWindowThatTheHostDestroys)
     ClickInto(Row(2));
 }
 
-TEST_F(Embedding, MakesAPanelWithoutAParentAndWithoutASizeOfANullView)
+TEST_F(Embedding, MakesAParentlessPanelOfANullView)
 {
     EXPECT_EQ(OutputOf([this] { EXPECT_EQ(CreateAgain(nullptr).thrown, ""); }).find("View Will move"),
               std::string::npos);

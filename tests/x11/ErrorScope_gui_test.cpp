@@ -2,13 +2,14 @@
 
 #include "panel/platform/PlatformEvents.h"
 
-#include "standin/x11/Xvfb.h"
+#include "standin/user/x11/Xvfb.h"
 
 #include <gtest/gtest.h>
 
 #include <X11/Xlib.h>
 
 using namespace standin;
+using namespace standin::user;
 
 namespace
 {

@@ -44,7 +44,7 @@ TEST_F(ErrorsDeathTest, DoNotEndAHostWithoutAHandler)
         testing::ExitedWithCode(0), "");
 }
 
-TEST_F(Errors, OfTheHostReachTheHostAlsoInsideAHook)
+TEST_F(Errors, OfTheHostReachItInsideHooks)
 {
     window.SetWhileMakingContainer([this] { window.MakeAnError(); });
     EXPECT_TRUE(host.ChooseMenuItem(panelName));
@@ -64,7 +64,7 @@ TEST_F(Errors, OfThePanelDoNotReachTheHost)
     EXPECT_TRUE(window.HasItsErrorHandler());
 }
 
-TEST_F(Errors, LeaveAHandlerInPlaceThatTheHostSetsInsideAHook)
+TEST_F(Errors, LeaveTheHostsHandlerSetInsideAHook)
 {
     window.SetWhileMakingContainer([] { PlainHost::SetOtherErrorHandler(); });
     EXPECT_TRUE(host.ChooseMenuItem(panelName));

@@ -6,6 +6,7 @@
 #include <functional>
 
 using namespace standin;
+using namespace standin::user;
 
 namespace
 {
@@ -112,7 +113,7 @@ TEST_F(HeldPress, BeginsADragAfterARebuild)
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "b c a"; })) << Stack();
 }
 
-TEST_F(HeldPress, IsFollowedByAClickInTheSameIdle)
+TEST_F(HeldPress, AllowsAClickInTheSameIdle)
 {
     ClickInto(Row(2));
     Press(boxOf(2));

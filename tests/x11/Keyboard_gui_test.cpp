@@ -42,14 +42,14 @@ TEST_F(Keyboard, IsTakenByAClickInside)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(Keyboard, IsTakenByAClickOnTheBackgroundToo)
+TEST_F(Keyboard, IsTakenByABackgroundClick)
 {
     ClickInto(PanelBackground());
     const std::string awaited = "Select All Button\n";
     EXPECT_THAT(OutputUntil(awaited, [this] { PressKey("Control+a"); }), testing::HasSubstr(awaited));
 }
 
-TEST_F(Keyboard, GoesBackOnAClickInAHostThatNeverSetsTheFocus)
+TEST_F(Keyboard, GoesBackInAHostWithoutFocusCalls)
 {
     ClickInto(Row(2));
     Click(HostArea());
@@ -57,7 +57,7 @@ TEST_F(Keyboard, GoesBackOnAClickInAHostThatNeverSetsTheFocus)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, GoesBackOnAClickThatIsOverBeforeTheNextIdle)
+TEST_F(Keyboard, GoesBackOnAClickBetweenIdles)
 {
     ClickInto(Row(2));
     Click(HostArea());
@@ -66,7 +66,7 @@ TEST_F(Keyboard, GoesBackOnAClickThatIsOverBeforeTheNextIdle)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, GoesBackAfterOneIdleOnAClickOutside)
+TEST_F(Keyboard, GoesBackOneIdleAfterAClickOutside)
 {
     ClickInto(Row(2));
     Click(HostArea());
@@ -84,7 +84,7 @@ TEST_F(Keyboard, GoesBackOnAClickWithAnyButton)
     }
 }
 
-TEST_F(Keyboard, GoesBackOnAClickOutsideTheHostsWindow)
+TEST_F(Keyboard, GoesBackOnAnotherWindowsClick)
 {
     ClickInto(Row(2));
     Click(Desktop());
@@ -111,7 +111,7 @@ TEST_F(Keyboard, StaysOnFurtherClicksInside)
     }
 }
 
-TEST_F(Keyboard, GoesBackToTheWindowOfTheHostThatHadIt)
+TEST_F(Keyboard, GoesBackToTheWindowItCameFrom)
 {
     const unsigned long field = window.MakeField();
     window.SetFocus(field);
@@ -130,7 +130,7 @@ TEST_F(Keyboard, GoesToAHostThatTakesItItself)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, StaysWhereAHostPutsItOnItsOwn)
+TEST_F(Keyboard, StaysWhereTheHostPutsIt)
 {
     const unsigned long field = window.MakeField();
     ClickInto(Row(2));
@@ -142,7 +142,7 @@ TEST_F(Keyboard, StaysWhereAHostPutsItOnItsOwn)
     EXPECT_EQ(hands.focusedWindow(), pointerRoot);
 }
 
-TEST_F(Keyboard, IsNotTakenByAPointerOverThePanel)
+TEST_F(Keyboard, IsNotTakenByTheHoveringPointer)
 {
     window.SetFocus(window.Frame());
     Point(Row(2));
@@ -150,7 +150,7 @@ TEST_F(Keyboard, IsNotTakenByAPointerOverThePanel)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelWhileNobodyHasTheFocus)
+TEST_F(Keyboard, IsNotTakenByHoveringWithoutAnyFocus)
 {
     window.SetFocus(pointerRoot);
     Point(Row(2));
@@ -158,7 +158,7 @@ TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelWhileNobodyHasTheFocus)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelAfterItWentBack)
+TEST_F(Keyboard, IsNotTakenByHoveringAfterGoingBack)
 {
     ClickInto(Row(2));
     Click(HostArea());
@@ -168,7 +168,7 @@ TEST_F(Keyboard, IsNotTakenByAPointerOverThePanelAfterItWentBack)
     expectKeysAtHost();
 }
 
-TEST_F(Keyboard, CanBeTakenAndGivenBackAnyNumberOfTimes)
+TEST_F(Keyboard, CanBeTakenAndReturnedAgainAndAgain)
 {
     for (int i = 0; i < 10; ++i)
     {
@@ -219,7 +219,7 @@ TEST_F(KeyboardInADrag, StaysWithThePanel)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(KeyboardInADrag, KeepsTheTreesKeysFromTheHostWithoutAUseForThem)
+TEST_F(KeyboardInADrag, KeepsUnusedTreeKeysFromTheHost)
 {
     PressKey("Delete");
     IdleFor(30ms);
@@ -236,7 +236,7 @@ TEST_F(KeyboardInADrag, IsTheTreesRightAfterTheDrop)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(KeyboardInADrag, EndsTheDragByEscapeWhichTheHostDoesNotGet)
+TEST_F(KeyboardInADrag, EscapeEndsTheDragAndStops)
 {
     PressKey("Escape");
     IdleFor(30ms);
@@ -249,7 +249,7 @@ TEST_F(KeyboardInADrag, EndsTheDragByEscapeWhichTheHostDoesNotGet)
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a b"; })) << Stack();
 }
 
-TEST_F(Keyboard, FollowsClicksInTheOrderTheyWereMadeInOneIdleInterval)
+TEST_F(Keyboard, FollowsTheClicksOfOneIdleInOrder)
 {
     ClickInto(Row(2));
     Click(HostArea());

@@ -66,7 +66,7 @@ TEST_F(Keys, BackSpaceIsTheTrees)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(Keys, DeleteWithNothingSelectedIsTheTreesAllTheSame)
+TEST_F(Keys, DeleteWithoutSelectionIsTheTrees)
 {
     ClickInto(PanelBackground());
     EXPECT_EQ(write("Delete"), "Delete Key Pressed\nKey Pressed\n");
@@ -85,7 +85,7 @@ TEST_F(Keys, ReturnAndKeypadEnterAreTheTrees)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(Keys, ReturnWithNothingSelectedIsTheTreesAllTheSame)
+TEST_F(Keys, ReturnWithoutSelectionIsTheTrees)
 {
     ClickInto(PanelBackground());
     EXPECT_EQ(write("Return", "Edit Button\n"),
@@ -93,7 +93,7 @@ TEST_F(Keys, ReturnWithNothingSelectedIsTheTreesAllTheSame)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(Keys, GroupsThatTheTreeHasNoUseForAreNotTheHosts)
+TEST_F(Keys, UnusedGroupKeysAreNotTheHosts)
 {
     const std::tuple<std::string, std::string, std::string> groups[] = {
         {"Control", "Delete", "Delete Key Pressed\n"},   {"Shift", "Delete", "Delete Key Pressed\n"},
@@ -122,7 +122,7 @@ TEST_F(Keys, CommandGroupsWithAltAreNotTheHosts)
     }
 }
 
-TEST_F(Keys, CutCopyPasteAndSelectAllAreTheTrees)
+TEST_F(Keys, CutCopyPasteSelectAllAreTheTrees)
 {
     const std::map<std::string, std::string> lines = {
         {"x", "Command Key Pressed\nCmd X Pressed\nKey Pressed\nCut Button\n"},
@@ -137,7 +137,7 @@ TEST_F(Keys, CutCopyPasteAndSelectAllAreTheTrees)
     EXPECT_EQ(Stack(), "a b c");
 }
 
-TEST_F(Keys, SelectAllIsNotDoneByCtrlAWhileTheTreeIsEmpty)
+TEST_F(Keys, CtrlASelectsNothingInAnEmptyTree)
 {
     host.User().SelectLayers({});
     Settle();
@@ -163,7 +163,7 @@ TEST_F(Keys, GroupsStayTheTreesWithLockKeysDown)
     expectStack("a c");
 }
 
-TEST_F(Keys, KeysWithoutAnEffectInTheTreeAreTheHosts)
+TEST_F(Keys, KeysUnusedByTheTreeAreTheHosts)
 {
     expectAtHost("F5", {"+F5", "-F5"});
     expectAtHost("q", {"+q", "-q"});
@@ -192,7 +192,7 @@ TEST_F(Keys, KeysWithOtherModifiersAreTheHosts)
                       {"+Control_L", "+ctrl+z", "-ctrl+z", "-ctrl+Control_L"});
 }
 
-TEST_F(Keys, KeysThatMoveTheSelectionAreTheHostsToo)
+TEST_F(Keys, KeysMovingTheSelectionAreTheHosts)
 {
     for (const std::string key : {"Up", "Down", "Left", "Right", "Home", "End", "Prior", "Next"})
         expectAtHostAfter("Key Pressed\nState Changed\n", key, {"+" + key, "-" + key});
@@ -217,7 +217,7 @@ TEST_F(Keys, ReachTheHostWithTheirLockState)
     PressKey("Caps_Lock");
 }
 
-TEST_F(Keys, ReachTheHostAsEventsOfItsOwnWindowWithTheirTime)
+TEST_F(Keys, ReachTheHostWithWindowAndTime)
 {
     const unsigned long before = window.ServerTime();
     PressKey("F5");
@@ -228,7 +228,7 @@ TEST_F(Keys, ReachTheHostAsEventsOfItsOwnWindowWithTheirTime)
     EXPECT_LE(window.LastKeyTime(), after);
 }
 
-TEST_F(Keys, ReachTheHostWindowThatHadTheKeyboardOrTheFirstAroundItThatWantsKeys)
+TEST_F(Keys, ReachTheHostWindowThatWantsThem)
 {
     const unsigned long field = window.MakeField();
     window.SetFocus(field);
@@ -241,7 +241,7 @@ TEST_F(Keys, ReachTheHostWindowThatHadTheKeyboardOrTheFirstAroundItThatWantsKeys
     EXPECT_EQ(window.LastKeyWindow(), field);
 }
 
-TEST_F(Keys, AKeyThatWentDownInTheHostComesUpInTheHost)
+TEST_F(Keys, KeysPressedInTheHostAreReleasedThere)
 {
     window.SetFocus(window.Frame());
     IdleFor(20ms);
@@ -256,7 +256,7 @@ TEST_F(Keys, AKeyThatWentDownInTheHostComesUpInTheHost)
     EXPECT_EQ(keys.back(), "-Delete");
 }
 
-TEST_F(Keys, AKeyThatIsHeldDownRepeatsWhereItIsUsed)
+TEST_F(Keys, AHeldKeyRepeatsWhereItIsUsed)
 {
     ClickInto(Row(1));
     hands.repeatHeldKeys();
@@ -266,7 +266,7 @@ TEST_F(Keys, AKeyThatIsHeldDownRepeatsWhereItIsUsed)
     EXPECT_TRUE(IdleUntil([this] { return window.CountOf("+F5") == window.CountOf("-F5"); }));
 }
 
-TEST_F(Keys, AClickAndAKeyInOneIdleIntervalActInTheirOrder)
+TEST_F(Keys, ClickAndKeyOfOneIdleKeepOrder)
 {
     Click(Row(3));
     PressKey("Delete");
@@ -282,7 +282,7 @@ TEST_F(Keys, AClickAndAKeyInOneIdleIntervalActInTheirOrder)
     EXPECT_EQ(Stack(), "a");
 }
 
-TEST_F(Keys, GroupsReachTheTreeAfterAClickOnAToolbarButton)
+TEST_F(Keys, GroupsReachTheTreeAfterAToolbarClick)
 {
     Click(Button(3));
     Settle();

@@ -3,9 +3,9 @@
 #include "tests/support/Sanitized.h"
 #include "tests/x11/support/PanelInHost.h"
 
-#include "standin/core/HookCalls.h"
-#include "standin/core/HostParts.h"
-#include "standin/family/Sibling.h"
+#include "standin/host/core/HookCalls.h"
+#include "standin/host/core/HostParts.h"
+#include "standin/host/family/Sibling.h"
 
 #include <dirent.h>
 #include <fstream>
@@ -162,7 +162,7 @@ TEST_P(EveryState, CanBeReplacedByOneWithoutAView)
     EXPECT_EQ(window.PanelWindow(), 0u);
 }
 
-TEST_P(EveryState, CanGoOnAfterThePanelWasHiddenForAWhile)
+TEST_P(EveryState, ContinuesAfterThePanelWasHidden)
 {
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
     IdleFor(150ms);
@@ -193,13 +193,14 @@ protected:
 
     void callIdleHooks()
     {
-        HostParts& parts = host.Parts();
+        HostParts& parts = PartsOf(host);
         for (const auto& hook : parts.plugins.hooks.idle)
         {
             A_long sleep = 2;
             (void)RunHook(
                 parts, {HookKind::ordinary, hook.pluginId, "IdleHook"},
-                [&] { return hook.hook(parts.plugins.hooks.globalRefcons[hook.pluginId], hook.refcon, &sleep); });
+                [&]
+                { return hook.hook(parts.plugins.hooks.globalRefcons[hook.pluginId], hook.refcon, &sleep); });
         }
     }
 };
@@ -251,7 +252,7 @@ TEST_F(Lifetime, IdlesWithoutAPanelAndAfterTheEnd)
     callIdleHooks();
 }
 
-TEST_F(Lifetime, TenThousandIdlesLeaveWindowsDescriptorsAndThreadsAsTheyWere)
+TEST_F(Lifetime, TenThousandIdlesLeakNoResources)
 {
     Open();
     ClickInto(Row(2));
@@ -267,7 +268,7 @@ TEST_F(Lifetime, TenThousandIdlesLeaveWindowsDescriptorsAndThreadsAsTheyWere)
 }
 
 // Without an item, since the stand-in remembers every reference that it has handed out.
-TEST_F(Lifetime, TenThousandIdlesLeaveTheMemoryAsItWas)
+TEST_F(Lifetime, TenThousandIdlesLeakNoMemory)
 {
     Open();
     ClickInto(Row(2));
@@ -281,7 +282,7 @@ TEST_F(Lifetime, TenThousandIdlesLeaveTheMemoryAsItWas)
     ExpectMemoryGrewAtMost(1024, before, after);
 }
 
-TEST_F(Lifetime, FiftyPanelsOneAfterAnotherLeaveTheProcessAsItWas)
+TEST_F(Lifetime, FiftyPanelsInSuccessionLeakNothing)
 {
     Open();
     const auto replace = [this](int times)
@@ -303,7 +304,7 @@ TEST_F(Lifetime, FiftyPanelsOneAfterAnotherLeaveTheProcessAsItWas)
     ExpectMemoryGrewAtMost(4096, before, after);
 }
 
-TEST_F(Lifetime, ARowHeldOverARebuildIsDraggedOn)
+TEST_F(Lifetime, AHeldRowSurvivesARebuild)
 {
     Open();
     ClickInto(Row(2));

@@ -53,7 +53,7 @@ TEST_F(Menus, AddTheEffectThatIsClicked)
     EXPECT_TRUE(PanelHasFocus());
 }
 
-TEST_F(Menus, AddTheEffectThatIsChosenByKeysWhichTheHostDoesNotGet)
+TEST_F(Menus, AddTheEffectChosenByKeys)
 {
     OpenGeometryMenu();
     PressKey("Down");
@@ -66,7 +66,7 @@ TEST_F(Menus, AddTheEffectThatIsChosenByKeysWhichTheHostDoesNotGet)
     EXPECT_TRUE(IdleUntil([this] { return PanelHasFocus(); }));
 }
 
-TEST_F(Menus, AreClosedByEscapeWhichTheHostDoesNotGet)
+TEST_F(Menus, AreClosedByEscapeUnseenByTheHost)
 {
     OpenGeometryMenu();
     PressKey("Escape");
@@ -77,7 +77,7 @@ TEST_F(Menus, AreClosedByEscapeWhichTheHostDoesNotGet)
     ExpectKeys({"+Escape", "-Escape"});
 }
 
-TEST_F(Menus, LeaveTheKeysThatTheyDoNotUseToTheHost)
+TEST_F(Menus, LeaveUnusedKeysToTheHost)
 {
     OpenGeometryMenu();
     PressKey("F5");
@@ -88,7 +88,7 @@ TEST_F(Menus, LeaveTheKeysThatTheyDoNotUseToTheHost)
     expectNothingChosen();
 }
 
-TEST_F(Menus, KeepTheTreesKeysFromTheHostWithoutAUseForThem)
+TEST_F(Menus, KeepUnusedTreeKeysFromTheHost)
 {
     OpenGeometryMenu();
     PressKey("Delete");
@@ -99,7 +99,7 @@ TEST_F(Menus, KeepTheTreesKeysFromTheHostWithoutAUseForThem)
     expectNothingChosen();
 }
 
-TEST_F(Menus, AreClosedByAClickOnTheHostsWindow)
+TEST_F(Menus, AreClosedByAHostClick)
 {
     OpenGeometryMenu();
     Click(HostArea());
@@ -109,7 +109,7 @@ TEST_F(Menus, AreClosedByAClickOnTheHostsWindow)
     ExpectKeys({"+Delete", "-Delete"});
 }
 
-TEST_F(Menus, AreClosedByAClickOnTheHostsWindowAfterThePointerWasOverThem)
+TEST_F(Menus, AreClosedByAHostClickAfterHovering)
 {
     OpenGeometryMenu();
     Point(MenuEntry(1));
@@ -119,7 +119,7 @@ TEST_F(Menus, AreClosedByAClickOnTheHostsWindowAfterThePointerWasOverThem)
     EXPECT_TRUE(HostHasFocus());
 }
 
-TEST_F(Menus, AreClosedByAClickInAHostThatTakesTheFocusItself)
+TEST_F(Menus, AreClosedByAClickTakingTheFocus)
 {
     window.SetClicks(HostClicks::takeTheFocus);
     OpenGeometryMenu();
@@ -151,7 +151,7 @@ TEST_F(Menus, AreClosedByAClickOnTheirButton)
     EXPECT_TRUE(PanelHasFocus());
 }
 
-TEST_F(Menus, AreClosedWhenTheHostTakesTheFocusWithoutAClick)
+TEST_F(Menus, AreClosedWhenTheHostTakesTheFocus)
 {
     OpenGeometryMenu();
     window.SetFocus(window.Frame());
@@ -193,7 +193,7 @@ TEST_F(Menus, AddNothingOnceTheirPanelHasBeenReplaced)
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; }));
 }
 
-TEST_F(Menus, AddNothingWhenTheirPanelIsReplacedBetweenTheClickAndItsDelivery)
+TEST_F(Menus, AddNothingIfTheirPanelIsReplaced)
 {
     OpenGeometryMenu();
     Click(MenuEntry(1));
@@ -201,7 +201,7 @@ TEST_F(Menus, AddNothingWhenTheirPanelIsReplacedBetweenTheClickAndItsDelivery)
     expectNothingChosen();
 }
 
-TEST_F(Menus, StayOpenWithoutALayerThatGetsTheEffectLater)
+TEST_F(Menus, StayOpenWithoutALayer)
 {
     OpenGeometryMenu();
     host.User().SelectLayers({});
@@ -215,7 +215,7 @@ TEST_F(Menus, StayOpenWithoutALayerThatGetsTheEffectLater)
     EXPECT_TRUE(IdleUntil([this] { return lastEffect() == "QVK VORTSRC Routes"; })) << lastEffect();
 }
 
-TEST_F(Menus, StayOpenWithoutAnItemThatComesBackLater)
+TEST_F(Menus, StayOpenWithoutAnItem)
 {
     const int comp = host.State().FindLayer(layer)->compId;
     OpenGeometryMenu();

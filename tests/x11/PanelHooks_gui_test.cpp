@@ -2,11 +2,12 @@
 
 #include "tests/x11/support/PanelInHost.h"
 
-#include "standin/core/HostParts.h"
-#include "standin/family/Sibling.h"
-#include "standin/sensors/FindingIds.h"
+#include "standin/host/core/HostParts.h"
+#include "standin/host/family/Sibling.h"
+#include "standin/host/sensors/FindingIds.h"
 
 using namespace standin;
+using namespace standin::user;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -30,7 +31,7 @@ protected:
 };
 } // namespace
 
-TEST_F(PanelHooks, TheMenuEntryOpensThePanelAndIsTickedWhileItIsUp)
+TEST_F(PanelHooks, TheMenuEntryOpensThePanelAndTicks)
 {
     EXPECT_FALSE(isTicked());
     EXPECT_EQ(OutputOf([this] { EXPECT_TRUE(host.ChooseMenuItem(panelName)); }),
@@ -43,7 +44,7 @@ TEST_F(PanelHooks, TheMenuEntryOpensThePanelAndIsTickedWhileItIsUp)
     EXPECT_TRUE(host.MenuItems().at(0).enabled);
 }
 
-TEST_F(PanelHooks, TheMenuEntryIsNotTickedWhileThePanelIsBehindAnother)
+TEST_F(PanelHooks, TheMenuEntryIsUntickedBehindATab)
 {
     Open();
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
@@ -102,7 +103,7 @@ TEST_F(PanelHooks, ASiblingShowsTheLastOfItsMessages)
     EXPECT_EQ(pixelsOfTheMiddle(), hello);
 }
 
-TEST_F(PanelHooks, DeliversEventsWhileThePanelIsBehindOrHiddenOrWithoutAnItem)
+TEST_F(PanelHooks, DeliversEventsInEveryState)
 {
     Open();
     for (const bool behind : {true, false})
@@ -175,7 +176,7 @@ TEST_F(CreatePanel, WithoutOneOfItsTwoSuitesThrowsThirteen)
     expectPanelWorks();
 }
 
-TEST_F(CreatePanel, WithoutOneOfTheOtherSuitesThrows516AndLeavesTheWidgetUsable)
+TEST_F(CreatePanel, WithoutAnotherSuiteThrows516)
 {
     const std::pair<const char*, A_long> suites[] = {{"AEGP Effect Suite", 1}, {"AEGP Utility Suite", 7}};
     for (const auto& [name, version] : suites)
@@ -227,7 +228,7 @@ TEST_F(CreatePanel, LeavesTheHostsFunctionTableAlone)
     EXPECT_EQ(functions.doFlyoutCommand, &functions);
 }
 
-TEST_F(CreatePanel, EndsAfterAFailureThatLeftAWidgetWithoutAWindow)
+TEST_F(CreatePanel, EndsWithAWindowlessWidget)
 {
     host.Faults().Withhold("AEGP Utility Suite", 7);
     expectCreateThrows(516);

@@ -36,7 +36,7 @@ TEST_F(Rename, TakesLettersAndReturn)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(Rename, TakesAClickReturnLettersAndReturnInOneIdleInterval)
+TEST_F(Rename, HappensInOneIdleInterval)
 {
     PressKey("Escape");
     IdleFor(50ms);
@@ -70,7 +70,7 @@ TEST_F(Rename, TakesItsOwnEditingKeys)
     EXPECT_THAT(window.TakeKeys(), IsEmpty());
 }
 
-TEST_F(Rename, TakesCutCopyPasteAndSelectAllForItsText)
+TEST_F(Rename, TakesTheEditingKeysForItsText)
 {
     TypeText("ab");
     PressKey("Control+a");
@@ -93,7 +93,7 @@ TEST_F(Rename, TakesShiftedLetters)
     EXPECT_THAT(window.TakeKeys(), ElementsAre("+Shift_L", "-shift+Shift_L"));
 }
 
-TEST_F(Rename, IsLeftByEscapeWhichTheHostDoesNotGet)
+TEST_F(Rename, EndsByEscapeUnseenByTheHost)
 {
     TypeText("never");
     PressKey("Escape");
@@ -139,7 +139,7 @@ TEST_F(Rename, StaysOpenOverAClickOnTheHost)
     EXPECT_TRUE(isNamed("held")) << nameOfB();
 }
 
-TEST_F(Rename, LeavesTheKeysToTheTreeAfterAClickOnAnotherRow)
+TEST_F(Rename, LeavesTheTreeItsKeysAfterRowClicks)
 {
     TypeText("held");
     IdleFor(50ms);

@@ -1,6 +1,6 @@
 // The end of a test's own X server, at the one moment at which the server sleeps over the signal.
 
-#include "standin/x11/Xvfb.h"
+#include "standin/user/x11/Xvfb.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -11,7 +11,7 @@
 TEST(ServerEnd, ComesThoughTheFirstSignalIsLost)
 {
     ASSERT_EQ(setenv("LD_PRELOAD", VORTAN_LATE_WAIT, 1), 0);
-    auto server = std::make_unique<standin::Xvfb>(64, 64);
+    auto server = std::make_unique<standin::user::Xvfb>(64, 64);
     ASSERT_EQ(unsetenv("LD_PRELOAD"), 0);
     auto end = std::async(std::launch::async, [&] { server.reset(); });
     const bool hasEnded = end.wait_for(std::chrono::seconds(60)) == std::future_status::ready;

@@ -87,7 +87,7 @@ TEST_F(TwoCopies, DoNotMeet)
     EXPECT_EQ(hostEditor->editor.getText(), "host");
 }
 
-TEST_F(TwoCopies, TheHostsGoesOnAfterTheBundlesHasEnded)
+TEST_F(TwoCopies, TheHostsContinuesAfterTheBundles)
 {
     Open();
     pumpHost();
@@ -97,7 +97,7 @@ TEST_F(TwoCopies, TheHostsGoesOnAfterTheBundlesHasEnded)
     EXPECT_EQ(juce::ComponentPeer::getNumPeers(), 1);
 }
 
-TEST_F(TwoCopies, TheBundlesGoesOnAfterTheHostsHasEnded)
+TEST_F(TwoCopies, TheBundlesContinuesAfterTheHosts)
 {
     Open();
     hostEditor.reset();

@@ -17,7 +17,7 @@ protected:
 };
 } // namespace
 
-TEST_F(WindowManager, LetsThePanelTakeTheKeyboardAndGiveItBack)
+TEST_F(WindowManager, LetsThePanelTakeAndReturnTheKeyboard)
 {
     for (int i = 0; i < 5; ++i)
     {
@@ -52,7 +52,7 @@ TEST_F(WindowManager, LeavesFurtherClicksInThePanelToIt)
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "a c"; })) << Stack();
 }
 
-TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterAMenu)
+TEST_F(WindowManager, LeavesThePanelTheKeyboardAfterAMenu)
 {
     OpenGeometryMenu();
     Click(MenuEntry(1));
@@ -63,7 +63,7 @@ TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterAMenu)
     EXPECT_TRUE(PanelHasFocus());
 }
 
-TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterADrag)
+TEST_F(WindowManager, LeavesThePanelTheKeyboardAfterADrag)
 {
     ClickInto(Row(3));
     StartDrag(3);
@@ -73,7 +73,7 @@ TEST_F(WindowManager, LeavesTheKeyboardWithThePanelAfterADrag)
     EXPECT_TRUE(PanelHasFocus());
 }
 
-TEST_F(WindowManager, ClosesAMenuAtAClickOnTheHost)
+TEST_F(WindowManager, ClosesAMenuAtAHostClick)
 {
     OpenGeometryMenu();
     Click(HostArea());
@@ -82,7 +82,7 @@ TEST_F(WindowManager, ClosesAMenuAtAClickOnTheHost)
     EXPECT_EQ(Stack(), "a b c");
 }
 
-TEST_F(WindowManager, GivesTheKeyboardToAnotherProgramThatIsClicked)
+TEST_F(WindowManager, GivesAClickedProgramTheKeyboard)
 {
     for (int i = 0; i < 5; ++i)
     {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -95,4 +95,4 @@ std::string CallLog::Text() const
     }
     return text;
 }
-} // namespace standin
+} // namespace standin::desktop

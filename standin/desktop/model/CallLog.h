@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "standin/sensors/CallTrace.h"
+#include "standin/host/sensors/CallTrace.h"
 
-namespace standin
+namespace standin::desktop
 {
 struct CallGroup
 {
@@ -57,4 +57,4 @@ private:
     std::deque<CallGroup> groups;
     std::size_t revision = 0;
 };
-} // namespace standin
+} // namespace standin::desktop

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 
-#include "standin/core/HostParts.h"
-#include "standin/desktop/model/EffectNames.h"
+#include "standin/script/record/EffectNames.h"
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -19,9 +18,10 @@ void toggle(std::vector<Value>& values, Value value)
         values.erase(found);
 }
 
-int activeLayerOf(const HostParts& parts)
+int activeLayerOf(Host& host)
 {
-    return parts.project.selection.ActiveLayer(parts.project.state, parts.options.focusInPanel);
+    const Project& project = host.ProjectView();
+    return project.selection.ActiveLayer(project.state, host.Options().focusInPanel);
 }
 } // namespace
 
@@ -31,12 +31,12 @@ void Designer::say(const std::string& pattern, const std::vector<std::string>& b
         record->Line(pattern, blanks);
 }
 
-std::string Designer::nameOf(int effectId) const { return ScenarioNameOf(host, effectId); }
+std::string Designer::nameOf(int effectId) const { return script::ScenarioNameOf(host, effectId); }
 
 void Designer::saySelection() const
 {
     std::vector<std::string> names;
-    for (const int id : host.Parts().project.selection.layers)
+    for (const int id : host.ProjectView().selection.layers)
         if (const Layer* layer = host.State().FindLayer(id))
             names.push_back(layer->name);
     if (names.empty())
@@ -56,34 +56,28 @@ std::string Designer::unusedName(const char* kind, const std::vector<std::string
 
 int Designer::NewComposition()
 {
-    HostParts& parts = host.Parts();
     std::vector<std::string> taken;
-    for (const Item& item : parts.project.state.items)
+    for (const Item& item : host.State().items)
         taken.push_back(item.name);
-    const ProjectState before = parts.project.state;
     const std::string name = unusedName("Comp", taken);
     say("composition TEXT", {name});
-    const int comp = host.AddComposition(name);
-    parts.history.Change("New Composition", before, parts.project.state);
+    const int comp = host.User().NewComposition(name);
     ClickItem(comp);
     return comp;
 }
 
 int Designer::NewLayer()
 {
-    HostParts& parts = host.Parts();
-    const int comp = parts.project.selection.frontComp;
-    if (parts.project.state.FindItem(comp) == nullptr)
+    const int comp = host.ProjectView().selection.frontComp;
+    if (host.State().FindItem(comp) == nullptr)
         return 0;
     std::vector<std::string> taken;
-    for (const Layer& layer : parts.project.state.layers)
+    for (const Layer& layer : host.State().layers)
         if (layer.compId == comp)
             taken.push_back(layer.name);
-    const ProjectState before = parts.project.state;
     const std::string name = unusedName("Layer", taken);
     say("layer TEXT", {name});
-    const int layer = host.AddLayer(comp, name);
-    parts.history.Change("New Layer", before, parts.project.state);
+    const int layer = host.User().NewLayer(comp, name);
     ClickLayer(layer, Click::alone);
     return layer;
 }
@@ -113,7 +107,7 @@ void Designer::ClickLayer(int layerId, Click click)
     std::vector<int> layers;
     if (click == Click::toggle)
     {
-        layers = host.Parts().project.selection.layers;
+        layers = host.ProjectView().selection.layers;
         toggle(layers, layerId);
     }
     else
@@ -137,7 +131,7 @@ const EffectInstance* Designer::find(int effectId) const { return host.State().F
 /// The controls show the active layer, so that it stays the active one when they get the focus.
 void Designer::focusControls()
 {
-    const int layer = activeLayerOf(host.Parts());
+    const int layer = activeLayerOf(host);
     if (layer == 0)
         return;
     host.User().ShowEffectControls(layer);
@@ -150,7 +144,7 @@ void Designer::ClickEffect(int effectId)
     if (find(effectId) == nullptr)
         return;
     focusControls();
-    host.Parts().project.selection.effect = effectId;
+    host.User().SelectEffect(effectId);
 }
 
 void Designer::ClickNoEffect()
@@ -161,12 +155,12 @@ void Designer::ClickNoEffect()
 
 int Designer::Apply(const std::string& matchName)
 {
-    const int layer = activeLayerOf(host.Parts());
+    const int layer = activeLayerOf(host);
     if (layer == 0)
         return 0;
     say("apply TEXT", {matchName});
     const int effect = host.User().Apply(layer, matchName);
-    host.Parts().project.selection.effect = effect;
+    host.User().SelectEffect(effect);
     return effect;
 }
 
@@ -192,7 +186,7 @@ void Designer::ToggleHidden(int effectId)
 void Designer::ToggleTwirl(int effectId)
 {
     if (find(effectId) != nullptr)
-        host.Parts().project.twirledOpen[effectId] = !host.Parts().project.twirledOpen[effectId];
+        host.User().ToggleTwirl(effectId);
 }
 
 void Designer::Rename(int effectId, const std::string& name)
@@ -227,7 +221,7 @@ void Designer::Duplicate(int effectId)
     if (effect == nullptr)
         return;
     say("duplicate TEXT", {nameOf(effectId)});
-    host.Parts().project.selection.effect = host.User().Duplicate(effect->label);
+    host.User().SelectEffect(host.User().Duplicate(effect->label));
 }
 
 void Designer::Delete(int effectId)
@@ -241,12 +235,11 @@ void Designer::Delete(int effectId)
 
 int Designer::SelectedEffect() const
 {
-    const HostParts& parts = host.Parts();
-    const Layer* layer = parts.project.state.FindLayer(activeLayerOf(parts));
+    const Layer* layer = host.State().FindLayer(activeLayerOf(host));
     if (layer == nullptr)
         return 0;
     for (const EffectInstance& effect : layer->effects)
-        if (effect.id == parts.project.selection.effect)
+        if (effect.id == host.ProjectView().selection.effect)
             return effect.id;
     return 0;
 }
@@ -277,4 +270,4 @@ EffectCategories CategoriesOf(const Host& host)
                   [](const EffectEntry& a, const EffectEntry& b) { return a.name < b.name; });
     return categories;
 }
-} // namespace standin
+} // namespace standin::desktop

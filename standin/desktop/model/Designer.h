@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "standin/core/Host.h"
-#include "standin/desktop/model/ActionRecord.h"
+#include "standin/host/core/Host.h"
+#include "standin/script/record/ActionRecord.h"
 
-namespace standin
+namespace standin::desktop
 {
 enum class Click
 {
@@ -24,7 +24,7 @@ public:
     explicit Designer(Host& owner) : host(owner) {}
 
     /// The one listener from now on; null for none.
-    void RecordWith(ActionRecord* one) { record = one; }
+    void RecordWith(script::ActionRecord* one) { record = one; }
 
     // Compositions and layers.
     /// "Comp 1", "Comp 2" and so on; it comes to the front. Gives its id.
@@ -70,7 +70,7 @@ private:
     void saySelection() const;
 
     Host& host;
-    ActionRecord* record = nullptr;
+    script::ActionRecord* record = nullptr;
 };
 
 /// The installed effects by category, both in alphabetical order, as the Effect menu lists them.
@@ -81,4 +81,4 @@ struct EffectEntry
 };
 using EffectCategories = std::map<std::string, std::vector<EffectEntry>>;
 EffectCategories CategoriesOf(const Host& host);
-} // namespace standin
+} // namespace standin::desktop

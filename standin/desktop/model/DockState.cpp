@@ -1,12 +1,10 @@
 #include "standin/desktop/model/DockState.h"
 
-#include "standin/core/HostParts.h"
-
-namespace standin
+namespace standin::desktop
 {
 const Panel* DockState::panel() const
 {
-    auto& panels = host.Parts().plugins.panels.All();
+    const auto& panels = host.PluginsView().panels.All();
     return panels.empty() ? nullptr : &panels.front();
 }
 
@@ -60,4 +58,4 @@ void DockState::PutBack()
     isFloating = false;
     setState(PanelState::frontmost);
 }
-} // namespace standin
+} // namespace standin::desktop

@@ -4,10 +4,10 @@
 
 #include <string>
 
-#include "standin/core/Host.h"
-#include "standin/desktop/model/ActionRecord.h"
+#include "standin/host/core/Host.h"
+#include "standin/script/record/ActionRecord.h"
 
-namespace standin
+namespace standin::desktop
 {
 enum class PanelPlace
 {
@@ -22,7 +22,7 @@ public:
     explicit DockState(Host& owner) : host(owner) {}
 
     /// The one listener from now on; null for none.
-    void RecordWith(ActionRecord* one) { record = one; }
+    void RecordWith(script::ActionRecord* one) { record = one; }
 
     /// The name on the tab; empty while no plug-in has registered a panel.
     std::string PanelName() const;
@@ -44,7 +44,7 @@ private:
     void setState(PanelState state);
 
     Host& host;
-    ActionRecord* record = nullptr;
+    script::ActionRecord* record = nullptr;
     bool isFloating = false; ///< Where the panel comes up when it is shown.
 };
-} // namespace standin
+} // namespace standin::desktop

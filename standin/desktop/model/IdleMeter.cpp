@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace standin
+namespace standin::desktop
 {
 void IdleMeter::Tick(double now)
 {
@@ -16,4 +16,4 @@ int IdleMeter::PerSecond(double now) const
     return static_cast<int>(
         std::count_if(ticks.begin(), ticks.end(), [now](double tick) { return tick > now - 1; }));
 }
-} // namespace standin
+} // namespace standin::desktop

@@ -3,7 +3,7 @@
 
 #include <deque>
 
-namespace standin
+namespace standin::desktop
 {
 class IdleMeter
 {
@@ -16,4 +16,4 @@ public:
 private:
     std::deque<double> ticks;
 };
-} // namespace standin
+} // namespace standin::desktop

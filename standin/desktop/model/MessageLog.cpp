@@ -1,6 +1,6 @@
 #include "standin/desktop/model/MessageLog.h"
 
-namespace standin
+namespace standin::desktop
 {
 void MessageLog::Add(MessageKind kind, const std::string& text)
 {
@@ -20,4 +20,4 @@ void MessageLog::Clear()
     ++revision;
     messages.clear();
 }
-} // namespace standin
+} // namespace standin::desktop

@@ -6,7 +6,7 @@
 #include <deque>
 #include <string>
 
-namespace standin
+namespace standin::desktop
 {
 enum class MessageKind
 {
@@ -41,4 +41,4 @@ private:
     std::deque<Message> messages;
     std::size_t revision = 0;
 };
-} // namespace standin
+} // namespace standin::desktop

@@ -1,13 +1,13 @@
 #include "standin/desktop/model/Workbench.h"
 
-#include "standin/family/Family.h"
-#include "standin/family/KeptSuites.h"
-#include "standin/project/ProjectFile.h"
-#include "standin/session/EffectModule.h"
+#include "standin/host/bundle/EffectModule.h"
+#include "standin/host/family/Family.h"
+#include "standin/host/family/KeptSuites.h"
+#include "standin/host/project/ProjectFile.h"
 
 #include <algorithm>
 
-namespace standin
+namespace standin::desktop
 {
 Workbench::Workbench(ContainerProvider& containers)
 {
@@ -15,7 +15,7 @@ Workbench::Workbench(ContainerProvider& containers)
     host.SetContainerProvider(&containers);
 }
 
-void Workbench::RecordWith(ActionRecord* one)
+void Workbench::RecordWith(script::ActionRecord* one)
 {
     record = one;
     designer.RecordWith(one);
@@ -201,4 +201,4 @@ std::string Workbench::Quit()
     Collect("The end");
     return host.FindingsReport();
 }
-} // namespace standin
+} // namespace standin::desktop

@@ -7,17 +7,17 @@
 #include <string>
 #include <vector>
 
-#include "standin/core/Host.h"
 #include "standin/desktop/model/CallLog.h"
 #include "standin/desktop/model/Designer.h"
 #include "standin/desktop/model/DockState.h"
 #include "standin/desktop/model/IdleMeter.h"
 #include "standin/desktop/model/MessageLog.h"
-#include "standin/family/Sibling.h"
+#include "standin/host/bundle/Bundle.h"
+#include "standin/host/core/Host.h"
+#include "standin/host/family/Sibling.h"
 #include "standin/process/CapturedOutput.h"
-#include "standin/session/Bundle.h"
 
-namespace standin
+namespace standin::desktop
 {
 class Workbench
 {
@@ -34,7 +34,7 @@ public:
     void InstallEffect(const std::string& file);
 
     /// From now on this hears of what the user does, outside the panel; null for nobody.
-    void RecordWith(ActionRecord* one);
+    void RecordWith(script::ActionRecord* one);
 
     /// Hears each host call and each line that the bundle prints; may be empty.
     std::function<void(const std::string&)> onCall;
@@ -98,7 +98,7 @@ private:
     std::unique_ptr<Bundle> bundle;
     Designer designer{host};
     DockState dock{host};
-    ActionRecord* record = nullptr;
+    script::ActionRecord* record = nullptr;
     CallLog calls;
     IdleMeter meter;
     std::size_t passes = 0;
@@ -107,4 +107,4 @@ private:
     std::size_t findings = 0;
     int queuedSoFar = 0;
 };
-} // namespace standin
+} // namespace standin::desktop

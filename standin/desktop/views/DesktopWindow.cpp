@@ -1,6 +1,6 @@
 #include "standin/desktop/views/DesktopWindow.h"
 
-namespace standin
+namespace standin::desktop
 {
 DesktopWindow::DesktopWindow(Workbench& bench, X11Containers& containers, juce::Rectangle<int> bounds)
     : DocumentWindow("Stand-in Host", theme::gap, DocumentWindow::allButtons), view(bench, containers)
@@ -16,4 +16,4 @@ DesktopWindow::DesktopWindow(Workbench& bench, X11Containers& containers, juce::
     setVisible(true);
     view.grabKeyboardFocus();
 }
-} // namespace standin
+} // namespace standin::desktop

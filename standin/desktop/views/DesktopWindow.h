@@ -3,7 +3,7 @@
 
 #include "standin/desktop/views/MainView.h"
 
-namespace standin
+namespace standin::desktop
 {
 class DesktopWindow : public juce::DocumentWindow
 {
@@ -20,4 +20,4 @@ public:
 private:
     MainView view;
 };
-} // namespace standin
+} // namespace standin::desktop

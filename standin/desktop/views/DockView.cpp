@@ -2,7 +2,7 @@
 
 #include <JuceText.h>
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -51,7 +51,7 @@ DockView::DockView(Workbench& owner, X11Containers& nativeViews) : bench(owner),
 
 DockView::~DockView() = default;
 
-void DockView::Show(const Shown& now)
+void DockView::Show(const script::Shown& now)
 {
     shown = now;
     repaint();
@@ -167,9 +167,9 @@ void DockView::paintInfo(juce::Graphics& g, juce::Rectangle<int> area) const
     { return juce::String(std::count_if(shown.effects.begin(), shown.effects.end(), is)); };
     row("Layer", theme::Text(shown.activeLayerName));
     row("Effects", juce::String(shown.effects.size()));
-    row("Switched off", count([](const ShownEffect& one) { return !one.isOn; }));
-    row("Hidden", count([](const ShownEffect& one) { return one.isHidden; }));
-    row("In groups", count([](const ShownEffect& one) { return one.group > 0; }));
+    row("Switched off", count([](const script::ShownEffect& one) { return !one.isOn; }));
+    row("Hidden", count([](const script::ShownEffect& one) { return one.isHidden; }));
+    row("In groups", count([](const script::ShownEffect& one) { return one.group > 0; }));
 }
 
 void DockView::mouseDown(const juce::MouseEvent& e)
@@ -186,4 +186,4 @@ void DockView::mouseDown(const juce::MouseEvent& e)
     bench.Collect("The dock");
     Follow();
 }
-} // namespace standin
+} // namespace standin::desktop

@@ -2,12 +2,12 @@
 // The right column: a tab strip with the plug-in's panel and a tab of the host's own, and below it the area
 // that the panel's native view covers. The panel can also be in a window of its own.
 
-#include "standin/desktop/model/Shown.h"
 #include "standin/desktop/model/Workbench.h"
 #include "standin/desktop/views/Theme.h"
 #include "standin/desktop/views/X11Containers.h"
+#include "standin/script/record/Shown.h"
 
-namespace standin
+namespace standin::desktop
 {
 class DockView : public juce::Component
 {
@@ -15,7 +15,7 @@ public:
     DockView(Workbench& owner, X11Containers& nativeViews);
     ~DockView() override;
 
-    void Show(const Shown& now);
+    void Show(const script::Shown& now);
     /// Moves the native view to where the panel is now, and paints the tabs anew if they have changed. Hooks
     /// of the plug-in open and close its panel too.
     void Follow();
@@ -37,11 +37,11 @@ private:
 
     Workbench& bench;
     X11Containers& containers;
-    Shown shown;
+    script::Shown shown;
     std::unique_ptr<Floating> floating;
     PanelPlace place = PanelPlace::closed;
     bool isInFront = false;
     unsigned long lastParent = 0;
     juce::Rectangle<int> lastArea;
 };
-} // namespace standin
+} // namespace standin::desktop

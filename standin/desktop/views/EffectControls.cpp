@@ -1,6 +1,6 @@
 #include "standin/desktop/views/EffectControls.h"
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -45,7 +45,7 @@ EffectControls::EffectControls(Workbench& owner) : bench(owner)
     stack.editor.onFocusLost = [this] { stack.EndRename(RenameEnd::taken); };
 }
 
-void EffectControls::Show(const Shown& now)
+void EffectControls::Show(const script::Shown& now)
 {
     shown = now;
     resized();
@@ -73,7 +73,7 @@ void EffectControls::paint(juce::Graphics& g)
     theme::PaintHeader(g, {0, 0, getWidth(), theme::headerHeight}, "Effect Controls", aside);
 }
 
-int HeightOfEffect(const ShownEffect& one)
+int HeightOfEffect(const script::ShownEffect& one)
 {
     const int rows = one.isOpen ? static_cast<int>(one.parameters.size()) : 0;
     return theme::rowHeight + 2 + rows * parameterHeight;
@@ -137,7 +137,7 @@ void EffectControls::Stack::paint(juce::Graphics& g)
     }
 }
 
-void EffectControls::Stack::paintEffect(juce::Graphics& g, const ShownEffect& one,
+void EffectControls::Stack::paintEffect(juce::Graphics& g, const script::ShownEffect& one,
                                         juce::Rectangle<int> area) const
 {
     const auto row = area.withHeight(theme::rowHeight);
@@ -158,7 +158,7 @@ void EffectControls::Stack::paintEffect(juce::Graphics& g, const ShownEffect& on
         paintParameters(g, one, area.withTrimmedTop(theme::rowHeight));
 }
 
-void EffectControls::Stack::paintMarks(juce::Graphics& g, const ShownEffect& one,
+void EffectControls::Stack::paintMarks(juce::Graphics& g, const script::ShownEffect& one,
                                        juce::Rectangle<int> area) const
 {
     const auto middle = area.withWidth(twirlWidth).getCentre().toFloat();
@@ -179,10 +179,10 @@ void EffectControls::Stack::paintMarks(juce::Graphics& g, const ShownEffect& one
     paintEye(g, area.removeFromRight(eyeWidth).withSizeKeepingCentre(14, 8).toFloat(), one.isHidden);
 }
 
-void EffectControls::Stack::paintParameters(juce::Graphics& g, const ShownEffect& one,
+void EffectControls::Stack::paintParameters(juce::Graphics& g, const script::ShownEffect& one,
                                             juce::Rectangle<int> area) const
 {
-    for (const ShownParameter& parameter : one.parameters)
+    for (const script::ShownParameter& parameter : one.parameters)
     {
         auto row = area.removeFromTop(parameterHeight).withTrimmedLeft(twirlWidth + switchWidth + 4);
         const juce::Colour colour = parameter.isHidden ? theme::faint : theme::dim;
@@ -265,4 +265,4 @@ void EffectControls::Stack::EndRename(RenameEnd end)
         controls.bench.User().Rename(one, editor.getText().toStdString());
     editor.setVisible(false);
 }
-} // namespace standin
+} // namespace standin::desktop

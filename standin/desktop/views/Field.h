@@ -7,7 +7,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-namespace standin
+namespace standin::desktop
 {
 class Field : public juce::TextEditor
 {
@@ -40,4 +40,4 @@ private:
             owner->NoteField(field);
     }
 };
-} // namespace standin
+} // namespace standin::desktop

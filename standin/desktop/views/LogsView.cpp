@@ -1,6 +1,6 @@
 #include "standin/desktop/views/LogsView.h"
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -163,4 +163,4 @@ void LogsView::Lines::paintListBoxItem(int row, juce::Graphics& g, int width, in
                          juce::Justification::centredRight);
     theme::PaintText(g, line.text, area, line.colour, font);
 }
-} // namespace standin
+} // namespace standin::desktop

@@ -7,7 +7,7 @@
 #include "standin/desktop/views/Field.h"
 #include "standin/desktop/views/Theme.h"
 
-namespace standin
+namespace standin::desktop
 {
 class LogsView : public juce::Component
 {
@@ -62,4 +62,4 @@ private:
     std::size_t shownMessages = static_cast<std::size_t>(-1);
     std::size_t shownCalls = static_cast<std::size_t>(-1);
 };
-} // namespace standin
+} // namespace standin::desktop

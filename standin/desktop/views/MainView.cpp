@@ -4,13 +4,13 @@
 
 #include <JuceText.h>
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
 constexpr int idlesPerSecond = 30;
 constexpr double pauseAfterPass = 0.01; ///< At the least, in seconds.
-constexpr int passesUntilSure = 10; ///< That the desktop has the keyboard and JUCE does not know.
+constexpr int passesUntilSure = 10;     ///< That the desktop has the keyboard and JUCE does not know.
 constexpr int menuHeight = 26;
 constexpr int statusHeight = 24;
 constexpr int leftWidth = 240;
@@ -59,7 +59,8 @@ Menus::Windows MainView::actions()
 void MainView::SetProjectFile(const juce::File& file) { projectFile = file; }
 
 /// After a pass that took long JUCE calls again at once, and once more, and would deliver nothing else: the
-/// others get their turn in between. The real host does not idle while the user holds a mouse button down in it.
+/// others get their turn in between. The real host does not idle while the user holds a mouse button down in
+/// it.
 void MainView::timerCallback()
 {
     if (now() < soonestPass)
@@ -110,7 +111,7 @@ void MainView::followFocus()
 
 void MainView::Refresh()
 {
-    Shown current = ShowHost(bench.TheHost());
+    script::Shown current = script::ShowHost(bench.TheHost());
     if (current != shown)
     {
         shown = std::move(current);
@@ -240,4 +241,4 @@ void MainView::notify()
     prompt.Ask("What does the effect want to tell?", "Notify",
                [this](const juce::String& text) { bench.SiblingNotifies(text.toStdString()); });
 }
-} // namespace standin
+} // namespace standin::desktop

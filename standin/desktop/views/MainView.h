@@ -11,7 +11,7 @@
 #include "standin/desktop/views/ProjectView.h"
 #include "standin/desktop/views/Prompt.h"
 
-namespace standin
+namespace standin::desktop
 {
 class MainView : public juce::Component, public Field::Owner, private juce::Timer
 {
@@ -58,7 +58,7 @@ private:
 
     Workbench& bench;
     X11Containers& containers;
-    Shown shown;
+    script::Shown shown;
     Menus menus;
     juce::MenuBarComponent menuBar;
     ProjectView project;
@@ -75,4 +75,4 @@ private:
     bool panelHadFocus = false;
     double soonestPass = 0;
 };
-} // namespace standin
+} // namespace standin::desktop

@@ -1,6 +1,6 @@
 #include "standin/desktop/views/Menus.h"
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -64,7 +64,7 @@ juce::PopupMenu Menus::getMenuForIndex(int index, const juce::String&)
 
 juce::PopupMenu Menus::fileMenu()
 {
-    const bool hasComposition = !ShowHost(bench.TheHost()).compositionName.empty();
+    const bool hasComposition = !script::ShowHost(bench.TheHost()).compositionName.empty();
     juce::PopupMenu menu;
     add(menu, "New Composition", newCompositionKey.text, State::on,
         [this] { (void)bench.User().NewComposition(); });
@@ -82,7 +82,7 @@ juce::PopupMenu Menus::fileMenu()
 
 juce::PopupMenu Menus::editMenu()
 {
-    const Shown shown = ShowHost(bench.TheHost());
+    const script::Shown shown = script::ShowHost(bench.TheHost());
     const int selected = bench.User().SelectedEffect();
     const auto named = [](const char* verb, const std::string& name)
     { return name.empty() ? juce::String(verb) : juce::String(verb) + " " + theme::Text(name); };
@@ -102,7 +102,7 @@ juce::PopupMenu Menus::editMenu()
 
 juce::PopupMenu Menus::effectMenu()
 {
-    const bool hasLayer = ShowHost(bench.TheHost()).activeLayer != 0;
+    const bool hasLayer = script::ShowHost(bench.TheHost()).activeLayer != 0;
     juce::PopupMenu menu;
     for (const auto& [category, entries] : CategoriesOf(bench.TheHost()))
     {
@@ -181,4 +181,4 @@ bool Menus::HandleKey(const juce::KeyPress& key)
         return false;
     return true;
 }
-} // namespace standin
+} // namespace standin::desktop

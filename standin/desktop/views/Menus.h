@@ -1,11 +1,11 @@
 #pragma once
 // The menu bar: File, Edit, Effect, Window, Siblings; and the keys of its entries.
 
-#include "standin/desktop/model/Shown.h"
 #include "standin/desktop/model/Workbench.h"
 #include "standin/desktop/views/Theme.h"
+#include "standin/script/record/Shown.h"
 
-namespace standin
+namespace standin::desktop
 {
 class Menus : public juce::MenuBarModel
 {
@@ -41,4 +41,4 @@ private:
     Workbench& bench;
     Windows windows;
 };
-} // namespace standin
+} // namespace standin::desktop

@@ -1,6 +1,6 @@
 #include "standin/desktop/views/ProjectView.h"
 
-namespace standin
+namespace standin::desktop
 {
 ProjectView::ProjectView(Workbench& owner) : bench(owner)
 {
@@ -34,7 +34,7 @@ ProjectView::ProjectView(Workbench& owner) : bench(owner)
     layersPort.setViewedComponent(&layers, false);
 }
 
-void ProjectView::Show(const Shown& now)
+void ProjectView::Show(const script::Shown& now)
 {
     shown = now;
     resized();
@@ -83,7 +83,7 @@ void ProjectView::paintRow(juce::Graphics& g, juce::Rectangle<int> area, const j
 
 void ProjectView::paintItem(juce::Graphics& g, int row, juce::Rectangle<int> area, bool isHovered) const
 {
-    const ShownItem& item = shown.items[static_cast<std::size_t>(row)];
+    const script::ShownItem& item = shown.items[static_cast<std::size_t>(row)];
     if (item.isFront || isHovered)
     {
         g.setColour(item.isFront ? theme::selection : theme::hover);
@@ -103,7 +103,7 @@ void ProjectView::paintItem(juce::Graphics& g, int row, juce::Rectangle<int> are
 
 void ProjectView::paintLayer(juce::Graphics& g, int row, juce::Rectangle<int> area, bool isHovered) const
 {
-    const ShownLayer& layer = shown.layers[static_cast<std::size_t>(row)];
+    const script::ShownLayer& layer = shown.layers[static_cast<std::size_t>(row)];
     if (layer.isSelected || isHovered)
     {
         g.setColour(layer.isSelected ? theme::selection : theme::hover);
@@ -147,4 +147,4 @@ void ProjectView::Rows::mouseExit(const juce::MouseEvent&)
     hovered = -1;
     repaint();
 }
-} // namespace standin
+} // namespace standin::desktop

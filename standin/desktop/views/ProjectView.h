@@ -1,18 +1,18 @@
 #pragma once
 // The left column: the project's items, and the layers of the composition in front.
 
-#include "standin/desktop/model/Shown.h"
 #include "standin/desktop/model/Workbench.h"
 #include "standin/desktop/views/Theme.h"
+#include "standin/script/record/Shown.h"
 
-namespace standin
+namespace standin::desktop
 {
 class ProjectView : public juce::Component
 {
 public:
     explicit ProjectView(Workbench& owner);
 
-    void Show(const Shown& now);
+    void Show(const script::Shown& now);
     void paint(juce::Graphics&) override;
     void resized() override;
 
@@ -41,10 +41,10 @@ private:
                          juce::Colour colour);
 
     Workbench& bench;
-    Shown shown;
+    script::Shown shown;
     Rows items;
     Rows layers;
     juce::Viewport itemsPort;
     juce::Viewport layersPort;
 };
-} // namespace standin
+} // namespace standin::desktop

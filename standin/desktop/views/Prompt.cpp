@@ -1,6 +1,6 @@
 #include "standin/desktop/views/Prompt.h"
 
-namespace standin
+namespace standin::desktop
 {
 Prompt::Prompt()
 {
@@ -62,4 +62,4 @@ void Prompt::paint(juce::Graphics& g)
     theme::PaintText(g, question, getLocalBounds().reduced(14, 8).withHeight(24), theme::strong,
                      theme::Body());
 }
-} // namespace standin
+} // namespace standin::desktop

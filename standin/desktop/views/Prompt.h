@@ -4,7 +4,7 @@
 #include "standin/desktop/views/Field.h"
 #include "standin/desktop/views/Theme.h"
 
-namespace standin
+namespace standin::desktop
 {
 class Prompt : public juce::Component
 {
@@ -29,4 +29,4 @@ private:
     juce::TextButton take;
     juce::TextButton cancel{"Cancel"};
 };
-} // namespace standin
+} // namespace standin::desktop

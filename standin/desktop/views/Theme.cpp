@@ -2,7 +2,7 @@
 
 #include <JuceText.h>
 
-namespace standin::theme
+namespace standin::desktop::theme
 {
 juce::Font Body() { return FontOfHeight(14.5f); }
 juce::Font Heading() { return FontOfHeight(13.5f).boldened(); }
@@ -131,4 +131,4 @@ void Look::drawPopupMenuBackground(juce::Graphics& g, int width, int height)
     g.setColour(line);
     g.drawRect(0, 0, width, height);
 }
-} // namespace standin::theme
+} // namespace standin::desktop::theme

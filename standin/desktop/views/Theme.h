@@ -4,7 +4,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-namespace standin::theme
+namespace standin::desktop::theme
 {
 // The panel's own background is what the host tells plug-ins, so that the panel and the desktop are one.
 const juce::Colour gap{0xff141414};
@@ -63,4 +63,4 @@ public:
     juce::Font getTextButtonFont(juce::TextButton&, int) override { return Small(); }
     int getDefaultScrollbarWidth() override { return 10; }
 };
-} // namespace standin::theme
+} // namespace standin::desktop::theme

@@ -5,11 +5,11 @@
 #include "standin/desktop/views/WindowEvents.h"
 #include "tree/platform/x11/JuceInternals.h"
 
-namespace standin
+namespace standin::desktop
 {
 void DeliverWindowEvents()
 {
     if (const auto* windows = juce::XWindowSystem::getInstanceWithoutCreating())
         juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd(ConnectionNumber(windows->getDisplay()));
 }
-} // namespace standin
+} // namespace standin::desktop

@@ -5,7 +5,7 @@
 
 #include <X11/Xlib.h>
 
-namespace standin
+namespace standin::desktop
 {
 namespace
 {
@@ -72,7 +72,7 @@ void X11Containers::ShowContainer(void* container, Visibility visibility)
     (void)XSync(connection->display, False);
 }
 
-void X11Containers::Place(unsigned long parentWindow, Area area)
+void X11Containers::Place(unsigned long parentWindow, user::Area area)
 {
     area.width = std::max(area.width, 1);
     area.height = std::max(area.height, 1);
@@ -93,7 +93,7 @@ bool X11Containers::isContainer(unsigned long window) const
     return std::find(containers.begin(), containers.end(), window) != containers.end();
 }
 
-std::optional<Area> X11Containers::AreaOnScreen() const
+std::optional<user::Area> X11Containers::AreaOnScreen() const
 {
     for (const Window window : containers)
     {
@@ -101,7 +101,7 @@ std::optional<Area> X11Containers::AreaOnScreen() const
         if (XGetWindowAttributes(connection->display, window, &attributes) == 0 ||
             attributes.map_state != IsViewable)
             continue;
-        Area area{0, 0, attributes.width, attributes.height};
+        user::Area area{0, 0, attributes.width, attributes.height};
         Window ignored = None;
         (void)XTranslateCoordinates(connection->display, window, attributes.root, 0, 0, &area.x, &area.y,
                                     &ignored);
@@ -131,4 +131,4 @@ bool X11Containers::FetchLostFocus(unsigned long window) const
     (void)XSync(connection->display, False);
     return false;
 }
-} // namespace standin
+} // namespace standin::desktop

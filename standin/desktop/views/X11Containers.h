@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "standin/core/ContainerProvider.h"
+#include "standin/host/core/ContainerProvider.h"
 #include "standin/user/Geometry.h"
 
-namespace standin
+namespace standin::desktop
 {
 class X11Containers : public ContainerProvider
 {
@@ -26,9 +26,9 @@ public:
 
     /// Where containers are, and will be: in this X11 window, from its upper left corner. One that is there
     /// already is moved.
-    void Place(unsigned long parentWindow, Area area);
+    void Place(unsigned long parentWindow, user::Area area);
     /// Where the first that can be seen is on the screen.
-    std::optional<Area> AreaOnScreen() const;
+    std::optional<user::Area> AreaOnScreen() const;
     /// Whether the keyboard focus is in one of them.
     bool HasFocus() const;
     /// Gives the focus to a window of the desktop if nobody has it: a menu that closes leaves it on the
@@ -41,7 +41,7 @@ private:
 
     Connection* connection;
     unsigned long parent = 0;
-    Area place{0, 0, 1, 1};
+    user::Area place{0, 0, 1, 1};
     std::vector<unsigned long> containers;
 };
-} // namespace standin
+} // namespace standin::desktop

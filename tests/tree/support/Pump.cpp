@@ -12,6 +12,8 @@ constexpr int mostMessages = 1000;
 
 namespace standin
 {
+using namespace user;
+
 void pump()
 {
     for (int i = 0; i < mostMessages; ++i)

@@ -12,6 +12,8 @@ juce::Point<int> mousePosition()
 
 namespace standin
 {
+using namespace user;
+
 bool isButtonDown() { return juce::Desktop::getInstance().getMainMouseSource().isDragging(); }
 
 TreeGuiTest::TreeGuiTest() : User(std::make_unique<Xvfb>(800, 600)), TreeTest(Screen::ofTheEnvironment)

@@ -9,7 +9,7 @@
 namespace standin
 {
 /// The user's screen comes before JUCE and goes after it.
-class TreeGuiTest : protected User, public TreeTest
+class TreeGuiTest : protected user::User, public TreeTest
 {
 protected:
     static constexpr int hostX = 60;
@@ -35,7 +35,7 @@ protected:
     Point centreOf(juce::Component& component) { return component.getScreenBounds().getCentre(); }
 
     void Idle() override { pump(); }
-    Area PanelArea() const override { return {hostX, hostY, panelWidth, panelHeight}; }
+    user::Area PanelArea() const override { return {hostX, hostY, panelWidth, panelHeight}; }
 
     /// Each waits until JUCE has seen it.
     void moveTo(Point);
@@ -54,7 +54,7 @@ protected:
     void keyHolding(const std::string& modifierKey, const std::string& name);
     bool hasFocus() { return panel->hasKeyboardFocus(true); }
 
-    HostWindow host{{{hostX, hostY, hostWidth, hostHeight}, {0, 0, panelWidth, panelHeight}}};
+    user::HostWindow host{{{hostX, hostY, hostWidth, hostHeight}, {0, 0, panelWidth, panelHeight}}};
 };
 
 bool isButtonDown();

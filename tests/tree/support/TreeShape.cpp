@@ -37,10 +37,7 @@ ValueTreeItem* findRow(ValueTreeItem& row, const std::string& name)
 ValueTreeItem* rootOf(const juce::TreeView& view) { return dynamic_cast<ValueTreeItem*>(view.getRootItem()); }
 } // namespace
 
-std::string NameOf(const ValueTreeItem& row)
-{
-    return row.getNode()[TreeIds::name].toString().toStdString();
-}
+std::string NameOf(const ValueTreeItem& row) { return row.getNode()[TreeIds::name].toString().toStdString(); }
 
 std::string ShapeOf(const juce::TreeView& view)
 {

@@ -1,13 +1,15 @@
 #include "tests/x11/support/PanelInHost.h"
 
-#include "standin/family/Family.h"
-#include "standin/family/KeptSuites.h"
-#include "standin/family/Sibling.h"
+#include "standin/host/family/Family.h"
+#include "standin/host/family/KeptSuites.h"
+#include "standin/host/family/Sibling.h"
 
 #include <utility>
 
 namespace standin
 {
+using namespace user;
+
 PanelInHost::PanelInHost(HostOptions options)
     : User(std::make_unique<Xvfb>(800, 600)), host(options), bundle(VORTAN_BUNDLE)
 {

@@ -3,8 +3,8 @@
 // keyboard, and no toolkit is near. The layer has three objects, so the panel shows the rows "Layer", "a",
 // "b" and "c" below its toolbar.
 
-#include "standin/core/Host.h"
-#include "standin/session/Bundle.h"
+#include "standin/host/bundle/Bundle.h"
+#include "standin/host/core/Host.h"
 #include "standin/user/User.h"
 #include "tests/support/KeptBlocks.h"
 #include "tests/x11/support/PlainHost.h"
@@ -21,7 +21,7 @@ namespace standin
 {
 using namespace std::chrono_literals;
 
-class PanelInHost : public testing::Test, protected User
+class PanelInHost : public testing::Test, protected user::User
 {
 protected:
     explicit PanelInHost(HostOptions options = {});
@@ -43,15 +43,18 @@ protected:
     void Settle();
 
     // Places.
-    Area PanelArea() const override { return window.ContainerOnScreen(); }
-    static Place Row(int index) { return {PlainHost::left + 70, PlainHost::top + 88 + 20 * index + 10}; }
-    static Place Button(int index) { return {PlainHost::left + 40, PlainHost::top + 15 + 16 * index}; }
-    static Place PanelBackground() { return {PlainHost::left + 300, PlainHost::top + 30}; }
-    static Place HostArea() { return {PlainHost::left + 460, PlainHost::top + 200}; }
-    static Place Desktop() { return {20, 560}; }
+    user::Area PanelArea() const override { return window.ContainerOnScreen(); }
+    static user::Place Row(int index)
+    {
+        return {PlainHost::left + 70, PlainHost::top + 88 + 20 * index + 10};
+    }
+    static user::Place Button(int index) { return {PlainHost::left + 40, PlainHost::top + 15 + 16 * index}; }
+    static user::Place PanelBackground() { return {PlainHost::left + 300, PlainHost::top + 30}; }
+    static user::Place HostArea() { return {PlainHost::left + 460, PlainHost::top + 200}; }
+    static user::Place Desktop() { return {20, 560}; }
 
     /// Clicks and idles until the panel has the keyboard.
-    void ClickInto(Place);
+    void ClickInto(user::Place);
     /// Presses a row and moves it upwards by two.
     void StartDrag(int row);
 
@@ -63,7 +66,7 @@ protected:
     void OpenGeometryMenu() { (void)OpenMenu(Button(0)); }
     bool IsMenuOpen() { return !hands.popUps().empty(); }
     /// The n-th entry of the open menu, from 0.
-    static Place MenuEntry(int index);
+    static user::Place MenuEntry(int index);
 
     /// What `action` writes to standard output.
     static std::string OutputOf(const std::function<void()>& action);

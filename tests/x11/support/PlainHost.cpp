@@ -10,6 +10,8 @@
 
 namespace standin
 {
+using namespace user;
+
 namespace
 {
 int noteOtherError(Display*, XErrorEvent*) { return 0; }

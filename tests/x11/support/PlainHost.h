@@ -24,7 +24,7 @@ enum class ContainerStart
     unmapped
 };
 
-class PlainHost : public HostWindow
+class PlainHost : public user::HostWindow
 {
 public:
     static constexpr int left = 60;
@@ -76,7 +76,7 @@ public:
     /// std::runtime_error if there are several.
     unsigned long PanelWindow() const;
     /// In the window around it.
-    Area GeometryOf(unsigned long window) const;
+    user::Area GeometryOf(unsigned long window) const;
     bool IsOnScreen(unsigned long window) const;
     /// The host's own event mask of a window.
     long SelectionOn(unsigned long window) const;

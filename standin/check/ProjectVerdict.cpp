@@ -1,0 +1,303 @@
+#include "standin/check/ProjectVerdict.h"
+
+#include "standin/check/StackOrders.h"
+#include "standin/host/core/HostParts.h"
+#include "standin/host/suites/Arguments.h"
+
+#include <algorithm>
+#include <functional>
+#include <set>
+
+namespace standin::check
+{
+namespace
+{
+using Stack = std::vector<SeenEffect>;
+
+SeenEffect see(const Project& project, const EffectInstance& effect)
+{
+    SeenEffect seen;
+    seen.id = effect.id;
+    seen.key = effect.key;
+    const InstalledEffect* installed = project.InstalledOf(effect);
+    seen.ofFamily = installed != nullptr && installed->matchName.rfind("QVK VORT", 0) == 0;
+    seen.name = project.NameOf(effect);
+    seen.group = effect.family.group;
+    seen.flags = effect.flags;
+    seen.hidden = effect.groupHidden;
+    for (const Parameter& parameter : effect.parameters)
+        seen.hiddenParameters.push_back(parameter.hidden);
+    return seen;
+}
+
+const SeenEffect* find(const Stack& stack, int id)
+{
+    const auto found =
+        std::find_if(stack.begin(), stack.end(), [id](const SeenEffect& effect) { return effect.id == id; });
+    return found == stack.end() ? nullptr : &*found;
+}
+
+StackOrder idsOf(const Stack& stack, const std::function<bool(const SeenEffect&)>& which)
+{
+    StackOrder ids;
+    for (const SeenEffect& effect : stack)
+        if (which(effect))
+            ids.push_back(effect.id);
+    return ids;
+}
+
+bool any(const SeenEffect&) { return true; }
+
+/// Those of `order` that the stack holds.
+StackOrder among(const StackOrder& order, const Stack& stack)
+{
+    StackOrder ids;
+    for (const int id : order)
+        if (find(stack, id) != nullptr)
+            ids.push_back(id);
+    return ids;
+}
+
+class Judge
+{
+public:
+    Judge(const Stack& stackBefore, const Stack& stackWanted, const Stack& stackAfter,
+          const std::set<std::string>& failedFunctions, ProjectFates& theFates)
+        : before(stackBefore),
+          wanted(stackWanted),
+          after(stackAfter),
+          failed(failedFunctions),
+          fates(theFates)
+    {
+    }
+
+    void Run()
+    {
+        presence();
+        order();
+        for (const SeenEffect& effect : after)
+            fields(effect);
+    }
+
+private:
+    void violate(const std::string& what)
+    {
+        if (fates.violation.empty())
+            fates.violation = what;
+    }
+
+    /// Notes the row that allows it, or the violation.
+    void meet(Fate fate, const std::string& what)
+    {
+        for (const Allowance& row : Allowances())
+            if (row.fate == fate && failed.count(row.function) != 0)
+                return fates.needed.push_back(&row);
+        violate(what);
+    }
+
+    /// Only what was to go may be gone, and only what was to come may have come.
+    void presence()
+    {
+        for (const SeenEffect& effect : before)
+            if (find(after, effect.id) == nullptr && find(wanted, effect.id) != nullptr)
+                violate("the effect \"" + effect.name + "\" is gone");
+        for (const SeenEffect& effect : wanted)
+            if (find(before, effect.id) == nullptr)
+                due.insert(effect.key);
+        for (const SeenEffect& effect : after)
+        {
+            if (find(before, effect.id) != nullptr)
+                continue;
+            const auto expected = due.find(effect.key);
+            if (expected == due.end())
+                violate("nobody has asked for the effect \"" + effect.name + "\"");
+            else
+                due.erase(expected);
+        }
+    }
+
+    void order()
+    {
+        const StackOrder old = idsOf(before, any);
+        const StackOrder found = among(idsOf(after, any), before);
+        const bool isOldOrWanted = found == among(old, after) || found == among(idsOf(wanted, any), after);
+        if (!isOldOrWanted && !isMixedByRule(found, old))
+            return violate(
+                "the order is neither the old one nor the new one, and no step that fails gives it");
+        if (!isOldOrWanted)
+            meet(Fate::orderMixed, "the order is neither the old one nor the new one");
+        if (isOldOrWanted)
+            placesOfNew();
+    }
+
+    /// Where only some of the new effects have come, they stand as in the new order without the others.
+    void placesOfNew()
+    {
+        std::vector<A_long> expected;
+        for (const SeenEffect& effect : wanted)
+        {
+            const auto missing = find(before, effect.id) == nullptr ? due.find(effect.key) : due.end();
+            if (missing != due.end())
+                due.erase(missing);
+            else if (find(before, effect.id) == nullptr || find(after, effect.id) != nullptr)
+                expected.push_back(effect.key);
+        }
+        std::vector<A_long> keys;
+        bool areThereNew = false;
+        for (const SeenEffect& effect : after)
+        {
+            const bool isNew = find(before, effect.id) == nullptr;
+            areThereNew = areThereNew || isNew;
+            if (isNew || find(wanted, effect.id) != nullptr)
+                keys.push_back(effect.key);
+        }
+        if (areThereNew && keys != expected)
+            meet(Fate::newElsewhere, "a new effect stands at a wrong place");
+    }
+
+    bool isMixedByRule(const StackOrder& found, const StackOrder& old) const
+    {
+        std::set<int> doomed;
+        for (const SeenEffect& effect : before)
+            if (find(wanted, effect.id) == nullptr)
+                doomed.insert(effect.id);
+        const StackOrder objects = idsOf(wanted, [](const SeenEffect& effect) { return effect.ofFamily; });
+        const std::set<StackOrder> orders = doomed.empty()
+                                                ? OrdersOfFaultyReorder(old, among(objects, before))
+                                                : OrdersOfFaultyDeletion(old, doomed, among(objects, before));
+        return std::any_of(orders.begin(), orders.end(),
+                           [&](const StackOrder& each) { return among(each, after) == found; });
+    }
+
+    void fields(const SeenEffect& effect)
+    {
+        const bool isNew = find(before, effect.id) == nullptr;
+        const SeenEffect target = isNew                                ? newOf(effect)
+                                  : find(wanted, effect.id) != nullptr ? *find(wanted, effect.id)
+                                                                       : *find(before, effect.id);
+        const SeenEffect old = isNew ? asApplied(target) : *find(before, effect.id);
+        const std::string who = "the effect \"" + old.name + "\"";
+        if (effect.name != old.name && effect.name != target.name)
+            name(effect, who + " is called \"" + effect.name + "\"");
+        if (effect.group != old.group && effect.group != target.group)
+            meetIf(effect.group == 0, Fate::leftGroup, who + " is in group " + std::to_string(effect.group));
+        if (effect.flags != old.flags && effect.flags != target.flags)
+            meetIf(effect.flags == (old.flags & ~effectActive),
+                   areAllBelowOff(effect) ? Fate::switchedOff : Fate::switchedOffAlone,
+                   who + " has the flags " + std::to_string(effect.flags));
+        if (effect.hidden != old.hidden && effect.hidden != target.hidden)
+            meet(effect.ofFamily ? Fate::hiddenWrongly : Fate::outsiderHidden,
+                 who + (effect.hidden ? " is hidden" : " is shown"));
+        parameters(effect, old, target, who);
+    }
+
+    /// The new effect that was wanted in its place. The ids of new effects go by the order of their coming.
+    SeenEffect newOf(const SeenEffect& effect) const
+    {
+        for (const SeenEffect& each : wanted)
+            if (each.key == effect.key && find(before, each.id) == nullptr)
+                return each;
+        return effect;
+    }
+
+    static SeenEffect asApplied(SeenEffect effect)
+    {
+        effect.hidden = false;
+        effect.hiddenParameters.assign(effect.hiddenParameters.size(), false);
+        return effect;
+    }
+
+    void name(const SeenEffect& effect, const std::string& what)
+    {
+        if (effect.name == garbageText)
+            return meet(Fate::nameGarbled, what);
+        meetIf(effect.name.empty() || isNameOfOneAbove(effect), Fate::nameRepeated, what);
+    }
+
+    /// Above it in the order in which it was read, which was the old one or is the present one.
+    bool isNameOfOneAbove(const SeenEffect& effect) const
+    {
+        const auto bearsIt = [&](int id)
+        {
+            const SeenEffect* other = find(after, id);
+            return other != nullptr && other->name == effect.name;
+        };
+        for (const StackOrder& order : {idsOf(before, any), idsOf(after, any)})
+            if (std::any_of(order.begin(), std::find(order.begin(), order.end(), effect.id), bearsIt) &&
+                std::find(order.begin(), order.end(), effect.id) != order.end())
+                return true;
+        return false;
+    }
+
+    bool areAllBelowOff(const SeenEffect& effect) const
+    {
+        const auto at = std::find_if(after.begin(), after.end(),
+                                     [&](const SeenEffect& each) { return each.id == effect.id; });
+        return std::all_of(at, after.end(),
+                           [](const SeenEffect& each)
+                           { return !each.ofFamily || (each.flags & effectActive) == 0; });
+    }
+
+    void parameters(const SeenEffect& effect, const SeenEffect& old, const SeenEffect& target,
+                    const std::string& who)
+    {
+        for (std::size_t i = 0; i < effect.hiddenParameters.size(); ++i)
+            if (effect.hiddenParameters[i] != old.hiddenParameters[i] &&
+                effect.hiddenParameters[i] != target.hiddenParameters[i])
+                meetIf(i == 1 && effect.ofFamily, Fate::parameterHidden,
+                       "parameter " + std::to_string(i) + " of " + who + " is hidden or shown");
+    }
+
+    void meetIf(bool isThisFate, Fate fate, const std::string& what)
+    {
+        isThisFate ? meet(fate, what) : violate(what);
+    }
+
+    const Stack& before;
+    const Stack& wanted;
+    const Stack& after;
+    const std::set<std::string>& failed;
+    ProjectFates& fates;
+    std::multiset<A_long> due; ///< The keys of what was to come and has not.
+};
+
+std::set<std::string> failedFunctions(const std::vector<CallRecord>& calls)
+{
+    std::set<std::string> functions;
+    for (const CallRecord& call : calls)
+        if (call.struck || (call.function == "AcquireSuite" && call.error != errNone))
+            functions.insert(call.function);
+    return functions;
+}
+} // namespace
+
+SeenProject SeeProject(Host& host)
+{
+    SeenProject seen;
+    seen.rest = host.State();
+    for (Layer& layer : seen.rest.layers)
+    {
+        Stack& stack = seen.layers[layer.id];
+        for (const EffectInstance& effect : layer.effects)
+            stack.push_back(see(host.ProjectView(), effect));
+        layer.effects.clear();
+    }
+    return seen;
+}
+
+ProjectFates JudgeProject(const ComparedProject& compared, const std::vector<CallRecord>& calls,
+                          bool isOutOfMemory)
+{
+    ProjectFates fates;
+    if (compared.after.rest != compared.before.rest && compared.after.rest != compared.wanted.rest)
+        fates.violation = "the project has changed beside the effects";
+    std::set<std::string> failed = failedFunctions(calls);
+    if (isOutOfMemory)
+        failed.insert("operator new");
+    for (const auto& [layer, stack] : compared.after.layers)
+        if (compared.before.layers.count(layer) != 0 && compared.wanted.layers.count(layer) != 0)
+            Judge(compared.before.layers.at(layer), compared.wanted.layers.at(layer), stack, failed, fates)
+                .Run();
+    return fates;
+}
+} // namespace standin::check

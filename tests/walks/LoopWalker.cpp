@@ -1,0 +1,180 @@
+#include "tests/walks/LoopWalker.h"
+
+#include "standin/check/WalkTexts.h"
+#include "standin/host/sensors/FindingIds.h"
+#include "standin/script/Parser.h"
+#include "tree/NameText.h"
+#include "tree/TreeModel.h"
+
+#include <iterator>
+#include <stdexcept>
+
+namespace standin::check
+{
+namespace
+{
+using Texts = std::vector<std::string>;
+
+/// "-- lamp [x] *" for a row that is selected.
+std::string rowText(int depth, const std::string& name, const std::string& box, bool isSelected)
+{
+    return std::string(static_cast<std::size_t>(depth), '-') + (depth == 0 ? "" : " ") + name + box +
+           (isSelected ? " *" : "");
+}
+
+std::string boxText(const ModelEffect& effect)
+{
+    if (effect.kind == ModelKind::outside)
+        return "";
+    return (effect.power == Power::on ? " [x]" : " [ ]") + std::string(" group ") +
+           std::to_string(effect.group);
+}
+
+Texts textsOfRows(const StackModel& model)
+{
+    if (!model.HasRoot())
+        return {};
+    Texts texts{rowText(0, "Layer", "", model.IsSelected({}))};
+    for (const ModelRow& row : model.Rows())
+    {
+        if (row.kind == ModelRow::Kind::group)
+            texts.push_back(rowText(1, row.title, " number " + std::to_string(row.number), row.isSelected));
+        else
+            texts.push_back(rowText(1, row.effect.name, boxText(row.effect), row.effect.isSelected));
+        for (const ModelEffect& object : row.objects)
+            texts.push_back(rowText(2, object.name, boxText(object), object.isSelected));
+    }
+    return texts;
+}
+
+std::string rowText(ValueTreeItem& row)
+{
+    const juce::ValueTree& node = row.getNode();
+    std::string box;
+    if (node.hasType(TreeIds::Group))
+        box = " number " + std::to_string(int(node[TreeIds::group]));
+    else if (node.hasType(TreeIds::Object))
+        box = (int(node[TreeIds::active]) != 0 ? " [x]" : " [ ]") + std::string(" group ") +
+              std::to_string(int(node[TreeIds::group]));
+    int depth = 0;
+    for (const juce::TreeViewItem* up = row.getParentItem(); up != nullptr; up = up->getParentItem())
+        ++depth;
+    return rowText(depth, BytesFromText(node[TreeIds::name].toString()), box, row.isSelected());
+}
+} // namespace
+
+LoopWalker::LoopWalker()
+{
+    constexpr int passesToOpen = 3;
+    const std::string thrown = session.Idle(passesToOpen);
+    session.host.ClearTrace();
+    (void)session.TakePrinted();
+    const std::string wrong = thrown.empty() ? compare() : thrown;
+    if (!wrong.empty())
+        throw std::runtime_error("the panel does not even open as it should\n    " + wrong);
+}
+
+std::string LoopWalker::Take(const WalkStep& step)
+{
+    const Texts lines = LinesOf(state, step);
+    const int passes = CarryOut(state, step);
+    try
+    {
+        for (const std::string& line : lines)
+            session.Do(line);
+    }
+    catch (const std::exception& error)
+    {
+        return error.what();
+    }
+    const std::string thrown = session.Idle(passes);
+    if (!thrown.empty())
+        return thrown;
+    return state.isHeld ? compareRows() : compare();
+}
+
+std::string LoopWalker::compare()
+{
+    for (std::string (LoopWalker::*part)() :
+         {&LoopWalker::compareFindings, &LoopWalker::compareStacks, &LoopWalker::compareHistory,
+          &LoopWalker::compareRows, &LoopWalker::compareHidden, &LoopWalker::comparePrinted,
+          &LoopWalker::compareCalls})
+    {
+        std::string wrong = (this->*part)();
+        if (!wrong.empty())
+            return wrong;
+    }
+    return "";
+}
+
+/// An order without an object is an empty undo group, which a strict host reports.
+std::string LoopWalker::compareFindings()
+{
+    bool isEmptyGroupFound = false;
+    std::string others;
+    for (const Finding& finding : session.host.TakeFindings())
+        if (finding.id == finding::emptyUndoGroup)
+            isEmptyGroupFound = true;
+        else
+            others += finding.Text() + "\n    ";
+    const bool isWanted = state.model.TakeEmptyOrder();
+    if (isWanted != isEmptyGroupFound)
+        others += isWanted ? "an order without an object is not written" : "an undo group has nothing in it";
+    return others;
+}
+
+std::string LoopWalker::compareStacks()
+{
+    return StackDifference(state.model, session.host, session.layerIds);
+}
+
+std::string LoopWalker::compareHistory()
+{
+    const std::string wrong =
+        Difference("what can be undone", state.model.UndoNames(), session.host.UndoNames());
+    return wrong.empty() ? Difference("what can be redone", state.model.RedoNames(), session.host.RedoNames())
+                         : wrong;
+}
+
+std::string LoopWalker::compareCalls()
+{
+    const Texts writes = WritesAmong(session.host.CallTexts(SuiteTraffic::leftOut));
+    session.host.ClearTrace();
+    return Difference("the calls that write", state.model.TakeWrites(), writes);
+}
+
+std::string LoopWalker::compareRows()
+{
+    Texts found;
+    for (ValueTreeItem* row : session.Rows())
+        found.push_back(rowText(*row));
+    return Difference("the panel's rows", textsOfRows(state.model), found);
+}
+
+std::string LoopWalker::compareHidden()
+{
+    for (std::size_t i = 0; i < session.layerIds.size(); ++i)
+    {
+        Texts wanted;
+        for (const ModelEffect& effect : state.model.StackOf(static_cast<int>(i)))
+            if (state.model.IsHidden(effect.id))
+                wanted.push_back(script::Quoted(effect.name));
+        Texts found;
+        for (const EffectInstance& effect : session.host.State().FindLayer(session.layerIds[i])->effects)
+            if (effect.groupHidden)
+                found.push_back(script::Quoted(session.host.NameOf(effect.label)));
+        const std::string wrong =
+            Difference("what is hidden of layer \"Solid " + std::to_string(i + 1) + "\"", wanted, found);
+        if (!wrong.empty())
+            return wrong;
+    }
+    return "";
+}
+
+std::string LoopWalker::comparePrinted()
+{
+    return Difference("what is printed", state.model.TakePrinted(), session.TakePrinted());
+}
+
+std::string LoopWalker::End() { return session.End(); }
+} // namespace standin::check
