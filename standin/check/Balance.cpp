@@ -74,7 +74,7 @@ std::vector<std::string> heldSuites(PanelScene& scene)
 {
     std::vector<std::string> held;
     for (const SuiteCounts::Held& each : scene.host().SensorsView().suites.AllHeld())
-        held.push_back(each.name + " " + std::to_string(each.version) + ": " + std::to_string(each.count));
+        held.push_back(each.Text());
     return held;
 }
 } // namespace

@@ -1,12 +1,12 @@
 #include "standin/check/CheckAlone.h"
 
 #include "standin/check/Trial.h"
+#include "standin/process/Complaints.h"
 #include "standin/process/ExitCodes.h"
 #if STANDIN_HAS_SCREEN
 #include "standin/user/x11/Xvfb.h"
 #endif
 
-#include <cstdlib>
 #include <unistd.h>
 
 namespace standin::check
@@ -82,9 +82,9 @@ void RunCheckAlone(const CheckJob& job, const std::string& id, int reportTo)
     tell(told::looked, std::to_string(trial.Looked()));
     tell(told::found, found);
     tell(told::verdict, std::to_string(verdict));
-    // A check that looks at the end of the process has said so by its place.
-    if (trial.Place() == endOfProcess)
-        std::exit(0); // NOLINT(concurrency-mt-unsafe)
-    _exit(0);
+    if (verdict != exit_code::well)
+        _exit(0);
+    tell(told::place, endOfProcess);
+    process::LeaveWithLeakReports();
 }
 } // namespace standin::check

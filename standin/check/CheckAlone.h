@@ -8,7 +8,7 @@ namespace standin::check
 {
 /// In place of a check's id: only load the file and look for what it has to export.
 constexpr const char* onlyLoad = "load";
-/// The place of a check that looks at the process's own end: it is ended by exit and not at once.
+/// The last place of each check that went well.
 constexpr const char* endOfProcess = "the end of the process";
 
 /// The fields of a check's report.

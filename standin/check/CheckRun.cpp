@@ -2,6 +2,7 @@
 
 #include "standin/check/CheckAlone.h"
 #include "standin/process/Child.h"
+#include "standin/process/Complaints.h"
 #include "standin/process/ExitCodes.h"
 
 #include <algorithm>
@@ -33,6 +34,15 @@ std::string lastLines(const process::Child& child)
     return text.empty() ? "" : "\nlast printed: " + text;
 }
 
+void addComplaints(const process::Child& child, CheckOutcome& outcome)
+{
+    const std::string complaints = process::ComplaintsIn(child.Errors());
+    if (complaints.empty())
+        return;
+    outcome.code = outcome.code == exit_code::well ? exit_code::failed : outcome.code;
+    outcome.found += (outcome.found.empty() ? "" : "\n") + complaints;
+}
+
 CheckOutcome outcomeOf(const process::Child& child)
 {
     const process::Report report(child.Told());
@@ -44,6 +54,7 @@ CheckOutcome outcomeOf(const process::Child& child)
     {
         outcome.code = report.Number(told::verdict);
         outcome.found = report.Text(told::found);
+        addComplaints(child, outcome);
         return outcome;
     }
     const bool isLate = child.HowEnded() == process::Ending::timedOut;
@@ -51,7 +62,8 @@ CheckOutcome outcomeOf(const process::Child& child)
     outcome.code = isLate ? exit_code::timeOut : exit_code::crashed;
     outcome.ending = isLate ? "too late" : isEarly ? "ended early" : "crashed";
     const std::string place = report.Text(told::place);
-    outcome.found = child.EndText() + (isEarly ? " in the midst of the check" : "") +
+    outcome.found = child.EndText() +
+                    (isEarly && !report.Has(told::verdict) ? " in the midst of the check" : "") +
                     (place.empty() ? "" : "\nat: " + place) + lastLines(child);
     return outcome;
 }

@@ -346,7 +346,7 @@ vortan_check(layer-wins "When layer and panel change in the same idle interval, 
   WAS [[layerChanged = force || currentLayerHash != panel.layerHash;]]
   IS [[const std::uint64_t treeNow = CalcItemsHash(SignExtend(layerId), GetItemsFromTree(panel.tree));
     layerChanged = force || (currentLayerHash != panel.layerHash && treeNow == panel.treeHash);]]
-  FOUND [[kept-layer-wins:]])
+  FOUND [[expect stack "lantern" "route" "dots"]])
 vortan_check(toolbar-menus "Each menu of the toolbar offers the installed effects of its kind."
   PLAYS kept-menus
   MUTANT menus-swapped tree/ToolbarMenus.cpp
@@ -376,7 +376,7 @@ vortan_check(keys-of-name-field "The field for a new name keeps the keys that it
   MUTANT name-field-does-not-take-the-keyboard tree/CustomTreeView.cpp
   WAS [[if (renameEditor->isShowing()) renameEditor->grabKeyboardFocus();]]
   IS [[]]
-  FOUND [[keys-of-name-field:]])
+  FOUND [[expect the host got no key]])
 vortan_check(panel-resized "The panel follows the size of the place that it is given."
   PLAYS panel-resized
   MUTANT size-is-not-followed panel/platform/x11/X11Embedding.cpp
@@ -395,7 +395,7 @@ vortan_check(view-made-anew "A view that the host makes anew gets a panel that w
   MUTANT attached-to-the-first-view panel/PanelContents.cpp
   WAS [[if (tree != nullptr) *tree = widget;]]
   IS [[static bool isFirst = true; if (tree != nullptr && isFirst) *tree = widget; isFirst = false;]]
-  FOUND [[view-made-anew:]])
+  FOUND [[expect rows "Layer" "- lamp" "- route" "- dots"]])
 vortan_check(notification "A sibling's text is shown for ten seconds; the last of several stays."
   PLAYS sibling-notifies
   MUTANT notification-of-five-seconds tree/ValueTreesDemo.cpp
@@ -408,7 +408,7 @@ vortan_check(layers-keep-views
   MUTANT one-view-for-all-layers tree/TreeStateTable.cpp
   WAS [[if (table->states.count(layerId) == 0) return;]]
   IS [[return;]]
-  FOUND [[layers-keep-views:]])
+  FOUND [[the panel shows "Layer" "- Group 1" "-- lamp" "- route" "- dots"]])
 vortan_check(walk-in-host
   "After each step of a random walk in the host, stack, history and panel are what a small model says."
   RUNS WalkInHost SCREEN MINUTES 3
@@ -422,11 +422,11 @@ vortan_check(walk-in-panel
   MUTANT moves-are-not-followed effects/LayerEffectChanges.cpp
   WAS [[std::rotate(begin + to, begin + from, begin + from + 1);]]
   IS [[std::rotate(begin + to, begin + from, begin + from);]]
-  FOUND [[as a scenario, made as short as it went]])
+  FOUND [[the stack of layer "Solid 1" should be:]])
 vortan_check(walk-in-both
   "After each step of a random walk in host and panel by turns, stack, history and panel are what a small model says."
   RUNS WalkInBoth SCREEN MINUTES 3
   MUTANT rows-are-compared-before-the-layer panel/IdlePass.cpp
   WAS [[compareLayer(); if (layerChanged) rebuildTree(); compareTree();]]
   IS [[compareTree(); compareLayer(); if (layerChanged) rebuildTree();]]
-  FOUND [[as a scenario, made as short as it went]])
+  FOUND [[empty-undo-group: Nothing is in the undo group "Reorder Effect(s)".]])

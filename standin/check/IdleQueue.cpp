@@ -155,7 +155,9 @@ void IdleQueueRequeue(Trial& trial)
 void IdleQueueThrow(Trial& trial)
 {
     QueueScene scene(trial);
-    scene.host.Expect(finding::exceptionLeftHook, "", "what a queued function throws is the host's to catch");
+    scene.host.Expect(finding::exceptionLeftHook, "", "what a queued function throws is the host's to catch")
+        .In("IdleHook")
+        .Times(1);
     Job wild = scene.NewJob("wild");
     Job tame = scene.NewJob("tame");
     bool throws = true;

@@ -1,6 +1,5 @@
 // The host's end: the death hooks, and the process behind them.
 
-#include "standin/check/CheckAlone.h"
 #if STANDIN_HAS_SCREEN
 #include "standin/check/PanelScene.h"
 #endif
@@ -38,7 +37,6 @@ void ProcessEnd(Trial& trial)
         scene.Do("click row \"lamp\"");
         scene.End();
     }
-    trial.At(endOfProcess);
 }
 
 void ContainerGoesFirst(Trial& trial)
@@ -63,7 +61,6 @@ void ProcessEnd(Trial& trial)
         scene.Quit();
         trial.RequireNoFindings(scene.host);
     }
-    trial.At(endOfProcess);
 }
 #endif
 } // namespace standin::check::bundles

@@ -1,7 +1,7 @@
 #include "standin/check/Scene.h"
 
 #include "standin/host/family/Family.h"
-#include "standin/host/sensors/FindingIds.h"
+#include "standin/host/family/KeptSuites.h"
 
 namespace standin::check
 {
@@ -41,9 +41,7 @@ const void* Scene::Published(const char* name)
 
 void Scene::Quit()
 {
-    if (host.FindPanel(panelName) != nullptr)
-        host.Expect(finding::unbalancedSuite, "",
-                    "the panel and its controller hold their suites until the host ends");
+    ExpectKeptSuites(host);
     host.Quit();
     Bundle::KeepMemoryOf(host);
 }

@@ -30,7 +30,9 @@ void startWithout(Trial& trial, const char* suite, A_long version, int number, W
 {
     trial.At(std::string("PanelEntryPointFunc, and \"") + suite + "\" is refused " + textOf(how));
     Scene scene(trial.File());
-    scene.host.Expect(finding::exceptionLeftHook, "", "a missing suite is an integer that reaches the host");
+    scene.host.Expect(finding::exceptionLeftHook, "", "a missing suite is an integer that reaches the host")
+        .In("EntryPoint")
+        .Times(1);
     scene.host.Faults().Withhold(suite, version, how);
     const LoadedPlugin plugin = scene.bundle.LoadPanel(scene.host);
     trial.RequireEqual(plugin.result.thrownNumber.value_or(0), number,
@@ -84,7 +86,9 @@ void StartRefused(Trial& trial)
         trial.At("AEGP_RegisterIdleHook fails");
         Scene scene(trial.File());
         constexpr A_Err refused = 77;
-        scene.host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error that it met");
+        scene.host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error that it met")
+            .In("EntryPoint")
+            .Times(1);
         scene.host.Faults().FailFunction("AEGP_RegisterIdleHook", 1, FaultLength::once, refused);
         const LoadedPlugin plugin = scene.bundle.LoadIdleSuite(scene.host);
         trial.RequireEqual(plugin.result.error, refused, "the result of EffectorAEGP");
@@ -97,8 +101,11 @@ void StartRefused(Trial& trial)
     {
         trial.At("AEGP_GetUniqueCommand fails");
         Scene scene(trial.File());
-        scene.host.Expect(finding::unknownCommand, "AEGP_InsertMenuCommand",
-                          "the menu entry is put in with whatever the command number holds");
+        scene.host
+            .Expect(finding::unknownCommand, "AEGP_InsertMenuCommand",
+                    "the menu entry is put in with whatever the command number holds")
+            .In("EntryPoint")
+            .Times(1);
         scene.host.Faults().FailFunction("AEGP_GetUniqueCommand");
         const LoadedPlugin plugin = scene.bundle.LoadPanel(scene.host);
         trial.RequireEqual(plugin.result.error, errNone, "the result of PanelEntryPointFunc");

@@ -1,6 +1,8 @@
 #include "standin/cli/SeparatePlay.h"
 
+#include "standin/process/CapturedOutput.h"
 #include "standin/process/Child.h"
+#include "standin/process/Complaints.h"
 #include "standin/process/ExitCodes.h"
 
 #include <cstdio>
@@ -29,9 +31,9 @@ std::pair<int, std::string> play(const std::vector<script::Step>& steps, const s
     }
 }
 
-int playInside(const std::vector<script::Step>& steps, script::PlayOptions options, StepsShown shown)
+int playInside(const std::vector<script::Step>& steps, script::PlayOptions options, StepsShown shown,
+               int terminal)
 {
-    const int terminal = dup(STDOUT_FILENO);
     options.onStep = [&](const script::Statement& statement)
     {
         process::Tell("place", statement.Place() + statement.text);
@@ -41,6 +43,8 @@ int playInside(const std::vector<script::Step>& steps, script::PlayOptions optio
     const auto [verdict, message] = play(steps, options);
     process::Tell("message", message);
     process::Tell("verdict", std::to_string(verdict));
+    if (verdict == exit_code::well)
+        process::LeaveWithLeakReports();
     return 0;
 }
 } // namespace
@@ -48,13 +52,25 @@ int playInside(const std::vector<script::Step>& steps, script::PlayOptions optio
 SeparateOutcome PlaySeparately(const std::vector<script::Step>& steps, const script::PlayOptions& options,
                                std::chrono::seconds timeout, StepsShown shown)
 {
-    process::Child child([&] { return playInside(steps, options, shown); }, process::Streams::inherited,
+    const int terminal = dup(STDOUT_FILENO);
+    process::FlushOutput();
+    process::Child child([&] { return playInside(steps, options, shown, terminal); }, process::Streams::kept,
                          timeout);
     child.Wait();
+    (void)close(terminal);
+    process::WriteAll(STDOUT_FILENO, child.Output());
+    process::WriteAll(STDERR_FILENO, child.Errors());
     const process::Report report(child.Told());
     const int played = report.Number("steps");
     if (child.ExitCode() == 0 && report.Has("verdict"))
-        return {report.Number("verdict"), played, report.Text("message")};
+    {
+        const int verdict = report.Number("verdict");
+        const std::string complaints = process::ComplaintsIn(child.Errors());
+        if (verdict == exit_code::well && !complaints.empty())
+            return {exit_code::failed, played,
+                    "the scenario has ended, and the panel's toolkit says:\n" + complaints};
+        return {verdict, played, report.Text("message")};
+    }
     const std::string place = report.Has("place") ? report.Text("place") : "before the first line";
     const bool isLate = child.HowEnded() == process::Ending::timedOut;
     return {isLate ? exit_code::timeOut : exit_code::crashed, played, place + "\n  " + child.EndText()};

@@ -23,11 +23,19 @@ PhraseBook FaultPhrases()
                  [](Stage& s, const Arguments& a) { s.host().Faults().GiveBack(a.texts[0]); }),
          Setting("all is well again", "No call fails any more.",
                  [](Stage& s, const Arguments&) { s.host().Faults().Disarm(); }),
-         Setting("expect finding WORD in WORD because TEXT",
-                 "The stand-in reports this of a call of the function, and it is meant to; it must come at "
-                 "least once.",
-                 [](Stage& s, const Arguments& a) { s.host().Expect(a.texts[0], a.texts[1], a.texts[2]); }),
-         Setting("expect finding WORD because TEXT", "The same for a finding outside any call.",
-                 [](Stage& s, const Arguments& a) { s.host().Expect(a.texts[0], "", a.texts[1]); })}};
+         Setting("expect finding WORD in WORD of WORD because TEXT",
+                 "The stand-in reports this of one call of the function in this hook, and it is meant to.",
+                 [](Stage& s, const Arguments& a)
+                 { (void)s.host().Expect(a.texts[0], a.texts[1], a.texts[3]).In(a.texts[2]).Times(1); }),
+         Setting(
+             "expect NUMBER findings WORD in WORD of WORD because TEXT",
+             "Of so many calls, no more and no fewer.",
+             [](Stage& s, const Arguments& a) {
+                 (void)s.host().Expect(a.texts[0], a.texts[1], a.texts[3]).In(a.texts[2]).Times(a.numbers[0]);
+             }),
+         Setting("expect finding WORD of WORD because TEXT",
+                 "The same, once, for a finding outside any call.",
+                 [](Stage& s, const Arguments& a)
+                 { (void)s.host().Expect(a.texts[0], "", a.texts[2]).In(a.texts[1]).Times(1); })}};
 }
 } // namespace standin::script

@@ -1,6 +1,7 @@
 #include "standin/user/WindowSession.h"
 
 #include "standin/host/family/Family.h"
+#include "standin/host/family/KeptSuites.h"
 
 #include <cstdlib>
 #include <iterator>
@@ -42,9 +43,7 @@ void WindowSession::End()
     if (std::exchange(ended, true))
         return;
     window.Obey(host.Options());
-    if (host.FindPanel(panelName) != nullptr)
-        host.Expect("unbalanced-suite", "",
-                    "the panel and its controller hold their suites until the host ends");
+    ExpectKeptSuites(host);
     host.Quit();
     Bundle::KeepMemoryOf(host);
     window.HandleEvents();

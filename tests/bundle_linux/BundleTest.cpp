@@ -1,5 +1,7 @@
 #include "tests/bundle_linux/BundleTest.h"
 
+#include "standin/host/family/KeptSuites.h"
+
 namespace standin
 {
 BundleTest::BundleTest(HostOptions options) : host(options), bundle(VORTAN_BUNDLE)
@@ -13,8 +15,9 @@ BundleTest::BundleTest(HostOptions options) : host(options), bundle(VORTAN_BUNDL
 /// The controller holds suites until the host ends, so a host that ends finds them held.
 BundleTest::~BundleTest()
 {
-    EXPECT_EQ(host.FindingsReport(), "");
+    ExpectKeptSuites(host);
     host.Quit();
+    EXPECT_EQ(host.FindingsReport(), "");
     if (keptBlocks != nullptr)
         keptBlocks->Free();
 }

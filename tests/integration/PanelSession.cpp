@@ -1,5 +1,6 @@
 #include "tests/integration/PanelSession.h"
 
+#include "standin/host/family/KeptSuites.h"
 #include "tests/support/KeptObjects.h"
 #include "tree/TreeModel.h"
 #include "tree/ValueTreesDemo.h"
@@ -24,8 +25,7 @@ PanelSession::PanelSession() : User(std::make_unique<Xvfb>(1000, 700))
 
 PanelSession::~PanelSession()
 {
-    product.host.Expect("unbalanced-suite", "",
-                        "the panel and its controller hold their suites until the host ends");
+    ExpectKeptSuites(product.host);
     product.host.Quit();
     EXPECT_EQ(product.host.FindingsReport(), "");
     EXPECT_EQ(window.TakeErrors(), 0);

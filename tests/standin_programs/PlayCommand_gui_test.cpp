@@ -99,8 +99,9 @@ TEST_F(PlayCommand, LeavesATraceOfCallsBelowTheirLines)
 
 TEST_F(PlayCommand, AFindingThatNobodyExpectedFailsTheScenario)
 {
-    const std::string file = write(
-        "finding.scenario", std::string(goodScenario) + "expect finding stale-reference because \"never\"\n");
+    const std::string file =
+        write("finding.scenario",
+              std::string(goodScenario) + "expect finding stale-reference of IdleHook because \"never\"\n");
     const ProgramRun run = play({"--own-display", file});
     EXPECT_EQ(run.exitCode, exit_code::failed);
     EXPECT_THAT(run.errors, HasSubstr("missing-finding"));

@@ -2,6 +2,7 @@
 // A program run to its end, with what it wrote and how it ended.
 
 #include "standin/process/Child.h"
+#include "standin/process/Complaints.h"
 
 namespace standin
 {
@@ -27,6 +28,7 @@ inline ProgramRun RunProgram(const std::vector<std::string>& command,
 {
     process::Child child(process::Program(command, environment), process::Streams::kept);
     child.Wait();
+    EXPECT_EQ(process::ComplaintsIn(child.Errors()), "") << command.front();
     return {child.ExitCode(), child.Output(), WithoutGreeting(child.Errors())};
 }
 } // namespace standin

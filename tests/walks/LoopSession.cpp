@@ -1,6 +1,7 @@
 #include "tests/walks/LoopSession.h"
 
 #include "standin/host/family/Family.h"
+#include "standin/host/family/KeptSuites.h"
 #include "standin/script/Stage.h"
 #include "standin/user/eyes/DisplayNames.h"
 #include "tests/support/KeptObjects.h"
@@ -112,7 +113,7 @@ std::string LoopSession::End()
     if (panelator == nullptr)
         return "";
     window.reset();
-    host.Expect("unbalanced-suite", "", "the panel and its controller hold their suites until the host ends");
+    ExpectKeptSuites(host);
     host.Idles().Clear();
     host.Options().idleInCalls = IdleInCalls::never;
     host.Quit();

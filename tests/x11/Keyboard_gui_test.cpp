@@ -3,7 +3,6 @@
 #include "tests/x11/support/PanelInHost.h"
 
 using namespace standin;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace
@@ -19,8 +18,7 @@ protected:
     {
         (void)window.TakeKeys();
         PressKey("Delete");
-        IdleFor(30ms);
-        EXPECT_THAT(window.TakeKeys(), ElementsAre("+Delete", "-Delete"));
+        ExpectKeys({"+Delete", "-Delete"});
         EXPECT_EQ(Stack(), "a b c");
     }
 };
@@ -47,13 +45,8 @@ TEST_F(Keyboard, IsTakenByAClickInside)
 TEST_F(Keyboard, IsTakenByABackgroundClick)
 {
     ClickInto(PanelBackground());
-    const std::string lines = OutputOf(
-        [this]
-        {
-            PressKey("Control+a");
-            IdleFor(30ms);
-        });
-    EXPECT_THAT(lines, testing::HasSubstr("Select All Button\n"));
+    const std::string awaited = "Select All Button\n";
+    EXPECT_THAT(OutputUntil(awaited, [this] { PressKey("Control+a"); }), testing::HasSubstr(awaited));
 }
 
 TEST_F(Keyboard, GoesBackInAHostWithoutFocusCalls)
@@ -122,7 +115,7 @@ TEST_F(Keyboard, GoesBackToTheWindowItCameFrom)
 {
     const unsigned long field = window.MakeField();
     window.SetFocus(field);
-    IdleFor(20ms);
+    EXPECT_TRUE(IdleUntil([&] { return hands.focusedWindow() == field; }));
     ClickInto(Row(2));
     Click(HostArea());
     EXPECT_TRUE(IdleUntil([&] { return hands.focusedWindow() == field; }));
@@ -190,9 +183,8 @@ TEST_F(Keyboard, IsTheHostsWhileThePanelIsHidden)
 {
     ClickInto(Row(2));
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::behind).thrown, "");
-    IdleFor(50ms);
+    EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); })) << hands.focusedWindow();
     EXPECT_FALSE(PanelHasFocus());
-    EXPECT_TRUE(HostHasFocus()) << hands.focusedWindow();
     expectKeysAtHost();
     Click(HostArea());
     IdleFor(50ms);
@@ -217,8 +209,7 @@ TEST_F(KeyboardInADrag, StaysWithThePanel)
 {
     EXPECT_TRUE(PanelHasFocus());
     PressKey("F5");
-    IdleFor(30ms);
-    EXPECT_THAT(window.TakeKeys(), ElementsAre("+F5", "-F5"));
+    ExpectKeys({"+F5", "-F5"});
     hands.release();
     EXPECT_TRUE(IdleUntil([this] { return Stack() == "c a b"; })) << Stack();
     IdleFor(300ms);
@@ -263,12 +254,10 @@ TEST_F(Keyboard, FollowsTheClicksOfOneIdleInOrder)
     ClickInto(Row(2));
     Click(HostArea());
     Click(PanelBackground());
-    IdleFor(50ms);
-    EXPECT_TRUE(PanelHasFocus());
+    EXPECT_TRUE(IdleUntil([this] { return PanelHasFocus(); }));
     Click(PanelBackground());
     Click(HostArea());
-    IdleFor(50ms);
-    EXPECT_TRUE(HostHasFocus());
+    EXPECT_TRUE(IdleUntil([this] { return HostHasFocus(); }));
 }
 
 TEST_F(Keyboard, FollowsClicksOfALeftHandedMouse)

@@ -60,7 +60,7 @@ vortan_effect_check(suite-arguments
   BAD forgetsTheReference [[number 1 is "RefreshPanel with a wrong reference"]])
 vortan_effect_check(suites-released "Every suite is released as often as it was acquired."
   RUNS SuitesAreReleased
-  BAD keepsTheSuite [["Vortan Idle Suite v1" version 1 is still held]])
+  BAD keepsTheSuite [[still held, so many times: Vortan Idle Suite v1 1: 1]])
 vortan_effect_check(without-the-panel "Where the panel's plug-in is not installed, the effect answers all the same."
   RUNS WithoutThePanel
   BAD trustsTheSuite [[at: acquiring gives an error and null]])

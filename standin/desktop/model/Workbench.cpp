@@ -2,6 +2,7 @@
 
 #include "standin/host/bundle/EffectModule.h"
 #include "standin/host/family/Family.h"
+#include "standin/host/family/KeptSuites.h"
 #include "standin/host/project/ProjectFile.h"
 
 #include <algorithm>
@@ -194,9 +195,7 @@ int Workbench::noteQueued(int, void*, void* refcon)
 std::string Workbench::Quit()
 {
     Collect("Between idle passes");
-    if (bundle != nullptr)
-        host.Expect("unbalanced-suite", "",
-                    "the panel and its controller hold their suites until the host ends");
+    ExpectKeptSuites(host);
     host.Quit();
     Bundle::KeepMemoryOf(host);
     Collect("The end");

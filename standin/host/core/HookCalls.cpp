@@ -98,7 +98,7 @@ void reportPanelFunctions(HostParts& parts, const PanelFunctions& functions)
     finding.id = finding::panelFunctions;
     finding.sentence =
         "The create panel hook has left " + std::to_string(unset) + " of the panel's three functions unset.";
-    finding.function = "CreatePanelHook";
+    finding.function = finding.hook = "CreatePanelHook";
     parts.sensors.findings.Add(std::move(finding));
 }
 } // namespace
@@ -107,6 +107,7 @@ HookResult RunHook(HostParts& parts, const HookCall& call, const std::function<A
 {
     const HookKind outerKind = std::exchange(parts.sensors.hookKind, call.kind);
     const A_long outerPlugin = std::exchange(parts.plugins.runningPlugin, call.pluginId);
+    const std::string outerHook = parts.sensors.findings.SetHook(call.name);
     const int depth = ++parts.sensors.hookDepth;
     HookResult result = catchAll(body);
     reportThrown(parts, result);
@@ -115,6 +116,7 @@ HookResult RunHook(HostParts& parts, const HookCall& call, const std::function<A
     if (depth == 1)
         EndUndoGroupsOfHook(parts);
     --parts.sensors.hookDepth;
+    (void)parts.sensors.findings.SetHook(outerHook);
     parts.plugins.runningPlugin = outerPlugin;
     parts.sensors.hookKind = outerKind;
     return result;

@@ -254,9 +254,9 @@ FindingLog& Host::Findings() { return parts->sensors.findings; }
 
 std::vector<Finding> Host::TakeFindings() { return parts->sensors.findings.Take(); }
 
-void Host::Expect(const std::string& id, const std::string& function, const std::string& reason)
+ExpectedFinding& Host::Expect(const std::string& id, const std::string& function, const std::string& reason)
 {
-    parts->sensors.findings.Expect(id, function, reason);
+    return parts->sensors.findings.Expect(id, function, reason);
 }
 
 std::string Host::FindingsReport() const { return parts->sensors.findings.Report(); }
@@ -269,9 +269,9 @@ int Host::SuiteCount(const std::string& name, A_long version) const
 void Host::CheckSuiteBalance()
 {
     for (const SuiteCounts::Held& held : parts->sensors.suites.AllHeld())
-        parts->sensors.Report(finding::unbalancedSuite, "\"" + held.name + "\" version " +
-                                                            std::to_string(held.version) + " is still held " +
-                                                            std::to_string(held.count) + " times.");
+        parts->sensors.findings.Add({finding::unbalancedSuite,
+                                     "The suite is still held, so many times: " + held.Text() + ".", "",
+                                     held.Text(), ""});
 }
 
 void Host::CheckMemoryBalance()

@@ -213,7 +213,7 @@ public:
     FindingLog& Findings();
     std::vector<Finding> TakeFindings();
     /// See FindingLog::Expect.
-    void Expect(const std::string& id, const std::string& function, const std::string& reason);
+    ExpectedFinding& Expect(const std::string& id, const std::string& function, const std::string& reason);
     /// Unexpected and missing findings, a line each; empty when all is well.
     std::string FindingsReport() const;
     /// Acquires minus releases. 0 for a suite that was never acquired.

@@ -73,7 +73,7 @@ void sendCommandZero(HostParts& parts)
     Finding finding;
     finding.id = finding::foreignCommand;
     finding.sentence = "A command hook took the command 0, which is nobody's.";
-    finding.function = "CommandHook";
+    finding.function = finding.hook = "CommandHook";
     parts.sensors.findings.Add(std::move(finding));
 }
 

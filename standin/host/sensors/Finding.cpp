@@ -5,8 +5,9 @@ namespace standin
 std::string Finding::Text() const
 {
     std::string text = id + ": " + sentence;
-    if (!call.empty())
-        text += " [" + call + "]";
+    const std::string inHook = hook.empty() ? "" : "in the " + hook;
+    if (!call.empty() || !hook.empty())
+        text += " [" + call + (call.empty() || hook.empty() ? "" : ", ") + inHook + "]";
     if (!origin.empty())
         text += " (" + origin + ")";
     return text;

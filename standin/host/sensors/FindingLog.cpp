@@ -7,14 +7,55 @@
 
 namespace standin
 {
+namespace
+{
+std::string timesText(int count) { return std::to_string(count) + (count == 1 ? " time" : " times"); }
+} // namespace
+
+ExpectedFinding::ExpectedFinding(std::string theId, std::string theFunction, std::string theReason)
+    : id(std::move(theId)), function(std::move(theFunction)), reason(std::move(theReason))
+{
+}
+
+ExpectedFinding& ExpectedFinding::In(std::string theHook)
+{
+    hook = std::move(theHook);
+    return *this;
+}
+
+ExpectedFinding& ExpectedFinding::Times(int count)
+{
+    times = count;
+    return *this;
+}
+
+bool ExpectedFinding::Takes(const Finding& finding)
+{
+    if (came == times || id != finding.id || function != finding.function || (hook && hook != finding.hook))
+        return false;
+    ++came;
+    return true;
+}
+
+std::string ExpectedFinding::Missing() const
+{
+    if (times ? came == *times : came > 0)
+        return "";
+    return "The finding " + id + (function.empty() ? "" : " of " + function) +
+           (hook && !hook->empty() ? " in the " + *hook : "") + " was expected " +
+           (times ? timesText(*times) : "at least once") + " and came " + timesText(came) + ": " + reason;
+}
+
 void FindingLog::Add(Finding finding)
 {
     const std::lock_guard<std::mutex> lock(mutex);
     finding.origin = origin;
-    for (Expectation& expectation : expectations)
-        if (expectation.id == finding.id && expectation.function == finding.function)
-            expectation.met = true;
-    findings.push_back(std::move(finding));
+    if (finding.hook.empty())
+        finding.hook = hook;
+    const bool isExpected =
+        std::any_of(expectations.begin(), expectations.end(),
+                    [&](ExpectedFinding& expectation) { return expectation.Takes(finding); });
+    entries.push_back({std::move(finding), isExpected});
 }
 
 void FindingLog::SetOrigin(std::string newOrigin)
@@ -23,43 +64,45 @@ void FindingLog::SetOrigin(std::string newOrigin)
     origin = std::move(newOrigin);
 }
 
-void FindingLog::Expect(std::string id, std::string function, std::string reason)
+std::string FindingLog::SetHook(std::string newHook)
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    expectations.push_back({std::move(id), std::move(function), std::move(reason), false});
+    return std::exchange(hook, std::move(newHook));
+}
+
+ExpectedFinding& FindingLog::Expect(std::string id, std::string function, std::string reason)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return expectations.emplace_back(std::move(id), std::move(function), std::move(reason));
 }
 
 std::vector<Finding> FindingLog::All() const
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    return findings;
+    std::vector<Finding> all;
+    for (const Entry& entry : entries)
+        all.push_back(entry.finding);
+    return all;
 }
 
 std::vector<Finding> FindingLog::Take()
 {
+    std::vector<Finding> all = All();
     const std::lock_guard<std::mutex> lock(mutex);
-    return std::exchange(findings, {});
-}
-
-bool FindingLog::isExpected(const Finding& finding) const
-{
-    return std::any_of(expectations.begin(), expectations.end(),
-                       [&](const Expectation& expectation)
-                       { return expectation.id == finding.id && expectation.function == finding.function; });
+    entries.clear();
+    return all;
 }
 
 std::vector<Finding> FindingLog::Unexpected() const
 {
     const std::lock_guard<std::mutex> lock(mutex);
     std::vector<Finding> unexpected;
-    std::copy_if(findings.begin(), findings.end(), std::back_inserter(unexpected),
-                 [this](const Finding& finding) { return !isExpected(finding); });
-    for (const Expectation& expectation : expectations)
-        if (!expectation.met)
-            unexpected.push_back(
-                {finding::missingFinding,
-                 "The finding " + expectation.id + " was expected and did not appear: " + expectation.reason,
-                 "", expectation.function, origin});
+    for (const Entry& entry : entries)
+        if (!entry.isExpected)
+            unexpected.push_back(entry.finding);
+    for (const ExpectedFinding& expectation : expectations)
+        if (const std::string missing = expectation.Missing(); !missing.empty())
+            unexpected.push_back({finding::missingFinding, missing, "", expectation.Function(), origin});
     return unexpected;
 }
 

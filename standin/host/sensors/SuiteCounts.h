@@ -26,6 +26,12 @@ public:
         std::string name;
         A_long version;
         int count;
+
+        /// "AEGP Item Suite 3: 1".
+        std::string Text() const
+        {
+            return name + " " + std::to_string(version) + ": " + std::to_string(count);
+        }
     };
     std::vector<Held> AllHeld() const;
 

@@ -1,6 +1,7 @@
 #include "tests/x11/support/PanelInHost.h"
 
 #include "standin/host/family/Family.h"
+#include "standin/host/family/KeptSuites.h"
 #include "standin/host/family/Sibling.h"
 
 #include <utility>
@@ -42,7 +43,7 @@ void PanelInHost::Die()
 {
     if (std::exchange(isDead, true))
         return;
-    host.Expect("unbalanced-suite", "", "the panel and its controller hold their suites until the host ends");
+    ExpectKeptSuites(host, createdByHand);
     host.Quit();
 }
 
@@ -56,8 +57,10 @@ HookResult PanelInHost::CreateWith(void* view, PanelFunctions& functions)
 {
     const auto* panel = host.FindPanel(panelName);
     void* refcon = nullptr;
-    return host.RunInHook(
+    HookResult result = host.RunInHook(
         [&] { return panel->hook(panel->refcon, panel->refcon, view, panel->handle, &functions, &refcon); });
+    createdByHand += result.thrown.empty() ? 1 : 0;
+    return result;
 }
 
 HookResult PanelInHost::CreateAgain(void* view)
@@ -109,5 +112,26 @@ std::string PanelInHost::OutputOf(const std::function<void()>& action)
     testing::internal::CaptureStdout();
     action();
     return testing::internal::GetCapturedStdout();
+}
+
+std::string PanelInHost::OutputUntil(const std::string& awaited, const std::function<void()>& action)
+{
+    std::string output = OutputOf(action);
+    EXPECT_TRUE(IdleUntil(
+        [&]
+        {
+            output += OutputOf([this] { Idle(); });
+            return output.find(awaited) != std::string::npos;
+        }))
+        << awaited << "has not come, but: " << output;
+    return output;
+}
+
+void PanelInHost::ExpectKeys(const std::vector<std::string>& keys)
+{
+    constexpr auto noMoreCome = 20ms;
+    (void)IdleUntil([&] { return window.KeyCount() >= keys.size(); });
+    IdleFor(noMoreCome);
+    EXPECT_EQ(window.TakeKeys(), keys);
 }
 } // namespace standin

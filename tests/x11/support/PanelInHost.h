@@ -70,6 +70,11 @@ protected:
 
     /// What `action` writes to standard output.
     static std::string OutputOf(const std::function<void()>& action);
+    /// The same, with what the passes after it write until this text has come.
+    std::string OutputUntil(const std::string& awaited, const std::function<void()>& action);
+
+    /// Idles until the host has got so many keys, and expects them to be these and no more.
+    void ExpectKeys(const std::vector<std::string>& keys);
 
     PlainHost window;
     Host host;
@@ -78,6 +83,7 @@ protected:
 
 private:
     std::unique_ptr<KeptBlocks> keptBlocks;
+    int createdByHand = 0; ///< Panels whose create hook the test has called itself.
     bool isDead = false;
 };
 } // namespace standin

@@ -48,6 +48,8 @@ public:
 
     /// How often a key stands in what TakeKeys would give.
     long CountOf(const std::string& key) const;
+    /// How many it would give.
+    std::size_t KeyCount() const { return keys.size(); }
 
     /// The server's present time.
     unsigned long ServerTime();
