@@ -1,4 +1,5 @@
-// Every host call of one removal, failed in turn: once, its function for good, and everything for good.
+// Every host call of one removal, failed in turn: once, its function from then on, and everything from then
+// on.
 
 #include "standin/host/faults/Sweep.h"
 #include "tests/effects/Removing.h"
