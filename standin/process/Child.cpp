@@ -19,6 +19,14 @@ namespace standin::process
 namespace
 {
 constexpr auto betweenLooks = std::chrono::milliseconds(5);
+
+/// A program that was started with SIGCHLD ignored, as some launchers do, would never get an exit code.
+void keepExitCodes()
+{
+    struct sigaction action = {};
+    if (sigaction(SIGCHLD, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
+        (void)std::signal(SIGCHLD, SIG_DFL);
+}
 } // namespace
 
 Body Program(const std::vector<std::string>& command, const std::vector<std::string>& environment)
@@ -48,6 +56,7 @@ Child::Child(const Body& body, Streams streams, Timeout theTimeout) : timeout(th
         output.emplace();
         errors.emplace();
     }
+    keepExitCodes();
     int ends[2];
     if (::pipe(ends) != 0)
         throw std::runtime_error("no pipe to a child process");
@@ -116,7 +125,10 @@ bool Child::IsDone()
     if (done)
         return true;
     takeReport();
-    if (waitpid(process, &status, WNOHANG) == process)
+    const pid_t ended = waitpid(process, &status, WNOHANG);
+    if (ended < 0)
+        throw std::runtime_error("a child's exit code was taken by somebody else");
+    if (ended == process)
         finish();
     else if (timeout && Clock::now() - start > *timeout)
     {
