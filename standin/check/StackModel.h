@@ -57,7 +57,7 @@ struct ModelRow
     Kind kind = Kind::object;
     ModelEffect effect;      ///< Of an object or an outside effect.
     std::string title;       ///< Of a group.
-    int number = 0;          ///< Of a group; -1 once it was moved, until the rows are rebuilt.
+    int number = 0;          ///< Of a group; -1 once it was moved, until the rows are made anew.
     ModelStack objects{};    ///< Of a group.
     bool isSelected = false; ///< Of a group.
     int serial = 0;          ///< Tells groups of one title apart.

@@ -253,7 +253,7 @@ std::ptrdiff_t StackModel::rowOfSerial(int serial) const
 }
 
 /// From the last row to the first at one place, so that they keep their order. A group that is moved keeps
-/// its title, and its number is -1 until the rows are rebuilt.
+/// its title, and its number is -1 until the rows are made anew.
 void StackModel::dropSelected(Target target)
 {
     struct Moved

@@ -16,7 +16,7 @@ namespace
 #if VORTAN_TESTS_ARE_SANITIZED
 constexpr std::size_t besideTwoAllocations = 0;
 #else
-// The C library keeps a word with each block, and rounds up to two words.
+// The C library keeps a word beside each, and rounds up to two words.
 constexpr std::size_t besideTwoAllocations = 4 * sizeof(void*);
 #endif
 
@@ -25,7 +25,7 @@ std::size_t bytesOfNotes(const ReferenceRegistry& references)
     return references.NoteBlocks() * (ReferenceRegistry::bytesOfNoteBlock + besideTwoAllocations);
 }
 
-/// A panel that is created again leaks the former object, which holds two suites: docs/kept-behaviours.md.
+/// A panel that is made anew leaves the object that it was, which holds two suites: docs/kept-behaviours.md.
 /// More than that is a leak.
 struct KeptByPanels
 {

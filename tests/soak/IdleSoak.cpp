@@ -41,9 +41,9 @@ private:
     std::set<void*> alive;
 };
 
-/// The former objects of panels that were created again, which live until the host ends. They are reachable
-/// from here, so that a leak checker, which looks when the program has ended, tells them from what is lost.
-/// The list has its room from the beginning.
+/// The objects of panels that were made anew, which live until the host ends. They are reachable from here,
+/// so that a leak checker, which looks when the program has ended, tells them from what is lost. The list has
+/// its room from the beginning.
 std::vector<const void*>& keptPanels()
 {
     constexpr std::size_t mostPanels = 100000;
@@ -159,8 +159,8 @@ void IdleSoak::idle(int passes)
     result.passes += passes;
 }
 
-/// The host's log would grow with each of them. The panel opens an undo group for the order even when no move
-/// is needed.
+/// The host's log would grow with each of them. A group for an order that no move is needed for is the
+/// panel's way.
 void IdleSoak::takeFindings()
 {
     for (const Finding& found : scene.host.TakeFindings())
@@ -215,7 +215,7 @@ SoakResult IdleSoak::Run()
 
 SoakResult SoakIdle(const SoakPlan& plan)
 {
-    // A display that does not exist, or JUCE would try the machine's first one.
+    // A display that is not there: JUCE is not to find anybody else's.
     (void)setenv("DISPLAY", ":65535", 1);
     return IdleSoak(plan).Run();
 }
