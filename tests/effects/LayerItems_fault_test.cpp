@@ -39,7 +39,7 @@ bool isSuiteTraffic(const std::string& call) { return startsWith(call, "Basic ")
 
 std::string functionOf(const std::string& call) { return call.substr(0, call.find('(')); }
 
-/// Whether the call at this place of a clean read fails, counted from 0 without suite traffic.
+/// The calls of a clean read that fail, by their places, counted from 0 without suite traffic.
 class FailingPlaces
 {
 public:

@@ -1,5 +1,5 @@
-// Every host call of one removal, failed in turn: once, its function from then on, and everything from then
-// on.
+// Each host call of one removal fails in turn: alone, with its function from then on, and with everything
+// from then on.
 
 #include "standin/host/faults/Sweep.h"
 #include "tests/effects/Removing.h"

@@ -127,7 +127,7 @@ std::string argumentOf(const CallRecord& record)
     return record.head.substr(bracket + 1, record.head.size() - bracket - 2);
 }
 
-/// References not yet disposed of, and the function that gave each.
+/// Follows each reference from the function that gave it to its disposal.
 void auditReferences(const std::vector<CallRecord>& records, TraceAudit& audit)
 {
     std::vector<std::pair<std::string, std::string>> held; // What it is called, and by which function.

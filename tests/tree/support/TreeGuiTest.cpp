@@ -54,21 +54,16 @@ Place TreeGuiTest::centreOf(const juce::Component& component)
 
 void TreeGuiTest::pointed(Place at)
 {
-    if (isOverJuce(at))
-        EXPECT_TRUE(
-            pumpUntil([at] { return mouse().getScreenPosition().roundToInt() == juce::Point(at.x, at.y); }));
+    const auto hasArrived = [at]
+    { return mouse().getScreenPosition().roundToInt() == juce::Point<int>(at.x, at.y); };
+    EXPECT_TRUE(!isOverJuce(at) || pumpUntil(hasArrived));
 }
 
-void TreeGuiTest::pressed(Place at)
-{
-    if (isOverJuce(at))
-        EXPECT_TRUE(pumpUntil(isButtonDown));
-}
+void TreeGuiTest::pressed(Place at) { EXPECT_TRUE(!isOverJuce(at) || pumpUntil(isButtonDown)); }
 
 void TreeGuiTest::released()
 {
-    if (panel != nullptr && isButtonDown())
-        EXPECT_TRUE(pumpUntil([] { return !isButtonDown(); }));
+    EXPECT_TRUE(panel == nullptr || !isButtonDown() || pumpUntil([] { return !isButtonDown(); }));
 }
 
 void TreeGuiTest::drag(Place from, Place to)
@@ -76,6 +71,12 @@ void TreeGuiTest::drag(Place from, Place to)
     StartDrag(from, to);
     EXPECT_TRUE(panel->isDragAndDropActive());
     Drop();
+}
+
+void TreeGuiTest::Drop()
+{
+    User::Drop();
+    EXPECT_TRUE(pumpUntil([] { return !juce::Desktop::getInstance().getAnimator().isAnimating(); }));
 }
 
 void TreeGuiTest::clickOnHost()
