@@ -33,12 +33,13 @@ Body Program(const std::vector<std::string>& command, const std::vector<std::str
 {
     return [command, environment]
     {
-        for (std::string line : environment)
+        for (const std::string& line : environment)
         {
             const std::size_t equals = line.find('=');
             (void)setenv(line.substr(0, equals).c_str(), line.substr(equals + 1).c_str(), 1);
         }
         std::vector<char*> words;
+        words.reserve(command.size() + 1);
         for (const std::string& word : command)
             words.push_back(const_cast<char*>(word.c_str()));
         words.push_back(nullptr);

@@ -93,7 +93,7 @@ TEST(Child, ThatIgnoresASignalIsSentMore)
     EXPECT_EQ(child.ExitCode(), 3);
 }
 
-TEST(Child, GivesItsExitCodeToAParentThatIgnoresChildren)
+TEST(Child, GivesItsExitCodeToAnIgnoringParent)
 {
     (void)std::signal(SIGCHLD, SIG_IGN);
     Child child([] { return 7; });
@@ -101,7 +101,7 @@ TEST(Child, GivesItsExitCodeToAParentThatIgnoresChildren)
     EXPECT_EQ(child.ExitCode(), 7);
 }
 
-TEST(Child, ThatSomebodyElseWaitedForIsNotWaitedForAgain)
+TEST(Child, SaysThatSomebodyElseHasWaited)
 {
     Child child([] { return 7; });
     (void)waitpid(-1, nullptr, 0);

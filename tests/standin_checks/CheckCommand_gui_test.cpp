@@ -1,7 +1,7 @@
 // The program `standin check` as its users meet it: what it says, and what it tells the shell.
 
 #include "standin/process/ExitCodes.h"
-#include "tests/standin_programs/ProgramRun.h"
+#include "tests/support/ProgramRun.h"
 
 #include <chrono>
 #include <fstream>

@@ -1,4 +1,4 @@
-// The audit of a pass with a fault, on traces made by hand: what it lets pass, and what it does not.
+// The audit of a pass with a fault, on hand-made traces: what it accepts, and what it reports.
 
 #include "standin/check/FaultAudit.h"
 #include "standin/host/sensors/FindingIds.h"
@@ -126,7 +126,7 @@ TEST_F(FaultAudit, FindingsPassInTheirSituationAlone)
     EXPECT_THAT(Verdict(), HasSubstr("double-dispose")) << "no missing suite excuses that";
 }
 
-TEST_F(FaultAudit, GarbageIsGivenBackWhereItCameFromAlone)
+TEST_F(FaultAudit, GarbageMayBeDisposedOfByItsTaker)
 {
     run.calls = {call("AEGP_GetLayerEffectByIndex", errGeneric)};
     run.calls[0].suite = "AEGP Effect Suite";
@@ -139,7 +139,7 @@ TEST_F(FaultAudit, GarbageIsGivenBackWhereItCameFromAlone)
     EXPECT_THAT(Verdict(), HasSubstr("foreign-reference")) << "the error was not looked at";
 }
 
-TEST_F(FaultAudit, AHookMayBeLeftForWantOfMemoryWhereThereWasNone)
+TEST_F(FaultAudit, AHookMayThrowBadAllocWithoutMemory)
 {
     run.results = {{errGeneric, std::nullopt, "an exception: std::bad_alloc"}};
     EXPECT_THAT(Verdict(), HasSubstr("a hook was left by an exception: std::bad_alloc"));

@@ -1,5 +1,5 @@
-// Bundles that do to the process what no bundle should. What each entry point does, and what loading does,
-// is said by definitions: LOADING, IDLE_SUITE_ENTRY and PANEL_ENTRY, each one of the words below.
+// Bundles that do to the process what no bundle should. The definitions LOADING,
+// IDLE_SUITE_ENTRY and PANEL_ENTRY say what loading and each entry point do, in the words below.
 
 #include <csignal>
 #include <cstdint>
