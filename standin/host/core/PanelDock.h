@@ -29,7 +29,7 @@ struct Panel
     PanelFunctions functions{};
     void* panelRefcon = nullptr;
     std::vector<void*> formerRefcons; ///< Of the views that were there before.
-    int created = 0; ///< How often the create hook ran.
+    int created = 0;                  ///< How often the create hook ran.
     std::string title;
 };
 
