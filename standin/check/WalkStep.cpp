@@ -121,6 +121,8 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 bool IsPossible(const WalkState& state, const WalkStep& step)
 {
     const WalkAction& action = *step.action;
+    if (action.place == WalkAction::Place::panel && state.model.IsPressed())
+        return false; // There is one mouse.
     return (action.isPossibleWhileHeld || !state.isHeld ||
             (state.isHeadless && action.place == WalkAction::Place::panel)) &&
            (action.place == WalkAction::Place::host || state.model.Tab() == TabPlace::inFront) &&

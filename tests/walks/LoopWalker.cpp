@@ -15,35 +15,30 @@ namespace
 {
 using Texts = std::vector<std::string>;
 
-/// "-- lamp [x] *" for a row that is selected.
-std::string rowText(int depth, const std::string& name, const std::string& box, bool isSelected)
+/// "-- lamp [x] closed *" for a row that is closed and selected.
+std::string rowText(int depth, const std::string& name, const std::string& box, bool isOpen, bool isSelected)
 {
     return std::string(static_cast<std::size_t>(depth), '-') + (depth == 0 ? "" : " ") + name + box +
-           (isSelected ? " *" : "");
+           (isOpen ? "" : " closed") + (isSelected ? " *" : "");
 }
 
-std::string boxText(const ModelEffect& effect)
+std::string boxText(const ModelRow& row)
 {
-    if (effect.kind == ModelKind::outside)
+    if (row.IsGroup())
+        return " number " + std::to_string(row.number);
+    if (!row.IsObject())
         return "";
-    return (effect.power == Power::on ? " [x]" : " [ ]") + std::string(" group ") +
-           std::to_string(effect.group);
+    return (row.effect.power == Power::on ? " [x]" : " [ ]") + std::string(" group ") +
+           std::to_string(row.effect.group);
 }
 
 Texts textsOfRows(const StackModel& model)
 {
-    if (!model.HasRoot())
-        return {};
-    Texts texts{rowText(0, "Layer", "", model.IsSelected({}))};
-    for (const ModelRow& row : model.Rows())
-    {
-        if (row.kind == ModelRow::Kind::group)
-            texts.push_back(rowText(1, row.title, " number " + std::to_string(row.number), row.isSelected));
-        else
-            texts.push_back(rowText(1, row.effect.name, boxText(row.effect), row.effect.isSelected));
-        for (const ModelEffect& object : row.objects)
-            texts.push_back(rowText(2, object.name, boxText(object), object.isSelected));
-    }
+    Texts texts;
+    if (model.HasRoot())
+        model.Root().ForEachShown(
+            [&](const ModelRow& row, int depth)
+            { texts.push_back(rowText(depth, row.Name(), boxText(row), row.isOpen, row.isSelected)); });
     return texts;
 }
 
@@ -59,7 +54,7 @@ std::string rowText(ValueTreeItem& row)
     int depth = 0;
     for (const juce::TreeViewItem* up = row.getParentItem(); up != nullptr; up = up->getParentItem())
         ++depth;
-    return rowText(depth, BytesFromText(node[TreeIds::name].toString()), box, row.isSelected());
+    return rowText(depth, BytesFromText(node[TreeIds::name].toString()), box, row.isOpen(), row.isSelected());
 }
 } // namespace
 
