@@ -285,6 +285,16 @@ SeenProject SeeProject(Host& host)
     return seen;
 }
 
+std::vector<std::string> UndoableLines(const SeenProject& project)
+{
+    std::vector<std::string> lines;
+    for (const auto& [layer, stack] : project.layers)
+        for (const SeenEffect& effect : stack)
+            lines.push_back(std::to_string(layer) + " " + std::to_string(effect.id) + " " + effect.name +
+                            " " + std::to_string(effect.group) + " " + std::to_string(effect.flags));
+    return lines;
+}
+
 ProjectFates JudgeProject(const ComparedProject& compared, const std::vector<CallRecord>& calls,
                           bool isOutOfMemory)
 {

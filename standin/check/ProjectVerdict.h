@@ -30,6 +30,8 @@ struct SeenProject
 };
 
 SeenProject SeeProject(Host& host);
+/// A line for each effect, with all that undo brings back.
+std::vector<std::string> UndoableLines(const SeenProject& project);
 
 /// A project before a change, what the change makes of it on a sound host, and what a fault made of it.
 struct ComparedProject

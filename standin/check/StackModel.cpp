@@ -124,5 +124,11 @@ void StackModel::PutIntoGroup(int id, int group)
 
 void StackModel::Undo() { layers = steps[--done].before; }
 
+void StackModel::ForgetHistory()
+{
+    steps.clear();
+    done = 0;
+}
+
 void StackModel::Redo() { layers = steps[done++].after; }
 } // namespace standin::check

@@ -83,6 +83,8 @@ public:
     void SelectLayer(int layer) { active = layer; }
     void OpenItem() { hasItem = true; }
     void CloseItem() { hasItem = false; }
+    /// The host goes on without a history.
+    void ForgetHistory();
     void PutTab(TabPlace place) { tab = place; }
     /// The panel's entry of the Window menu.
     void ChooseEntry();
@@ -90,6 +92,7 @@ public:
     // What a sibling asks for.
     void RequestOpening(bool isForced);
     void RequestRefresh() { isRefreshWanted = true; }
+    bool IsOpeningWanted() const { return isOpeningWanted; }
 
     // What a user does in the panel, to rows that are to be seen. The layer learns of it in Settle.
     void ClickRow(int id, Selecting selecting);

@@ -1,8 +1,10 @@
 #include "tests/walks/LoopWalker.h"
 
+#include "standin/check/WalkActions.h"
 #include "standin/check/WalkTexts.h"
 #include "standin/host/sensors/FindingIds.h"
 #include "standin/script/Parser.h"
+#include "tests/walks/LoopFault.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
 
@@ -71,21 +73,74 @@ LoopWalker::LoopWalker()
 
 std::string LoopWalker::Take(const WalkStep& step)
 {
-    const Texts lines = LinesOf(state, step);
-    const int passes = CarryOut(state, step);
     try
     {
-        for (const std::string& line : lines)
-            session.Do(line);
+        if (!step.fault.empty())
+            return takeWithFault(step);
+        const Texts lines = LinesOf(state, step);
+        const int passes = CarryOut(state, step);
+        doLines(lines);
+        const std::string thrown = session.Idle(passes);
+        if (!thrown.empty())
+            return thrown;
+        return state.isHeld ? compareRows() : compare();
     }
     catch (const std::exception& error)
     {
         return error.what();
     }
+}
+
+void LoopWalker::doLines(const Texts& lines)
+{
+    for (const std::string& line : lines)
+        session.Do(line);
+}
+
+/// A fault that no call meets changes nothing.
+std::string LoopWalker::takeWithFault(const WalkStep& step)
+{
+    const Texts lines = step.action->lines(state, step);
+    Act(state, step);
+    session.Do("idle inside no call");
+    doLines(lines);
+    const StackModel before = state.model;
+    const int passes = state.model.Settle();
+    std::string wrong = StackDifference(before, session.host, session.layerIds);
+    if (!wrong.empty())
+        return wrong;
+    LoopFault fault(session, before, state.model);
+    session.Do("fail " + step.fault);
+    if (fault.Pass(passes))
+    {
+        ++faults;
+        fault.Judge(state.model.TakeEmptyOrder());
+    }
+    else
+        wrong = compare();
+    session.Do("all is well again");
+    fault.PutRight();
+    return wrong.empty() ? recover() : wrong;
+}
+
+/// The panel forgets what it has seen, and shows the layer as if for the first time.
+std::string LoopWalker::recover()
+{
+    const Texts lines = LinesAfterFault(state.model);
+    const int passes = RecoverFromFault(state.model);
+    for (auto line = lines.begin(); line + 1 != lines.end(); ++line)
+    {
+        session.Do(*line);
+        const std::string thrown = session.Idle(2);
+        if (!thrown.empty())
+            return thrown;
+    }
+    (void)session.TakePrinted();
+    (void)session.host.TakeFindings();
+    session.host.ClearTrace();
+    session.Do(lines.back());
     const std::string thrown = session.Idle(passes);
-    if (!thrown.empty())
-        return thrown;
-    return state.isHeld ? compareRows() : compare();
+    return thrown.empty() ? compare() : thrown;
 }
 
 std::string LoopWalker::compare()
