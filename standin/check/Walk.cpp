@@ -62,34 +62,34 @@ std::string drawFault(std::mt19937& random)
         const char* function;
         unsigned times;
     };
-    constexpr Called functions[] = {{"AcquireSuite", 30},
-                                    {"AEGP_IsShown", 3},
-                                    {"AEGP_CheckMarkMenuCommand", 3},
-                                    {"AEGP_GetActiveItem", 3},
-                                    {"AEGP_GetItemID", 3},
-                                    {"AEGP_GetActiveLayer", 3},
-                                    {"AEGP_GetLayerID", 3},
-                                    {"AEGP_ConvertLayerToCompTime", 20},
-                                    {"AEGP_GetLayerNumEffects", 20},
-                                    {"AEGP_GetLayerEffectByIndex", 60},
-                                    {"AEGP_GetInstalledKeyFromLayerEffect", 30},
-                                    {"AEGP_GetEffectMatchName", 30},
-                                    {"AEGP_GetEffectFlags", 40},
-                                    {"AEGP_EffectCallGeneric", 60},
-                                    {"AEGP_GetNewEffectStreamByIndex", 40},
-                                    {"AEGP_GetNewParentStreamRef", 40},
-                                    {"AEGP_GetStreamName", 30},
-                                    {"AEGP_DisposeEffect", 40},
-                                    {"AEGP_DisposeStream", 40},
-                                    {"AEGP_StartUndoGroup", 8},
-                                    {"AEGP_EndUndoGroup", 8},
-                                    {"AEGP_SetStreamName", 2},
-                                    {"AEGP_SetEffectFlags", 4},
-                                    {"AEGP_ReorderEffect", 8},
-                                    {"AEGP_DeleteLayerEffect", 3},
+    constexpr Called functions[] = {{"AcquireSuite", 12},
+                                    {"AEGP_IsShown", 2},
+                                    {"AEGP_CheckMarkMenuCommand", 2},
+                                    {"AEGP_GetActiveItem", 2},
+                                    {"AEGP_GetItemID", 2},
+                                    {"AEGP_GetActiveLayer", 2},
+                                    {"AEGP_GetLayerID", 2},
+                                    {"AEGP_ConvertLayerToCompTime", 10},
+                                    {"AEGP_GetLayerNumEffects", 10},
+                                    {"AEGP_GetLayerEffectByIndex", 40},
+                                    {"AEGP_GetInstalledKeyFromLayerEffect", 20},
+                                    {"AEGP_GetEffectMatchName", 20},
+                                    {"AEGP_GetEffectFlags", 20},
+                                    {"AEGP_EffectCallGeneric", 30},
+                                    {"AEGP_GetNewEffectStreamByIndex", 20},
+                                    {"AEGP_GetNewParentStreamRef", 20},
+                                    {"AEGP_GetStreamName", 20},
+                                    {"AEGP_DisposeEffect", 20},
+                                    {"AEGP_DisposeStream", 20},
+                                    {"AEGP_StartUndoGroup", 5},
+                                    {"AEGP_EndUndoGroup", 5},
+                                    {"AEGP_SetStreamName", 1},
+                                    {"AEGP_SetEffectFlags", 2},
+                                    {"AEGP_ReorderEffect", 5},
+                                    {"AEGP_DeleteLayerEffect", 2},
                                     {"AEGP_ApplyEffect", 1},
-                                    {"AEGP_GetDynamicStreamFlags", 8},
-                                    {"AEGP_SetDynamicStreamFlag", 16}};
+                                    {"AEGP_GetDynamicStreamFlags", 4},
+                                    {"AEGP_SetDynamicStreamFlag", 8}};
     const Called& drawn = functions[random() % std::size(functions)];
     return "call " + std::to_string(random() % drawn.times + 1) + " of " + drawn.function;
 }
@@ -115,7 +115,7 @@ std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count)
     std::mt19937 randomIdles(seed);
     std::mt19937 randomFaults(seed);
     constexpr unsigned stepsBetweenTurns = 3;
-    constexpr unsigned stepsBetweenFaults = 20;
+    constexpr unsigned stepsBetweenFaults = 8;
     WalkState state = WalkBegin(kind);
     Steps steps;
     for (int i = 0; i < count; ++i)

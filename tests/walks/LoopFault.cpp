@@ -1,8 +1,8 @@
 #include "tests/walks/LoopFault.h"
 
 #include "standin/host/core/HostParts.h"
-#include "standin/host/faults/FaultKinds.h"
 #include "standin/host/family/Sibling.h"
+#include "standin/host/faults/FaultKinds.h"
 #include "standin/host/sensors/FindingIds.h"
 #include "tests/support/Agreement.h"
 
@@ -36,17 +36,27 @@ EffectInstance patched(const Project& project, EffectInstance effect, const Mode
 LoopFault::LoopFault(LoopSession& theSession, const StackModel& before, const StackModel& wanted)
     : session(theSession), host(theSession.host), stepsBefore(host.UndoNames().size())
 {
-    const ProjectState base = host.State();
     run.project.before = SeeProject(host);
     target = targetOf(before, wanted);
-    host.State() = target;
-    run.project.wanted = SeeProject(host);
+    run.project.wanted = seeAs(target);
+    StackModel refreshed = wanted;
+    refreshed.RequestRefresh();
+    (void)refreshed.Settle();
+    wantedAfterRefresh = seeAs(targetOf(before, refreshed));
+}
+
+SeenProject LoopFault::seeAs(const ProjectState& state)
+{
+    const ProjectState base = std::exchange(host.State(), state);
+    SeenProject seen = SeeProject(host);
     host.State() = base;
+    return seen;
 }
 
 ProjectState LoopFault::targetOf(const StackModel& before, const StackModel& wanted)
 {
-    ProjectState state = host.State();
+    const ProjectState base = host.State();
+    ProjectState state = base;
     for (std::size_t i = 0; i < session.layerIds.size(); ++i)
     {
         const int number = static_cast<int>(i);
@@ -55,8 +65,8 @@ ProjectState LoopFault::targetOf(const StackModel& before, const StackModel& wan
         const ModelStack& known = before.StackOf(number);
         for (const ModelEffect& effect : wanted.StackOf(number))
         {
-            const auto place = std::find_if(known.begin(), known.end(), [&](const ModelEffect& each)
-                                            { return each.id == effect.id; });
+            const auto place = std::find_if(known.begin(), known.end(),
+                                            [&](const ModelEffect& each) { return each.id == effect.id; });
             const EffectInstance instance = place == known.end()
                                                 ? fresh(layer.id, effect)
                                                 : present[static_cast<std::size_t>(place - known.begin())];
@@ -64,6 +74,7 @@ ProjectState LoopFault::targetOf(const StackModel& before, const StackModel& wan
                 patched(host.ProjectView(), instance, effect, wanted.IsHidden(effect.id)));
         }
     }
+    host.State() = base;
     return state;
 }
 
@@ -71,8 +82,8 @@ ProjectState LoopFault::targetOf(const StackModel& before, const StackModel& wan
 EffectInstance LoopFault::fresh(int layer, const ModelEffect& effect)
 {
     const std::vector<InstalledEffect>& all = host.InstalledEffects();
-    const auto installed = std::find_if(all.begin(), all.end(), [&](const InstalledEffect& each)
-                                        { return each.defaultName == effect.name; });
+    const auto installed = std::find_if(
+        all.begin(), all.end(), [&](const InstalledEffect& each) { return each.defaultName == effect.name; });
     return *host.State().FindEffect(host.AddEffect(layer, installed->matchName));
 }
 
@@ -97,6 +108,7 @@ void LoopFault::Judge(bool isEmptyOrderWanted)
     host.Faults().Disarm();
     bringTogether(trial);
     run.project.after = SeeProject(host);
+    run.project.wanted = wantedAfterRefresh;
     AuditProject(trial, run, tally);
     requireUndoBringsItBack(trial);
 }

@@ -25,6 +25,7 @@ public:
     void PutRight();
 
 private:
+    SeenProject seeAs(const ProjectState& state);
     ProjectState targetOf(const StackModel& before, const StackModel& wanted);
     EffectInstance fresh(int layer, const ModelEffect& effect);
     void bringTogether(Trial& trial);
@@ -33,6 +34,7 @@ private:
     LoopSession& session;
     Host& host;
     ProjectState target;
+    SeenProject wantedAfterRefresh; ///< A refresh selects by name, which can be another row's as well.
     std::size_t stepsBefore;
     FaultyRun run;
 };
