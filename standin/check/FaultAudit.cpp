@@ -116,7 +116,7 @@ bool hasFailed(const std::vector<CallRecord>& calls, const std::set<std::string>
                        { return hasGoneWrong(call) && functions.count(call.function) != 0; });
 }
 
-/// What a fault can bring about, beside what it does by itself.
+/// What a fault can cause besides its direct effect.
 struct Consequences
 {
     OutValues outs = OutValues::untouched;

@@ -11,7 +11,7 @@
 
 namespace standin
 {
-/// What a run leaks on purpose, once in each round, so that it is seen to be found.
+/// What a run leaks on purpose, once in each round, to show that it is found.
 enum class Leak
 {
     none,

@@ -1,4 +1,4 @@
-// The audit of a pass with a fault, on traces made by hand: what it lets pass, and what it does not.
+// The audit of a pass with a fault, on hand-made traces: what it accepts, and what it reports.
 
 #include "standin/check/FaultAudit.h"
 #include "standin/host/sensors/FindingIds.h"
@@ -134,7 +134,7 @@ TEST_F(FaultAudit, FindingsPassInTheirSituationAlone)
     EXPECT_THAT(Verdict(), HasSubstr("double-dispose")) << "no missing suite excuses that";
 }
 
-TEST_F(FaultAudit, GarbageIsGivenBackWhereItCameFromAlone)
+TEST_F(FaultAudit, GarbageMayBeDisposedOfByItsTaker)
 {
     run.calls = {struck("AEGP_GetLayerEffectByIndex")};
     run.findings = {found(finding::foreignReference, "AEGP_DisposeEffect")};
@@ -145,7 +145,7 @@ TEST_F(FaultAudit, GarbageIsGivenBackWhereItCameFromAlone)
     EXPECT_THAT(Verdict(), HasSubstr("foreign-reference")) << "the error was not looked at";
 }
 
-TEST_F(FaultAudit, AMenuEntryMayBeUnknownAfterItsRefusalAlone)
+TEST_F(FaultAudit, ARefusedMenuEntryMayBeUnknown)
 {
     run.findings = {found(finding::unknownCommand, "AEGP_CheckMarkMenuCommand"),
                     found(finding::unknownCommand, "AEGP_EnableCommand")};
@@ -158,7 +158,7 @@ TEST_F(FaultAudit, AMenuEntryMayBeUnknownAfterItsRefusalAlone)
     EXPECT_THAT(Verdict(), HasSubstr("unknown-command")) << "the command is the caller's all the same";
 }
 
-TEST_F(FaultAudit, APanelMayBeUnknownAfterItsRefusalAlone)
+TEST_F(FaultAudit, ARefusedPanelMayBeUnknown)
 {
     run.findings = {found(finding::unknownPanel, "AEGP_IsShown")};
     EXPECT_THAT(Verdict(), HasSubstr("unknown-panel"));
@@ -170,7 +170,7 @@ TEST_F(FaultAudit, APanelMayBeUnknownAfterItsRefusalAlone)
     EXPECT_THAT(Verdict(), HasSubstr("unknown-panel")) << "nobody has chosen the menu entry";
 }
 
-TEST_F(FaultAudit, AHookMayBeLeftForWantOfMemoryWhereThereWasNone)
+TEST_F(FaultAudit, AHookMayThrowBadAllocWithoutMemory)
 {
     run.results = {{errGeneric, std::nullopt, "an exception: std::bad_alloc"}};
     EXPECT_THAT(Verdict(), HasSubstr("a hook was left by an exception: std::bad_alloc"));
