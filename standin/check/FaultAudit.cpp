@@ -154,6 +154,12 @@ const Refusal refusals[] = {
     {"AEGP_ConvertLayerToCompTime", OutValues::null, finding::timeScale, "AEGP_EffectCallGeneric"},
     {"AEGP_GetUniqueCommand", std::nullopt, finding::unknownCommand, ""},
 
+    // The start looks at no error of the calls that register, and so a menu entry or a panel that the host
+    // has refused is used all the same: each pass asks about it, and the menus' update enables it.
+    {"AEGP_InsertMenuCommand", OutValues::untouched, finding::unknownCommand, "AEGP_CheckMarkMenuCommand"},
+    {"AEGP_InsertMenuCommand", OutValues::untouched, finding::unknownCommand, "AEGP_EnableCommand"},
+    {"AEGP_RegisterCreatePanelHook", OutValues::untouched, finding::unknownPanel, "AEGP_IsShown"},
+
     {"AEGP_GetLayerEffectByIndex", OutValues::garbage, finding::foreignReference, "AEGP_DisposeEffect"},
     {"AEGP_GetLayerEffectByIndex", OutValues::garbage, finding::foreignReference, "AEGP_ReorderEffect"},
     {"AEGP_GetLayerEffectByIndex", OutValues::garbage, finding::foreignReference, "AEGP_DeleteLayerEffect"},

@@ -176,15 +176,6 @@ TEST(CheckCommand, AnUnloadableBundleIsReportedWithItsFailure)
         EXPECT_THAT(run.output, IsEmpty());
 }
 
-TEST(CheckCommand, WhatLeaksUntilTheProcessEndsFails)
-{
-    process::Child child(process::Program({VORTAN_STANDIN, "check", bad("leaks-at-load")}),
-                         process::Streams::kept);
-    child.Wait();
-    EXPECT_EQ(child.ExitCode(), exit_code::failed);
-    EXPECT_THAT(child.Errors(), HasSubstr("cannot be loaded: *** Leaked objects detected"));
-}
-
 TEST(CheckCommand, AWrongCommandLineIsUsage)
 {
     const ProgramRun unknown = check({VORTAN_BUNDLE, "--only", "idle-queue-order", "no-such-check"});

@@ -22,6 +22,14 @@ CallRecord call(const std::string& function, A_Err error = errNone, const std::s
     return record;
 }
 
+CallRecord struck(const std::string& function)
+{
+    CallRecord record = call(function, errGeneric);
+    record.suite = "AEGP Suite";
+    record.struck = true;
+    return record;
+}
+
 CallRecord start(const std::string& name) { return call("AEGP_StartUndoGroup", errNone, "\"" + name + "\""); }
 CallRecord end(A_Err error = errNone) { return call("AEGP_EndUndoGroup", error); }
 
@@ -128,15 +136,38 @@ TEST_F(FaultAudit, FindingsPassInTheirSituationAlone)
 
 TEST_F(FaultAudit, GarbageMayBeDisposedOfByItsTaker)
 {
-    run.calls = {call("AEGP_GetLayerEffectByIndex", errGeneric)};
-    run.calls[0].suite = "AEGP Effect Suite";
-    run.calls[0].struck = true;
+    run.calls = {struck("AEGP_GetLayerEffectByIndex")};
     run.findings = {found(finding::foreignReference, "AEGP_DisposeEffect")};
     EXPECT_THAT(Verdict(), HasSubstr("foreign-reference")) << "the fault has left nothing there";
     run.how.outs = OutValues::garbage;
     EXPECT_EQ(Verdict(), "");
     run.findings = {found(finding::foreignReference, "AEGP_SetEffectFlags")};
     EXPECT_THAT(Verdict(), HasSubstr("foreign-reference")) << "the error was not looked at";
+}
+
+TEST_F(FaultAudit, ARefusedMenuEntryMayBeUnknown)
+{
+    run.findings = {found(finding::unknownCommand, "AEGP_CheckMarkMenuCommand"),
+                    found(finding::unknownCommand, "AEGP_EnableCommand")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-command"));
+    run.calls = {struck("AEGP_RegisterCreatePanelHook")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-command")) << "it was the panel that was refused";
+    run.calls = {struck("AEGP_InsertMenuCommand")};
+    EXPECT_EQ(Verdict(), "");
+    run.findings = {found(finding::unknownCommand, "AEGP_RegisterCommandHook")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-command")) << "the command is the caller's all the same";
+}
+
+TEST_F(FaultAudit, ARefusedPanelMayBeUnknown)
+{
+    run.findings = {found(finding::unknownPanel, "AEGP_IsShown")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-panel"));
+    run.calls = {struck("AEGP_InsertMenuCommand")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-panel")) << "it was the menu entry that was refused";
+    run.calls = {struck("AEGP_RegisterCreatePanelHook")};
+    EXPECT_EQ(Verdict(), "");
+    run.findings = {found(finding::unknownPanel, "AEGP_ToggleVisibility")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-panel")) << "nobody has chosen the menu entry";
 }
 
 TEST_F(FaultAudit, AHookMayThrowBadAllocWithoutMemory)

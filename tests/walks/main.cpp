@@ -40,6 +40,9 @@ void tellSeed(int signal)
     (void)std::raise(signal);
 }
 
+/// Of all walks.
+int faultsMet = 0;
+
 WalkOutcome take(const std::vector<WalkStep>& steps)
 {
     WalkOutcome outcome;
@@ -53,6 +56,7 @@ WalkOutcome take(const std::vector<WalkStep>& steps)
                 return outcome;
             ++outcome.stepsDone;
         }
+        faultsMet += walker.Faults();
         outcome.failure = walker.End();
     }
     catch (const std::exception& error)
@@ -110,7 +114,7 @@ int run(const Options& options)
     const std::chrono::duration<double> time = Clock::now() - begin;
     std::printf("seeds %u to %u, %.0f steps per second\n", options.seed,
                 options.seed + static_cast<unsigned>(walks) - 1, static_cast<double>(steps) / time.count());
-    std::printf("steps=%ld walks=%d unexplained=%d\n", steps, walks, failures);
+    std::printf("steps=%ld walks=%d faults=%d unexplained=%d\n", steps, walks, faultsMet, failures);
     return failures == 0 ? 0 : 1;
 }
 

@@ -34,13 +34,6 @@ namespace
 
 [[maybe_unused]] int throwNumber() { throw 4711; }
 
-/// As JUCE does when the process ends and an object of its classes was not deleted.
-[[maybe_unused]] int leakAnObject()
-{
-    return std::atexit(
-        [] { (void)std::fputs("*** Leaked objects detected: 1 instance(s) of class Row\n", stderr); });
-}
-
 const int loaded = LOADING();
 } // namespace
 
