@@ -33,8 +33,8 @@ class Test:
         return next((word[len("--gtest_filter="):] for word in self.command if word.startswith("--gtest_filter=")), None)
 
 
-def listed(build, wanted):
-    """The tests that may judge a mutant, as CTest knows them."""
+def listed(build, wanted, programs):
+    """The tests that may judge a mutant, as CTest knows them; of all programs if `programs` is None."""
     said = subprocess.run(["ctest", "--test-dir", build, "--show-only=json-v1"], capture_output=True, text=True,
                           check=True).stdout
     tests, expanded = [], set()
@@ -44,6 +44,8 @@ def listed(build, wanted):
         # What is no program of this build has nothing to do with a mutant: a script over the sources, for instance.
         labels = set(properties.get("LABELS", []))
         if not command or not labels & wanted or not command[0].startswith(build):
+            continue
+        if programs is not None and os.path.basename(command[0]) not in programs:
             continue
         if not os.path.exists(command[0]) or "PASS_REGULAR_EXPRESSION" in properties:
             continue
@@ -115,41 +117,36 @@ class Run:
 class Jury:
     """The tests, and what each of them comes past."""
 
-    def __init__(self, workspace, count, jobs, scenarios):
+    def __init__(self, workspace, count, jobs, scenarios, programs, asked):
         self.workspace, self.count, self.jobs = workspace, count, jobs
-        self.withScenarios = scenarios
-        self.tests = listed(workspace.build, WITHOUT_SCREEN | {"scenarios"})
+        labels = WITHOUT_SCREEN | {"scenarios"} if scenarios else WITHOUT_SCREEN
+        self.tests = [test for test in listed(workspace.build, labels, programs) if re.search(asked, test.name)]
         self.killers = defaultdict(list)  # Of a function's mutants so far, the latest first.
         self.together = {}  # Program -> whether its tests pass in one process as they do in many.
 
     # ---- The run without a mutant
 
-    def prepare(self, key):
-        """Runs each test by itself without a mutant; again only if `key` has changed since."""
+    def prepare(self, keyOf):
+        """Runs each test by itself without a mutant; again only if the key of its program has changed since."""
         cache = os.path.join(self.workspace.folder, "baseline.pickle")
+        known = {}  # Name -> key, test, whether it passes.
         if os.path.exists(cache):
             with open(cache, "rb") as file:
-                known, tests, together = pickle.load(file)
-            if known == key:
-                self.tests, self.together = tests, together
-                return self.choose()
+                known = pickle.load(file)
+        anew = [test for test in self.tests if known.get(test.name, ("",))[0] != keyOf(test.command[0])]
         with ThreadPoolExecutor(self.jobs) as pool:
-            passed = list(pool.map(self.try_alone, self.tests))
-        for test, isGood in zip(self.tests, passed):
-            if not isGood:
+            for test, isGood in zip(anew, pool.map(self.try_alone, anew)):
+                known[test.name] = keyOf(test.command[0]), test, isGood
+        with open(cache, "wb") as file:
+            pickle.dump(known, file)
+        for test in self.tests:
+            if not known[test.name][2]:
                 print(f"left out, since it fails without a mutant: {test.name}", flush=True)
-        self.tests = [test for test, isGood in zip(self.tests, passed) if isGood]
+        self.tests = [known[test.name][1] for test in self.tests if known[test.name][2]]
         for program, tests in self.by_program(self.tests).items():
             self.together[program] = len(tests) == 1 or self.in_one(tests).passes(tests[0].complaint)
             if not self.together[program]:
                 print(f"one test at a time, since they fail together: {os.path.basename(program)}", flush=True)
-        with open(cache, "wb") as file:
-            pickle.dump((key, self.tests, self.together), file)
-        self.choose()
-
-    def choose(self):
-        if not self.withScenarios:
-            self.tests = [test for test in self.tests if test.filter or not test.name.startswith("scenario.")]
 
     def try_alone(self, test):
         with tempfile.NamedTemporaryFile() as reached:

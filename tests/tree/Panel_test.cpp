@@ -73,6 +73,20 @@ TEST_F(Panel, SetsItsTreeUp)
     EXPECT_TRUE(view().isRootItemVisible());
     EXPECT_EQ(view().getViewport()->getScrollBarThickness(), 8);
     EXPECT_EQ(view().findColour(0x1000501), juce::Colours::white);
+    EXPECT_FALSE(view().getViewport()->getWantsKeyboardFocus());
+}
+
+TEST_F(Panel, KeepsItsColoursUnderAnyLookAndFeel)
+{
+    juce::LookAndFeel_V4 red;
+    for (int id = 0x1000500; id < 0x1000508; ++id)
+        red.setColour(id, juce::Colours::red);
+    view().setLookAndFeel(&red);
+    for (const int id : {juce::TreeView::selectedItemBackgroundColourId, juce::TreeView::oddItemsColourId,
+                         juce::TreeView::evenItemsColourId})
+        EXPECT_EQ(view().findColour(id), juce::Colours::transparentBlack);
+    EXPECT_EQ(view().findColour(juce::TreeView::backgroundColourId), juce::Colours::red);
+    view().setLookAndFeel(nullptr);
 }
 
 TEST_F(Panel, LaysOutWithTheToolbar)
@@ -235,6 +249,10 @@ TEST_F(Panel, LeavesItsRowsToJuceWhenItGoes)
     // Still alive, and in no view; it ends when JUCE does.
     EXPECT_EQ(left->getOwnerView(), nullptr);
     EXPECT_EQ(left->getNumSubItems(), 2);
+    const juce::ValueTree document = left->getNode();
+    JuceGlobalShutDown();
+    EXPECT_EQ(document.getReferenceCount(), 1);
+    JuceGlobalInit();
 }
 
 TEST_F(Panel, GoesWithoutRowsAsWell)

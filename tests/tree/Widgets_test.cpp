@@ -195,6 +195,7 @@ TEST_F(Label, PaintsItsTextOnALightBlueField)
     const auto corner = picture.getPixelAt(0, 0);
     const auto edge = picture.getPixelAt(picture.getWidth() / 2, 1);
     EXPECT_LT(corner.getAlpha(), edge.getAlpha());
+    EXPECT_EQ(picture.getPixelAt(2, 0), edge) << "the corners are rounded by two pixels";
     EXPECT_NEAR(edge.getAlpha(), 204, 2);
     EXPECT_NEAR(edge.getRed(), juce::Colours::lightblue.getRed(), 2);
     EXPECT_NEAR(edge.getBlue(), juce::Colours::lightblue.getBlue(), 2);
@@ -281,6 +282,14 @@ TEST_F(Button, IsDarkGreyWithLightText)
             lightest = std::max<int>(lightest, picture.getPixelAt(x, y).getRed());
     EXPECT_GT(lightest, 150);
     EXPECT_LE(lightest, 204);
+    juce::Image expected(juce::Image::ARGB, 100, 15, true);
+    juce::Graphics g(expected);
+    g.fillAll(ground);
+    g.setColour(juce::Colour::greyLevel(0.8f));
+    g.drawFittedText("Add Group", 5, 4, 90, 7, juce::Justification::left, 2, 0.0f);
+    for (int x = 0; x < 100; ++x)
+        for (int y = 0; y < 15; ++y)
+            ASSERT_EQ(picture.getPixelAt(x, y), expected.getPixelAt(x, y)) << x << ", " << y;
     // The text keeps to its field.
     for (int x = 0; x < 5; ++x)
         for (int y = 0; y < 15; ++y)
