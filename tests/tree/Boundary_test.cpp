@@ -243,7 +243,7 @@ TEST_F(Boundary, HashesTheItemsThatTheTreeHasNow)
     for (const auto& items : {first, second, first})
     {
         RefreshTree(panel, items);
-        for (const std::uint64_t seed : {5u, 6u, 5u})
+        for (const std::uint64_t seed : {5u, 0u, 6u, 5u})
             EXPECT_EQ(HashTreeItems(panel, seed), CalcItemsHash(seed, GetItemsFromTree(panel)));
     }
     ClearTree(panel);
@@ -258,6 +258,8 @@ TEST_F(Boundary, HashesTheOrderButNotTheSelection)
     EXPECT_EQ(HashTreeItems(panel, 0), start);
     node("a").getParent().moveChild(0, 1, nullptr);
     EXPECT_NE(HashTreeItems(panel, 0), start);
+    EXPECT_EQ(HashTreeItems(panel, 0), CalcItemsHash(0, GetItemsFromTree(panel)));
+    node("Layer").appendChild(node("a").createCopy(), nullptr);
     EXPECT_EQ(HashTreeItems(panel, 0), CalcItemsHash(0, GetItemsFromTree(panel)));
 }
 

@@ -27,6 +27,41 @@ protected:
 
     std::vector<int> actives() { return activesOf(GetItemsFromTree(panel)); }
 };
+
+/// The mouse over the open/close box of a group, in a tree that is too long for the view.
+class AHover : public HeadlessHands
+{
+protected:
+    AHover()
+    {
+        std::vector<ObjectItem> many;
+        for (int i = 1; i <= 30; ++i)
+            many.push_back(object(i, "row " + std::to_string(i), i == 9 ? 1 : 0));
+        show(many);
+        plain = box();
+        moveTo(placeOfBox());
+        EXPECT_NE(box(), plain);
+    }
+
+    juce::Point<int> placeOfBox()
+    {
+        return row("Group 1").getItemPosition(true).getPosition() + juce::Point<int>(-10, 10);
+    }
+
+    /// The pixels around the box. No message is delivered, since JUCE sends itself a move of the mouse.
+    std::vector<juce::uint32> box()
+    {
+        const auto image =
+            view().createComponentSnapshot(juce::Rectangle<int>(16, 16).withCentre(placeOfBox()));
+        std::vector<juce::uint32> pixels;
+        for (int y = 0; y < image.getHeight(); ++y)
+            for (int x = 0; x < image.getWidth(); ++x)
+                pixels.push_back(image.getPixelAt(x, y).getARGB());
+        return pixels;
+    }
+
+    std::vector<juce::uint32> plain;
+};
 } // namespace
 
 TEST_F(AClick, SwitchesByTheBoxAlone)
@@ -40,6 +75,7 @@ TEST_F(AClick, SwitchesByTheBoxAlone)
         {{Part::text, "Group 1", Key::none, {}}, "Layer(a b Group 1*(c d) x e)", {1, 1, 1, 1, 1}},
         {{Part::box, "Group 1", Key::none, {}}, "Layer(a b Group 1*(c d) x e)", {1, 1, 0, 0, 1}},
         {{Part::box, "c", Key::shift, {"b"}}, "Layer(a b* Group 1*(c* d) x e)", {1, 1, 0, 1, 1}},
+        {{Part::text, "e", Key::shift, {"a", "e"}}, "Layer(a* b Group 1(c d) x e*)", {1, 1, 1, 1, 1}},
         {{Part::box, "Layer", Key::none, {}}, "Layer*(a b Group 1(c d) x e)", {1, 1, 1, 1, 1}}};
     for (const auto& each : cases)
     {
@@ -89,6 +125,30 @@ TEST_F(AClick, CountsFromTheRowsFirstColumn)
     }
 }
 
+TEST_F(AClick, OpensAndClosesWithTheSecondAndFourth)
+{
+    show(items);
+    for (const char* expected : {"Layer(a b Group 1*(c d) x e)", "Layer(a b Group 1*+ x e)",
+                                 "Layer(a b Group 1*+ x e)", "Layer(a b Group 1*(c d) x e)"})
+    {
+        press(placeOf({Part::text, "Group 1"}));
+        letGo();
+        EXPECT_EQ(shape(), expected);
+    }
+}
+
+TEST_F(AClick, SwitchesInAScrolledTree)
+{
+    std::vector<ObjectItem> many;
+    for (int i = 1; i <= 60; ++i)
+        many.push_back(object(i, "row " + std::to_string(i)));
+    show(many);
+    view().getViewport()->setViewPosition(0, 405);
+    press(placeOf({Part::box, "row 30"}));
+    letGo();
+    EXPECT_EQ(static_cast<int>(node("row 30")[TreeIds::active]), 0);
+}
+
 TEST_F(AClick, PaintsTheRowAgain)
 {
     show(items);
@@ -99,4 +159,44 @@ TEST_F(AClick, PaintsTheRowAgain)
     const juce::Point<int> centre = placeOf({Part::box, "x"});
     EXPECT_NE(view().createComponentSnapshot(view().getLocalBounds()).getPixelAt(centre.x, centre.y),
               before.getPixelAt(centre.x, centre.y));
+}
+
+// JUCE paints the open/close box under the mouse in a stronger colour.
+
+TEST_F(AHover, IsForgottenWhenTheViewChangesItsSize)
+{
+    panel->setSize(400, 300);
+    EXPECT_EQ(box(), plain);
+}
+
+TEST_F(AHover, IsForgottenWhenRowsScroll)
+{
+    view().getViewport()->setViewPosition(0, 40);
+    EXPECT_EQ(box(), plain);
+}
+
+TEST_F(AHover, IsForgottenBeforeItsRowGoes)
+{
+    panel->setSize(400, 120);
+    ASSERT_EQ(view().getItemComponent(&row("Group 1")), nullptr);
+    panel->setSize(400, 420);
+    EXPECT_EQ(box(), plain);
+    moveTo({300, 10});
+    EXPECT_EQ(box(), plain);
+}
+
+TEST_F(AHover, IsForgottenWhenTheMouseLeaves)
+{
+    moveTo({300, -40});
+    EXPECT_EQ(box(), plain);
+}
+
+TEST_F(AHover, IsForgottenByTheReleaseElsewhere)
+{
+    press(placeOfBox());
+    moveTo(placeOfBox().translated(100, 0));
+    letGo();
+    const auto released = box();
+    moveTo({300, -40});
+    EXPECT_EQ(box(), released);
 }

@@ -177,6 +177,7 @@ TEST_F(DragStart, SelectsItsRowInARebuiltTree)
         dragTo(place + far);
         EXPECT_EQ(shape(), each.after);
         EXPECT_EQ(starts.back().description, "Object");
+        expectSamePicture(starts.back().picture.getImage(), pictureOf(row("b"), 2.0f));
         finish();
         passTime();
     }

@@ -136,8 +136,13 @@ TEST_F(Focus, LeavesTheClickedNameFieldForTheTree)
     press(view().renameEditor->getBounds().getCentre());
     letGo();
     ASSERT_TRUE(view().renameEditor->hasKeyboardFocus(false));
+    bool isJuceTold = false;
+    view().renameEditor->onFocusLost = [&isJuceTold] { isJuceTold = true; };
     view().grabKeyboardFocus();
     EXPECT_TRUE(view().hasKeyboardFocus(false));
+    pump();
+    EXPECT_TRUE(isJuceTold);
+    view().renameEditor->onFocusLost = nullptr;
 }
 
 TEST_F(Focus, GoesToAClickFromAnotherWindow)
@@ -168,7 +173,6 @@ TEST_F(Focus, GoesToAClickFromAnotherWindow)
 
 TEST_F(DragEnd, BringsTheKeyboardAtTheRelease)
 {
-    panel->dragOperationStarted(details);
     panel->dragOperationStarted(details);
     EXPECT_FALSE(isTreeFocused());
     releaseAndWait();
@@ -207,9 +211,14 @@ TEST_F(DragEnd, BringsNothingToAHiddenTree)
 
 TEST_F(DragEnd, BringsNothingOnceItsWatchIsOver)
 {
-    Erased<DragFocus> watch(view());
-    watch->dragStarted();
-    watch.end();
+    Erased<DragFocus> dragged(view());
+    dragged->dragStarted();
+    dragged.end();
+    Erased<DragFocus> dropped(view());
+    dropped->dragStarted();
+    dropped->dragEnded();
+    dropped.end();
+    juce::Component::unfocusAllComponents();
     releaseAndWait();
     EXPECT_FALSE(isTreeFocused());
 }
@@ -265,4 +274,36 @@ TEST_F(Focus, IsNobodysWithoutAWindow)
     for (const auto owner : {KeyboardOwner::panel, KeyboardOwner::host, KeyboardOwner::panel})
         unshown->panelKeys.startEvent(owner);
     EXPECT_EQ(focused(), nullptr);
+}
+
+TEST_F(Focus, GoesWithAnUnusedTabAlone)
+{
+    show({object(1, "a")});
+    const juce::KeyPress tab(juce::KeyPress::tabKey);
+    view().grabKeyboardFocus();
+    EXPECT_FALSE(panel->keyPressed(tab));
+    EXPECT_EQ(focused(), &view()) << "of an event that nobody has told of";
+    panel->panelKeys.startEvent(KeyboardOwner::panel);
+    EXPECT_FALSE(panel->keyPressed(juce::KeyPress(juce::KeyPress::F5Key)));
+    EXPECT_EQ(focused(), &view());
+    EXPECT_FALSE(panel->keyPressed(tab));
+    EXPECT_EQ(focused(), nullptr);
+}
+
+TEST_F(Focus, LeavesItsKeysWhereItWas)
+{
+    show({object(1, "a")});
+    select({"a"});
+    (void)outputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
+    auto& field = *view().renameEditor;
+    field.setText("typed", false);
+    field.grabKeyboardFocus();
+    window->getPeer()->handleFocusLoss();
+    // What the field has no use for is the tree's.
+    EXPECT_EQ(outputOf([this] { (void)panel->keyPressed(juce::KeyPress(juce::KeyPress::F5Key)); }),
+              "Key Pressed\n");
+    EXPECT_EQ(outputOf([this] { EXPECT_TRUE(panel->keyPressed(juce::KeyPress(juce::KeyPress::returnKey))); }),
+              "");
+    EXPECT_FALSE(field.isVisible());
+    EXPECT_EQ(shape(), "Layer(typed*)");
 }

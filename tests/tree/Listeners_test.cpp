@@ -36,6 +36,21 @@ protected:
     juce::TreeView plain{"plain"};
     std::unique_ptr<HeadlessWindow> window;
 };
+
+/// Counts the components of rows that are there when it goes.
+class LastRow : public juce::TreeViewItem
+{
+public:
+    LastRow(const juce::TreeView& shownIn, int& countToSet) : view(shownIn), count(countToSet) {}
+    ~LastRow() override { count = view.getViewport()->getViewedComponent()->getNumChildComponents(); }
+
+    bool mightContainSubItems() override { return false; }
+    juce::String getUniqueName() const override { return "last"; }
+
+private:
+    const juce::TreeView& view;
+    int& count;
+};
 } // namespace
 
 TEST_F(Listeners, OfAPressAreNoneAfterItsEnd)
@@ -76,17 +91,22 @@ TEST_F(Listeners, OfLeftRowsAreNoneAfterTheirEnd)
 
 TEST_F(Listeners, OfLeftRowsGoWithTheButton)
 {
-    RetiredRows rows(plain);
-    showRow();
-    window->press({50, 10});
-    std::unique_ptr<juce::TreeViewItem> root(plain.getRootItem());
-    plain.setRootItem(nullptr);
-    rows.keep(std::move(root));
-    rows.keep(nullptr);
-    EXPECT_EQ(rows.size(), 1);
-    window->release();
-    EXPECT_EQ(rows.size(), 1) << "JUCE still handles the release";
+    Erased<RetiredRows> rows(plain);
+    int componentsAtItsEnd = -1;
+    auto root = std::make_unique<LastRow>(plain, componentsAtItsEnd);
+    plain.setRootItem(root.get());
     pump();
-    EXPECT_EQ(rows.size(), 0);
-    EXPECT_EQ(plain.getViewport()->getViewedComponent()->getNumChildComponents(), 0);
+    window->press({50, 10});
+    plain.setRootItem(nullptr);
+    rows->keep(std::move(root));
+    rows->keep(nullptr);
+    EXPECT_EQ(rows->size(), 1);
+    window->release();
+    EXPECT_EQ(rows->size(), 1) << "JUCE still handles the release";
+    pump();
+    EXPECT_EQ(rows->size(), 0);
+    EXPECT_EQ(componentsAtItsEnd, 0) << "none may ask for its row any more";
+    rows.end();
+    window->press({50, 10});
+    window->release();
 }

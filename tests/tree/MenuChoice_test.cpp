@@ -2,6 +2,7 @@
 // the linker's to lead here.
 
 #include "tests/tree/support/TreeTest.h"
+#include "tree/MenuLoop.h"
 
 #include <functional>
 #include <string>
@@ -128,11 +129,17 @@ TEST_F(MenuChoice, IsLeftOutWhereThereIsNone)
 TEST_F(MenuChoice, DoesNothingAfterTheEndOfThePanel)
 {
     open(panel->geometryButton);
-    open(panel->rendererButton);
     deleteWidget();
     EXPECT_EQ(dismissals, 1);
     menus[0].choose(1);
-    menus[1].choose(1);
+}
+
+TEST_F(MenuChoice, IsEndedWithJuce)
+{
+    deleteWidget();
+    const MenuLoop loop;
+    JuceGlobalShutDown();
+    EXPECT_EQ(dismissals, 1);
 }
 
 TEST_F(MenuChoice, EndsNoMenuOfAnotherPanel)

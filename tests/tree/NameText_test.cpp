@@ -44,8 +44,9 @@ TEST(NameText, KeepsTheFirstAndLastOfEachLength)
 
 TEST(NameText, EscapesEachByteThatIsNotText)
 {
-    for (const std::string bytes : {"\xed\xa0\x80", "\xed\xbf\xbf", "\xe0\x9f\xbf", "\xf4\x90\x80\x80",
-                                    "\xf0\x8f\xbf\xbf", "\xf4\x8f\xb8\x80", "\xf4\x8f\xbb\xbf", "\xc1\xbf"})
+    for (const std::string bytes :
+         {"\xed\xa0\x80", "\xed\xbf\xbf", "\xe0\x9f\xbf", "\xf4\x90\x80\x80", "\xf0\x8f\xbf\xbf",
+          "\xf4\x8f\xb8\x80", "\xf4\x8f\xbb\xbf", "\xc1\xbf", "\x84\x80\x80\x80"})
         EXPECT_EQ(TextFromBytes(bytes).length(), static_cast<int>(bytes.size())) << bytes;
 }
 

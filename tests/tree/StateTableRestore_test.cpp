@@ -199,30 +199,32 @@ TEST_F(StateTable, RestoresEachRowOfAGroup)
 
 TEST_F(StateTable, OpensAGroupToSelectWhatIsInIt)
 {
-    show(1, {object(1, "Group 1"), object(2, "a", 1)});
+    show(1, {object(1, "Group 1"), object(2, "a", 1), object(3, "z")});
     root()->getSubItem(0)->setOpen(false);
     select({"a"});
     cache(1);
     // The group takes the state of the object of its name, as the first of them does.
-    show(1, {object(2, "a", 1)});
-    EXPECT_EQ(shape(), "Layer(Group 1(a*))");
+    show(1, {object(2, "a", 1), object(3, "z")});
+    EXPECT_EQ(shape(), "Layer(Group 1(a*) z)");
 }
 
 TEST_F(StateTable, LaysRestoredRowsOutAtOnce)
 {
     auto* rows = view().getViewport()->getViewedComponent();
+    std::vector<ObjectItem> items = manyItems("a", 40);
+    for (auto& item : items)
+        item.group = item.group == 2 ? 0 : item.group;
     for (const int width : {40, 60, 80, 100, 120, 300})
         for (const bool isClosed : {false, true})
         {
             SCOPED_TRACE(std::to_string(width) + (isClosed ? ", closed" : ", open"));
             panel->setBounds(0, 0, width, 260);
-            show(1, manyItems("a", 40));
+            show(1, items);
             row("Group 1").setOpen(!isClosed);
-            row("Group 2").setOpen(!isClosed);
-            scrollTo(10000);
+            pump();
             view().getViewport()->setViewPosition(10000, 10000);
             cache(1);
-            RefreshTree(panel, manyItems("a", 40));
+            RefreshTree(panel, items);
             apply(1);
             const auto restored = rows->getBounds();
             EXPECT_EQ(rows->getHeight(), 20 * view().getNumRowsInTree());
@@ -240,7 +242,13 @@ TEST_F(StateTable, LeavesTheRowsOfATreeScrolledSideways)
     view().getViewport()->setViewPosition(10000, 100);
     const auto before = rows->getBounds();
     ASSERT_LT(before.getX(), 0);
+    const juce::Component::SafePointer<juce::Component> component(view().getItemComponent(&row("a5")));
+    ASSERT_NE(component, nullptr);
     cache(1);
     apply(1);
     EXPECT_EQ(rows->getBounds(), before);
+    EXPECT_NE(component, nullptr) << "it is laid out already";
+    cache(1);
+    row("a5").setOpen(false);
+    EXPECT_TRUE(didChange(1)) << "the state was used up, and stored anew";
 }

@@ -138,6 +138,14 @@ TEST_F(StateTable, NoticesScrollingBackToAnEarlierPlace)
     EXPECT_TRUE(didChange(1));
 }
 
+TEST_F(StateTable, NoticesThatTheLastRowHasGone)
+{
+    RefreshTree(panel, {object(1, "a")});
+    cache(1);
+    node("Layer").removeChild(0, nullptr);
+    EXPECT_TRUE(didChange(1));
+}
+
 TEST_F(StateTable, NoticesEachRowOfAGroup)
 {
     for (const char* name : {"a1", "a2", "a4"})

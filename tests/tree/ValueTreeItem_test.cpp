@@ -154,6 +154,14 @@ TEST_F(Rows, FollowANodeThatIsAdded)
     EXPECT_EQ(shape(), "Layer(Group 1(a new))");
 }
 
+TEST_F(Rows, OpenForANodeThatIsAdded)
+{
+    build({object(1, "a", 1)});
+    row("Group 1").setOpen(false);
+    node("Group 1").appendChild(ValueTreesDemo::createTree("Object", "new"), nullptr);
+    EXPECT_EQ(shape(), "Layer(Group 1(a new))");
+}
+
 TEST_F(Rows, FollowANodeThatIsRemoved)
 {
     build({object(1, "a", 1), object(2, "b", 1)});
