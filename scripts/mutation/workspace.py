@@ -89,7 +89,7 @@ class Workspace:
         return done.returncode, done.stdout
 
     def others(self):
-        """What decides on a test beside its program: the bundle, and the files that tests read."""
+        """What a test depends on besides its program: the bundle, and the files that tests read."""
         data = ("tests/scenarios/", "fuzz/corpus/", "samples/", "docs/")
         paths = [os.path.join(self.source, name) for name in self.files if name.startswith(data)]
         paths = [path for path in paths + [os.path.join(self.build, "VortanObjectPanel.so")] if os.path.exists(path)]

@@ -12,7 +12,13 @@ constexpr const char* off = "an effect that was not read counts as switched off"
 constexpr const char* noAnswer = "an effect that could not be asked answers no group";
 constexpr const char* noPlace = "an effect whose identity is not known is not put in its place";
 constexpr const char* undeleted = "the order of the panel is written without the effect that was not deleted";
+constexpr const char* otherTree =
+    "what passes for another layer's tree is compared in full, and the order of the rows is written";
 constexpr const char* lost = "a row whose effect was not recognised is made anew, and is not selected";
+constexpr const char* refused =
+    "where an edit was refused, the rows keep a name or a selection that the layer does not know";
+constexpr const char* misread =
+    "a row that was read under another name is not found again by it, and is not selected";
 constexpr const char* emptied =
     "a tree that was emptied, or is another layer's, has no selection to bring back";
 constexpr const char* scan = "the search for a place goes on with the effect that was read last";
@@ -59,6 +65,11 @@ const std::vector<Allowance>& Allowances()
         {"AcquireSuite", Fate::orderMixed, undeleted},
         {"operator new", Fate::orderMixed, undeleted},
 
+        {"AEGP_IsShown", Fate::orderOfRows, otherTree},
+        {"AEGP_GetActiveItem", Fate::orderOfRows, otherTree},
+        {"AEGP_GetActiveLayer", Fate::orderOfRows, otherTree},
+        {"AEGP_GetLayerID", Fate::orderOfRows, otherTree},
+
         {"AEGP_ConvertLayerToCompTime", Fate::hiddenWrongly, lost},
         {"AEGP_GetLayerNumEffects", Fate::hiddenWrongly, lost},
         {"AEGP_GetLayerEffectByIndex", Fate::hiddenWrongly, lost},
@@ -71,6 +82,17 @@ const std::vector<Allowance>& Allowances()
         {"AEGP_GetActiveLayer", Fate::hiddenWrongly, emptied},
         {"AEGP_GetLayerID", Fate::hiddenWrongly, emptied},
         {"AEGP_SetDynamicStreamFlag", Fate::hiddenWrongly, "the flag is cleared before it is set"},
+        {"AEGP_GetInstalledKeyFromLayerEffect", Fate::hiddenWrongly, misread},
+        {"AEGP_GetEffectMatchName", Fate::hiddenWrongly,
+         "a main effect that was not recognised counts as one of the others"},
+        {"AEGP_GetNewEffectStreamByIndex", Fate::hiddenWrongly, misread},
+        {"AEGP_GetNewParentStreamRef", Fate::hiddenWrongly, misread},
+        {"AEGP_GetStreamName", Fate::hiddenWrongly, misread},
+        {"AEGP_StartUndoGroup", Fate::hiddenAfterRefusal, refused},
+        {"AEGP_SetStreamName", Fate::hiddenAfterRefusal, refused},
+        {"AEGP_ReorderEffect", Fate::hiddenAfterRefusal, refused},
+        {"AEGP_DeleteLayerEffect", Fate::hiddenAfterRefusal, refused},
+        {"AcquireSuite", Fate::hiddenAfterRefusal, refused},
         {"AEGP_SetDynamicStreamFlag", Fate::parameterHidden,
          "the first parameter is hidden and shown to open the effect"},
         {"AEGP_GetLayerNumEffects", Fate::outsiderHidden,
@@ -105,12 +127,16 @@ const char* TextOf(Fate fate)
         return "has left its group";
     case Fate::hiddenWrongly:
         return "is hidden or shown";
+    case Fate::hiddenAfterRefusal:
+        return "is hidden or shown after an edit was refused";
     case Fate::parameterHidden:
         return "has its first parameter hidden";
     case Fate::outsiderHidden:
         return "is hidden or shown although it is from outside";
     case Fate::orderMixed:
         return "stands in a mixed order";
+    case Fate::orderOfRows:
+        return "stands in the order of the rows";
     case Fate::newElsewhere:
         return "was added at another place";
     }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <set>
 
 namespace standin::check
@@ -86,13 +87,22 @@ private:
             fates.violation = what;
     }
 
-    /// Notes the row that allows it, or the violation.
-    void meet(Fate fate, const std::string& what)
+    /// Null if no row does.
+    const Allowance* rowAllowing(Fate fate) const
     {
         for (const Allowance& row : Allowances())
             if (row.fate == fate && failed.count(row.function) != 0)
-                return fates.needed.push_back(&row);
-        violate(what);
+                return &row;
+        return nullptr;
+    }
+
+    /// Notes the row that allows it, or the violation.
+    void meet(Fate fate, const std::string& what)
+    {
+        if (const Allowance* row = rowAllowing(fate))
+            fates.needed.push_back(row);
+        else
+            violate(what);
     }
 
     /// Only what was to go may be gone, and only what was to come may have come.
@@ -125,7 +135,8 @@ private:
             return violate(
                 "the order is neither the old one nor the new one, and no step that fails gives it");
         if (!isOldOrWanted)
-            meet(Fate::orderMixed, "the order is neither the old one nor the new one");
+            meet(isOfRows(found) ? Fate::orderOfRows : Fate::orderMixed,
+                 "the order is neither the old one nor the new one");
         if (isOldOrWanted)
             placesOfNew();
     }
@@ -162,20 +173,48 @@ private:
             if (find(wanted, effect.id) == nullptr)
                 doomed.insert(effect.id);
         const StackOrder objects = idsOf(wanted, [](const SeenEffect& effect) { return effect.ofFamily; });
-        const std::set<StackOrder> orders = doomed.empty()
-                                                ? OrdersOfFaultyReorder(old, among(objects, before))
-                                                : OrdersOfFaultyDeletion(old, doomed, among(objects, before));
+        StackOrder left;
+        std::copy_if(old.begin(), old.end(), std::back_inserter(left),
+                     [&](int id) { return doomed.count(id) == 0; });
+        std::set<StackOrder> orders = OrdersOfFaultyReorder(left, among(objects, before));
+        if (!doomed.empty())
+            orders.merge(OrdersOfFaultyDeletion(old, doomed, among(objects, before)));
+        const std::map<int, int> groups = groupsOfObjects();
         return std::any_of(orders.begin(), orders.end(),
-                           [&](const StackOrder& each) { return among(each, after) == found; });
+                           [&](const StackOrder& each)
+                           {
+                               const StackOrder mixed = among(each, after);
+                               return mixed == found || OrderOfRows(mixed, groups) == found;
+                           });
+    }
+
+    std::map<int, int> groupsOfObjects() const
+    {
+        std::map<int, int> groups;
+        for (const SeenEffect& effect : after)
+            if (effect.ofFamily)
+                groups[effect.id] = effect.group;
+        return groups;
+    }
+
+    /// Whether it is the old or the new order as the rows show it, and a row allows that.
+    bool isOfRows(const StackOrder& found) const
+    {
+        if (rowAllowing(Fate::orderOfRows) == nullptr)
+            return false;
+        const std::map<int, int> groups = groupsOfObjects();
+        return found == OrderOfRows(among(idsOf(before, any), after), groups) ||
+               found == OrderOfRows(among(among(idsOf(wanted, any), before), after), groups);
     }
 
     void fields(const SeenEffect& effect)
     {
-        const bool isNew = find(before, effect.id) == nullptr;
-        const SeenEffect target = isNew                                ? newOf(effect)
-                                  : find(wanted, effect.id) != nullptr ? *find(wanted, effect.id)
-                                                                       : *find(before, effect.id);
-        const SeenEffect old = isNew ? asApplied(target) : *find(before, effect.id);
+        const SeenEffect* const former = find(before, effect.id);
+        const SeenEffect* const intended = find(wanted, effect.id);
+        const SeenEffect target = former == nullptr     ? newOf(effect)
+                                  : intended != nullptr ? *intended
+                                                        : *former;
+        const SeenEffect old = former == nullptr ? asApplied(target) : *former;
         const std::string who = "the effect \"" + old.name + "\"";
         if (effect.name != old.name && effect.name != target.name)
             name(effect, who + " is called \"" + effect.name + "\"");
@@ -186,9 +225,22 @@ private:
                    areAllBelowOff(effect) ? Fate::switchedOff : Fate::switchedOffAlone,
                    who + " has the flags " + std::to_string(effect.flags));
         if (effect.hidden != old.hidden && effect.hidden != target.hidden)
-            meet(effect.ofFamily ? Fate::hiddenWrongly : Fate::outsiderHidden,
-                 who + (effect.hidden ? " is hidden" : " is shown"));
+            meet(hidingOf(effect, old, target), who + (effect.hidden ? " is hidden" : " is shown"));
         parameters(effect, old, target, who);
+    }
+
+    Fate hidingOf(const SeenEffect& effect, const SeenEffect& old, const SeenEffect& target) const
+    {
+        if (!effect.ofFamily)
+            return Fate::outsiderHidden;
+        const bool isNameRefused = effect.name == old.name && old.name != target.name;
+        const bool isDeletionRefused =
+            std::any_of(after.begin(), after.end(),
+                        [this](const SeenEffect& each)
+                        { return find(before, each.id) != nullptr && find(wanted, each.id) == nullptr; });
+        const bool isRefusal = isNameRefused || isDeletionRefused;
+        return isRefusal && rowAllowing(Fate::hiddenAfterRefusal) != nullptr ? Fate::hiddenAfterRefusal
+                                                                             : Fate::hiddenWrongly;
     }
 
     /// The new effect that was wanted in its place. The ids of new effects go by the order of their coming.
@@ -285,12 +337,22 @@ SeenProject SeeProject(Host& host)
     return seen;
 }
 
+std::vector<std::string> UndoableLines(const SeenProject& project)
+{
+    std::vector<std::string> lines;
+    for (const auto& [layer, stack] : project.layers)
+        for (const SeenEffect& effect : stack)
+            lines.push_back(std::to_string(layer) + " " + std::to_string(effect.id) + " " + effect.name +
+                            " " + std::to_string(effect.group) + " " + std::to_string(effect.flags));
+    return lines;
+}
+
 ProjectFates JudgeProject(const ComparedProject& compared, const std::vector<CallRecord>& calls,
                           bool isOutOfMemory)
 {
     ProjectFates fates;
     if (compared.after.rest != compared.before.rest && compared.after.rest != compared.wanted.rest)
-        fates.violation = "the project has changed beside the effects";
+        fates.violation = "something other than the effects has changed in the project";
     std::set<std::string> failed = failedFunctions(calls);
     if (isOutOfMemory)
         failed.insert("operator new");

@@ -30,6 +30,8 @@ struct SeenProject
 };
 
 SeenProject SeeProject(Host& host);
+/// A line for each effect, with all that undo brings back.
+std::vector<std::string> UndoableLines(const SeenProject& project);
 
 /// A project before a change, what the change makes of it on a sound host, and what a fault made of it.
 struct ComparedProject
@@ -47,10 +49,12 @@ enum class Fate
     switchedOff,  ///< With every object below it.
     switchedOffAlone,
     leftGroup,
-    hiddenWrongly, ///< Hidden or shown: an effect of the family.
+    hiddenWrongly,      ///< Hidden or shown: an effect of the family.
+    hiddenAfterRefusal, ///< The same where a new name or a deletion was refused.
     parameterHidden,
     outsiderHidden, ///< Hidden or shown: an effect from outside.
     orderMixed,     ///< An order that the steps of the change give when one of them goes wrong.
+    orderOfRows,    ///< The order of the panel's rows, the objects of a group together.
     newElsewhere    ///< An effect that was added stands at another place.
 };
 

@@ -14,12 +14,6 @@ auto withId(int id)
 
 } // namespace
 
-bool ModelEffect::operator==(const ModelEffect& other) const
-{
-    return id == other.id && kind == other.kind && name == other.name && group == other.group &&
-           power == other.power;
-}
-
 StackModel::StackModel(std::vector<ModelStack> theLayers) : layers(std::move(theLayers)) {}
 
 std::vector<std::string> StackModel::UndoNames() const
@@ -56,19 +50,6 @@ ModelEffect* StackModel::inStack(int id)
         return nullptr;
     const auto found = std::find_if(stack().begin(), stack().end(), withId(id));
     return found == stack().end() ? nullptr : &*found;
-}
-
-ModelEffect* StackModel::inRows(int id)
-{
-    for (ModelRow& row : rows)
-    {
-        if (row.kind != ModelRow::Kind::group && row.effect.id == id)
-            return &row.effect;
-        const auto found = std::find_if(row.objects.begin(), row.objects.end(), withId(id));
-        if (found != row.objects.end())
-            return &*found;
-    }
-    return nullptr;
 }
 
 // The host's side.
@@ -142,6 +123,12 @@ void StackModel::PutIntoGroup(int id, int group)
 }
 
 void StackModel::Undo() { layers = steps[--done].before; }
+
+void StackModel::ForgetHistory()
+{
+    steps.clear();
+    done = 0;
+}
 
 void StackModel::Redo() { layers = steps[done++].after; }
 } // namespace standin::check

@@ -3,6 +3,8 @@
 // the host's history, and what the panel writes. It knows nothing of the host and nothing of the bundle, so
 // that a run of both can be held against it.
 
+#include "standin/check/ModelRow.h"
+
 #include <functional>
 #include <map>
 #include <optional>
@@ -12,68 +14,6 @@
 
 namespace standin::check
 {
-/// An effect's place in the order that the panel keeps.
-enum class ModelKind
-{
-    geometry,
-    effector,
-    renderer,
-    main,
-    outside
-};
-
-enum class Power
-{
-    off,
-    on
-};
-
-/// One effect, or one object in the tree.
-struct ModelEffect
-{
-    int id = 0; ///< Stays with the effect, and is never used twice.
-    ModelKind kind = ModelKind::geometry;
-    std::string name;
-    int group = 0; ///< -1 for a rigid one, whatever it is told.
-    Power power = Power::on;
-    bool isRigid = false;
-    bool isSelected = false; ///< Of an object's row. Not compared.
-
-    bool operator==(const ModelEffect& other) const;
-};
-
-using ModelStack = std::vector<ModelEffect>;
-
-/// A row of the tree below the layer's.
-struct ModelRow
-{
-    enum class Kind
-    {
-        object,
-        outside,
-        group
-    };
-
-    Kind kind = Kind::object;
-    ModelEffect effect;      ///< Of an object or an outside effect.
-    std::string title;       ///< Of a group.
-    int number = 0;          ///< Of a group; -1 once it was moved, until the rows are made anew.
-    ModelStack objects{};    ///< Of a group.
-    bool isSelected = false; ///< Of a group.
-    int serial = 0;          ///< Tells groups of one title apart.
-
-    static ModelRow Group(int number);
-};
-
-/// One row: an effect's, a group's, or the layer's, which is none of both.
-struct ModelRowId
-{
-    int effect = 0;
-    int group = -1; ///< Its index among the rows below the layer.
-
-    bool operator==(const ModelRowId& other) const { return effect == other.effect && group == other.group; }
-};
-
 /// What a click makes of the selection.
 enum class Selecting
 {
@@ -102,11 +42,17 @@ public:
     const ModelStack& Stack() const;
     const ModelStack& StackOf(int layer) const { return layers[static_cast<std::size_t>(layer)]; }
     /// Whether the tree shows the layer's row. There may be none below it.
-    bool HasRoot() const { return hasRoot; }
-    const std::vector<ModelRow>& Rows() const { return rows; }
-    /// All rows from the top, the layer's first.
-    std::vector<ModelRowId> AllRows() const;
-    bool IsSelected(const ModelRowId& row) const;
+    bool HasRoot() const { return root.has_value(); }
+    /// The layer's row with all below it. Not without a root.
+    const ModelRow& Root() const { return *root; }
+    /// The rows that are to be seen, from the top; the layer's is the first.
+    std::vector<const ModelRow*> ShownRows() const;
+    /// All of them, also those below a closed row.
+    std::vector<const ModelRow*> AllRows() const;
+    /// Null if there is none.
+    const ModelRow* FindRow(int id) const;
+    bool IsShown(int id) const;
+    bool IsPressed() const { return press.has_value(); }
     /// Whether the toolbar offers objects, or else a main effect alone.
     bool OffersObjects() const { return offersObjects; }
     bool IsHidden(int id) const { return hidden.count(id) != 0; }
@@ -137,6 +83,8 @@ public:
     void SelectLayer(int layer) { active = layer; }
     void OpenItem() { hasItem = true; }
     void CloseItem() { hasItem = false; }
+    /// The host goes on without a history.
+    void ForgetHistory();
     void PutTab(TabPlace place) { tab = place; }
     /// The panel's entry of the Window menu.
     void ChooseEntry();
@@ -144,30 +92,38 @@ public:
     // What a sibling asks for.
     void RequestOpening(bool isForced);
     void RequestRefresh() { isRefreshWanted = true; }
+    bool IsOpeningWanted() const { return isOpeningWanted; }
 
-    // What a user does in the panel. The layer learns of it in Settle.
-    void ClickRow(const ModelRowId& row, Selecting selecting);
+    // What a user does in the panel, to rows that are to be seen. The layer learns of it in Settle.
+    void ClickRow(int id, Selecting selecting);
     void ClickBeside();
+    void ClickTriangle(int id);
+    void DoubleClickRow(int id);
     void PressSelectAll();
     void PressDelete();
     void RenameRow(int id, const std::string& name);
     void ClickBox(int id);
-    void ClickGroupBox(std::size_t row);
     void DeleteRow(int id);
-    void DeleteGroupRow(std::size_t row);
     void AddEmptyGroup();
     void AddFromMenu(ModelEffect effect);
     /// The button of an empty layer, which has no menu.
     void AddMain(ModelEffect effect);
-    /// Where a row is put down: among the rows below the layer, or among the objects of a group.
+    /// The button goes down on a row, or on its box, and stays down.
+    enum class Part
+    {
+        text,
+        box
+    };
+    void Press(int id, Part part, Selecting selecting);
+    void LetGo();
+    /// Where a row is put down: among the rows below the layer or a group.
     struct Target
     {
-        int groupRow = -1; ///< -1 for the layer.
+        int parent = 0;
         std::size_t index = 0;
     };
     /// A row that is selected takes all others that are with it.
     void MoveRow(int id, Target target);
-    void MoveGroupRow(std::size_t row, std::size_t index);
 
     /// Idle passes until one of them has found nothing to do; how many there were.
     int Settle();
@@ -189,13 +145,39 @@ private:
         bool operator==(const Seen& other) const;
     };
 
-    /// How a tree looks: its rows, and which of them are selected.
+    /// How a tree looks: its rows, which of them are open, and the paths of those that are selected.
     struct View
     {
-        std::vector<std::string> rows;
-        std::vector<std::string> selected; ///< Paths.
+        struct Row
+        {
+            std::string name;
+            bool isOpen = true;
+            std::vector<Row> rows; ///< Of an open one.
 
-        bool operator==(const View& other) const { return rows == other.rows && selected == other.selected; }
+            bool operator==(const Row& other) const;
+        };
+        Row root;
+        std::vector<std::string> selected;
+
+        bool operator==(const View& other) const { return root == other.root && selected == other.selected; }
+    };
+    /// What a row stands for, known again when the rows have been made anew: one of so many of its kind and
+    /// name, or an object.
+    struct Known
+    {
+        ModelRow::Kind kind;
+        int id;
+        std::string name;
+        std::size_t place;
+        std::size_t count;
+        int rebuild; ///< In which it was seen.
+    };
+    struct HeldPress
+    {
+        Known row;
+        Selecting selecting;
+        std::vector<Known> range;
+        bool wasSelected;
     };
     enum class PassEnd
     {
@@ -205,22 +187,28 @@ private:
 
     ModelStack& stack() { return layers[static_cast<std::size_t>(active)]; }
     ModelEffect* inStack(int id);
-    ModelEffect* inRows(int id);
     ModelStack listOfRows() const;
+    std::vector<ModelRow*> shownRows();
+    std::vector<int> selectedRows() const;
+    std::vector<int> rangeTo(int id) const;
+    void selectAlone(int id);
+    void selectBy(Selecting selecting, const std::vector<int>& range, int id);
+    void flipBox(int id);
     void takeOut(int id);
-    bool& selection(const ModelRowId& row);
-    std::vector<ModelRowId> selectedRows();
-    std::string titleOf(const ModelRowId& row) const;
-    std::string pathOf(const ModelRowId& row) const;
-    void selectForDrag(const ModelRowId& row);
     void dropSelected(Target target);
-    void dropEffect(int id, int groupSerial, std::size_t& index);
-    void dropGroup(int serial, std::size_t& index);
-    std::ptrdiff_t rowOfSerial(int serial) const;
+    Known knownOf(int id) const;
+    std::vector<int> rowsLike(const Known& known) const;
+    bool isInThisDocument(const Known& known) const;
+    std::optional<int> findAgain(const Known& known) const;
     void change(const std::string& step, const std::function<void()>& what);
     void push(const std::string& name, std::vector<ModelStack> before);
-    void clearRows();
     void makeRows();
+    static std::string pathPart(const ModelRow& row);
+    static View::Row viewOf(const ModelRow& row);
+    static void restoreOpenness(const View::Row& view, ModelRow& row);
+    static ModelRow* findPath(ModelRow& row, const std::string& path);
+    void addSelectedPaths(const ModelRow& row, const std::string& above,
+                          std::vector<std::string>& paths) const;
     std::optional<View> viewNow() const;
     void restoreView();
     void storeView() { views[active + 1] = viewNow(); }
@@ -241,11 +229,11 @@ private:
     TabPlace tab = TabPlace::inFront;
     bool isRefreshWanted = false;
     bool isOpeningWanted = false;
-    bool hasRoot = false;
     bool offersObjects = false;
-    bool isLayerRowSelected = false;
-    std::vector<ModelRow> rows;
-    int lastSerial = 0;
+    std::optional<ModelRow> root;
+    int rebuilds = 0;
+    int lastGroupId = 0;
+    std::optional<HeldPress> press;
     std::map<int, std::optional<View>> views; ///< By layer, counted from 1; 0 for none.
     std::set<int> hidden;
     std::vector<Step> steps;

@@ -55,47 +55,34 @@ bool StackModel::Seen::operator==(const Seen& other) const
 ModelStack StackModel::listOfRows() const
 {
     ModelStack list;
-    for (const ModelRow& row : rows)
-    {
-        if (row.kind == ModelRow::Kind::object)
-            list.push_back(row.effect);
-        list.insert(list.end(), row.objects.begin(), row.objects.end());
-    }
+    for (const ModelRow* row : AllRows())
+        if (row->IsObject())
+            list.push_back(row->effect);
     return list;
-}
-
-void StackModel::clearRows()
-{
-    rows.clear();
-    hasRoot = false;
-    isLayerRowSelected = false;
 }
 
 /// From the layer, fully open and with nothing selected.
 void StackModel::makeRows()
 {
-    clearRows();
-    hasRoot = offersObjects = !Stack().empty();
+    ++rebuilds;
+    root.reset();
+    offersObjects = !Stack().empty();
+    if (Stack().empty())
+        return;
+    root = ModelRow::Layer();
     for (const ModelEffect& effect : Stack())
     {
+        std::vector<ModelRow>& rows = root->rows;
         if (effect.kind == ModelKind::outside || effect.group < 1 || effect.group > highestGroup)
         {
-            const bool isOutside = effect.kind == ModelKind::outside;
-            rows.push_back({isOutside ? ModelRow::Kind::outside : ModelRow::Kind::object, effect, "", 0, {}});
-            rows.back().effect.isSelected = false;
+            rows.push_back(ModelRow::Of(effect));
             continue;
         }
-        auto group = std::find_if(rows.begin(), rows.end(),
-                                  [&](const ModelRow& row) {
-                                      return row.kind == ModelRow::Kind::group && row.number == effect.group;
-                                  });
+        auto group = std::find_if(rows.begin(), rows.end(), [&](const ModelRow& row)
+                                  { return row.IsGroup() && row.number == effect.group; });
         if (group == rows.end())
-        {
-            group = rows.insert(rows.end(), ModelRow::Group(effect.group));
-            group->serial = ++lastSerial;
-        }
-        group->objects.push_back(effect);
-        group->objects.back().isSelected = false;
+            group = rows.insert(rows.end(), ModelRow::Group(effect.group, --lastGroupId));
+        group->rows.push_back(ModelRow::Of(effect));
     }
 }
 
@@ -222,80 +209,18 @@ bool StackModel::carryTreeToLayer()
     return true;
 }
 
-// How each layer's tree looked.
-
-std::string StackModel::pathOf(const ModelRowId& row) const
-{
-    const auto part = [&](const ModelRowId& of)
-    {
-        std::string title = titleOf(of);
-        std::replace(title.begin(), title.end(), '/', '\\');
-        return "/" + title;
-    };
-    std::string path = "/Layer";
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        for (const ModelEffect& object : rows[i].objects)
-            if (object.id == row.effect)
-                path += part({0, static_cast<int>(i)});
-    return row == ModelRowId{} ? path : path + part(row);
-}
-
-std::optional<StackModel::View> StackModel::viewNow() const
-{
-    if (!hasRoot)
-        return {};
-    View view;
-    for (const ModelRow& row : rows)
-    {
-        view.rows.push_back("1" + (row.kind == ModelRow::Kind::group ? row.title : row.effect.name));
-        for (const ModelEffect& object : row.objects)
-            view.rows.push_back("2" + object.name);
-    }
-    for (const ModelRowId& row : AllRows())
-        if (IsSelected(row))
-            view.selected.push_back(pathOf(row));
-    return view;
-}
-
-/// A view is used up by it. The first row of a path is taken for all of them.
-void StackModel::restoreView()
-{
-    const auto entry = views.find(active + 1);
-    if (entry == views.end())
-        return;
-    const std::optional<View> view = std::exchange(entry->second, {});
-    if (!view || !hasRoot)
-        return;
-    ClickBeside();
-    const std::vector<ModelRowId> all = AllRows();
-    for (const std::string& path : view->selected)
-    {
-        const auto found =
-            std::find_if(all.begin(), all.end(), [&](const ModelRowId& row) { return pathOf(row) == path; });
-        if (found != all.end())
-            selection(*found) = true;
-    }
-}
-
-bool StackModel::isViewChanged() const
-{
-    const auto entry = views.find(active + 1);
-    return active >= 0 && entry != views.end() && entry->second && !(entry->second == viewNow());
-}
-
 /// Objects that are selected are shown, and the others hidden. A main effect is never hidden, an outside
 /// effect never touched.
 void StackModel::pushSelection()
 {
     std::set<int> selected;
-    for (const ModelRow& row : rows)
-    {
-        if (row.kind == ModelRow::Kind::object && (row.effect.isSelected || isLayerRowSelected))
-            selected.insert(row.effect.id);
-        for (const ModelEffect& object : row.objects)
-            if (object.isSelected || row.isSelected || isLayerRowSelected)
-                selected.insert(object.id);
-    }
+    for (const int id : selectedRows())
+        FindRow(id)->ForEach(
+            [&](const ModelRow& row, int)
+            {
+                if (row.IsObject())
+                    selected.insert(row.id);
+            });
     for (const ModelEffect& effect : Stack())
     {
         if (effect.kind == ModelKind::outside)
@@ -333,7 +258,7 @@ StackModel::PassEnd StackModel::passInFront(bool isForced)
 {
     if (!hasItem)
     {
-        clearRows();
+        root.reset();
         views.clear();
         printed.emplace_back("No active item");
         return PassEnd::quiet;
@@ -370,7 +295,7 @@ StackModel::PassEnd StackModel::pass()
         ChooseEntry();
     }
     if (tab == TabPlace::closed)
-        clearRows();
+        root.reset();
     if (tab != TabPlace::inFront)
         return isBusy ? PassEnd::busy : PassEnd::quiet;
     return passInFront(isForced) == PassEnd::busy || isBusy ? PassEnd::busy : PassEnd::quiet;

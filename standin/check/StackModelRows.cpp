@@ -3,7 +3,6 @@
 #include "standin/check/StackModel.h"
 
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 namespace standin::check
@@ -11,182 +10,182 @@ namespace standin::check
 namespace
 {
 constexpr int highestGroup = 10;
-
-auto withId(int id)
-{
-    return [id](const ModelEffect& effect) { return effect.id == id; };
-}
-
-bool isRowOf(const ModelRow& row, int id) { return row.kind != ModelRow::Kind::group && row.effect.id == id; }
 } // namespace
 
-ModelRow ModelRow::Group(int number)
+std::vector<const ModelRow*> StackModel::ShownRows() const
 {
-    ModelRow row;
-    row.kind = Kind::group;
-    row.title = "Group " + std::to_string(number);
-    row.number = number;
-    return row;
+    std::vector<const ModelRow*> shown;
+    if (root)
+        root->ForEachShown([&](const ModelRow& row, int) { shown.push_back(&row); });
+    return shown;
 }
 
-std::vector<ModelRowId> StackModel::AllRows() const
+std::vector<const ModelRow*> StackModel::AllRows() const
 {
-    std::vector<ModelRowId> all;
-    if (!hasRoot)
-        return all;
-    all.emplace_back();
-    for (std::size_t i = 0; i < rows.size(); ++i)
-    {
-        if (rows[i].kind != ModelRow::Kind::group)
-            all.push_back({rows[i].effect.id, -1});
-        else
-            all.push_back({0, static_cast<int>(i)});
-        for (const ModelEffect& object : rows[i].objects)
-            all.push_back({object.id, -1});
-    }
+    std::vector<const ModelRow*> all;
+    if (root)
+        root->ForEach([&](const ModelRow& row, int) { all.push_back(&row); });
     return all;
 }
 
-bool& StackModel::selection(const ModelRowId& row)
+std::vector<ModelRow*> StackModel::shownRows()
 {
-    if (row.group >= 0)
-        return rows[static_cast<std::size_t>(row.group)].isSelected;
-    return row.effect == 0 ? isLayerRowSelected : inRows(row.effect)->isSelected;
+    std::vector<ModelRow*> shown;
+    for (const ModelRow* row : ShownRows())
+        shown.push_back(const_cast<ModelRow*>(row));
+    return shown;
 }
 
-bool StackModel::IsSelected(const ModelRowId& row) const
+const ModelRow* StackModel::FindRow(int id) const { return root ? root->Find(id) : nullptr; }
+
+bool StackModel::IsShown(int id) const
 {
-    return const_cast<StackModel*>(this)->selection(row);
+    const std::vector<const ModelRow*> shown = ShownRows();
+    return std::any_of(shown.begin(), shown.end(), [id](const ModelRow* row) { return row->id == id; });
 }
 
-std::vector<ModelRowId> StackModel::selectedRows()
+std::vector<int> StackModel::selectedRows() const
 {
-    std::vector<ModelRowId> selected = AllRows();
-    selected.erase(std::remove_if(selected.begin(), selected.end(),
-                                  [&](const ModelRowId& row) { return !selection(row); }),
-                   selected.end());
+    std::vector<int> selected;
+    for (const ModelRow* row : ShownRows())
+        if (row->isSelected)
+            selected.push_back(row->id);
     return selected;
-}
-
-std::string StackModel::titleOf(const ModelRowId& row) const
-{
-    if (row.group >= 0)
-        return rows[static_cast<std::size_t>(row.group)].title;
-    return row.effect == 0 ? "Layer" : const_cast<StackModel*>(this)->inRows(row.effect)->name;
 }
 
 // The selection.
 
-void StackModel::ClickRow(const ModelRowId& row, Selecting selecting)
+/// From the row to the far end of what is selected.
+std::vector<int> StackModel::rangeTo(int id) const
 {
-    const std::vector<ModelRowId> selected = selectedRows();
-    if (selecting == Selecting::toggled)
-    {
-        selection(row) = !selection(row);
-        return;
-    }
-    if (selecting == Selecting::range && !selected.empty())
-    {
-        // From the row to the far end of what is selected, which stays so.
-        const std::vector<ModelRowId> all = AllRows();
-        const auto place = [&](const ModelRowId& of) { return std::find(all.begin(), all.end(), of); };
-        const auto clicked = place(row);
-        const auto other =
-            clicked < place(selected.back()) ? place(selected.front()) : place(selected.back());
-        for (auto at = std::min(clicked, other); at <= std::max(clicked, other); ++at)
-            selection(*at) = true;
-        return;
-    }
+    std::vector<int> ids;
+    for (const ModelRow* row : ShownRows())
+        ids.push_back(row->id);
+    const std::vector<int> selected = selectedRows();
+    const auto place = [&](int of) { return std::find(ids.begin(), ids.end(), of); };
+    const auto clicked = place(id);
+    const auto other = clicked < place(selected.back()) ? place(selected.front()) : place(selected.back());
+    return {std::min(clicked, other), std::max(clicked, other) + 1};
+}
+
+void StackModel::selectAlone(int id)
+{
     ClickBeside();
-    selection(row) = true;
+    root->Find(id)->isSelected = true;
+}
+
+void StackModel::selectBy(Selecting selecting, const std::vector<int>& range, int id)
+{
+    switch (selecting)
+    {
+    case Selecting::alone:
+        return selectAlone(id);
+    case Selecting::toggled:
+        root->Find(id)->isSelected = !root->Find(id)->isSelected;
+        return;
+    case Selecting::range:
+        for (const int each : range)
+            root->Find(each)->isSelected = true;
+        return;
+    }
+}
+
+void StackModel::ClickRow(int id, Selecting selecting)
+{
+    Press(id, Part::text, selecting);
+    LetGo();
 }
 
 void StackModel::ClickBeside()
 {
-    for (const ModelRowId& row : AllRows())
-        selection(row) = false;
+    for (ModelRow* row : shownRows())
+        row->isSelected = false;
 }
 
 void StackModel::PressSelectAll()
 {
     printed.insert(printed.end(), {"Key Pressed", "Select All Button"});
-    for (const ModelRowId& row : AllRows())
-        if (!(row == ModelRowId{}))
-            selection(row) = true;
+    for (ModelRow* row : shownRows())
+        if (row->kind != ModelRow::Kind::layer)
+            row->isSelected = true;
+}
+
+void StackModel::ClickTriangle(int id)
+{
+    ModelRow& row = *root->Find(id);
+    row.SetOpen(!row.isOpen);
+}
+
+void StackModel::DoubleClickRow(int id)
+{
+    ClickRow(id, Selecting::alone);
+    if (!root->Find(id)->rows.empty())
+        ClickTriangle(id);
 }
 
 // Changes of the rows.
 
 void StackModel::RenameRow(int id, const std::string& name)
 {
-    ClickRow({id, -1}, Selecting::alone);
+    ClickRow(id, Selecting::alone);
     printed.insert(printed.end(), {"Key Pressed", "Return Key Pressed", "Edit Button"});
-    inRows(id)->name = name;
+    root->Find(id)->effect.name = name;
 }
 
-/// A row that is not selected is, before its box takes the click.
+/// A group has no switch of its own: its box acts on the objects right below it.
+void StackModel::flipBox(int id)
+{
+    ModelRow& row = *root->Find(id);
+    if (!row.IsGroup())
+    {
+        Power& power = row.effect.power;
+        power = power == Power::on ? Power::off : Power::on;
+        return;
+    }
+    const bool someAreOn =
+        std::any_of(row.rows.begin(), row.rows.end(),
+                    [](const ModelRow& each) { return each.IsObject() && each.effect.power == Power::on; });
+    for (ModelRow& each : row.rows)
+        if (each.IsObject())
+            each.effect.power = someAreOn ? Power::off : Power::on;
+}
+
 void StackModel::ClickBox(int id)
 {
-    ClickRow({id, -1}, Selecting::alone);
-    Power& power = inRows(id)->power;
-    power = power == Power::on ? Power::off : Power::on;
-}
-
-void StackModel::ClickGroupBox(std::size_t row)
-{
-    ClickRow({0, static_cast<int>(row)}, Selecting::alone);
-    ModelStack& objects = rows[row].objects;
-    const bool someAreOn = std::any_of(objects.begin(), objects.end(),
-                                       [](const ModelEffect& object) { return object.power == Power::on; });
-    for (ModelEffect& object : objects)
-        object.power = someAreOn ? Power::off : Power::on;
+    Press(id, Part::box, Selecting::alone);
+    LetGo();
 }
 
 void StackModel::takeOut(int id)
 {
-    for (auto row = rows.begin(); row != rows.end(); ++row)
-    {
-        row->objects.erase(std::remove_if(row->objects.begin(), row->objects.end(), withId(id)),
-                           row->objects.end());
-        if (isRowOf(*row, id))
-        {
-            rows.erase(row);
-            return;
-        }
-    }
+    ModelRow& parent = *root->FindParentOf(id);
+    parent.rows.erase(parent.rows.begin() + static_cast<std::ptrdiff_t>(parent.IndexOf(id)));
+    parent.Remake();
 }
 
 void StackModel::DeleteRow(int id)
 {
-    ClickRow({id, -1}, Selecting::alone);
+    ClickRow(id, Selecting::alone);
     PressDelete();
 }
 
-void StackModel::DeleteGroupRow(std::size_t row)
-{
-    ClickRow({0, static_cast<int>(row)}, Selecting::alone);
-    PressDelete();
-}
-
-/// A group goes with its objects; the layer's row stays, and of an outside effect the row alone goes.
+/// A group goes with all that is below it; the layer's row stays, and of an outside effect the row alone goes.
 void StackModel::PressDelete()
 {
     printed.emplace_back("Key Pressed");
-    const std::vector<ModelRowId> selected = selectedRows();
-    for (auto row = selected.rbegin(); row != selected.rend(); ++row)
+    const std::vector<int> selected = selectedRows();
+    for (auto id = selected.rbegin(); id != selected.rend(); ++id)
     {
-        if (row->group >= 0)
-        {
-            for (const ModelEffect& object : rows[static_cast<std::size_t>(row->group)].objects)
-                toBeDeleted.push_back(object.id);
-            rows.erase(rows.begin() + row->group);
-        }
-        else if (row->effect != 0)
-        {
-            if (inRows(row->effect)->kind != ModelKind::outside)
-                toBeDeleted.push_back(row->effect);
-            takeOut(row->effect);
-        }
+        if (*id == 0)
+            continue;
+        const ModelRow row = *root->Find(*id);
+        takeOut(*id);
+        row.ForEach(
+            [&](const ModelRow& each, int)
+            {
+                if (each.IsObject())
+                    toBeDeleted.push_back(each.id);
+            });
     }
 }
 
@@ -194,15 +193,15 @@ void StackModel::PressDelete()
 void StackModel::AddEmptyGroup()
 {
     printed.emplace_back("button clicked");
-    if (!hasRoot)
+    if (!root)
         return;
     std::set<int> taken;
     std::size_t place = 0;
-    for (std::size_t i = 0; i < rows.size(); ++i)
+    for (std::size_t i = 0; i < root->rows.size(); ++i)
     {
-        if (rows[i].kind != ModelRow::Kind::group || rows[i].number < 0)
+        if (!root->rows[i].IsGroup() || root->rows[i].number < 0)
             continue;
-        taken.insert(rows[i].number);
+        taken.insert(root->rows[i].number);
         place = i + 1;
     }
     int number = taken.empty() ? 1 : *taken.rbegin() + 1;
@@ -211,9 +210,9 @@ void StackModel::AddEmptyGroup()
             number = lowest;
     if (number > highestGroup)
         return;
-    ModelRow group = ModelRow::Group(number);
-    group.serial = ++lastSerial;
-    rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(place), group);
+    root->rows.insert(root->rows.begin() + static_cast<std::ptrdiff_t>(place),
+                      ModelRow::Group(number, --lastGroupId));
+    root->Remake();
 }
 
 void StackModel::AddFromMenu(ModelEffect effect) { toBeAdded.push_back(std::move(effect)); }
@@ -226,101 +225,34 @@ void StackModel::AddMain(ModelEffect effect)
 
 // Dragging.
 
-void StackModel::selectForDrag(const ModelRowId& row)
-{
-    if (!selection(row))
-        ClickRow(row, Selecting::alone);
-}
-
 void StackModel::MoveRow(int id, Target target)
 {
-    selectForDrag({id, -1});
+    if (!root->Find(id)->isSelected)
+        ClickRow(id, Selecting::alone);
     dropSelected(target);
 }
 
-void StackModel::MoveGroupRow(std::size_t row, std::size_t index)
-{
-    selectForDrag({0, static_cast<int>(row)});
-    dropSelected({-1, index});
-}
-
-std::ptrdiff_t StackModel::rowOfSerial(int serial) const
-{
-    return std::find_if(rows.begin(), rows.end(),
-                        [serial](const ModelRow& row)
-                        { return row.kind == ModelRow::Kind::group && row.serial == serial; }) -
-           rows.begin();
-}
-
-/// From the last row to the first at one place, so that they keep their order. A group that is moved keeps
-/// its title, and its number is -1 until the rows are made anew.
+/// From the last row to the first at one place, so that they keep their order. What is moved is told the
+/// number of where it goes, a group as well, which keeps its title; at the top level that is -1.
 void StackModel::dropSelected(Target target)
 {
-    struct Moved
+    const std::vector<int> selected = selectedRows();
+    printed.push_back("Items: " + std::to_string(selected.size()));
+    for (auto id = selected.rbegin(); id != selected.rend(); ++id)
     {
-        ModelRowId row;
-        int serial;
-        std::string title;
-    };
-    std::vector<Moved> all;
-    for (const ModelRowId& row : selectedRows())
-        all.push_back(
-            {row, row.group < 0 ? 0 : rows[static_cast<std::size_t>(row.group)].serial, titleOf(row)});
-    const int targetSerial = target.groupRow < 0 ? 0 : rows[static_cast<std::size_t>(target.groupRow)].serial;
-    printed.push_back("Items: " + std::to_string(all.size()));
-    std::size_t index = target.index;
-    for (auto moved = all.rbegin(); moved != all.rend(); ++moved)
-    {
-        printed.push_back("Moving Item: " + moved->title);
-        if (moved->row == ModelRowId{} || (moved->serial != 0 && moved->serial == targetSerial))
+        printed.push_back("Moving Item: " + root->Find(*id)->Name());
+        // Nothing goes into itself.
+        if (*id == 0 || root->Find(*id)->Find(target.parent) != nullptr)
             continue;
-        if (moved->serial != 0 && targetSerial != 0)
-            throw std::logic_error("the model knows no group inside a group");
-        if (moved->serial != 0)
-            dropGroup(moved->serial, index);
-        else
-            dropEffect(moved->row.effect, targetSerial, index);
+        const ModelRow& from = *root->FindParentOf(*id);
+        if (from.id == target.parent && from.IndexOf(*id) < target.index)
+            --target.index;
+        ModelRow row = *root->Find(*id);
+        takeOut(*id);
+        ModelRow& parent = *root->Find(target.parent);
+        row.number = row.effect.group = parent.IsGroup() ? parent.number : -1;
+        parent.rows.insert(parent.rows.begin() + static_cast<std::ptrdiff_t>(target.index), row);
+        parent.Remake();
     }
-}
-
-void StackModel::dropGroup(int serial, std::size_t& index)
-{
-    const std::ptrdiff_t from = rowOfSerial(serial);
-    ModelRow group = rows[static_cast<std::size_t>(from)];
-    group.number = -1;
-    if (static_cast<std::size_t>(from) < index)
-        --index;
-    rows.erase(rows.begin() + from);
-    rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(index), group);
-}
-
-/// What is dropped at the top level is told group -1.
-void StackModel::dropEffect(int id, int groupSerial, std::size_t& index)
-{
-    ModelEffect effect = *inRows(id);
-    if (groupSerial == 0)
-    {
-        const auto from =
-            std::find_if(rows.begin(), rows.end(), [id](const ModelRow& row) { return isRowOf(row, id); });
-        if (from != rows.end() && static_cast<std::size_t>(from - rows.begin()) < index)
-            --index;
-        const bool isOutside = effect.kind == ModelKind::outside;
-        if (!isOutside)
-            effect.group = -1;
-        takeOut(id);
-        rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(index),
-                    {isOutside ? ModelRow::Kind::outside : ModelRow::Kind::object, effect, "", 0, {}});
-        return;
-    }
-    if (effect.kind == ModelKind::outside)
-        throw std::logic_error("the model knows no outside effect in a group");
-    const ModelStack& present = rows[static_cast<std::size_t>(rowOfSerial(groupSerial))].objects;
-    const auto from = std::find_if(present.begin(), present.end(), withId(id));
-    if (from != present.end() && static_cast<std::size_t>(from - present.begin()) < index)
-        --index;
-    takeOut(id);
-    ModelRow& group = rows[static_cast<std::size_t>(rowOfSerial(groupSerial))];
-    effect.group = group.number;
-    group.objects.insert(group.objects.begin() + static_cast<std::ptrdiff_t>(index), effect);
 }
 } // namespace standin::check

@@ -123,4 +123,32 @@ std::set<StackOrder> OrdersOfFaultyDeletion(const StackOrder& stack, const std::
     }
     return orders;
 }
+
+StackOrder OrderOfRows(const StackOrder& stack, const std::map<int, int>& groups)
+{
+    constexpr int highestGroup = 10;
+    std::vector<StackOrder> rows;
+    std::map<int, std::size_t> rowOfGroup;
+    StackOrder others;
+    for (const int id : stack)
+    {
+        const auto group = groups.find(id);
+        if (group == groups.end())
+        {
+            others.push_back(id);
+            continue;
+        }
+        const bool isGrouped = group->second >= 1 && group->second <= highestGroup;
+        const auto row =
+            isGrouped ? rowOfGroup.emplace(group->second, rows.size()).first->second : rows.size();
+        if (row == rows.size())
+            rows.emplace_back();
+        rows[row].push_back(id);
+    }
+    StackOrder order;
+    for (const StackOrder& row : rows)
+        order.insert(order.end(), row.begin(), row.end());
+    order.insert(order.end(), others.begin(), others.end());
+    return order;
+}
 } // namespace standin::check

@@ -2,6 +2,7 @@
 // The orders in which a layer's effects can stand after a change that a fault has struck, worked out from
 // what the change does step by step. Effects go by their ids.
 
+#include <map>
 #include <set>
 #include <vector>
 
@@ -20,4 +21,8 @@ std::set<StackOrder> OrdersOfFaultyReorder(const StackOrder& stack, const StackO
 /// deleted, its order is written as well.
 std::set<StackOrder> OrdersOfFaultyDeletion(const StackOrder& stack, const std::set<int>& doomed,
                                             const StackOrder& wanted);
+
+/// What the next pass makes of an order: the objects as their rows stand, those of a group together, and
+/// below them what has no row of its own. `groups` holds the number of each object.
+StackOrder OrderOfRows(const StackOrder& stack, const std::map<int, int>& groups);
 } // namespace standin::check

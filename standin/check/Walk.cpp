@@ -54,6 +54,46 @@ WalkOutcome walkSeparately(const std::string& bundleFile, const Steps& steps, Cl
     return {done, report.Text("failure")};
 }
 
+/// The functions that a pass calls, each by as many calls as it makes of it on a layer of a walk.
+std::string drawFault(std::mt19937& random)
+{
+    struct Called
+    {
+        const char* function;
+        unsigned times;
+    };
+    constexpr Called functions[] = {{"AcquireSuite", 12},
+                                    {"AEGP_IsShown", 2},
+                                    {"AEGP_CheckMarkMenuCommand", 2},
+                                    {"AEGP_GetActiveItem", 2},
+                                    {"AEGP_GetItemID", 2},
+                                    {"AEGP_GetActiveLayer", 2},
+                                    {"AEGP_GetLayerID", 2},
+                                    {"AEGP_ConvertLayerToCompTime", 10},
+                                    {"AEGP_GetLayerNumEffects", 10},
+                                    {"AEGP_GetLayerEffectByIndex", 40},
+                                    {"AEGP_GetInstalledKeyFromLayerEffect", 20},
+                                    {"AEGP_GetEffectMatchName", 20},
+                                    {"AEGP_GetEffectFlags", 20},
+                                    {"AEGP_EffectCallGeneric", 30},
+                                    {"AEGP_GetNewEffectStreamByIndex", 20},
+                                    {"AEGP_GetNewParentStreamRef", 20},
+                                    {"AEGP_GetStreamName", 20},
+                                    {"AEGP_DisposeEffect", 20},
+                                    {"AEGP_DisposeStream", 20},
+                                    {"AEGP_StartUndoGroup", 5},
+                                    {"AEGP_EndUndoGroup", 5},
+                                    {"AEGP_SetStreamName", 1},
+                                    {"AEGP_SetEffectFlags", 2},
+                                    {"AEGP_ReorderEffect", 5},
+                                    {"AEGP_DeleteLayerEffect", 2},
+                                    {"AEGP_ApplyEffect", 1},
+                                    {"AEGP_GetDynamicStreamFlags", 4},
+                                    {"AEGP_SetDynamicStreamFlag", 8}};
+    const Called& drawn = functions[random() % std::size(functions)];
+    return "call " + std::to_string(random() % drawn.times + 1) + " of " + drawn.function;
+}
+
 /// The calls inside which a pass would do the most harm inside another, all calls, and none.
 std::string drawIdles(std::mt19937& random)
 {
@@ -73,7 +113,9 @@ std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count)
     std::mt19937 random(seed);
     // Drawn apart, so that the steps of a seed are the same with and without it.
     std::mt19937 randomIdles(seed);
+    std::mt19937 randomFaults(seed);
     constexpr unsigned stepsBetweenTurns = 3;
+    constexpr unsigned stepsBetweenFaults = 8;
     WalkState state = WalkBegin(kind);
     Steps steps;
     for (int i = 0; i < count; ++i)
@@ -81,6 +123,12 @@ std::vector<WalkStep> DrawWalk(WalkKind kind, unsigned seed, int count)
         steps.push_back(DrawStep(random, state, kind, firstNewId + i));
         if (i > 0 && randomIdles() % stepsBetweenTurns == 0)
             steps.back().idlesInside = drawIdles(randomIdles);
+        WalkStep failing = steps.back();
+        failing.idlesInside.clear();
+        if (kind == WalkKind::loop && randomFaults() % stepsBetweenFaults == 0)
+            failing.fault = drawFault(randomFaults);
+        if (!failing.fault.empty() && IsPossible(state, failing))
+            steps.back() = failing;
         (void)CarryOut(state, steps.back());
     }
     return steps;

@@ -38,31 +38,25 @@ std::string otherRow(State state, Step step) { return reference(InRowOrder(state
 
 const ModelEffect* effectOf(State state, Step step) { return FindEffect(state.model.Stack(), step.id); }
 bool hasEffect(State state, Step step) { return effectOf(state, step) != nullptr; }
-
-bool isObject(const StackModel& model, int id)
-{
-    const ModelStack rows = InRowOrder(model);
-    const ModelEffect* effect = FindEffect(rows, id);
-    return effect != nullptr && effect->kind != ModelKind::outside;
-}
-bool hasObject(State state, Step step) { return isObject(state.model, step.id); }
-bool hasRow(State state, Step step)
-{
-    const ModelStack rows = InRowOrder(state.model);
-    return state.model.HasRoot() && FindEffect(rows, step.id) != nullptr;
-}
 bool isOutside(const ModelEffect& effect) { return effect.kind == ModelKind::outside; }
+
+bool isEffectShown(State state, int effect) { return effect != 0 && state.model.IsShown(effect); }
+bool hasRow(State state, Step step) { return isEffectShown(state, step.id); }
+bool hasObject(State state, Step step)
+{
+    return hasRow(state, step) && state.model.FindRow(step.id)->IsObject();
+}
+bool hasRoot(State state, Step) { return state.model.HasRoot(); }
 bool isShown(State state) { return state.model.Tab() == TabPlace::inFront; }
 bool isHeadless(State state, Step) { return state.isHeadless; }
 bool isAnythingSelected(State state)
 {
-    const std::vector<ModelRowId> all = state.model.AllRows();
-    return std::any_of(all.begin(), all.end(),
-                       [&](const ModelRowId& row) { return state.model.IsSelected(row); });
+    const std::vector<const ModelRow*> all = state.model.ShownRows();
+    return std::any_of(all.begin(), all.end(), [](const ModelRow* row) { return row->isSelected; });
 }
 
 bool hasGroup(State state, Step step) { return GroupRow(state.model, step.text).has_value(); }
-std::size_t groupOf(State state, Step step) { return GroupRow(state.model, step.text).value_or(0); }
+int groupOf(State state, Step step) { return *GroupRow(state.model, step.text); }
 
 bool hasRoomForARow(State state) { return RowCount(state.model) < mostRows; }
 bool hasRoom(State state)
@@ -70,22 +64,12 @@ bool hasRoom(State state)
     return state.model.Stack().size() + state.model.AddsWaiting() < mostEffects && hasRoomForARow(state);
 }
 
-/// Whether the rows that a drag of this row moves may all be put there. A rigid object starts no drag into a
-/// group, though one that is taken along goes into it.
-bool mayDrop(State state, const ModelRowId& dragged, const StackModel::Target& target)
+/// Whether a drag that starts on this row may end there. What is taken along is not asked about: so rigid and
+/// outside effects get into groups, and groups into each other.
+bool mayDrop(State state, int dragged, int parent)
 {
-    if (target.groupRow < 0)
-        return true;
-    const ModelStack effects = InRowOrder(state.model);
-    const auto goes = [&](const ModelRowId& row)
-    { return row == ModelRowId{} || (row.group < 0 && !isOutside(*FindEffect(effects, row.effect))); };
-    if (dragged.group >= 0 || FindEffect(effects, dragged.effect)->isRigid)
-        return false;
-    if (!state.model.IsSelected(dragged))
-        return goes(dragged);
-    const std::vector<ModelRowId> all = state.model.AllRows();
-    return std::all_of(all.begin(), all.end(),
-                       [&](const ModelRowId& row) { return !state.model.IsSelected(row) || goes(row); });
+    const ModelRow& row = *state.model.FindRow(dragged);
+    return row.IsObject() ? parent == 0 || !row.effect.isRigid : row.IsGroup() && parent == 0;
 }
 
 ModelEffect fresh(Step step) { return {step.newId, ApplicableOf(step.text)->kind, step.text, 0, Power::on}; }
@@ -105,11 +89,17 @@ StackModel::Target beside(State state, Step step, std::size_t below)
 
 bool canDragBeside(State state, Step step)
 {
-    return hasObject(state, step) && isObject(state.model, step.otherId) && step.id != step.otherId &&
-           mayDrop(state, {step.id, -1}, PlaceOf(state.model, step.otherId));
+    const bool isThere = isEffectShown(state, step.otherId) &&
+                         (state.isHeadless || state.model.FindRow(step.otherId)->IsObject());
+    return isThere && hasObject(state, step) && step.id != step.otherId &&
+           mayDrop(state, step.id, PlaceOf(state.model, step.otherId).parent);
 }
 
-ModelRowId groupRowOf(State state, Step step) { return {0, static_cast<int>(groupOf(state, step))}; }
+/// Behind what is below it.
+StackModel::Target into(State state, int parent)
+{
+    return {parent, state.model.FindRow(parent)->rows.size()};
+}
 
 Selecting selectingOf(Step step)
 {
@@ -198,22 +188,17 @@ const std::vector<WalkAction>& WalkActions()
          [](State s, Step a) -> Lines { return {"click box of " + row(s, a)}; },
          [](WalkState& s, Step a) { s.model.ClickBox(a.id); }},
         {"click group box", panel, title, true, {0, 1, 2, 2},
-         [](State s, Step a) { return hasGroup(s, a) && !s.model.Rows()[groupOf(s, a)].objects.empty(); },
+         [](State s, Step a) { return hasGroup(s, a) && !s.model.FindRow(groupOf(s, a))->rows.empty(); },
          [](State, Step a) -> Lines { return {"click box of " + script::Quoted(a.text)}; },
-         [](WalkState& s, Step a) { s.model.ClickGroupBox(groupOf(s, a)); }},
+         [](WalkState& s, Step a) { s.model.ClickBox(groupOf(s, a)); }},
         {"drag into group", panel, title, false, {0, 2, 2, 2},
          [](State s, Step a)
          {
-             const auto group = static_cast<int>(groupOf(s, a));
-             return hasObject(s, a) && hasGroup(s, a) && PlaceOf(s.model, a.id).groupRow != group &&
-                    mayDrop(s, {a.id, -1}, {group, 0});
+             return hasObject(s, a) && hasGroup(s, a) && PlaceOf(s.model, a.id).parent != groupOf(s, a) &&
+                    mayDrop(s, a.id, groupOf(s, a));
          },
          [](State s, Step a) -> Lines { return {"drag row " + row(s, a) + " into " + script::Quoted(a.text)}; },
-         [](WalkState& s, Step a)
-         {
-             const std::size_t group = groupOf(s, a);
-             s.model.MoveRow(a.id, {static_cast<int>(group), s.model.Rows()[group].objects.size()});
-         }},
+         [](WalkState& s, Step a) { s.model.MoveRow(a.id, into(s, groupOf(s, a))); }},
         {"drag above", panel, title, false, {0, 1, 1, 1}, &canDragBeside,
          [](State s, Step a) -> Lines { return {"drag row " + row(s, a) + " above " + otherRow(s, a)}; },
          [](WalkState& s, Step a) { s.model.MoveRow(a.id, beside(s, a, 0)); }},
@@ -223,25 +208,28 @@ const std::vector<WalkAction>& WalkActions()
         {"drag to end", panel, title, false, {0, 1, 1, 1},
          [](State s, Step a)
          {
-             return hasObject(s, a) && (PlaceOf(s.model, a.id).groupRow >= 0 ||
-                                        PlaceOf(s.model, a.id).index + 1 != s.model.Rows().size());
+             return hasObject(s, a) && (PlaceOf(s.model, a.id).parent != 0 ||
+                                        PlaceOf(s.model, a.id).index + 1 != s.model.Root().rows.size());
          },
          [](State s, Step a) -> Lines { return {"drag row " + row(s, a) + " to the end"}; },
-         [](WalkState& s, Step a) { s.model.MoveRow(a.id, {-1, s.model.Rows().size()}); }},
+         [](WalkState& s, Step a) { s.model.MoveRow(a.id, into(s, 0)); }},
         {"drag group above", panel, title, false, {0, 1, 1, 1},
          [](State s, Step a)
-         { return hasGroup(s, a) && isObject(s.model, a.otherId) && PlaceOf(s.model, a.otherId).groupRow < 0; },
+         {
+             return hasGroup(s, a) && isEffectShown(s, a.otherId) && s.model.FindRow(a.otherId)->IsObject() &&
+                    PlaceOf(s.model, a.otherId).parent == 0;
+         },
          [](State s, Step a) -> Lines { return {"drag row " + script::Quoted(a.text) + " above " + otherRow(s, a)}; },
-         [](WalkState& s, Step a) { s.model.MoveGroupRow(groupOf(s, a), PlaceOf(s.model, a.otherId).index); }},
+         [](WalkState& s, Step a) { s.model.MoveRow(groupOf(s, a), PlaceOf(s.model, a.otherId)); }},
         {"drag group to end", panel, title, false, {0, 1, 1, 1}, &hasGroup,
          [](State, Step a) -> Lines { return {"drag row " + script::Quoted(a.text) + " to the end"}; },
-         [](WalkState& s, Step a) { s.model.MoveGroupRow(groupOf(s, a), s.model.Rows().size()); }},
+         [](WalkState& s, Step a) { s.model.MoveRow(groupOf(s, a), into(s, 0)); }},
         {"delete row", panel, title, false, {0, 1, 1, 1}, &hasObject,
          [](State s, Step a) -> Lines { return {"click row " + row(s, a), "press Delete"}; },
          [](WalkState& s, Step a) { s.model.DeleteRow(a.id); }},
         {"delete group", panel, title, false, {0, 1, 1, 1}, &hasGroup,
          [](State, Step a) -> Lines { return {"click row " + script::Quoted(a.text), "press Delete"}; },
-         [](WalkState& s, Step a) { s.model.DeleteGroupRow(groupOf(s, a)); }},
+         [](WalkState& s, Step a) { s.model.DeleteRow(groupOf(s, a)); }},
         {"add from menu", panel, applicable, false, {0, 1, 1, 1},
          [](State s, Step a)
          { return hasRoom(s) && s.model.OffersObjects() && ApplicableOf(a.text)->button != nullptr; },
@@ -291,20 +279,20 @@ const std::vector<WalkAction>& WalkActions()
          [](State, Step a) -> Lines { return {noIdlesInside, "a sibling notifies " + script::Quoted(a.text)}; }, [](WalkState&, Step) {}},
         {"click row", panel, title, true, {0, 0, 0, 5}, &hasRow,
          [](State s, Step a) -> Lines { return {"click row " + row(s, a) + withKey(a)}; },
-         [](WalkState& s, Step a) { s.model.ClickRow({a.id, -1}, selectingOf(a)); }},
+         [](WalkState& s, Step a) { s.model.ClickRow(a.id, selectingOf(a)); }},
         {"click group", panel, title, true, {0, 0, 0, 3}, &hasGroup,
          [](State, Step a) -> Lines { return {"click row " + script::Quoted(a.text) + withKey(a)}; },
-         [](WalkState& s, Step a) { s.model.ClickRow(groupRowOf(s, a), selectingOf(a)); }},
-        {"click layer", panel, title, true, {0, 0, 0, 1}, [](State s, Step) { return s.model.HasRoot(); },
+         [](WalkState& s, Step a) { s.model.ClickRow(groupOf(s, a), selectingOf(a)); }},
+        {"click layer", panel, title, true, {0, 0, 0, 1}, &hasRoot,
          [](State, Step a) -> Lines { return {"click row \"Layer\"" + withKey(a)}; },
-         [](WalkState& s, Step a) { s.model.ClickRow({}, selectingOf(a)); }},
-        {"click beside", panel, title, true, {0, 0, 0, 1}, [](State s, Step) { return s.model.HasRoot(); },
+         [](WalkState& s, Step a) { s.model.ClickRow(0, selectingOf(a)); }},
+        {"click beside", panel, title, true, {0, 0, 0, 1}, &hasRoot,
          [](State, Step) -> Lines { return {"click the panel"}; }, [](WalkState& s, Step) { s.model.ClickBeside(); }},
-        {"select all", panel, title, true, {0, 0, 0, 1}, [](State s, Step) { return s.model.HasRoot(); },
+        {"select all", panel, title, true, {0, 0, 0, 1}, &hasRoot,
          [](State, Step) -> Lines { return {"click row \"Layer\"", "press Control+a"}; },
          [](WalkState& s, Step)
          {
-             s.model.ClickRow({}, Selecting::alone);
+             s.model.ClickRow(0, Selecting::alone);
              s.model.PressSelectAll();
          }},
         {"delete selection", panel, title, true, {0, 0, 0, 1}, [](State s, Step) { return isAnythingSelected(s); },
@@ -316,6 +304,42 @@ const std::vector<WalkAction>& WalkActions()
         {"add main", panel, title, true, {0, 0, 0, 3}, [](State s, Step) { return !s.model.OffersObjects() && s.model.AddsWaiting() == 0; },
          [](State, Step) -> Lines { return {"click button \"Add Vortan\""}; },
          [](WalkState& s, Step a) { s.model.AddMain({a.newId, ModelKind::main, "Vortan", 0, Power::on}); }},
+
+        // Rows that open and close. A closed layer leaves little to do, so it is opened soon.
+        {"click triangle", panel, title, true, {0, 0, 0, 4}, &hasGroup,
+         [](State, Step a) -> Lines { return {"click triangle of " + script::Quoted(a.text)}; },
+         [](WalkState& s, Step a) { s.model.ClickTriangle(groupOf(s, a)); }},
+        {"click triangle of effect", panel, title, true, {0, 0, 0, 1}, &hasRow,
+         [](State s, Step a) -> Lines { return {"click triangle of " + row(s, a)}; },
+         [](WalkState& s, Step a) { s.model.ClickTriangle(a.id); }},
+        {"close layer", panel, title, true, {0, 0, 0, 1}, [](State s, Step) { return s.model.HasRoot() && s.model.Root().isOpen; },
+         [](State, Step) -> Lines { return {"click triangle of \"Layer\""}; },
+         [](WalkState& s, Step) { s.model.ClickTriangle(0); }},
+        {"open layer", panel, title, true, {0, 0, 0, 5}, [](State s, Step) { return s.model.HasRoot() && !s.model.Root().isOpen; },
+         [](State, Step) -> Lines { return {"click triangle of \"Layer\""}; },
+         [](WalkState& s, Step) { s.model.ClickTriangle(0); }},
+        {"double click group", panel, title, true, {0, 0, 0, 1}, &hasGroup,
+         [](State, Step a) -> Lines { return {"double click row " + script::Quoted(a.text)}; },
+         [](WalkState& s, Step a) { s.model.DoubleClickRow(groupOf(s, a)); }},
+        {"double click row", panel, title, true, {0, 0, 0, 1}, &hasRow,
+         [](State s, Step a) -> Lines { return {"double click row " + row(s, a)}; },
+         [](WalkState& s, Step a) { s.model.DoubleClickRow(a.id); }},
+
+        // A button that stays down while the host goes on.
+        {"press row", panel, title, true, {0, 0, 0, 3}, &hasRow,
+         [](State s, Step a) -> Lines { return {"hold the button on row " + row(s, a) + withKey(a)}; },
+         [](WalkState& s, Step a) { s.model.Press(a.id, StackModel::Part::text, selectingOf(a)); }},
+        {"press group", panel, title, true, {0, 0, 0, 2}, &hasGroup,
+         [](State, Step a) -> Lines { return {"hold the button on row " + script::Quoted(a.text) + withKey(a)}; },
+         [](WalkState& s, Step a) { s.model.Press(groupOf(s, a), StackModel::Part::text, selectingOf(a)); }},
+        {"press box", panel, title, true, {0, 0, 0, 2}, &hasObject,
+         [](State s, Step a) -> Lines { return {"hold the button on box of " + row(s, a) + withKey(a)}; },
+         [](WalkState& s, Step a) { s.model.Press(a.id, StackModel::Part::box, selectingOf(a)); }},
+        {"press group box", panel, title, true, {0, 0, 0, 1}, &hasGroup,
+         [](State, Step a) -> Lines { return {"hold the button on box of " + script::Quoted(a.text) + withKey(a)}; },
+         [](WalkState& s, Step a) { s.model.Press(groupOf(s, a), StackModel::Part::box, selectingOf(a)); }},
+        {"let go", host, title, true, {0, 0, 0, 8}, [](State s, Step) { return s.model.IsPressed(); },
+         [](State, Step) -> Lines { return {"let go"}; }, [](WalkState& s, Step) { s.model.LetGo(); }},
     };
     // clang-format on
     return rows;

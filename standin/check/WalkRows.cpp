@@ -31,51 +31,39 @@ const ModelEffect* FindEffect(const ModelStack& stack, int id)
     return found == stack.end() ? nullptr : &*found;
 }
 
-std::optional<std::size_t> GroupRow(const StackModel& model, const std::string& title)
+std::optional<int> GroupRow(const StackModel& model, const std::string& title)
 {
-    for (std::size_t i = 0; i < model.Rows().size(); ++i)
-        if (model.Rows()[i].kind == ModelRow::Kind::group && model.Rows()[i].title == title)
-            return i;
+    for (const ModelRow* row : model.ShownRows())
+        if (row->IsGroup() && row->title == title)
+            return row->id;
     return {};
 }
 
 std::vector<std::string> GroupTitles(const StackModel& model)
 {
     std::vector<std::string> titles;
-    for (const ModelRow& row : model.Rows())
-        if (row.kind == ModelRow::Kind::group)
-            titles.push_back(row.title);
+    for (const ModelRow* row : model.ShownRows())
+        if (row->IsGroup())
+            titles.push_back(row->title);
     return titles;
 }
 
 ModelStack InRowOrder(const StackModel& model)
 {
     ModelStack all;
-    for (const ModelRow& row : model.Rows())
-    {
-        if (row.kind != ModelRow::Kind::group)
-            all.push_back(row.effect);
-        all.insert(all.end(), row.objects.begin(), row.objects.end());
-    }
+    for (const ModelRow* row : model.ShownRows())
+        if (row->id > 0)
+            all.push_back(row->effect);
     return all;
 }
 
-std::size_t RowCount(const StackModel& model)
-{
-    return 1 + InRowOrder(model).size() + GroupTitles(model).size();
-}
+std::size_t RowCount(const StackModel& model) { return model.AllRows().size(); }
 
 StackModel::Target PlaceOf(const StackModel& model, int id)
 {
-    for (std::size_t i = 0; i < model.Rows().size(); ++i)
-    {
-        const ModelRow& row = model.Rows()[i];
-        if (row.kind != ModelRow::Kind::group && row.effect.id == id)
-            return {-1, i};
-        for (std::size_t k = 0; k < row.objects.size(); ++k)
-            if (row.objects[k].id == id)
-                return {static_cast<int>(i), k};
-    }
+    for (const ModelRow* row : model.AllRows())
+        if (row->IndexOf(id) < row->rows.size())
+            return {row->id, row->IndexOf(id)};
     return {};
 }
 } // namespace standin::check

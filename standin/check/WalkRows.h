@@ -26,13 +26,14 @@ const Applicable* ApplicableOf(const std::string& defaultName);
 
 /// Null if it is not there.
 const ModelEffect* FindEffect(const ModelStack& stack, int id);
-/// The first group of this title.
-std::optional<std::size_t> GroupRow(const StackModel& model, const std::string& title);
+/// The first group of this title that is to be seen.
+std::optional<int> GroupRow(const StackModel& model, const std::string& title);
+/// Of the groups that are to be seen.
 std::vector<std::string> GroupTitles(const StackModel& model);
-/// The effects in the order of their rows.
+/// The effects whose rows are to be seen, in the order of these.
 ModelStack InRowOrder(const StackModel& model);
-/// The layer's own row included.
+/// The layer's own row included, and those below closed ones.
 std::size_t RowCount(const StackModel& model);
-/// Where an effect's row stands.
+/// Where a row stands.
 StackModel::Target PlaceOf(const StackModel& model, int id);
 } // namespace standin::check

@@ -45,6 +45,21 @@ auto any(std::mt19937& random, const List& list)
     return *(std::begin(list) + static_cast<std::ptrdiff_t>(below(random, std::size(list))));
 }
 
+/// Where the panel is at rest and shows a layer, and still does after what the step does, before any pass.
+bool mayFail(const WalkState& state, const WalkStep& step)
+{
+    const auto isPlain = [](const WalkState& at)
+    {
+        return !at.isHeld && !at.model.IsPressed() && !at.model.IsOpeningWanted() && at.model.HasItem() &&
+               at.model.Tab() == TabPlace::inFront && at.model.ActiveLayer() >= 0;
+    };
+    if (!isPlain(state))
+        return false;
+    WalkState after = state;
+    Act(after, step);
+    return isPlain(after);
+}
+
 std::string anyText(std::mt19937& random, const WalkState& state, WalkAction::Text text)
 {
     switch (text)
@@ -121,10 +136,12 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 bool IsPossible(const WalkState& state, const WalkStep& step)
 {
     const WalkAction& action = *step.action;
+    if (action.place == WalkAction::Place::panel && state.model.IsPressed())
+        return false; // There is one mouse.
     return (action.isPossibleWhileHeld || !state.isHeld ||
             (state.isHeadless && action.place == WalkAction::Place::panel)) &&
            (action.place == WalkAction::Place::host || state.model.Tab() == TabPlace::inFront) &&
-           action.isPossible(state, step);
+           action.isPossible(state, step) && (step.fault.empty() || mayFail(state, step));
 }
 
 std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step)
@@ -132,12 +149,46 @@ std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step)
     std::vector<std::string> lines = step.action->lines(state, step);
     if (!step.idlesInside.empty())
         lines.insert(lines.begin(), {"idle inside no call", "idle inside " + step.idlesInside});
+    if (step.fault.empty())
+        return lines;
+    lines.insert(lines.begin(), {"idle inside no call", "hold idle"});
+    lines.insert(lines.end(), {"fail " + step.fault, "go on", "all is well again"});
+    for (const std::string& line : LinesAfterFault(state.model))
+        lines.push_back(line);
     return lines;
+}
+
+std::vector<std::string> LinesAfterFault(const StackModel& model)
+{
+    return {"select no layer", "close all compositions", "open composition \"Comp 1\"",
+            "select layer \"Solid " + std::to_string(model.ActiveLayer() + 1) + "\""};
+}
+
+void Act(WalkState& state, const WalkStep& step) { step.action->carryOut(state, step); }
+
+int RecoverFromFault(StackModel& model)
+{
+    const int layer = model.ActiveLayer();
+    model.ForgetHistory();
+    model.SelectLayer(-1);
+    (void)model.Settle();
+    model.CloseItem();
+    (void)model.Settle();
+    model.OpenItem();
+    (void)model.Settle();
+    (void)model.TakePrinted();
+    (void)model.TakeWrites();
+    (void)model.TakeEmptyOrder();
+    model.SelectLayer(layer);
+    return model.Settle();
 }
 
 int CarryOut(WalkState& state, const WalkStep& step)
 {
-    step.action->carryOut(state, step);
-    return state.isHeld ? 0 : state.model.Settle();
+    Act(state, step);
+    if (state.isHeld)
+        return 0;
+    const int passes = state.model.Settle();
+    return step.fault.empty() ? passes : RecoverFromFault(state.model);
 }
 } // namespace standin::check

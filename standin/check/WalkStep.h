@@ -30,6 +30,9 @@ struct WalkStep
     /// Inside which calls the host idles from this step on, as a scenario says it: "each call of
     /// AEGP_ReorderEffect", "each call", "no call". Empty for the same as before. Nothing may come of it.
     std::string idlesInside{};
+    /// Which call fails in the passes after the step, as a scenario says it: "call 2 of AEGP_GetStreamName".
+    /// Empty for none. The project is put right afterwards, and the walk goes on from there.
+    std::string fault{};
 };
 
 /// The model, and what keeps the panel from learning of changes.
@@ -50,6 +53,13 @@ WalkStep DrawStep(std::mt19937& random, const WalkState& state, WalkKind kind, i
 bool IsPossible(const WalkState& state, const WalkStep& step);
 /// The step as lines of a scenario, in the state before it.
 std::vector<std::string> LinesOf(const WalkState& state, const WalkStep& step);
+/// What brings panel and model to a common ground after a fault: with no layer and no item the panel forgets
+/// all that it has seen.
+std::vector<std::string> LinesAfterFault(const StackModel& model);
+/// The first part of CarryOut: what the user or the host does, without a pass.
+void Act(WalkState& state, const WalkStep& step);
+/// What the lines after a fault do to the model, up to the last settling, of which the passes are counted.
+int RecoverFromFault(StackModel& model);
 /// Carries the step out in the model, which is settled afterwards unless the host does not idle. How many
 /// idle passes that takes.
 int CarryOut(WalkState& state, const WalkStep& step);

@@ -40,28 +40,29 @@ user::Box boxOf(const ModelEffect& effect)
                                                                           : user::Box::empty;
 }
 
-user::Box boxOf(const ModelRow& group)
+user::Box boxOf(const ModelRow& row)
 {
+    if (row.kind == ModelRow::Kind::layer)
+        return user::Box::none;
+    if (!row.IsGroup())
+        return boxOf(row.effect);
     std::size_t on = 0;
-    for (const ModelEffect& object : group.objects)
-        on += object.power == Power::on ? 1 : 0;
-    return on == 0 ? user::Box::empty : on == group.objects.size() ? user::Box::full : user::Box::half;
+    std::size_t all = 0;
+    for (const ModelRow& each : row.rows)
+    {
+        all += each.IsObject() ? 1 : 0;
+        on += each.IsObject() && each.effect.power == Power::on ? 1 : 0;
+    }
+    return on == 0 ? user::Box::empty : on == all ? user::Box::full : user::Box::half;
 }
 
 Texts textsOf(const StackModel& model)
 {
-    if (!model.HasRoot())
-        return {};
-    Texts texts{"Layer"};
-    for (const ModelRow& row : model.Rows())
-    {
-        if (row.kind != ModelRow::Kind::group)
-            texts.push_back(rowText(1, user::DisplayNameOf(row.effect.name), boxOf(row.effect)));
-        else
-            texts.push_back(rowText(1, row.title, boxOf(row)));
-        for (const ModelEffect& object : row.objects)
-            texts.push_back(rowText(2, user::DisplayNameOf(object.name), boxOf(object)));
-    }
+    Texts texts;
+    if (model.HasRoot())
+        model.Root().ForEachShown(
+            [&](const ModelRow& row, int depth)
+            { texts.push_back(rowText(depth, user::DisplayNameOf(row.Name()), boxOf(row))); });
     return texts;
 }
 
@@ -141,7 +142,7 @@ std::string Walker::compareHistory()
             name = script::Quoted(name);
         return names;
     };
-    const std::string wrong =
+    std::string wrong =
         Difference("what can be undone", quoted(state.model.UndoNames()), quoted(stage.host().UndoNames()));
     if (!wrong.empty())
         return wrong;

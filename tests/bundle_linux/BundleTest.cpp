@@ -48,11 +48,4 @@ std::vector<std::string> BundleTest::TakeCalls(SuiteTraffic traffic)
     host.ClearTrace();
     return calls;
 }
-
-std::string BundleTest::OutputOf(const std::function<void()>& action)
-{
-    testing::internal::CaptureStdout();
-    action();
-    return testing::internal::GetCapturedStdout();
-}
 } // namespace standin

@@ -25,19 +25,25 @@ std::vector<std::string> names(const ModelStack& stack)
     return all;
 }
 
-/// "a", or "Group 1: b c".
+/// "a", or "Group 1: b c", as far as it is to be seen.
 std::vector<std::string> rows(const StackModel& model)
 {
     std::vector<std::string> all;
-    for (const ModelRow& row : model.Rows())
-    {
-        std::string text = row.kind == ModelRow::Kind::group ? row.title + ":" : row.effect.name;
-        for (const ModelEffect& object : row.objects)
-            text += " " + object.name;
-        all.push_back(text);
-    }
+    if (!model.HasRoot())
+        return all;
+    model.Root().ForEachShown(
+        [&](const ModelRow& row, int depth)
+        {
+            if (depth == 1)
+                all.push_back(row.Name() + (row.IsGroup() ? ":" : ""));
+            else if (depth > 1)
+                all.back() += " " + row.Name();
+        });
     return all;
 }
+
+/// The id of the nth row below the layer.
+int rowAt(const StackModel& model, std::size_t index) { return model.Root().rows[index].id; }
 
 StackModel modelOf(ModelStack stack)
 {
@@ -110,7 +116,7 @@ TEST(StackModelTest, AGroupDragIsChangeAndUnnamedReorder)
     StackModel model = threeObjects();
     model.AddEmptyGroup();
     EXPECT_THAT(rows(model), ElementsAre("Group 1:", "a", "b", "c"));
-    model.MoveRow(3, {0, 0});
+    model.MoveRow(3, {rowAt(model, 0), 0});
     (void)model.Settle();
     EXPECT_THAT(rows(model), ElementsAre("Group 1: c", "a", "b"));
     EXPECT_THAT(names(model.Stack()), ElementsAre("c", "a", "b"));
@@ -121,7 +127,7 @@ TEST(StackModelTest, AGroupDragIsChangeAndUnnamedReorder)
 TEST(StackModelTest, ARowBelowItsNeighbourTakesItsPlace)
 {
     StackModel model = threeObjects();
-    model.MoveRow(1, {-1, 2});
+    model.MoveRow(1, {0, 2});
     (void)model.Settle();
     EXPECT_THAT(names(model.Stack()), ElementsAre("b", "a", "c"));
     EXPECT_THAT(model.UndoNames(), ElementsAre(""));
@@ -170,7 +176,7 @@ TEST(StackModelTest, DeletingAGroupIsOneStep)
 {
     StackModel model = modelOf({effect(1, ModelKind::geometry, "a", 2),
                                 effect(2, ModelKind::geometry, "b", 2), effect(3, ModelKind::geometry, "c")});
-    model.DeleteGroupRow(0);
+    model.DeleteRow(rowAt(model, 0));
     (void)model.Settle();
     EXPECT_THAT(names(model.Stack()), ElementsAre("c"));
     EXPECT_THAT(model.UndoNames(), ElementsAre("Delete Effect(s)"));
@@ -188,11 +194,11 @@ TEST(StackModelTest, AHalfFullGroupIsTurnedOff)
         modelOf({effect(1, ModelKind::geometry, "a", 1), effect(2, ModelKind::geometry, "b", 1)});
     model.Switch(1, Power::off);
     (void)model.Settle();
-    model.ClickGroupBox(0);
+    model.ClickBox(rowAt(model, 0));
     (void)model.Settle();
     EXPECT_EQ(model.Stack()[1].power, Power::off);
     EXPECT_THAT(model.UndoNames(), ElementsAre("Switch Effect Off", "Switch Effect Off"));
-    model.ClickGroupBox(0);
+    model.ClickBox(rowAt(model, 0));
     (void)model.Settle();
     EXPECT_EQ(model.Stack()[0].power, Power::on);
     EXPECT_EQ(model.Stack()[1].power, Power::on);
@@ -212,8 +218,8 @@ TEST(StackModelTest, WhatIsNotSelectedIsHidden)
 {
     StackModel model = threeObjects();
     EXPECT_THAT(hiddenNames(model), ElementsAre("a", "b", "c"));
-    model.ClickRow({1, -1}, Selecting::alone);
-    model.ClickRow({3, -1}, Selecting::toggled);
+    model.ClickRow(1, Selecting::alone);
+    model.ClickRow(3, Selecting::toggled);
     EXPECT_EQ(model.Settle(), 2);
     EXPECT_THAT(hiddenNames(model), ElementsAre("b"));
     EXPECT_THAT(model.TakePrinted(), testing::Contains("State Changed"));
@@ -222,9 +228,9 @@ TEST(StackModelTest, WhatIsNotSelectedIsHidden)
 TEST(StackModelTest, ADragTakesAllThatIsSelected)
 {
     StackModel model = threeObjects();
-    model.ClickRow({1, -1}, Selecting::alone);
-    model.ClickRow({2, -1}, Selecting::range);
-    model.MoveRow(2, {-1, 3});
+    model.ClickRow(1, Selecting::alone);
+    model.ClickRow(2, Selecting::range);
+    model.MoveRow(2, {0, 3});
     (void)model.Settle();
     EXPECT_THAT(names(model.Stack()), ElementsAre("c", "a", "b"));
 }

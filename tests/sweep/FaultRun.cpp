@@ -26,20 +26,9 @@ std::vector<std::string> textsOf(const std::vector<Record>& records)
     return texts;
 }
 
-/// A line for each effect, with all that undo brings back.
-std::vector<std::string> undoableLines(const SeenProject& project)
-{
-    std::vector<std::string> lines;
-    for (const auto& [layer, stack] : project.layers)
-        for (const SeenEffect& effect : stack)
-            lines.push_back(std::to_string(layer) + " " + std::to_string(effect.id) + " " + effect.name +
-                            " " + std::to_string(effect.group) + " " + std::to_string(effect.flags));
-    return lines;
-}
-
 std::vector<std::string> allLines(const SeenProject& project)
 {
-    std::vector<std::string> lines = undoableLines(project);
+    std::vector<std::string> lines = UndoableLines(project);
     for (const auto& [layer, stack] : project.layers)
         for (const SeenEffect& effect : stack)
         {
@@ -56,7 +45,7 @@ void requireUndoBringsItBack(Trial& trial, Host& host, const SeenProject& before
     while (host.Undo())
     {
     }
-    trial.RequireLines(undoableLines(SeeProject(host)), undoableLines(before), "the project after all undos");
+    trial.RequireLines(UndoableLines(SeeProject(host)), UndoableLines(before), "the project after all undos");
 }
 
 FaultyRun carryOut(SweptWork& work, const std::function<void(Host&)>& armFault)

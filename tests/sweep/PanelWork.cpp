@@ -1,6 +1,6 @@
 // Work of the panel: its passes carry a change from one side to the other.
 
-#include "standin/host/core/HostParts.h"
+#include "tests/support/Agreement.h"
 #include "tests/support/PanelBench.h"
 #include "tests/sweep/SweptWork.h"
 
@@ -14,26 +14,6 @@ namespace
 {
 /// As many as a change needs, and one more, which has nothing to do.
 constexpr int passesOfAChange = 3;
-
-std::vector<std::string> linesOf(const std::vector<ObjectItem>& items)
-{
-    std::vector<std::string> lines;
-    for (const ObjectItem& item : items)
-        lines.push_back(item.uuid + " " + item.name + " " + std::to_string(item.group) + " " +
-                        std::to_string(item.active));
-    return lines;
-}
-
-/// What the tree has to show of the layer, worked out without the product.
-std::vector<std::string> linesOf(Host& host, const Layer& layer)
-{
-    std::vector<std::string> lines;
-    for (const EffectInstance& effect : layer.effects)
-        if (host.ProjectView().InstalledOf(effect)->matchName.rfind("QVK VORT", 0) == 0)
-            lines.push_back(TextOf(effect.family.uuid) + " " + host.ProjectView().NameOf(effect) + " " +
-                            std::to_string(effect.family.group) + " " + std::to_string(effect.flags & 1));
-    return lines;
-}
 
 class PanelWork : public SweptWork
 {
@@ -94,8 +74,8 @@ private:
     {
         const std::vector<int>& layers = bench.host.ProjectView().selection.layers;
         trial.RequireEqual<std::size_t>(layers.size(), 1, "the number of selected layers");
-        trial.RequireLines(linesOf(bench.Tree()->objects),
-                           linesOf(bench.host, *bench.host.State().FindLayer(layers.front())), "the tree");
+        trial.RequireLines(TreeLines(bench.Tree()->objects),
+                           LayerLines(bench.host, *bench.host.State().FindLayer(layers.front())), "the tree");
     }
 
     PanelBench bench;

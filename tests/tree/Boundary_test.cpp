@@ -135,7 +135,7 @@ TEST_F(Boundary, RefreshShowsTheWidget)
 TEST_F(Boundary, HandsKeysOverOnce)
 {
     AddObject(panel, VN_OBJECT_VORTAN, 5, "Vortan");
-    (void)outputOf(
+    (void)OutputOf(
         [this]
         {
             panel->vortanButton.clicked();

@@ -29,7 +29,7 @@ protected:
     std::string press(const juce::KeyPress& key)
     {
         bool isConsumed = false;
-        const std::string output = outputOf([&] { isConsumed = pressKey(key); });
+        const std::string output = OutputOf([&] { isConsumed = pressKey(key); });
         return output + (isConsumed ? "consumed" : "not consumed");
     }
 

@@ -46,7 +46,7 @@ TEST_P(AHeldPressInTheTable, DoesWhatTheQuickOneDoes)
 INSTANTIATE_TEST_SUITE_P(Each, AHeldPressInTheTable, testing::ValuesIn(EveryPressCase()),
                          [](const auto& each) { return NameOf(each.param); });
 
-// What the quick clicks of the table come to.
+// The outcomes of the quick clicks of the table.
 
 TEST_F(AHeldPress, LeavesTheRowOfTheBoxAlone)
 {

@@ -36,7 +36,7 @@ protected:
 
     void click(SimpleButton& button)
     {
-        (void)outputOf([&] { button.clicked(); });
+        (void)OutputOf([&] { button.clicked(); });
     }
 };
 } // namespace
@@ -185,7 +185,7 @@ TEST_F(Panel, ShowsAddVortanAloneForAnEmptyLayer)
 TEST_F(Panel, AddsNothingWhenNothingIsOffered)
 {
     for (auto* button : buttons())
-        EXPECT_EQ(outputOf([&] { button->clicked(); }), "button clicked\n");
+        EXPECT_EQ(OutputOf([&] { button->clicked(); }), "button clicked\n");
     EXPECT_THAT(GetKeysToBeAddedToLayer(panel), IsEmpty());
 }
 

@@ -56,7 +56,7 @@ const Lines fullBox = {"########", "#......#", "#.####.#", "#.####.#",
 const Lines halfBox = {"########", "#......#", "#.##...#", "#.##...#",
                        "#.##...#", "#.##...#", "#......#", "########"};
 
-/// Takes down what of a component is to be painted again.
+/// Records which parts of a component are to be repainted.
 class Repaints : public juce::CachedComponentImage
 {
 public:

@@ -1,4 +1,4 @@
-// What the state table brings back of rows and scroll position when the tree is another one by then.
+// What the state table restores of rows and scroll position when the tree has changed meanwhile.
 
 #include "tests/tree/support/StateTableTest.h"
 

@@ -1,4 +1,4 @@
-// What the state table stores, and what it notices.
+// What the state table stores, and which changes it notices.
 
 #include "standin/process/ProcessCounts.h"
 #include "tests/tree/support/StateTableTest.h"

@@ -22,7 +22,7 @@ class Label : public TreeTest
 protected:
     static constexpr int timeMs = 1500;
 
-    // JUCE's timers may ring a little early when the machine is busy.
+    // JUCE's timers may fire a little early when the machine is busy.
     static constexpr int timerSlackMs = 250;
 
     Label() : label(timeMs)
@@ -231,13 +231,13 @@ TEST_F(Button, ReportsItsClickAndPassesItself)
 {
     juce::Button* clicked = nullptr;
     button.onClick = [&clicked](juce::Button* b) { clicked = b; };
-    EXPECT_EQ(outputOf([this] { button.clicked(); }), "button clicked\n");
+    EXPECT_EQ(OutputOf([this] { button.clicked(); }), "button clicked\n");
     EXPECT_EQ(clicked, &button);
 }
 
 TEST_F(Button, ThrowsWithoutACallback)
 {
-    EXPECT_EQ(outputOf([this] { EXPECT_THROW(button.clicked(), std::bad_function_call); }),
+    EXPECT_EQ(OutputOf([this] { EXPECT_THROW(button.clicked(), std::bad_function_call); }),
               "button clicked\n");
 }
 

@@ -21,8 +21,6 @@ using Texts = std::vector<std::string>;
 using Lines = std::map<std::string, std::function<void(LoopSession&, const script::Arguments&)>>;
 
 constexpr const char* panelName = "Vortan Object Panel";
-constexpr int onText = 24;
-constexpr int onBox = 6;
 
 void selectLayer(LoopSession& s, const std::string& name)
 {
@@ -107,6 +105,9 @@ Lines hostLines()
         {"idle inside each call", [](S& s, A) { idleInside(s, IdleInCalls::always); }},
         {"idle inside each call of WORD",
          [](S& s, A a) { idleInside(s, IdleInCalls::never, a.texts[0].c_str()); }},
+        {"fail call NUMBER of WORD", [](S& s, A a)
+         { s.host.Faults().FailFunction(a.texts[0], static_cast<std::size_t>(a.numbers[0])); }},
+        {"all is well again", [](S& s, A) { s.host.Faults().Disarm(); }},
         {"hold idle", [](S&, A) {}}, // The walker holds it.
         {"go on", [](S&, A) {}},
     };
@@ -117,10 +118,19 @@ Lines panelLines()
     using S = LoopSession;
     using A = const script::Arguments&;
     return {
-        {"click row TEXT", [](S& s, A a) { s.ClickAt(s.Row(a.texts[0]), onText); }},
+        {"click row TEXT", [](S& s, A a) { s.ClickAt(s.Row(a.texts[0]), S::onText); }},
         {"click row TEXT with WORD",
-         [](S& s, A a) { s.ClickAt(s.Row(a.texts[0]), onText, keysOf(a.texts[1])); }},
-        {"click box of TEXT", [](S& s, A a) { s.ClickAt(s.Row(a.texts[0]), onBox); }},
+         [](S& s, A a) { s.ClickAt(s.Row(a.texts[0]), S::onText, keysOf(a.texts[1])); }},
+        {"click box of TEXT", [](S& s, A a) { s.ClickAt(s.Row(a.texts[0]), S::onBox); }},
+        {"click triangle of TEXT", [](S& s, A a) { s.ClickAt(s.Row(a.texts[0]), S::onTriangle); }},
+        {"double click row TEXT", [](S& s, A a) { s.DoubleClick(s.Row(a.texts[0])); }},
+        {"hold the button on row TEXT", [](S& s, A a) { s.PressAt(s.Row(a.texts[0]), S::onText); }},
+        {"hold the button on row TEXT with WORD",
+         [](S& s, A a) { s.PressAt(s.Row(a.texts[0]), S::onText, keysOf(a.texts[1])); }},
+        {"hold the button on box of TEXT", [](S& s, A a) { s.PressAt(s.Row(a.texts[0]), S::onBox); }},
+        {"hold the button on box of TEXT with WORD",
+         [](S& s, A a) { s.PressAt(s.Row(a.texts[0]), S::onBox, keysOf(a.texts[1])); }},
+        {"let go", [](S& s, A) { s.LetGo(); }},
         {"click the panel",
          [](S& s, A)
          {

@@ -7,8 +7,8 @@
 #include "tests/support/KeptObjects.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
-#include "tree/platform/x11/JuceInternals.h"
 
+#include <JuceInternals.h>
 #include <cstdio>
 #include <cstdlib>
 #include <sstream>
@@ -162,16 +162,41 @@ ValueTreeItem& LoopSession::Row(const std::string& name)
 
 void LoopSession::ClickAt(ValueTreeItem& row, int x, juce::ModifierKeys keys)
 {
-    CustomTreeView& view = Tree().treeView;
+    PressAt(row, x, keys);
+    window->release();
+    window->hold({});
+}
+
+void LoopSession::DoubleClick(ValueTreeItem& row)
+{
+    ClickAt(row, onText);
+    window->press(placeOf(row, onText));
+    window->release();
+}
+
+void LoopSession::PressAt(ValueTreeItem& row, int x, juce::ModifierKeys keys)
+{
+    window->wait(1000); // Not the second of a double click.
+    window->hold(keys);
+    window->press(placeOf(row, x));
+}
+
+/// Long enough for JUCE to count the press as more than a click.
+void LoopSession::LetGo()
+{
+    window->wait(1000);
+    window->release();
+    window->hold({});
+}
+
+/// Of the window.
+juce::Point<int> LoopSession::placeOf(ValueTreeItem& row, int x)
+{
     while (DispatchJuceMessages()) // Rows are laid out by a message.
     {
     }
-    const juce::Point<int> place = view.getPosition() + row.getItemPosition(true).getPosition();
-    window->wait(1000); // Not the second of a double click.
-    window->hold(keys);
-    window->press(place + juce::Point<int>(x, middleOfRow));
-    window->release();
-    window->hold({});
+    return Tree().treeView.getPosition() + row.getItemPosition(true).getPosition() +
+           juce::Point<int>(x, middleOfRow);
 }
 
 void LoopSession::ClickButton(const std::string& text)
@@ -194,7 +219,7 @@ void LoopSession::Drop(const std::string& dragged, ValueTreeItem& target, int in
 {
     ValueTreeItem& row = Row(dragged);
     if (!row.isSelected())
-        ClickAt(row, 24);
+        ClickAt(row, onText);
     const juce::DragAndDropTarget::SourceDetails details(row.getDragSourceDescription(), &Tree().treeView,
                                                          {});
     if (!target.isInterestedInDragSource(details))

@@ -38,6 +38,11 @@ private:
 class LoopSession
 {
 public:
+    // From the left edge of a row.
+    static constexpr int onText = 24;
+    static constexpr int onBox = 6;
+    static constexpr int onTriangle = -10;
+
     /// Makes the layers of the model's beginning, and opens the panel.
     explicit LoopSession(const StackModel& begin);
     ~LoopSession();
@@ -60,6 +65,10 @@ public:
     std::string LabelOf(const std::string& name);
     ValueTreeItem& Row(const std::string& name);
     void ClickAt(ValueTreeItem& row, int x, juce::ModifierKeys keys = {});
+    void DoubleClick(ValueTreeItem& row);
+    /// The button goes down and stays down.
+    void PressAt(ValueTreeItem& row, int x, juce::ModifierKeys keys = {});
+    void LetGo();
     void ClickButton(const std::string& text);
     void Drop(const std::string& dragged, ValueTreeItem& target, int index);
     void PressKey(const std::string& key);
@@ -69,6 +78,8 @@ public:
     int currentLayer = 0;
 
 private:
+    juce::Point<int> placeOf(ValueTreeItem& row, int x);
+
     MemoryOutput output;
     Panelator* panelator = nullptr;
     std::unique_ptr<HeadlessWindow> window;

@@ -1,8 +1,10 @@
 #include "tests/walks/LoopWalker.h"
 
+#include "standin/check/WalkActions.h"
 #include "standin/check/WalkTexts.h"
 #include "standin/host/sensors/FindingIds.h"
 #include "standin/script/Parser.h"
+#include "tests/walks/LoopFault.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
 
@@ -15,35 +17,30 @@ namespace
 {
 using Texts = std::vector<std::string>;
 
-/// "-- lamp [x] *" for a row that is selected.
-std::string rowText(int depth, const std::string& name, const std::string& box, bool isSelected)
+/// "-- lamp [x] closed *" for a row that is closed and selected.
+std::string rowText(int depth, const std::string& name, const std::string& box, bool isOpen, bool isSelected)
 {
     return std::string(static_cast<std::size_t>(depth), '-') + (depth == 0 ? "" : " ") + name + box +
-           (isSelected ? " *" : "");
+           (isOpen ? "" : " closed") + (isSelected ? " *" : "");
 }
 
-std::string boxText(const ModelEffect& effect)
+std::string boxText(const ModelRow& row)
 {
-    if (effect.kind == ModelKind::outside)
+    if (row.IsGroup())
+        return " number " + std::to_string(row.number);
+    if (!row.IsObject())
         return "";
-    return (effect.power == Power::on ? " [x]" : " [ ]") + std::string(" group ") +
-           std::to_string(effect.group);
+    return (row.effect.power == Power::on ? " [x]" : " [ ]") + std::string(" group ") +
+           std::to_string(row.effect.group);
 }
 
 Texts textsOfRows(const StackModel& model)
 {
-    if (!model.HasRoot())
-        return {};
-    Texts texts{rowText(0, "Layer", "", model.IsSelected({}))};
-    for (const ModelRow& row : model.Rows())
-    {
-        if (row.kind == ModelRow::Kind::group)
-            texts.push_back(rowText(1, row.title, " number " + std::to_string(row.number), row.isSelected));
-        else
-            texts.push_back(rowText(1, row.effect.name, boxText(row.effect), row.effect.isSelected));
-        for (const ModelEffect& object : row.objects)
-            texts.push_back(rowText(2, object.name, boxText(object), object.isSelected));
-    }
+    Texts texts;
+    if (model.HasRoot())
+        model.Root().ForEachShown(
+            [&](const ModelRow& row, int depth)
+            { texts.push_back(rowText(depth, row.Name(), boxText(row), row.isOpen, row.isSelected)); });
     return texts;
 }
 
@@ -59,7 +56,7 @@ std::string rowText(ValueTreeItem& row)
     int depth = 0;
     for (const juce::TreeViewItem* up = row.getParentItem(); up != nullptr; up = up->getParentItem())
         ++depth;
-    return rowText(depth, BytesFromText(node[TreeIds::name].toString()), box, row.isSelected());
+    return rowText(depth, BytesFromText(node[TreeIds::name].toString()), box, row.isOpen(), row.isSelected());
 }
 } // namespace
 
@@ -76,21 +73,74 @@ LoopWalker::LoopWalker()
 
 std::string LoopWalker::Take(const WalkStep& step)
 {
-    const Texts lines = LinesOf(state, step);
-    const int passes = CarryOut(state, step);
     try
     {
-        for (const std::string& line : lines)
-            session.Do(line);
+        if (!step.fault.empty())
+            return takeWithFault(step);
+        const Texts lines = LinesOf(state, step);
+        const int passes = CarryOut(state, step);
+        doLines(lines);
+        const std::string thrown = session.Idle(passes);
+        if (!thrown.empty())
+            return thrown;
+        return state.isHeld ? compareRows() : compare();
     }
     catch (const std::exception& error)
     {
         return error.what();
     }
+}
+
+void LoopWalker::doLines(const Texts& lines)
+{
+    for (const std::string& line : lines)
+        session.Do(line);
+}
+
+/// A fault that no call meets changes nothing.
+std::string LoopWalker::takeWithFault(const WalkStep& step)
+{
+    const Texts lines = step.action->lines(state, step);
+    Act(state, step);
+    session.Do("idle inside no call");
+    doLines(lines);
+    const StackModel before = state.model;
+    const int passes = state.model.Settle();
+    std::string wrong = StackDifference(before, session.host, session.layerIds);
+    if (!wrong.empty())
+        return wrong;
+    LoopFault fault(session, before, state.model);
+    session.Do("fail " + step.fault);
+    if (fault.Pass(passes))
+    {
+        ++faults;
+        fault.Judge(state.model.TakeEmptyOrder());
+    }
+    else
+        wrong = compare();
+    session.Do("all is well again");
+    fault.PutRight();
+    return wrong.empty() ? recover() : wrong;
+}
+
+/// The panel forgets what it has seen, and shows the layer as if for the first time.
+std::string LoopWalker::recover()
+{
+    const Texts lines = LinesAfterFault(state.model);
+    const int passes = RecoverFromFault(state.model);
+    for (auto line = lines.begin(); line + 1 != lines.end(); ++line)
+    {
+        session.Do(*line);
+        const std::string thrown = session.Idle(2);
+        if (!thrown.empty())
+            return thrown;
+    }
+    (void)session.TakePrinted();
+    (void)session.host.TakeFindings();
+    session.host.ClearTrace();
+    session.Do(lines.back());
     const std::string thrown = session.Idle(passes);
-    if (!thrown.empty())
-        return thrown;
-    return state.isHeld ? compareRows() : compare();
+    return thrown.empty() ? compare() : thrown;
 }
 
 std::string LoopWalker::compare()

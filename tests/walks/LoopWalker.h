@@ -19,8 +19,13 @@ public:
     std::string Take(const WalkStep& step);
     /// Ends the host; what is found then.
     std::string End();
+    /// Calls that were made to fail.
+    int Faults() const { return faults; }
 
 private:
+    std::string takeWithFault(const WalkStep& step);
+    std::string recover();
+    void doLines(const std::vector<std::string>& lines);
     std::string compare();
     std::string compareFindings();
     std::string compareStacks();
@@ -32,5 +37,6 @@ private:
 
     WalkState state = WalkBegin(WalkKind::loop);
     LoopSession session{state.model};
+    int faults = 0;
 };
 } // namespace standin::check
