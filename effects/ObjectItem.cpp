@@ -28,6 +28,7 @@ struct DisplayNameRow
     const char* shownAs;
 };
 
+/// The header for authors of effects has the same; tests/sdk/Header_test.cpp compares the two.
 constexpr DisplayNameRow displayNames[] = {
     {"Vortan Sheets Object", "Sheets"},
     {"Vortan Route Object", "Routes"}, // Kept: the singular name is shown in the plural.

@@ -73,7 +73,7 @@ class Bench
 public:
     Bench()
     {
-        // Without a display, JUCE tries the first one of the machine, whosever it is.
+        // Without a display, JUCE tries the machine's first one, which may be another user's.
         (void)setenv("DISPLAY", "none", 1);
         JuceGlobalInit();
         tree = CreateTreeWidget(false);

@@ -1,5 +1,5 @@
 // Scenario files: any text is refused with its line or taken apart, and what was taken apart means the same
-// when it is written anew, word by word and phrase by phrase.
+// when it is written again, word by word and phrase by phrase.
 
 #include "fuzz/Input.h"
 #include "standin/script/Parser.h"

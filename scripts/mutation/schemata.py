@@ -1,4 +1,4 @@
-"""Writes a source anew so that it holds all its mutants side by side, each behind its number."""
+"""Rewrites a source so that it holds all its mutants side by side, each selected by its number."""
 
 from dataclasses import dataclass
 

@@ -11,7 +11,7 @@
 typedef struct Pulse
 {
     VortanKept family;
-    // What your effect keeps beside it goes here.
+    // What your effect keeps besides it goes here.
 } Pulse;
 VORTAN_ASSERT(sizeof(Pulse) <= VORTAN_TRY_KEPT_SIZE, pulse_fits_into_what_is_kept);
 

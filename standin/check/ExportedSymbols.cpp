@@ -1,4 +1,4 @@
-// Names that a bundle offers beside its entry points could be taken for those of the host or of another
+// Names that a bundle exports besides its entry points could be taken for those of the host or of another
 // bundle: the host has a copy of JUCE of its own, and so may others.
 
 #include "standin/check/ExportedNames.h"

@@ -116,7 +116,7 @@ bool hasFailed(const std::vector<CallRecord>& calls, const std::set<std::string>
                        { return hasGoneWrong(call) && functions.count(call.function) != 0; });
 }
 
-/// What a fault can bring about, beside what it does by itself.
+/// What a fault can cause besides its direct effect.
 struct Consequences
 {
     OutValues outs = OutValues::untouched;
@@ -153,6 +153,12 @@ const Refusal refusals[] = {
     {"AEGP_GetInstalledKeyFromLayerEffect", OutValues::null, finding::unknownKey, "AEGP_GetEffectMatchName"},
     {"AEGP_ConvertLayerToCompTime", OutValues::null, finding::timeScale, "AEGP_EffectCallGeneric"},
     {"AEGP_GetUniqueCommand", std::nullopt, finding::unknownCommand, ""},
+
+    // The start looks at no error of the calls that register, and so a menu entry or a panel that the host
+    // has refused is used all the same: each pass asks about it, and the menus' update enables it.
+    {"AEGP_InsertMenuCommand", OutValues::untouched, finding::unknownCommand, "AEGP_CheckMarkMenuCommand"},
+    {"AEGP_InsertMenuCommand", OutValues::untouched, finding::unknownCommand, "AEGP_EnableCommand"},
+    {"AEGP_RegisterCreatePanelHook", OutValues::untouched, finding::unknownPanel, "AEGP_IsShown"},
 
     {"AEGP_GetLayerEffectByIndex", OutValues::garbage, finding::foreignReference, "AEGP_DisposeEffect"},
     {"AEGP_GetLayerEffectByIndex", OutValues::garbage, finding::foreignReference, "AEGP_ReorderEffect"},

@@ -1,5 +1,5 @@
-// Each host call of a change fails once, and each function for good; the pass has to go on or to stop as it
-// should, and the next pass without a fault has to bring layer and panel together again.
+// Each host call of a change fails once, and each function from then on; the pass has to go on or to stop as
+// it should, and the next pass without a fault has to bring layer and panel together again.
 
 #include "standin/check/FaultAudit.h"
 #include "standin/check/PanelScene.h"

@@ -52,13 +52,6 @@ struct QueueScene : Scene
     {
         trial.RequireLines(log, expected, "what has run " + when);
     }
-    std::vector<std::string> AlertTexts() const
-    {
-        std::vector<std::string> texts;
-        for (const Alert& alert : host.Alerts())
-            texts.push_back(alert.text);
-        return texts;
-    }
 
     Trial& trial;
     LoadedPlugin plugin;
@@ -115,9 +108,10 @@ void IdleQueueFull(Trial& trial)
         scene.Queue(jobs[static_cast<std::size_t>(i)]);
         names.push_back(std::to_string(i));
     }
-    trial.RequireLines(scene.AlertTexts(), {}, "the alerts while there is room");
+    trial.RequireLines(scene.host.AlertTexts(), {}, "the alerts while there is room");
     scene.Queue(jobs.back());
-    trial.RequireLines(scene.AlertTexts(), {"Max Idle Stack Limit Reached."}, "the alerts of a full queue");
+    trial.RequireLines(scene.host.AlertTexts(), {"Max Idle Stack Limit Reached."},
+                       "the alerts of a full queue");
     trial.RequireEqual(scene.host.Alerts().front().pluginId, scene.plugin.id, "the plug-in id of the alert");
     scene.Idle();
     scene.RequireLog(names, "with a full queue");

@@ -32,10 +32,10 @@ void MainThread(Trial& trial)
     requireSilence(scene, "while a notification is shown");
     scene.held = script::IdleHeld::yes;
     scene.Do("click row \"lamp\"");
-    requireSilence(scene, "behind a click on a row");
+    requireSilence(scene, "after a click on a row");
     scene.session.IdleFor(std::chrono::milliseconds(100));
     scene.Do("press Delete");
-    requireSilence(scene, "behind the Delete key");
+    requireSilence(scene, "after the Delete key");
     scene.held = script::IdleHeld::no;
     scene.Do("turn off \"mast\"");
     trial.RequireLines(scene.StackNames(), {"mast", "lens", "disc"}, "the stack");

@@ -1,4 +1,4 @@
-// The host's end: the death hooks, and the process behind them.
+// The host's end: the death hooks, and the process after them.
 
 #if STANDIN_HAS_SCREEN
 #include "standin/check/PanelScene.h"

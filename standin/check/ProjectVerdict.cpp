@@ -209,11 +209,12 @@ private:
 
     void fields(const SeenEffect& effect)
     {
-        const bool isNew = find(before, effect.id) == nullptr;
-        const SeenEffect target = isNew                                ? newOf(effect)
-                                  : find(wanted, effect.id) != nullptr ? *find(wanted, effect.id)
-                                                                       : *find(before, effect.id);
-        const SeenEffect old = isNew ? asApplied(target) : *find(before, effect.id);
+        const SeenEffect* const former = find(before, effect.id);
+        const SeenEffect* const intended = find(wanted, effect.id);
+        const SeenEffect target = former == nullptr     ? newOf(effect)
+                                  : intended != nullptr ? *intended
+                                                        : *former;
+        const SeenEffect old = former == nullptr ? asApplied(target) : *former;
         const std::string who = "the effect \"" + old.name + "\"";
         if (effect.name != old.name && effect.name != target.name)
             name(effect, who + " is called \"" + effect.name + "\"");
@@ -351,7 +352,7 @@ ProjectFates JudgeProject(const ComparedProject& compared, const std::vector<Cal
 {
     ProjectFates fates;
     if (compared.after.rest != compared.before.rest && compared.after.rest != compared.wanted.rest)
-        fates.violation = "the project has changed beside the effects";
+        fates.violation = "something other than the effects has changed in the project";
     std::set<std::string> failed = failedFunctions(calls);
     if (isOutOfMemory)
         failed.insert("operator new");

@@ -71,7 +71,7 @@ void QuietIdle(Trial& trial)
         trial.At("idle pass " + std::to_string(i + 2) + " with nothing changed");
         const std::vector<std::string> calls = passCalls(scene);
         trial.RequireLines(writesOf(scene.host().Trace()), {}, "the calls that write");
-        trial.RequireLines(calls, first, "the calls of the pass, beside those of the first");
+        trial.RequireLines(calls, first, "the calls of the pass, compared with those of the first");
     }
     trial.RequireLines(scene.session.Printed(), {}, "the printed lines");
     trial.Require(scene.host().State() == before, "the project is not what it was");
@@ -95,7 +95,7 @@ void MemorySteady(Trial& trial)
     // The stand-in remembers so many references that it has to have filled that up.
     constexpr int untilSteady = 1000;
     constexpr int passes = 2000;
-    constexpr std::size_t allowed = 16 * 1024;
+    constexpr std::size_t allowed = 16384;
     idle(untilSteady);
     scene.session.Forget();
     const std::size_t before = process::BytesInUse();

@@ -142,7 +142,7 @@ std::string Walker::compareHistory()
             name = script::Quoted(name);
         return names;
     };
-    const std::string wrong =
+    std::string wrong =
         Difference("what can be undone", quoted(state.model.UndoNames()), quoted(stage.host().UndoNames()));
     if (!wrong.empty())
         return wrong;

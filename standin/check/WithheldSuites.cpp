@@ -38,15 +38,6 @@ const char* textOf(Withheld how)
                                           : "an error and a pointer that must not be used";
 }
 
-std::vector<std::string> takeFindingIds(Host& host)
-{
-    std::vector<std::string> ids;
-    for (const Finding& finding : host.TakeFindings())
-        ids.push_back(finding.id);
-    std::sort(ids.begin(), ids.end());
-    return ids;
-}
-
 void withhold(PanelScene& scene, const NeededSuite& suite, Withheld how)
 {
     constexpr int missingSuite = 516;
@@ -62,7 +53,7 @@ void withhold(PanelScene& scene, const NeededSuite& suite, Withheld how)
     std::vector<std::string> expected = suite.findings;
     expected.emplace_back(finding::exceptionLeftHook);
     std::sort(expected.begin(), expected.end());
-    trial.RequireLines(takeFindingIds(scene.host()), expected, "what the host found of the pass");
+    trial.RequireLines(scene.host().TakeFindingIds(), expected, "what the host found of the pass");
     trial.RequireEqual(scene.host().SuiteCount(suite.name, suite.version), held,
                        "how often the suite is held after the pass");
 

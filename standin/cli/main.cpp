@@ -5,7 +5,12 @@
 
 #include <CLI/CLI.hpp>
 
-int main(int argc, char** argv)
+#include <cstdio>
+#include <exception>
+
+namespace
+{
+int run(int argc, char** argv)
 {
     CLI::App app("The stand-in host for the Vortan Object Panel", "standin");
     app.require_subcommand(1);
@@ -27,4 +32,18 @@ int main(int argc, char** argv)
         return code == 0 ? standin::exit_code::well : standin::exit_code::usage;
     }
     return exitCode;
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try
+    {
+        return run(argc, argv);
+    }
+    catch (const std::exception& error)
+    {
+        (void)std::fprintf(stderr, "standin: %s\n", error.what());
+        return standin::exit_code::failed;
+    }
 }

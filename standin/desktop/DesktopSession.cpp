@@ -1,7 +1,6 @@
 #include "standin/desktop/DesktopSession.h"
 
-#include "tree/platform/x11/JuceInternals.h"
-
+#include <JuceInternals.h>
 #include <stdexcept>
 #include <thread>
 

@@ -15,22 +15,21 @@ namespace
 {
 juce::JUCEApplicationBase* makeApplication() { return new standin::desktop::DesktopApplication(); }
 
-int run(const standin::desktop::DesktopArguments& arguments)
+int open(const standin::desktop::DesktopArguments& arguments)
 {
     std::optional<standin::user::Xvfb> screen;
     if (!arguments.scenario.empty())
         screen.emplace(1320, 820);
     else if (const char* const named = std::getenv("DISPLAY"); named == nullptr || *named == '\0')
-        // JUCE would take the first display of the machine, which may be anybody's.
+        // JUCE would try the machine's first display, which may be another user's.
         throw std::runtime_error("there is no display; --play has a screen of its own");
     standin::desktop::DesktopApplication::Use(arguments);
     juce::JUCEApplicationBase::createInstance = &makeApplication;
     const char* const name[] = {"standin-desktop"};
     return juce::JUCEApplicationBase::main(1, const_cast<const char**>(name));
 }
-} // namespace
 
-int main(int argc, char* argv[])
+int run(int argc, char** argv)
 {
     CLI::App app("Opens a window of the stand-in host with the panel docked in it.", "standin-desktop");
     standin::desktop::DesktopArguments arguments;
@@ -38,7 +37,7 @@ int main(int argc, char* argv[])
     try
     {
         app.parse(argc, argv);
-        return run(arguments);
+        return open(arguments);
     }
     catch (const CLI::ParseError& error)
     {
@@ -46,7 +45,21 @@ int main(int argc, char* argv[])
     }
     catch (const std::runtime_error& error)
     {
-        std::fprintf(stderr, "standin-desktop: %s\n", error.what());
+        (void)std::fprintf(stderr, "standin-desktop: %s\n", error.what());
         return standin::exit_code::noDisplay;
+    }
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try
+    {
+        return run(argc, argv);
+    }
+    catch (const std::exception& error)
+    {
+        (void)std::fprintf(stderr, "standin-desktop: %s\n", error.what());
+        return standin::exit_code::failed;
     }
 }

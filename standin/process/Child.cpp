@@ -19,18 +19,27 @@ namespace standin::process
 namespace
 {
 constexpr auto betweenLooks = std::chrono::milliseconds(5);
+
+/// A program that was started with SIGCHLD ignored, as some launchers do, would never get an exit code.
+void keepExitCodes()
+{
+    struct sigaction action = {};
+    if (sigaction(SIGCHLD, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
+        (void)std::signal(SIGCHLD, SIG_DFL);
+}
 } // namespace
 
 Body Program(const std::vector<std::string>& command, const std::vector<std::string>& environment)
 {
     return [command, environment]
     {
-        for (std::string line : environment)
+        for (const std::string& line : environment)
         {
             const std::size_t equals = line.find('=');
             (void)setenv(line.substr(0, equals).c_str(), line.substr(equals + 1).c_str(), 1);
         }
         std::vector<char*> words;
+        words.reserve(command.size() + 1);
         for (const std::string& word : command)
             words.push_back(const_cast<char*>(word.c_str()));
         words.push_back(nullptr);
@@ -47,6 +56,7 @@ Child::Child(const Body& body, Streams streams, Timeout theTimeout) : timeout(th
         output.emplace();
         errors.emplace();
     }
+    keepExitCodes();
     int ends[2];
     if (::pipe(ends) != 0)
         throw std::runtime_error("no pipe to a child process");
@@ -115,7 +125,10 @@ bool Child::IsDone()
     if (done)
         return true;
     takeReport();
-    if (waitpid(process, &status, WNOHANG) == process)
+    const pid_t ended = waitpid(process, &status, WNOHANG);
+    if (ended < 0)
+        throw std::runtime_error("a child's exit code was taken by somebody else");
+    if (ended == process)
         finish();
     else if (timeout && Clock::now() - start > *timeout)
     {

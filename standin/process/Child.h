@@ -48,7 +48,8 @@ public:
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
 
-    /// Takes what has come from the child. True once it has ended, or was ended at its timeout.
+    /// Takes what has come from the child. True once it has ended, or was ended at its timeout. Throws
+    /// std::runtime_error if somebody else has waited for it.
     bool IsDone();
     void Wait();
     /// Sends the signal to the child, and to what it has started, until the child has ended.

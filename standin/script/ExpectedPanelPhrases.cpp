@@ -94,30 +94,29 @@ std::string pixel(Stage& stage, const Arguments& arguments)
 
 std::vector<Phrase> rowPhrases()
 {
-    return {
-        Expectation(
-            "expect rows TEXTS",
-            "All rows that are to be seen, with a dash for each level: \"Layer\" \"- Group 1\" \"-- lamp\".",
-            [](Stage& s, const Arguments& a) { return compare(a.texts, rowTexts(s.Rows())); }),
-        Expectation("expect no rows", "The tree is empty.",
-                    [](Stage& s, const Arguments&) { return compare({}, rowTexts(s.Rows())); }),
-        Expectation("expect panel and stack agree",
-                    "Rows, order, groups and boxes are what the current layer's stack calls for.",
-                    [](Stage& s, const Arguments&) { return agreement(s); }),
-        Expectation("expect selected TEXTS", "Exactly these rows are selected.",
-                    [](Stage& s, const Arguments& a) { return compare(a.texts, selectedTexts(s.Rows())); }),
-        Expectation("expect nothing selected", "No row is.",
-                    [](Stage& s, const Arguments&) { return compare({}, selectedTexts(s.Rows())); }),
-        Expectation("expect box of TEXT is full", "Switched on.",
-                    [](Stage& s, const Arguments& a) { return box(s, a, user::Box::full); }),
-        Expectation("expect box of TEXT is half", "A group of which some are on.",
-                    [](Stage& s, const Arguments& a) { return box(s, a, user::Box::half); }),
-        Expectation("expect box of TEXT is empty", "Switched off.",
-                    [](Stage& s, const Arguments& a) { return box(s, a, user::Box::empty); }),
-        Expectation("expect TEXT is open", "A row whose triangle points down.",
-                    [](Stage& s, const Arguments& a) { return triangle(s, a, user::Triangle::open); }),
-        Expectation("expect TEXT is closed", "A row whose triangle points at it.",
-                    [](Stage& s, const Arguments& a) { return triangle(s, a, user::Triangle::closed); })};
+    return {Expectation("expect rows TEXTS",
+                        "All visible rows, with a dash for each level: \"Layer\" \"- Group 1\" \"-- lamp\".",
+                        [](Stage& s, const Arguments& a) { return compare(a.texts, rowTexts(s.Rows())); }),
+            Expectation("expect no rows", "The tree is empty.",
+                        [](Stage& s, const Arguments&) { return compare({}, rowTexts(s.Rows())); }),
+            Expectation("expect panel and stack agree",
+                        "Rows, order, groups and boxes match the current layer's stack.",
+                        [](Stage& s, const Arguments&) { return agreement(s); }),
+            Expectation("expect selected TEXTS", "Exactly these rows are selected.",
+                        [](Stage& s, const Arguments& a)
+                        { return compare(a.texts, selectedTexts(s.Rows())); }),
+            Expectation("expect nothing selected", "No row is.",
+                        [](Stage& s, const Arguments&) { return compare({}, selectedTexts(s.Rows())); }),
+            Expectation("expect box of TEXT is full", "Switched on.",
+                        [](Stage& s, const Arguments& a) { return box(s, a, user::Box::full); }),
+            Expectation("expect box of TEXT is half", "A group of which some are on.",
+                        [](Stage& s, const Arguments& a) { return box(s, a, user::Box::half); }),
+            Expectation("expect box of TEXT is empty", "Switched off.",
+                        [](Stage& s, const Arguments& a) { return box(s, a, user::Box::empty); }),
+            Expectation("expect TEXT is open", "A row whose triangle points down.",
+                        [](Stage& s, const Arguments& a) { return triangle(s, a, user::Triangle::open); }),
+            Expectation("expect TEXT is closed", "A row whose triangle points at it.",
+                        [](Stage& s, const Arguments& a) { return triangle(s, a, user::Triangle::closed); })};
 }
 
 std::vector<Phrase> widgetPhrases()

@@ -57,14 +57,6 @@ bool containsRow(const Texts& lines, const Texts& texts)
     return std::search(lines.begin(), lines.end(), texts.begin(), texts.end()) != lines.end();
 }
 
-Texts alerts(Stage& stage)
-{
-    Texts texts;
-    for (const Alert& alert : stage.host().Alerts())
-        texts.push_back(alert.text);
-    return texts;
-}
-
 std::string tick(Stage& stage, const std::string& name, bool wanted)
 {
     (void)stage.host().UpdateMenus();
@@ -140,7 +132,7 @@ std::vector<Phrase> outputPhrases()
 {
     return {
         Expectation("expect printed TEXTS",
-                    "These lines, one behind the other, among those printed since the last action began.",
+                    "These lines in this order, among those printed since the last action began.",
                     [](Stage& s, const Arguments& a)
                     {
                         const Texts& lines = s.session.Printed();
@@ -172,9 +164,9 @@ std::vector<Phrase> outputPhrases()
                     [](Stage& s, const Arguments& a)
                     { return isTrue(!contains(s.session.Calls(), a.texts[0]), "a call contains that"); }),
         Expectation("expect alerts TEXTS", "All alerts since the beginning.",
-                    [](Stage& s, const Arguments& a) { return compare(a.texts, alerts(s)); }),
+                    [](Stage& s, const Arguments& a) { return compare(a.texts, s.host().AlertTexts()); }),
         Expectation("expect no alerts", "None since the beginning.",
-                    [](Stage& s, const Arguments&) { return compare({}, alerts(s)); }),
+                    [](Stage& s, const Arguments&) { return compare({}, s.host().AlertTexts()); }),
         Expectation("expect the host got TEXTS",
                     "The keys that reached the host since the last action began.",
                     [](Stage& s, const Arguments& a) { return compare(a.texts, s.session.HostKeys()); }),

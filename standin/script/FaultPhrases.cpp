@@ -17,9 +17,9 @@ PhraseBook FaultPhrases()
          Setting("fail WORD for good", "Each call of this function fails from now on.",
                  [](Stage& s, const Arguments& a)
                  { s.host().Faults().FailFunction(a.texts[0], 1, FaultLength::functionForGood); }),
-         Setting("withhold TEXT", "The suite of this name is not to be had.",
+         Setting("withhold TEXT", "The suite of this name cannot be acquired.",
                  [](Stage& s, const Arguments& a) { s.host().Faults().Withhold(a.texts[0]); }),
-         Setting("give back TEXT", "It is again.",
+         Setting("give back TEXT", "It can be acquired again.",
                  [](Stage& s, const Arguments& a) { s.host().Faults().GiveBack(a.texts[0]); }),
          Setting("all is well again", "No call fails any more.",
                  [](Stage& s, const Arguments&) { s.host().Faults().Disarm(); }),

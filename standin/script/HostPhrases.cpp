@@ -17,6 +17,7 @@ UserActions& user(Stage& stage) { return stage.host().User(); }
 void selectLayers(Stage& stage, const std::vector<std::string>& names)
 {
     std::vector<int> ids;
+    ids.reserve(names.size());
     for (const std::string& name : names)
         ids.push_back(stage.LayerId(name));
     stage.layer = ids.front();
@@ -107,7 +108,7 @@ std::vector<Phrase> effectPhrases()
                    { user(s).Reorder(s.EffectLabel(a.texts[0]), a.numbers[0] - 1); }),
             Action("delete TEXT", "Deletes an effect in the Effect Controls.",
                    [](Stage& s, const Arguments& a) { user(s).Delete(s.EffectLabel(a.texts[0])); }),
-            Action("duplicate TEXT", "The copy stands behind the original.",
+            Action("duplicate TEXT", "The copy comes right after the original.",
                    [](Stage& s, const Arguments& a) { (void)user(s).Duplicate(s.EffectLabel(a.texts[0])); }),
             Action("turn off TEXT", "Clicks the effect's switch in the Effect Controls.",
                    [](Stage& s, const Arguments& a)
@@ -200,7 +201,7 @@ std::vector<Phrase> runPhrases()
                 [](Stage& s, const Arguments&) { s.held = IdleHeld::yes; }),
         Action("go on", "The host idles again, until all is quiet.",
                [](Stage& s, const Arguments&) { s.held = IdleHeld::no; }),
-        Setting("idle NUMBER times", "So many idle passes and no more.",
+        Setting("idle NUMBER times", "Exactly so many idle passes.",
                 [](Stage& s, const Arguments& a)
                 {
                     for (int i = 0; i < a.numbers[0]; ++i)
@@ -211,7 +212,7 @@ std::vector<Phrase> runPhrases()
                 { s.session.IdleFor(std::chrono::milliseconds(a.numbers[0])); }),
         Setting("picture TEXT", "Leaves a picture of the screen under this name, as PNG.",
                 [](Stage& s, const Arguments& a) { takePicture(s, a.texts[0]); }),
-        Setting("say TEXT", "Tells whoever watches what comes next.",
+        Setting("say TEXT", "Tells the spectators what comes next.",
                 [](Stage& s, const Arguments& a) { s.tell(a.texts[0]); })};
 }
 } // namespace

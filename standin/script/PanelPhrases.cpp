@@ -102,7 +102,7 @@ std::vector<Phrase> mousePhrases()
                [](Stage& s, const Arguments& a) { s.session.DoubleClick(textOf(s, a.texts[0])); }),
         Action("double click box of TEXT", "The same on a row's check box.",
                [](Stage& s, const Arguments& a) { s.session.DoubleClick(boxOf(s, a.texts[0])); }),
-        Action("click the panel", "Clicks where nothing stands, beside the buttons.",
+        Action("click the panel", "Clicks the empty place beside the buttons.",
                [](Stage& s, const Arguments&) { s.session.Click(emptyPlace(s)); }),
         Action("click below the rows", "Clicks in the tree, under its last row.",
                [](Stage& s, const Arguments&) { s.session.Click(belowRows(s)); }),
@@ -149,7 +149,7 @@ std::vector<Phrase> holdPhrases()
 
 std::vector<Phrase> dragPhrases()
 {
-    return {Action("drag row TEXT into TEXT", "Drops a row on a group, behind what is in it.",
+    return {Action("drag row TEXT into TEXT", "Drops a row on a group, after the rows in it.",
                    [](Stage& s, const Arguments& a) { drag(s, a.texts[0], insideOf(s, s.Row(a.texts[1]))); }),
             Action("drag row TEXT above TEXT", "Drops a row at the upper edge of another.",
                    [](Stage& s, const Arguments& a) { drag(s, a.texts[0], upperEdgeOf(s, a.texts[1])); }),
@@ -166,8 +166,7 @@ std::vector<Phrase> keyPhrases()
                    [](Stage& s, const Arguments& a) { press(s, a.texts[0], 1); }),
             Action("press WORD NUMBER times", "The same key several times.",
                    [](Stage& s, const Arguments& a) { press(s, a.texts[0], a.numbers[0]); }),
-            Action("type TEXT",
-                   "Types a text. In the field for a new name it takes the place of the old one.",
+            Action("type TEXT", "Types a text. In the field for a new name it replaces the old one.",
                    [](Stage& s, const Arguments& a) { s.session.TypeText(a.texts[0]); })};
 }
 } // namespace

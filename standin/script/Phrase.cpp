@@ -134,6 +134,7 @@ Step BindPhrase(const Statement& statement)
 std::vector<Step> BindPhrases(const std::vector<Statement>& statements)
 {
     std::vector<Step> steps;
+    steps.reserve(statements.size());
     for (const Statement& statement : statements)
         steps.push_back(BindPhrase(statement));
     return steps;

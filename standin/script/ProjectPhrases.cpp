@@ -169,12 +169,13 @@ PhraseBook ProjectPhrases()
                      (void)s.host().Install(more);
                      s.AddCandidate(a.texts[1]);
                  }),
-         Setting("install the effect in TEXT",
-                 "The effect in this module is installed, in place of the one of its match name. The file is "
-                 "looked "
-                 "for "
-                 "from the scenario's folder.",
-                 [](Stage& s, const Arguments& a) { installModule(s, a.texts[0]); }),
+         Setting(
+             "install the effect in TEXT",
+             "The effect in this module is installed, in place of the one with its match name. The file is "
+             "looked "
+             "for "
+             "from the scenario's folder.",
+             [](Stage& s, const Arguments& a) { installModule(s, a.texts[0]); }),
          Setting("TEXT is not installed", "The user has not installed this effect.",
                  [](Stage& s, const Arguments& a) { uninstall(s, a.texts[0]); }),
          Setting("switch WORD", "The host behaves in its other way. An unknown switch gives the list of all.",

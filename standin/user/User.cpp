@@ -57,6 +57,12 @@ bool User::IdleUntilStill(const Area& area, const std::function<bool()>& isBusy)
         waits::untilStill);
 }
 
+void User::Point(Place at)
+{
+    hands.move(at.x, at.y);
+    pointed(at);
+}
+
 void User::Press(Place at, const std::vector<std::string>& modifiers, unsigned button)
 {
     avoidDoubleClick(at);
@@ -73,6 +79,7 @@ void User::Press(Place at, const std::vector<std::string>& modifiers, unsigned b
 void User::Release(unsigned button)
 {
     hands.release(button);
+    released();
     for (const std::string& modifier : heldModifiers)
         hands.keyUp(ModifierKey(modifier));
     heldModifiers.clear();
@@ -90,8 +97,8 @@ void User::avoidDoubleClick(Place next)
     constexpr int near = 20;
     const bool isNear = std::max(std::abs(next.x - lastPlace.x), std::abs(next.y - lastPlace.y)) < near;
     const auto since = Clock::now() - lastClick;
-    if (isNear && since < waits::noDoubleClick)
-        std::this_thread::sleep_for(waits::noDoubleClick - since);
+    if (isNear && since < betweenClicks)
+        std::this_thread::sleep_for(betweenClicks - since);
 }
 
 void User::DoubleClick(Place at)
@@ -116,13 +123,23 @@ void User::Move(Place from, Place to)
 
 void User::Drag(Place from, Place to)
 {
-    Press(from);
-    Idle();
-    Move(from, to);
+    StartDrag(from, to);
     if (!IdleUntil([this] { return !hands.popUps().empty(); }))
         throw std::runtime_error("nothing comes along with the pointer");
     if (!IdleUntilStill(PanelArea()))
         throw std::runtime_error("the panel never comes to rest under what is dragged");
+    Drop();
+}
+
+void User::StartDrag(Place from, Place to)
+{
+    Press(from);
+    Idle();
+    Move(from, to);
+}
+
+void User::Drop()
+{
     Release();
     awaitNoPopUp("what was dragged stays at the pointer");
 }

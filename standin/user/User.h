@@ -54,7 +54,7 @@ public:
         const Area& area, const std::function<bool()>& isBusy = [] { return false; });
 
     // The mouse. A click that follows another one nearby waits until the two make no double click.
-    void Point(Place at) { hands.move(at.x, at.y); }
+    void Point(Place at);
     /// The button, and the modifiers with it, stay down: "Control", "Shift".
     void Press(Place at, const std::vector<std::string>& modifiers = {}, unsigned button = 1);
     /// Ends what Press began.
@@ -66,6 +66,9 @@ public:
     /// Drags a row: what is dragged comes along at the pointer in a window of its own. Throws
     /// std::runtime_error if it does not, or stays.
     void Drag(Place from, Place to);
+    // The two halves of it. After the first, the button is down and the pointer has arrived.
+    void StartDrag(Place from, Place to);
+    void Drop();
     void Wheel(Place at, int notches);
 
     // The keyboard. Both throw std::runtime_error for a key that there is not.
@@ -92,10 +95,17 @@ private:
 public:
     XTestInput hands;
 
+protected:
+    /// Two clicks nearby are so far apart.
+    std::chrono::milliseconds betweenClicks = waits::noDoubleClick;
+
 private:
     void avoidDoubleClick(Place next);
-    /// Called after each press that is no choice in a menu.
+    // What else a kind of user does when the pointer has moved, and when the button has gone down or up other
+    // than for a choice in a menu.
+    virtual void pointed(Place) {}
     virtual void pressed(Place) {}
+    virtual void released() {}
     void awaitNoPopUp(const char* otherwise);
 
     std::vector<std::string> heldModifiers;

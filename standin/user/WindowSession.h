@@ -15,7 +15,7 @@ enum class DisplayChoice
     own
 };
 
-class WindowSession : public Session
+class WindowSession final : public Session
 {
 public:
     /// The bundle is not loaded yet. Throws std::runtime_error, in words for a user, if the file is no

@@ -1,6 +1,6 @@
 #pragma once
-// The two NSEvent methods that GNUstep lacks, declared as macOS declares them. The monitors that are
-// installed lie in a list, and the tests hand events to their blocks as AppKit's event loop does.
+// The two NSEvent methods that GNUstep lacks, declared as macOS declares them. Installed
+// monitors are kept in a list, and the tests pass events to their blocks as AppKit's event loop does.
 
 #import <AppKit/AppKit.h>
 

@@ -25,8 +25,8 @@ namespace standin
 /// Makes the application object, once, on a screen of its own.
 void StartApplication();
 
-/// The window lies at 100, 200 on the screen and is 400 by 300 large, the container at 50, 40 in it with
-/// 200 by 150. The surface fills JUCE's view, and JUCE's view the container.
+/// The window is at 100, 200 on the screen and measures 400 by 300; the container is at 50, 40 in it and
+/// measures 200 by 150. The surface fills JUCE's view, and JUCE's view the container.
 struct HostScene
 {
     HostScene();
@@ -52,7 +52,7 @@ struct HostScene
     RecordingView* juceView;
     SurfaceView* surface;
 
-    /// The event that was made last.
+    /// The latest event.
     NSEvent* lastEvent = nil;
 };
 
@@ -69,10 +69,10 @@ struct Announcement
     }
 };
 
-/// Since the last time that it was asked.
+/// Those since the last call.
 std::vector<Announcement> TakeAnnouncements();
 
-/// A key press of which the parts that matter are given.
+/// The parts of a key press that matter.
 struct Key
 {
     NSString* characters;

@@ -13,6 +13,6 @@ std::size_t CountOfMonitors();
 NSEventMask MaskOfOnlyMonitor();
 
 /// Hands the event to the block of every monitor whose mask fits, as AppKit does before it dispatches an
-/// event. Returns the event to go on with, or nil if a block kept it.
+/// event. Returns the event to dispatch, or nil if a block kept it.
 NSEvent* PassThroughMonitors(NSEvent* event);
 } // namespace standin

@@ -1,4 +1,4 @@
-// Objective-C objects that GNUstep makes once and keeps are no finding of the leak check. The objects of
+// Objective-C objects that GNUstep creates once and keeps do not count as leaks. The objects of
 // the code under test are counted by the tests themselves.
 
 extern "C" const char* __lsan_default_suppressions();

@@ -163,7 +163,7 @@ TEST_F(PanelatorUIPlat, ReplacesTheFormerWidgetAndTable)
     EXPECT_NE(stateTable, nullptr);
 }
 
-TEST_F(PanelatorUIPlat, WithoutThePanelSuiteThrows13AndTouchesNothing)
+TEST_F(PanelatorUIPlat, WithoutThePanelSuiteThrows13UsingNothing)
 {
     ValueTreesDemo* const former = CreateTreeWidget(false);
     tree = former;

@@ -1,6 +1,7 @@
 #import "panel/platform/mac/PluginView.h"
 
 #import "tests/appkit/HostScene.h"
+#include "tests/support/OutputOf.h"
 
 #include <gtest/gtest.h>
 
@@ -15,11 +16,7 @@ TEST(PluginView, SendsKeyEquivalentsUpTheResponderChain)
     [scene.juceView addSubview:view];
     NSEvent* const key = MakeKeyPress(scene, {@"z", @"z", 6, NSCommandKeyMask});
 
-    testing::internal::CaptureStdout();
-    const BOOL claimed = [view performKeyEquivalent:key];
-
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    EXPECT_EQ(claimed, YES);
+    EXPECT_EQ(OutputOf([&] { EXPECT_EQ([view performKeyEquivalent:key], YES); }), "");
     EXPECT_EQ(scene.juceView->keys, std::vector<NSEvent*>{key});
     [view removeFromSuperview];
     [view release];

@@ -1,5 +1,6 @@
 #import "tests/appkit/HostScene.h"
 #import "tests/appkit/InstalledMonitors.h"
+#include "tests/support/OutputOf.h"
 
 #include <gtest/gtest.h>
 
@@ -10,9 +11,6 @@ namespace standin
 {
 namespace
 {
-using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStdout;
-
 enum class Receiver
 {
     tree,
@@ -100,6 +98,14 @@ protected:
         (void)TakeAnnouncements();
     }
 
+    /// What is left of the row's key after the monitors, which have to print these lines: the event, or nil.
+    NSEvent* Send(NSEvent* key, const std::string& lines)
+    {
+        NSEvent* passedOn = nil;
+        EXPECT_EQ(OutputOf([&] { passedOn = PassThroughMonitors(key); }), lines);
+        return passedOn;
+    }
+
     std::vector<Announcement> AnnouncedFor(KeyboardOwner owner) { return {{scene.juceView, owner, 0}}; }
 
     HostScene scene;
@@ -108,13 +114,9 @@ protected:
 TEST_P(SurfaceViewKey, GoesWhereItBelongsWhilePanelFocused)
 {
     NSEvent* const key = MakeKeyPress(scene, GetParam().key);
-
-    CaptureStdout();
-    NSEvent* const passedOn = PassThroughMonitors(key);
-
-    EXPECT_EQ(GetCapturedStdout(), GetParam().lines);
     const bool isForTree = GetParam().receiver == Receiver::tree;
-    EXPECT_EQ(passedOn, isForTree ? nil : key);
+
+    EXPECT_EQ(Send(key, GetParam().lines), isForTree ? nil : key);
     EXPECT_EQ(scene.juceView->keys, isForTree ? std::vector<NSEvent*>{key} : std::vector<NSEvent*>{});
     EXPECT_TRUE(scene.container->keys.empty());
     EXPECT_EQ(TakeAnnouncements(), AnnouncedFor(KeyboardOwner::panel));
@@ -126,11 +128,7 @@ TEST_P(SurfaceViewKey, GoesToTheHostAfterAClickElsewhere)
     EXPECT_EQ(TakeAnnouncements(), AnnouncedFor(KeyboardOwner::host));
     NSEvent* const key = MakeKeyPress(scene, GetParam().key);
 
-    CaptureStdout();
-    NSEvent* const passedOn = PassThroughMonitors(key);
-
-    EXPECT_EQ(GetCapturedStdout(), "");
-    EXPECT_EQ(passedOn, key);
+    EXPECT_EQ(Send(key, ""), key);
     EXPECT_TRUE(scene.juceView->keys.empty());
     EXPECT_EQ(TakeAnnouncements(), AnnouncedFor(KeyboardOwner::host));
 }
@@ -140,11 +138,7 @@ TEST_P(SurfaceViewKey, GoesToTheHostWithoutTheKeyWindow)
     scene.ResignKeyWindow();
     NSEvent* const key = MakeKeyPress(scene, GetParam().key);
 
-    CaptureStdout();
-    NSEvent* const passedOn = PassThroughMonitors(key);
-
-    EXPECT_EQ(GetCapturedStdout(), "");
-    EXPECT_EQ(passedOn, key);
+    EXPECT_EQ(Send(key, ""), key);
     EXPECT_TRUE(scene.juceView->keys.empty());
     EXPECT_EQ(TakeAnnouncements(), std::vector<Announcement>{});
 }

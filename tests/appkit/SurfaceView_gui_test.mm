@@ -1,5 +1,6 @@
 #import "tests/appkit/HostScene.h"
 #import "tests/appkit/InstalledMonitors.h"
+#include "tests/support/OutputOf.h"
 
 #include <gtest/gtest.h>
 
@@ -25,14 +26,11 @@ namespace standin
 {
 namespace
 {
-using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStdout;
-
 const Key deleteKey = {@"\x7f", @"\x7f", 51, 0};
 
 int callsOfSuperclass = 0;
 
-/// Stands in the place of NSView's own method while it lives.
+/// Replaces NSView's own method while it lives.
 class CountedSuperclass
 {
 public:
@@ -99,12 +97,9 @@ TEST(SurfaceView, ClaimsKeyEquivalentsAndOnlyPrints)
 
     for (NSString* character in @[ @"z", @"x", @"\x7f", @"\r" ])
     {
-        CaptureStdout();
-        const BOOL claimed = [scene.surface
-            performKeyEquivalent:MakeKeyPress(scene, {character, character, 6, NSCommandKeyMask})];
-
-        EXPECT_EQ(GetCapturedStdout(), "Key Equivalent called\n");
-        EXPECT_EQ(claimed, YES);
+        NSEvent* const key = MakeKeyPress(scene, {character, character, 6, NSCommandKeyMask});
+        EXPECT_EQ(OutputOf([&] { EXPECT_EQ([scene.surface performKeyEquivalent:key], YES); }),
+                  "Key Equivalent called\n");
     }
     EXPECT_TRUE(scene.juceView->keys.empty());
 }
@@ -113,10 +108,7 @@ TEST(SurfaceView, InstallsClickAndKeyMonitorInAWindow)
 {
     HostScene scene;
 
-    CaptureStdout();
-    scene.AddSurface();
-
-    EXPECT_EQ(GetCapturedStdout(), "View Will move to Winodw\nAdding Event Monitor\n");
+    EXPECT_EQ(OutputOf([&] { scene.AddSurface(); }), "View Will move to Winodw\nAdding Event Monitor\n");
     ASSERT_EQ(CountOfMonitors(), 1u);
     EXPECT_EQ(MaskOfOnlyMonitor(), 1026u);
 }
@@ -126,10 +118,7 @@ TEST(SurfaceView, LeavingItsWindowRemovesTheMonitor)
     HostScene scene;
     scene.AddSurface();
 
-    CaptureStdout();
-    scene.RemoveSurface();
-
-    EXPECT_EQ(GetCapturedStdout(), "View Will move to Winodw\nNew Window Empty\n");
+    EXPECT_EQ(OutputOf([&] { scene.RemoveSurface(); }), "View Will move to Winodw\nNew Window Empty\n");
     EXPECT_EQ(CountOfMonitors(), 0u);
 }
 
@@ -137,10 +126,8 @@ TEST(SurfaceView, WithoutAMonitorStillReportsLosingItsWindow)
 {
     const HostScene scene;
 
-    CaptureStdout();
-    [scene.surface viewWillMoveToWindow:nil];
-
-    EXPECT_EQ(GetCapturedStdout(), "View Will move to Winodw\nNew Window Empty\n");
+    EXPECT_EQ(OutputOf([&] { [scene.surface viewWillMoveToWindow:nil]; }),
+              "View Will move to Winodw\nNew Window Empty\n");
     EXPECT_EQ(CountOfMonitors(), 0u);
 }
 
@@ -150,10 +137,8 @@ TEST(SurfaceView, MovingDirectlyToAnotherWindowKeepsItsMonitor)
     scene.AddSurface();
     const HostScene other;
 
-    CaptureStdout();
-    [scene.surface viewWillMoveToWindow:other.window];
-
-    EXPECT_EQ(GetCapturedStdout(), "View Will move to Winodw\n");
+    EXPECT_EQ(OutputOf([&] { [scene.surface viewWillMoveToWindow:other.window]; }),
+              "View Will move to Winodw\n");
     EXPECT_EQ(CountOfMonitors(), 1u);
 }
 
@@ -163,10 +148,7 @@ TEST(SurfaceView, ReturningToAWindowInstallsAnotherMonitor)
     scene.AddSurface();
     scene.RemoveSurface();
 
-    CaptureStdout();
-    scene.AddSurface();
-
-    EXPECT_EQ(GetCapturedStdout(), "View Will move to Winodw\nAdding Event Monitor\n");
+    EXPECT_EQ(OutputOf([&] { scene.AddSurface(); }), "View Will move to Winodw\nAdding Event Monitor\n");
     EXPECT_EQ(CountOfMonitors(), 1u);
 }
 
@@ -202,6 +184,15 @@ protected:
         scene.AddSurface();
     }
 
+    /// What a click prints. It goes on to its window, whatever the surface makes of it.
+    std::string LinesOf(NSEvent* (HostScene::*click)())
+    {
+        NSEvent* passedOn = nil;
+        const std::string lines = OutputOf([&] { passedOn = (scene.*click)(); });
+        EXPECT_EQ(passedOn, scene.lastEvent);
+        return lines;
+    }
+
     /// Whether the panel holds the keyboard: whether it takes a Delete.
     bool TakesDelete() { return PassThroughMonitors(MakeKeyPress(scene, deleteKey)) == nil; }
 
@@ -210,21 +201,13 @@ protected:
 
 TEST_F(SurfaceViewFocus, IsNotThereBeforeTheFirstClick)
 {
-    CaptureStdout();
-    const bool taken = TakesDelete();
-
-    EXPECT_EQ(GetCapturedStdout(), "");
-    EXPECT_FALSE(taken);
+    EXPECT_EQ(OutputOf([&] { EXPECT_FALSE(TakesDelete()); }), "");
     EXPECT_TRUE(scene.juceView->keys.empty());
 }
 
 TEST_F(SurfaceViewFocus, ComesWithTheFirstClickAndForwardsIt)
 {
-    CaptureStdout();
-    NSEvent* const passedOn = scene.ClickInside();
-
-    EXPECT_EQ(GetCapturedStdout(), "Click happened in View\n");
-    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_EQ(LinesOf(&HostScene::ClickInside), "Click happened in View\n");
     EXPECT_EQ(scene.container->clicks, std::vector<NSEvent*>{scene.lastEvent});
     EXPECT_TRUE(scene.juceView->clicks.empty());
     EXPECT_TRUE(TakesDelete());
@@ -234,11 +217,7 @@ TEST_F(SurfaceViewFocus, DoesNotForwardFurtherClicks)
 {
     (void)scene.ClickInside();
 
-    CaptureStdout();
-    NSEvent* const passedOn = scene.ClickInside();
-
-    EXPECT_EQ(GetCapturedStdout(), "Click happened in View\n");
-    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_EQ(LinesOf(&HostScene::ClickInside), "Click happened in View\n");
     EXPECT_EQ(scene.container->clicks.size(), 1u);
     EXPECT_TRUE(TakesDelete());
 }
@@ -247,11 +226,7 @@ TEST_F(SurfaceViewFocus, GoesWithAClickElsewhereInTheWindow)
 {
     (void)scene.ClickInside();
 
-    CaptureStdout();
-    NSEvent* const passedOn = scene.ClickOutside();
-
-    EXPECT_EQ(GetCapturedStdout(), "");
-    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_EQ(LinesOf(&HostScene::ClickOutside), "");
     EXPECT_EQ(scene.container->clicks.size(), 1u);
     EXPECT_FALSE(TakesDelete());
 }
@@ -307,11 +282,7 @@ TEST_F(SurfaceViewFocus, GoesWithAnyClickWhileHidden)
     (void)scene.ClickInside();
     [scene.surface setHidden:YES];
 
-    CaptureStdout();
-    NSEvent* const passedOn = scene.ClickInside();
-
-    EXPECT_EQ(GetCapturedStdout(), "View is Hidden\n");
-    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_EQ(LinesOf(&HostScene::ClickInside), "View is Hidden\n");
     EXPECT_EQ(scene.container->clicks.size(), 1u);
     EXPECT_FALSE(TakesDelete());
 }
@@ -320,10 +291,7 @@ TEST_F(SurfaceViewFocus, ComesWithAClickInAHiddenContainer)
 {
     [scene.container setHidden:YES];
 
-    CaptureStdout();
-    (void)scene.ClickInside();
-
-    EXPECT_EQ(GetCapturedStdout(), "Click happened in View\n");
+    EXPECT_EQ(OutputOf([&] { (void)scene.ClickInside(); }), "Click happened in View\n");
     EXPECT_TRUE(TakesDelete());
 }
 
@@ -331,11 +299,7 @@ TEST_F(SurfaceViewFocus, IgnoresClicksWithoutTheKeyWindow)
 {
     scene.ResignKeyWindow();
 
-    CaptureStdout();
-    NSEvent* const passedOn = scene.ClickInside();
-
-    EXPECT_EQ(GetCapturedStdout(), "");
-    EXPECT_EQ(passedOn, scene.lastEvent);
+    EXPECT_EQ(LinesOf(&HostScene::ClickInside), "");
     EXPECT_TRUE(scene.container->clicks.empty());
     scene.BecomeKeyWindow();
     EXPECT_FALSE(TakesDelete());
@@ -346,11 +310,8 @@ TEST_F(SurfaceViewFocus, OutlastsALossOfTheKeyWindow)
     (void)scene.ClickInside();
     scene.ResignKeyWindow();
 
-    CaptureStdout();
-    const bool takenMeanwhile = TakesDelete();
-    (void)scene.ClickOutside();
-    EXPECT_EQ(GetCapturedStdout(), "");
-    EXPECT_FALSE(takenMeanwhile);
+    EXPECT_EQ(OutputOf([&] { EXPECT_FALSE(TakesDelete()); }), "");
+    EXPECT_EQ(OutputOf([&] { (void)scene.ClickOutside(); }), "");
 
     scene.BecomeKeyWindow();
     EXPECT_TRUE(TakesDelete());

@@ -1,13 +1,11 @@
 #include "tests/apple/MachOModule.h"
 
-#include "tests/standin_programs/ProgramRun.h"
+#include "tests/support/ProgramRun.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 #include <regex>
 #include <set>
-#include <sstream>
 #include <stdexcept>
 #include <tuple>
 
@@ -20,26 +18,19 @@ using Words = std::vector<std::string>;
 constexpr const char* classPrefix = "_OBJC_CLASS_$_";
 
 /// What one of LLVM's tools prints, as words by lines.
-std::vector<Words> linesOf(const std::string& tool, const std::vector<std::string>& arguments)
+std::vector<Words> wordsOf(const std::string& tool, const std::vector<std::string>& arguments)
 {
     std::vector<std::string> command = {VORTAN_LLVM "/" + tool};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    const ProgramRun run = RunProgram(command);
-    if (run.exitCode != 0)
-        throw std::runtime_error(tool + " fails: " + run.errors);
     std::vector<Words> lines;
-    std::istringstream text(run.output);
-    for (std::string line; std::getline(text, line);)
-    {
-        std::istringstream words(line);
-        lines.push_back(Words{std::istream_iterator<std::string>(words), {}});
-    }
+    for (const std::string& line : LinesOf(command))
+        lines.push_back(WordsOf(line));
     return lines;
 }
 
 std::vector<Words> dumpOf(const std::string& path, const std::string& architecture, const std::string& what)
 {
-    return linesOf("llvm-objdump", {"--macho", "--arch=" + architecture, what, path});
+    return wordsOf("llvm-objdump", {"--macho", "--arch=" + architecture, what, path});
 }
 
 /// The word at `place` of the only line whose first word is `first`.
@@ -86,7 +77,7 @@ std::size_t initialiserCount(const std::vector<Words>& sections)
     return 0;
 }
 
-/// The symbols that a line of the disassembly names: a function's, behind a stub or not, or that of a
+/// The symbols that a line of the disassembly names: a function's, called through a stub or not, or that of a
 /// variable.
 std::vector<std::string> symbolsIn(const Words& line)
 {
@@ -154,10 +145,10 @@ MachOSlice readSlice(const std::string& path, const std::string& architecture)
         wordAfter(dumpOf(path, architecture, "--private-header"), "MH_MAGIC_64", placeOfFileType);
     slice.oldestSystem = wordAfter(dumpOf(path, architecture, "--private-headers"), "minos", 1);
     slice.exports = namesWithAddress(dumpOf(path, architecture, "--exports-trie"));
-    for (const Words& line : linesOf("llvm-nm", {arch, "--undefined-only", "--just-symbol-name", path}))
+    for (const Words& line : wordsOf("llvm-nm", {arch, "--undefined-only", "--just-symbol-name", path}))
         if (line.size() == 1)
             slice.undefined.push_back(line.front());
-    const std::vector<Words> defined = linesOf("llvm-nm", {arch, "--defined-only", path});
+    const std::vector<Words> defined = wordsOf("llvm-nm", {arch, "--defined-only", path});
     slice.classes = without(classPrefix, defined);
     std::size_t count = 0;
     std::tie(slice.initialisers, count) = initialisersIn(dumpOf(path, architecture, "--disassemble"));
@@ -177,7 +168,7 @@ bool IsFromCppLibraries(const std::string& symbol)
 std::vector<MachOSlice> ReadMachOModule(const std::string& path)
 {
     std::vector<MachOSlice> slices;
-    for (const Words& line : linesOf("llvm-lipo", {path, "-archs"}))
+    for (const Words& line : wordsOf("llvm-lipo", {path, "-archs"}))
         for (const std::string& architecture : line)
             slices.push_back(readSlice(path, architecture));
     return slices;

@@ -1,4 +1,4 @@
-// What the bundle's module must be, and must not.
+// What the bundle's module must and must not contain.
 
 #include "tests/apple/MachOModule.h"
 

@@ -19,7 +19,7 @@ namespace files = std::filesystem;
 
 const std::string tree = VORTAN_MODULE_TREE;
 
-/// A copy of the tree, to be altered.
+/// A copy of the tree that a test alters.
 class AlteredTree : public testing::Test
 {
 protected:

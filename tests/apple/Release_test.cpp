@@ -1,7 +1,7 @@
-// What scripts/release-macos does with the programs of macOS, which are stood in for by programs that write
-// down how they are called.
+// What scripts/release-macos does with the programs of macOS, which are replaced by programs that record how
+// they are called.
 
-#include "tests/standin_programs/ProgramRun.h"
+#include "tests/support/ProgramRun.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -28,7 +28,7 @@ protected:
         settle();
     }
 
-    /// Painting waits for JUCE's timers, and the server's answers to that come later still.
+    /// Painting waits for JUCE's timers, and the server answers even later.
     void settle()
     {
         constexpr int passes = 60;

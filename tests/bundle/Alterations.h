@@ -10,7 +10,7 @@ namespace standin
 /// True if the bytes pass; may throw std::exception if they do not.
 using Check = std::function<bool(const Bytes&)>;
 
-/// The places whose alteration the check lets pass. Each byte is altered in its lowest bit, in its highest
+/// The places where the check misses an alteration. Each byte is altered in its lowest bit, in its highest
 /// bit and in all bits, and the whole is cut short at each place and made longer at its end.
 std::vector<std::size_t> FindUnnoticedAlterations(const Bytes&, const Check&);
 } // namespace standin

@@ -1,10 +1,9 @@
-#include "tests/bundle/ResourceReader.h"
+#include "tests/support/FileText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <regex>
 
 namespace standin
 {
@@ -12,21 +11,7 @@ namespace
 {
 using testing::IsEmpty;
 
-std::string sourceText(const std::string& path)
-{
-    const Bytes bytes = ReadFile(VORTAN_SOURCE_FOLDER "/" + path);
-    return std::string(bytes.begin(), bytes.end());
-}
-
-/// The first groups of all matches.
-std::vector<std::string> findAll(const std::string& text, const std::string& pattern)
-{
-    const std::regex expression(pattern);
-    std::vector<std::string> found;
-    for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end; ++match)
-        found.push_back((*match)[1]);
-    return found;
-}
+std::string sourceText(const std::string& path) { return FileText(VORTAN_SOURCE_FOLDER "/" + path); }
 
 bool isChecked(const std::string& table, const std::string& member)
 {
@@ -59,10 +44,10 @@ TEST(CheckedNames, HoldEveryFunctionOfEveryTable)
     std::vector<std::string> missing;
     for (std::sregex_iterator table(header.begin(), header.end(), tablePattern), end; table != end; ++table)
     {
-        for (const std::string& function : findAll((*table)[2], "\\(\\*(\\w+)\\)"))
+        for (const std::string& function : FindAll((*table)[2], "\\(\\*(\\w+)\\)"))
         {
             ++functions;
-            // It has another name where a table has one conversion for each direction.
+            // It has another name in tables with one conversion for each direction.
             if (!isChecked((*table)[1], function) && function != "AEGP_ConvertLayerToCompTime")
                 missing.push_back((*table)[1].str() + "::" + function);
         }
@@ -76,7 +61,7 @@ TEST(CheckedNames, HoldEveryFunctionOfEveryTable)
 
 TEST(CheckedNames, HoldEveryScalarAndHandle)
 {
-    const std::vector<std::string> names = findAll(sourceText("host/HostTypes.h"), "using (\\w+) =");
+    const std::vector<std::string> names = FindAll(sourceText("host/HostTypes.h"), "using (\\w+) =");
 
     EXPECT_THAT(names, testing::Contains("A_long"));
     std::vector<std::string> missing = unchecked(names);
@@ -88,7 +73,7 @@ TEST(CheckedNames, HoldEveryScalarAndHandle)
 TEST(CheckedNames, HoldEveryConstant)
 {
     const std::vector<std::string> names =
-        findAll(sourceText("host/HostTypes.h"), "\\b((?:AEGP|PF|A)_\\w+) = -?\\d");
+        FindAll(sourceText("host/HostTypes.h"), "\\b((?:AEGP|PF|A)_\\w+) = -?\\d");
 
     EXPECT_THAT(names, testing::Contains("PF_Cmd_COMPLETELY_GENERAL"));
     EXPECT_THAT(unchecked(names), IsEmpty());

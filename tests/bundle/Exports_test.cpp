@@ -1,12 +1,6 @@
-#include "tests/bundle/BuiltBundles.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/ProgramRun.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <memory>
-#include <sstream>
-#include <stdexcept>
 
 namespace standin
 {
@@ -15,20 +9,11 @@ namespace
 /// The names of the dynamic symbols that the module defines, sorted.
 std::vector<std::string> exportsOf(const std::string& module)
 {
-    const std::string command = "nm -D --defined-only '" + module + "'";
-    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    if (pipe == nullptr)
-        throw std::runtime_error("nm does not run");
     std::vector<std::string> names;
-    char line[512];
-    while (std::fgets(line, sizeof line, pipe.get()) != nullptr)
+    for (const std::string& line : LinesOf({"nm", "-D", "--defined-only", module}))
     {
-        std::istringstream words(line);
-        std::string address;
-        std::string kind;
-        std::string name;
-        words >> address >> kind >> name;
-        names.push_back(kind + " " + name);
+        const std::vector<std::string> words = WordsOf(line); // An address, a kind and a name.
+        names.push_back(words.at(1) + " " + words.at(2));
     }
     std::sort(names.begin(), names.end());
     return names;

@@ -1,10 +1,7 @@
-#include "tests/bundle/ResourceReader.h"
+#include "tests/support/FileText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <filesystem>
-#include <regex>
 
 namespace standin
 {
@@ -16,21 +13,11 @@ using testing::UnorderedElementsAreArray;
 
 const std::string workflow = ".github/workflows/build.yml";
 
-std::string sourceText(const std::string& path)
-{
-    const Bytes bytes = ReadFile(VORTAN_SOURCE_FOLDER "/" + path);
-    return std::string(bytes.begin(), bytes.end());
-}
+std::string sourceText(const std::string& path) { return FileText(VORTAN_SOURCE_FOLDER "/" + path); }
 
-/// The first groups of all matches in a file of the project.
 std::vector<std::string> findIn(const std::string& path, const std::string& pattern)
 {
-    const std::string text = sourceText(path);
-    const std::regex expression(pattern);
-    std::vector<std::string> found;
-    for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end; ++match)
-        found.push_back((*match)[1]);
-    return found;
+    return FindAll(sourceText(path), pattern);
 }
 
 std::vector<std::string> findOnPage(const std::string& pattern) { return findIn("docs/macos.md", pattern); }

@@ -1,6 +1,6 @@
 #pragma once
 // Reads a resource file in a data fork, from the format's description. Accounts for every byte: what the
-// format does not ask for, or leaves unused, must be as the description has it.
+// format leaves unused has to be as the description says.
 
 #include <cstdint>
 #include <string>

@@ -1,5 +1,6 @@
 #include "tests/bundle_linux/BundleTest.h"
 
+#include "standin/host/family/Family.h"
 #include "standin/host/family/KeptSuites.h"
 
 namespace standin
@@ -47,12 +48,5 @@ std::vector<std::string> BundleTest::TakeCalls(SuiteTraffic traffic)
     auto calls = host.CallTexts(traffic);
     host.ClearTrace();
     return calls;
-}
-
-std::string BundleTest::OutputOf(const std::function<void()>& action)
-{
-    testing::internal::CaptureStdout();
-    action();
-    return testing::internal::GetCapturedStdout();
 }
 } // namespace standin

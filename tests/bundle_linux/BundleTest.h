@@ -4,8 +4,8 @@
 
 #include "standin/host/bundle/Bundle.h"
 #include "standin/host/core/Host.h"
-#include "standin/host/family/Family.h"
 #include "tests/support/KeptBlocks.h"
+#include "tests/support/OutputOf.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -59,11 +59,8 @@ protected:
     const IdleWords& Idle() { return *static_cast<const IdleWords*>(Published(idleSuiteName)); }
     const PanelWords& PanelTable() { return *static_cast<const PanelWords*>(Published(panelSuiteName)); }
 
-    /// The calls since the last time; without the traffic of suites if that is said.
+    /// The calls since the last time; without suite traffic if asked for.
     std::vector<std::string> TakeCalls(SuiteTraffic traffic = SuiteTraffic::included);
-
-    /// What `action` writes to standard output.
-    static std::string OutputOf(const std::function<void()>& action);
 
     Host host;
     Bundle bundle;

@@ -31,7 +31,7 @@ protected:
             panelPlugin = LoadPanel();
     }
 
-    /// The record behind the idle suite, and the one behind the panel suite up to its text.
+    /// The record of the idle suite, and the panel suite's up to its text.
     static constexpr std::size_t idleRecordSize = 16 + 32 * 16;
     static constexpr std::size_t panelRecordSize = 19;
 

@@ -40,7 +40,7 @@ protected:
         action.sa_flags = SA_SIGINFO;
         (void)sigaction(SIGSEGV, &action, nullptr);
         (void)LoadIdleSuite();
-        std::exit(0); // It lived, which fails the test.
+        std::exit(0); // It survived, which fails the test.
     }
 };
 } // namespace

@@ -1,4 +1,4 @@
-// What runs over every effect at every idle takes no memory from the heap. The host's tables are written by
+// The code that visits every effect in every idle pass allocates nothing. The host's tables are written by
 // hand, since the stand-in's own book-keeping allocates.
 
 #include "effects/EffectMessages.h"

@@ -3,6 +3,7 @@
 
 #include "effects/EffectCatalogue.h"
 #include "standin/host/core/Host.h"
+#include "tests/support/OutputOf.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,7 +14,7 @@
 
 namespace standin
 {
-/// At its end the lookups have printed nothing and left nothing held.
+/// At its end the lookups must have printed nothing and hold nothing.
 class Catalogue : public ::testing::Test
 {
 protected:
@@ -46,14 +47,17 @@ protected:
     void InHook(Lookup lookup)
     {
         host.ClearTrace();
-        ::testing::internal::CaptureStdout();
-        const HookResult result = host.RunInHook(
+        HookResult result;
+        printed += OutputOf(
             [&]
             {
-                const AEGP_SuiteHandler suites(Basic());
-                lookup(suites);
+                result = host.RunInHook(
+                    [&]
+                    {
+                        const AEGP_SuiteHandler suites(Basic());
+                        lookup(suites);
+                    });
             });
-        printed += ::testing::internal::GetCapturedStdout();
         EXPECT_EQ(result.thrown, "");
     }
 

@@ -68,8 +68,8 @@ struct SmallCatalogue
     std::string outcome;
 };
 
-/// What the host finds besides: an integer that left the hook, and the names of the key 0, for which a walk
-/// asks that could not make its first step.
+/// What the host finds as well: an integer that left the hook, and questions for the name of the key 0 by a
+/// walk whose first step failed.
 FindingIds expectedFindings(const std::string& outcome, const SweptFault& fault)
 {
     FindingIds ids;
@@ -81,8 +81,8 @@ FindingIds expectedFindings(const std::string& outcome, const SweptFault& fault)
     return ids;
 }
 
-/// One row for each call of the clean run: what comes of it if the call fails once, if its function fails for
-/// good, and if everything does.
+/// One row for each call of the clean run: the outcome if the call fails once, if its function fails from
+/// then on, and if everything does.
 template <class Value>
 struct Row
 {

@@ -4,7 +4,6 @@
 
 #include "standin/host/faults/Sweep.h"
 #include "tests/effects/MessageFixture.h"
-#include "tests/support/FindingIds.h"
 
 #include <algorithm>
 
@@ -53,7 +52,7 @@ bool hasFailedAcquire(const Calls& calls)
                        });
 }
 
-/// How many of the first calls of a clean run are no suite traffic.
+/// How many of the first calls of a clean run are not suite traffic.
 std::size_t placeOf(const Calls& clean, std::size_t ordinal)
 {
     return static_cast<std::size_t>(
@@ -180,7 +179,7 @@ void sweepGathering(Operation operation, Answers answers, const std::vector<std:
                         if (hasFailedAcquire(calls))
                         {
                             EXPECT_EQ(scenario.result.thrownNumber, 516);
-                            EXPECT_THAT(TakeFindingIds(scenario.host), ElementsAre("exception-left-hook"));
+                            EXPECT_THAT(scenario.host.TakeFindingIds(), ElementsAre("exception-left-hook"));
                             return;
                         }
                         std::vector<std::string> demanded = sound;
@@ -190,7 +189,7 @@ void sweepGathering(Operation operation, Answers answers, const std::vector<std:
                             demanded[place / 6] = preset;
                         EXPECT_EQ(answers(scenario), demanded);
                         EXPECT_EQ(scenario.result.error, 0);
-                        EXPECT_THAT(TakeFindingIds(scenario.host), IsEmpty());
+                        EXPECT_THAT(scenario.host.TakeFindingIds(), IsEmpty());
                     },
                     {FaultLength::once});
     EXPECT_EQ(swept, 3u * 6u + 3u + 3u);

@@ -137,7 +137,7 @@ TEST(PingEffectIndex, SendsIfOneRequiredFlagIsSet)
     product.ExpectCleanEnd();
 }
 
-TEST(PingEffectIndex, RefusesWithoutTheFlagsAndDisposesThroughSuite1)
+TEST(PingEffectIndex, RefusesWithoutFlagsAndDisposesThroughSuite1)
 {
     MessageHost product;
     product.host.Effect("A").flags = 4;

@@ -183,7 +183,7 @@ namespace
 struct AddingRow
 {
     const char* call;    ///< As it reads in the clean run.
-    const char* outcome; ///< If it fails once, or its function for good; and the stack then.
+    const char* outcome; ///< If it fails once, or its function from then on; and the stack then.
     const char* stack;
     const char* outcomeOfAll; ///< The same if everything fails from this call on.
     const char* stackOfAll;
@@ -301,7 +301,7 @@ TEST(AddingWithoutASuite, NeedsNoOtherVersionAndNoUtilities)
     EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
 }
 
-TEST(AddingWithoutASuite, WithoutALayerIsThe516OfTheUtilities)
+TEST(AddingWithoutASuite, WithoutUtilitiesThrows516EvenWithoutALayer)
 {
     LabelledStack product("G");
     product.host.Faults().Withhold("AEGP Utility Suite", 3);

@@ -196,7 +196,7 @@ TEST(RemovalWithoutASuite, NeedsOnlyTheVersionsThatItUses)
     EXPECT_EQ(TakeDistinctFindingIds(product.host), FindingIds());
 }
 
-TEST(RemovalWithoutASuite, NullBasicSuiteThrows516IfAnythingIsDeleted)
+TEST(RemovalWithoutASuite, NullBasicSuiteThrows516WhenDeleting)
 {
     Removing product("A", "A");
     EXPECT_THROW((void)RemoveMultipleEffectsByUUID(7, nullptr, product.doomed, product.Layer()), int);

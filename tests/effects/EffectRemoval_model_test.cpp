@@ -1,4 +1,4 @@
-// Random stacks and random lists of identities, against a small model of what is to be left.
+// Random stacks and random lists of identities, against a small model of what has to remain.
 
 #include "effects/EffectRemoval.h"
 #include "effects/ObjectItem.h"

@@ -1,5 +1,5 @@
-// A host that tells what a selection asks and says beside it that it failed. No result of a selection's own
-// questions is looked at, so it goes on as if nothing were wrong.
+// A host that answers the questions of a selection and returns an error as well. A selection ignores the
+// results of its own questions, so it goes on as if nothing were wrong.
 
 #include "effects/EffectSelection.h"
 #include "tests/support/PatchedBasic.h"

@@ -1,4 +1,4 @@
-// The sequences in which the hidden flags are switched, by suite version, and what they leave behind.
+// The calls that switch the hidden flags, by suite version, and their result.
 
 #include "standin/host/family/Liars.h"
 #include "tests/support/StackTest.h"

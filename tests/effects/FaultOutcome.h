@@ -17,10 +17,8 @@ using FindingIds = std::set<std::string>;
 inline FindingIds TakeDistinctFindingIds(Host& host)
 {
     host.CheckSuiteBalance();
-    FindingIds ids;
-    for (const Finding& finding : host.TakeFindings())
-        ids.insert(finding.id);
-    return ids;
+    const std::vector<std::string> ids = host.TakeFindingIds();
+    return {ids.begin(), ids.end()};
 }
 
 /// "returned 0", or "threw 516" for an integer that left the hook.

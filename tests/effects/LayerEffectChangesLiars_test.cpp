@@ -1,4 +1,4 @@
-// A host that hands an effect out and says beside it that it failed, or counts and says so.
+// A host that hands an effect out, or counts the effects, and returns an error as well.
 
 #include "effects/LayerEffectChanges.h"
 #include "tests/support/PatchedBasic.h"

@@ -1,5 +1,5 @@
 // A suite that is missing, from the start or from the middle on, sends the integer 516 to the host. What was
-// done stays done, what was taken is given back as far as it can be.
+// done stays done, and what was taken is given back as far as possible.
 
 #include "effects/LayerEffectChanges.h"
 #include "standin/host/family/Liars.h"

@@ -5,7 +5,6 @@
 #include "standin/host/faults/Sweep.h"
 #include "tests/effects/FaultOutcome.h"
 #include "tests/effects/ReadFixture.h"
-#include "tests/support/FindingIds.h"
 
 #include <algorithm>
 #include <memory>
@@ -40,8 +39,7 @@ bool isSuiteTraffic(const std::string& call) { return startsWith(call, "Basic ")
 
 std::string functionOf(const std::string& call) { return call.substr(0, call.find('(')); }
 
-/// Which calls of a clean read fail: those at the places, counted from 0 without suite traffic, for which
-/// it says so.
+/// The calls of a clean read that fail, by their places, counted from 0 without suite traffic.
 class FailingPlaces
 {
 public:
@@ -167,7 +165,7 @@ protected:
         EXPECT_EQ(scenario.outcome.result.thrown, "");
         EXPECT_EQ(scenario.Text(scenario.outcome.items),
                   scenario.Text(demandedItems(FailingPlaces(clean, fault), sound)));
-        EXPECT_THAT(TakeFindingIds(scenario.host), IsEmpty());
+        EXPECT_THAT(scenario.host.TakeFindingIds(), IsEmpty());
     }
 
     /// The read throws 516. A reference may leak only where its disposing suite is missing, at once and
@@ -192,7 +190,7 @@ protected:
             ids.push_back("leaked-reference");
         if (noStreams && made("DynamicStream 2 AEGP_GetNewParentStreamRef(id 7, stream A.1) -> stream A"))
             ids.push_back("leaked-reference");
-        EXPECT_EQ(TakeFindingIds(scenario.host), ids);
+        EXPECT_EQ(scenario.host.TakeFindingIds(), ids);
     }
 
     const Items sound = FaultyRead().LayerItems();
@@ -240,7 +238,7 @@ TEST(LayerItemsFaulty, WithoutOneSuiteThrow516)
                        EXPECT_EQ(scenario.outcome.result.thrownNumber, 516);
                        EXPECT_THAT(scenario.outcome.items, IsEmpty());
                        scenario.host.CheckSuiteBalance();
-                       EXPECT_EQ(TakeFindingIds(scenario.host), missing.found);
+                       EXPECT_EQ(scenario.host.TakeFindingIds(), missing.found);
                    });
 }
 

@@ -263,7 +263,7 @@ TEST_F(LayerItems, PrintNothingAndChangeNothing)
     EXPECT_EQ(stack.Steps(), "");
 }
 
-TEST_F(LayerItems, KeepTheBytesOfANonUtf8Name)
+TEST_F(LayerItems, KeepBytesThatAreNotUtf8)
 {
     LabelledStack& stack = Make("A B");
     stack.host.Effect("A").customName = "\xff\xfe caf\xe9 \xc3";

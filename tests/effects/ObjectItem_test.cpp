@@ -148,6 +148,7 @@ TEST(ItemsHash, DependsOnAnOutsideEffect)
 
 TEST(DisplayName, ShortensEachDefaultName)
 {
+    // Written out, so that neither the product's table nor the kit's can lead the test astray.
     const std::vector<std::pair<std::string, std::string>> rows = {
         {"Vortan Sheets Object", "Sheets"},
         {"Vortan Route Object", "Routes"},

@@ -1,4 +1,4 @@
-// A host that answers and gives an error beside its answer, gives neither, or counts below zero.
+// A host that answers and returns an error as well, does neither, or counts below zero.
 
 #include "effects/EffectCatalogue.h"
 #include "effects/EffectPlacement.h"

@@ -1,4 +1,5 @@
-// Every host call of one removal, failed in turn: once, its function for good, and everything for good.
+// Each host call of one removal fails in turn: alone, with its function from then on, and with everything
+// from then on.
 
 #include "standin/host/faults/Sweep.h"
 #include "tests/effects/Removing.h"

@@ -1,11 +1,10 @@
-// GroupChange a group while host calls fail, suites are missing, or the stack changes meanwhile.
+// Changing a group while host calls fail, suites are missing, or the stack changes meanwhile.
 
 #include "effects/EffectMessages.h"
 
 #include "standin/host/faults/Sweep.h"
 #include "tests/effects/FaultOutcome.h"
 #include "tests/effects/MessageFixture.h"
-#include "tests/support/FindingIds.h"
 #include "tests/support/PatchedBasic.h"
 
 #include <memory>
@@ -56,7 +55,7 @@ TEST(SetEffectGroup, TellsNobodyIfAnEarlierCallFails)
                 ++missing;
                 EXPECT_EQ(scenario.result.thrownNumber, 516);
                 EXPECT_EQ(scenario.host.Effect("B").family.group, 0);
-                EXPECT_THAT(TakeFindingIds(scenario.host), ElementsAre("exception-left-hook"));
+                EXPECT_THAT(scenario.host.TakeFindingIds(), ElementsAre("exception-left-hook"));
                 return;
             }
             std::size_t place = 0;
@@ -70,7 +69,7 @@ TEST(SetEffectGroup, TellsNobodyIfAnEarlierCallFails)
             told += spoils ? 0 : 1;
             EXPECT_EQ(scenario.host.Effect("B").family.group, spoils ? 0 : 6);
             EXPECT_EQ(scenario.result.thrown, "");
-            EXPECT_THAT(TakeFindingIds(scenario.host), IsEmpty());
+            EXPECT_THAT(scenario.host.TakeFindingIds(), IsEmpty());
         },
         {FaultLength::once});
     EXPECT_EQ(swept, 1u + 4u * 6u + 3u + 3u);
@@ -92,11 +91,11 @@ TEST(SetEffectGroup, WithoutOneSuiteThrows516)
                        EXPECT_EQ(scenario.result.thrownNumber, 516);
                        EXPECT_EQ(scenario.Text(), "A X B");
                        scenario.host.CheckSuiteBalance();
-                       EXPECT_EQ(TakeFindingIds(scenario.host), missing.found);
+                       EXPECT_EQ(scenario.host.TakeFindingIds(), missing.found);
                    });
 }
 
-TEST(SetEffectGroup, WithoutABasicSuiteLeavesAsTheInteger516)
+TEST(SetEffectGroup, WithoutABasicSuiteThrows516)
 {
     GroupChange scenario;
     AEGP_LayerH layer = scenario.Layer();

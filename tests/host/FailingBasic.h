@@ -1,5 +1,5 @@
 #pragma once
-// A basic suite that hands a suite out and, the first time, returns an error nevertheless.
+// A basic suite that hands a suite out but, the first time, returns an error as well.
 
 #include "host/HostSuites.h"
 #include "standin/host/core/Host.h"
@@ -9,7 +9,7 @@
 
 namespace standin
 {
-/// The host's own acquire is done and counted; only the result differs. One lives at a time, since the
+/// The host's own acquire happens and is counted; only the result differs. One lives at a time, since the
 /// table of C functions carries no context.
 class FailingBasic
 {

@@ -20,7 +20,7 @@ public:
 
     const SPBasicSuite* Suite() const { return &suite; }
 
-    /// What every acquire answers. The table is written even beside an error.
+    /// What every acquire answers. The table is written even along with an error.
     SPErr acquireResult = 0;
     const void* table = &someTable;
     SPErr releaseResult = 0;
@@ -58,7 +58,7 @@ private:
     const SPBasicSuite suite = {acquire, release, nullptr, nullptr, nullptr, nullptr, nullptr};
 };
 
-/// The integer that leaves `body`, or 0. Anything else that leaves it goes on.
+/// The integer that `body` throws, or 0. Other exceptions propagate.
 template <class Body>
 int ThrownBy(Body body)
 {

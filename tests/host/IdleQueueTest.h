@@ -1,5 +1,5 @@
 #pragma once
-// What tests of the idle queue share: functions that note when they run, and the queue that they wait in.
+// Shared by the tests of the idle queue: functions that record when they run, and the queue.
 
 #include "host/IdleSuite.h"
 #include "standin/host/core/Host.h"
@@ -66,14 +66,6 @@ protected:
         EXPECT_EQ(result.error, A_Err_NONE);
         EXPECT_EQ(result.thrown, "");
         return ran;
-    }
-
-    Names AlertTexts() const
-    {
-        Names texts;
-        for (const Alert& alert : host.Alerts())
-            texts.push_back(alert.text);
-        return texts;
     }
 
     Host host;

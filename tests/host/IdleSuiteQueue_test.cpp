@@ -85,7 +85,7 @@ TEST_F(IdleQueue, TheThirtyThirdEntryIsReportedAndDropped)
                 ElementsAre(R"(Basic AcquireSuite("AEGP Utility Suite", 11))",
                             R"(Utility 11 AEGP_ReportInfo(id 7, "Max Idle Stack Limit Reached."))",
                             R"(Basic ReleaseSuite("AEGP Utility Suite", 11))"));
-    EXPECT_THAT(AlertTexts(), ElementsAre("Max Idle Stack Limit Reached."));
+    EXPECT_THAT(host.AlertTexts(), ElementsAre("Max Idle Stack Limit Reached."));
     EXPECT_EQ(host.Alerts().at(0).pluginId, 7);
     EXPECT_EQ(RunIdle(), Names(32, "A"));
     EXPECT_THAT(RunIdle(), IsEmpty());
@@ -113,7 +113,7 @@ TEST_F(IdleQueue, AFullQueueReleasesAMissingUtilitySuite)
     EXPECT_THAT(host.CallTexts(),
                 ElementsAre(R"(Basic AcquireSuite("AEGP Utility Suite", 11) = 1394689636)",
                             R"(Basic ReleaseSuite("AEGP Utility Suite", 11) = 1397908844)"));
-    EXPECT_THAT(AlertTexts(), IsEmpty());
+    EXPECT_THAT(host.AlertTexts(), IsEmpty());
     EXPECT_EQ(RunIdle(), Names(32, "A"));
 }
 
@@ -125,7 +125,7 @@ TEST_F(IdleQueue, AFullQueueSurvivesAnUntouchedPointer)
     QueueTimes(32, job);
     host.Faults().Withhold("AEGP Utility Suite", 11);
     EXPECT_EQ(Queue(job), 0);
-    EXPECT_THAT(AlertTexts(), IsEmpty());
+    EXPECT_THAT(host.AlertTexts(), IsEmpty());
 }
 
 TEST_F(IdleQueue, AFullQueueUsesASuiteWithError)
@@ -139,7 +139,7 @@ TEST_F(IdleQueue, AFullQueueUsesASuiteWithError)
                 ElementsAre(R"(Basic AcquireSuite("AEGP Utility Suite", 11))",
                             R"(Utility 11 AEGP_ReportInfo(id 7, "Max Idle Stack Limit Reached."))",
                             R"(Basic ReleaseSuite("AEGP Utility Suite", 11))"));
-    EXPECT_THAT(AlertTexts(), ElementsAre("Max Idle Stack Limit Reached."));
+    EXPECT_THAT(host.AlertTexts(), ElementsAre("Max Idle Stack Limit Reached."));
 }
 
 TEST_F(IdleQueue, AFullQueueCallsAPoisonedUtilitySuite)
@@ -150,7 +150,7 @@ TEST_F(IdleQueue, AFullQueueCallsAPoisonedUtilitySuite)
     QueueTimes(32, job);
     host.Faults().Withhold("AEGP Utility Suite", 11, Withheld::asPoisonedPointer);
     EXPECT_EQ(Queue(job), 0);
-    EXPECT_THAT(AlertTexts(), IsEmpty());
+    EXPECT_THAT(host.AlertTexts(), IsEmpty());
     EXPECT_EQ(host.CallTexts().back(), R"(Basic ReleaseSuite("AEGP Utility Suite", 11) = 1397908844)");
 }
 
@@ -260,7 +260,7 @@ TEST_F(IdleQueue, AFullQueueHasNoRoomMeanwhile)
     Names expected(31, "B");
     expected.insert(expected.begin(), "A");
     EXPECT_EQ(RunIdle(), expected);
-    EXPECT_THAT(AlertTexts(), ElementsAre("Max Idle Stack Limit Reached."));
+    EXPECT_THAT(host.AlertTexts(), ElementsAre("Max Idle Stack Limit Reached."));
     EXPECT_THAT(RunIdle(), IsEmpty());
 }
 

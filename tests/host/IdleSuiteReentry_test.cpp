@@ -16,8 +16,8 @@ using ::testing::IsEmpty;
 class IdleQueueInside : public IdleQueue
 {
 protected:
-    /// Has the function let the host idle inside its calls until it is `depth` calls deep. Nothing else would
-    /// end it.
+    /// Has the function let the host idle inside its calls, up to a depth of `depth` calls, since nothing
+    /// else would end it.
     void IdleInside(Job& job, int depth)
     {
         job.inside = [this, depth]

@@ -62,7 +62,7 @@ protected:
         action.sa_flags = SA_SIGINFO;
         sigaction(SIGSEGV, &action, nullptr);
         (void)load();
-        std::exit(0); // It lived, which fails the test.
+        std::exit(0); // It survived, which fails the test.
     }
 
     /// Loads the entry point with a basic suite that hands the suite out and says that it failed.
@@ -71,14 +71,6 @@ protected:
         const FailingBasic failing(host, suite);
         return host.Load(+[](SPBasicSuite*, A_long, A_long, AEGP_PluginID id, AEGP_GlobalRefcon* out)
                          { return EffectorAEGP(FailingBasic::Current().Basic(), 0, 0, id, out); });
-    }
-
-    std::vector<std::string> AlertTexts() const
-    {
-        std::vector<std::string> texts;
-        for (const Alert& alert : host.Alerts())
-            texts.push_back(alert.text);
-        return texts;
     }
 
     Host host;
@@ -110,7 +102,7 @@ TEST_F(IdleSuiteEntryFault, AFailedRegistrationIsReportedAndReturned)
     host.Faults().FailFunction("AEGP_RegisterIdleHook", 1, FaultLength::once, A_Err_ALLOC);
     const LoadedPlugin loaded = host.Load(&EffectorAEGP);
     EXPECT_EQ(loaded.result.error, A_Err_ALLOC);
-    EXPECT_THAT(AlertTexts(), ElementsAre("Vort AEGP : Could not register Plugin Suite."));
+    EXPECT_THAT(host.AlertTexts(), ElementsAre("Vort AEGP : Could not register Plugin Suite."));
     EXPECT_EQ(host.Alerts().at(0).pluginId, 8);
     EXPECT_EQ(host.CallTexts(), reportedStart({"Register 6 AEGP_RegisterIdleHook(id 8, hook, refcon) = 4"}));
     EXPECT_NE(loaded.globalRefcon, nullptr) << "the blocks stay allocated";
@@ -130,7 +122,7 @@ TEST_F(IdleSuiteEntryFault, AFailedRegisterSuiteReleaseIsReturnedUnreported)
     host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Faults().FailFunction("ReleaseSuite", 3, FaultLength::once, A_Err_STRUCT);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_STRUCT);
-    EXPECT_THAT(AlertTexts(), IsEmpty());
+    EXPECT_THAT(host.AlertTexts(), IsEmpty());
     EXPECT_EQ(host.CallTexts().back(), R"(Basic ReleaseSuite("AEGP Utility Suite", 7))");
 }
 
@@ -139,7 +131,7 @@ TEST_F(IdleSuiteEntryFault, AFailedUtilitySuiteReleaseIsReturnedUnreported)
     host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     host.Faults().FailFunction("ReleaseSuite", 4, FaultLength::once, A_Err_STRUCT);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_STRUCT);
-    EXPECT_THAT(AlertTexts(), IsEmpty());
+    EXPECT_THAT(host.AlertTexts(), IsEmpty());
 }
 
 TEST_F(IdleSuiteEntryFault, OfTwoFailedReleasesTheFirstIsReturned)
@@ -234,7 +226,7 @@ TEST_F(IdleSuiteEntryFault, AUtilitySuiteWithErrorServesTheReport)
     host.Expect(finding::errorLeftHook, "EntryPoint", "the start returns the error");
     const LoadedPlugin loaded = LoadWithFailing("AEGP Utility Suite");
     EXPECT_EQ(loaded.result.error, FailingBasic::ERROR_GIVEN);
-    EXPECT_THAT(AlertTexts(), ElementsAre("Vort AEGP : Could not register Plugin Suite."));
+    EXPECT_THAT(host.AlertTexts(), ElementsAre("Vort AEGP : Could not register Plugin Suite."));
     EXPECT_EQ(host.CallTexts(), reportedStart({}));
     host.CheckSuiteBalance();
 }
@@ -246,7 +238,7 @@ TEST_F(IdleSuiteEntryFault, APoisonedUtilitySuiteIsCalled)
     host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released also when it was never acquired");
     host.Faults().Withhold("AEGP Utility Suite", 7, Withheld::asPoisonedPointer);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, errSuiteNotFound);
-    EXPECT_THAT(AlertTexts(), IsEmpty());
+    EXPECT_THAT(host.AlertTexts(), IsEmpty());
 }
 
 TEST_F(IdleSuiteEntryFault, ANullUtilityTableIsNotMissed)
@@ -257,7 +249,7 @@ TEST_F(IdleSuiteEntryFault, ANullUtilityTableIsNotMissed)
     const LoadedPlugin loaded = host.Load(&EffectorAEGP);
     EXPECT_EQ(loaded.result.thrown, "");
     EXPECT_EQ(loaded.result.error, errSuiteOverReleased) << "the result of that release";
-    EXPECT_THAT(AlertTexts(), IsEmpty());
+    EXPECT_THAT(host.AlertTexts(), IsEmpty());
 }
 
 TEST_F(IdleSuiteEntryFault, ANullPublishingTableIsSkipped)
@@ -282,7 +274,7 @@ TEST_F(IdleSuiteEntryFault, ANullPublishingTableIsSkipped)
                       return EffectorAEGP(&patient, 0, 0, id, out);
                   });
     EXPECT_EQ(loaded.result.error, A_Err_NONE);
-    EXPECT_THAT(AlertTexts(), IsEmpty());
+    EXPECT_THAT(host.AlertTexts(), IsEmpty());
     EXPECT_THAT(host.CallTexts(), ElementsAre(R"(Basic AcquireSuite("SP Suites Suite", 2))",
                                               R"(Basic AcquireSuite("SP Suites Suite", 2))",
                                               R"(Basic AcquireSuite("AEGP Register Suite", 6))",
@@ -298,7 +290,7 @@ TEST_F(IdleSuiteEntryFault, ANullRegisterTableIsReportedAsMissing)
     host.Expect(finding::overReleasedSuite, "ReleaseSuite", "released also when it was never acquired");
     host.Faults().Withhold("AEGP Register Suite", 6, Withheld::asNullTable);
     EXPECT_EQ(host.Load(&EffectorAEGP).result.error, A_Err_MISSING_SUITE);
-    EXPECT_THAT(AlertTexts(), ElementsAre("Vort AEGP : Could not register Plugin Suite."));
+    EXPECT_THAT(host.AlertTexts(), ElementsAre("Vort AEGP : Could not register Plugin Suite."));
 }
 } // namespace
 } // namespace standin

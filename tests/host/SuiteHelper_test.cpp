@@ -18,7 +18,7 @@ namespace
 using PanelHelper = SuiteHelper<AEGP_PanelSuite1, AssertAndThrowOnMissingSuite<AEGP_PanelSuite1>>;
 using AppHelper = SuiteHelper<PFAppSuite4, AssertAndThrowOnMissingSuite<PFAppSuite4>>;
 
-/// An owner that asks for many suites and cannot live without one.
+/// An owner that asks for many suites and cannot do without any of them.
 struct Owner
 {
     explicit Owner(const SPBasicSuite* basic) : handler(basic), layers(handler.LayerSuite1()), panels(basic)

@@ -1,8 +1,7 @@
 // Both ways of the central loop, on the real tree in a real window.
 
 #include "tests/integration/PanelSession.h"
-
-#include "tree/ValueTreesDemo.h"
+#include "tests/support/OutputOf.h"
 
 namespace standin
 {
@@ -25,9 +24,7 @@ protected:
 
     std::string OutputOfIdle()
     {
-        testing::internal::CaptureStdout();
-        Idle();
-        return testing::internal::GetCapturedStdout();
+        return OutputOf([this] { Idle(); });
     }
 };
 } // namespace
@@ -126,10 +123,12 @@ TEST_F(CentralLoop, ANewGroupChangesNothingOnTheLayer)
     OpenLayerWithThreeObjects();
     const ProjectState before = product.host.State();
     const std::uint64_t treeHash = panelator->treeHash;
-    testing::internal::CaptureStdout();
-    ClickButton("Add Group");
-    Settle();
-    const std::string output = testing::internal::GetCapturedStdout();
+    const std::string output = OutputOf(
+        [this]
+        {
+            ClickButton("Add Group");
+            Settle();
+        });
     EXPECT_THAT(output, HasSubstr("State Changed"));
     EXPECT_THAT(output, testing::Not(HasSubstr("Hash Mismatch")));
     EXPECT_EQ(Shape(), "Layer(Group 1 lamp route dots)");

@@ -1,5 +1,5 @@
 #pragma once
-// The whole product in one process with the stand-in host, as a user has it before them: the real tree in a
+// The whole product in one process with the stand-in host, as a user sees it: the real tree in a
 // real X11 window of a plain host, real mouse and key events, and the host's idle.
 
 #include "panel/Panelator.h"
@@ -29,7 +29,7 @@ protected:
     // Idle.
     void Idle() override { EXPECT_EQ(product.host.RunIdle().thrown, ""); }
     user::Area PanelArea() const override { return window.ContainerOnScreen(); }
-    /// Idles until several passes in a row only looked.
+    /// Idles until several passes in a row changed nothing.
     void Settle();
 
     // The tree, as a person sees it.

@@ -1,5 +1,5 @@
-// What the two stored hashes are made of: the ids and the contents on the layer's side, the layer's id and
-// the contents on the tree's.
+// What the two stored hashes cover: the ids and the contents on the layer's side, the layer's id and the
+// contents on the tree's.
 
 #include "tests/panel/PanelTest.h"
 

@@ -1,5 +1,5 @@
-// A tree that was cleared stays empty while the layer is unchanged, unless the panel's own command brings
-// it back: the pass never forgets its hashes on a clear. That is kept on purpose.
+// A cleared tree stays empty while the layer is unchanged, unless the panel's own command restores
+// it: the pass never forgets its hashes on a clear. That is kept on purpose.
 
 #include "tests/panel/PanelTest.h"
 

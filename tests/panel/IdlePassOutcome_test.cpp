@@ -1,4 +1,5 @@
-// What a pass does by what it finds: did the layer change, did the tree change, and do the two differ.
+// What a pass does, depending on whether the layer changed, whether the tree changed, and whether the two
+// differ.
 
 #include "tests/panel/PanelTest.h"
 

@@ -1,4 +1,4 @@
-// What a pass costs that finds nothing to do: exactly these calls and no other.
+// A pass that finds nothing to do makes exactly these calls.
 
 #include "tests/panel/PanelTest.h"
 

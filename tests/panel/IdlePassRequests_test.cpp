@@ -223,7 +223,7 @@ TEST_F(PassRequests, ANotificationIsShownOnceAndConsumed)
     bench.Inbox().notifyText = "Saved";
     bench.Inbox().notifyPending = 1;
     const Calls calls = bench.Pass().calls;
-    EXPECT_EQ(calls.at(3), R"(Tree NotifyMsg("Saved"))") << "behind the look at the panel";
+    EXPECT_EQ(calls.at(3), R"(Tree NotifyMsg("Saved"))") << "after the look at the panel";
     EXPECT_EQ(calls.at(4), "Item 3 AEGP_GetActiveItem() -> item 101") << "and before the item";
     EXPECT_EQ(bench.Inbox().notifyPending, 0);
     EXPECT_EQ(bench.Inbox().notifyText, "");
@@ -312,7 +312,7 @@ TEST_F(PassRequestsBeforeThePanel, AllThreeAreCarriedOutInOnePass)
     (void)bench.Pass();
     EXPECT_EQ(bench.Inbox().openPending, 0);
     EXPECT_EQ(bench.Inbox().notifyPending, 0);
-    EXPECT_EQ(bench.Inbox().refreshPending, 1) << "asked for anew by the command";
+    EXPECT_EQ(bench.Inbox().refreshPending, 1) << "asked for again by the command";
     EXPECT_THAT(bench.Tree()->notifications, ElementsAre("Saved"));
 }
 } // namespace

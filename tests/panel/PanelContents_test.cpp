@@ -1,8 +1,8 @@
 // What a new panel is filled with: the effects that the user may add, in the host's order, and the host's
 // background colour.
 //
-// Names that are fewer than their keys cannot be had here: the catalogue gives one name for each key, "Not
-// Found" if it knows none.
+// Fewer names than keys cannot occur here: the catalogue gives one name for each key, "Not Found" if it knows
+// none.
 
 #include "panel/PanelContents.h"
 #include "standin/host/core/Host.h"
@@ -270,7 +270,7 @@ TEST_F(PanelContents, ReplaceAFormerTableAlone)
     EXPECT_EQ(record.at(1), "Tree CreateTreeWidget(false)");
 }
 
-TEST_F(PanelContents, WithoutABasicSuiteThrow516WithTheWidget)
+TEST_F(PanelContents, WithoutBasicSuiteThrow516WithTheWidget)
 {
     EXPECT_THROW((void)CreatePanelContents(nullptr, &table, &tree), int);
     EXPECT_NE(tree, nullptr);

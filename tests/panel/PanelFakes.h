@@ -1,6 +1,7 @@
 #pragma once
 // Stands in for the host's suites and the catalogue of effects where no stand-in host can be: for lists that
-// the catalogue never gives, and among AppKit's sources. The tree is the fake one; all calls are in its log.
+// the catalogue never gives, and in the tests of the AppKit sources. The tree is the fake one; all calls are
+// in its log.
 
 #include "host/HostSuites.h"
 #include "tests/support/FakeTree.h"
@@ -12,7 +13,7 @@
 
 namespace standin
 {
-/// One at a time: the functions that it stands in for are free functions, and the newest answers them.
+/// One at a time: it stands in for free functions, and the newest object answers them.
 class PanelFakes
 {
 public:

@@ -1,6 +1,6 @@
 #pragma once
-// A test with the panel plug-in in a stand-in host. At its end no suite may be held, and no
-// finding be there that was not expected, a reference that a hook has leaked among them.
+// A test with the panel plug-in in a stand-in host. At its end no suite may be held, and there
+// may be no unexpected finding, such as a reference that a hook has leaked.
 
 #include "standin/host/sensors/FindingIds.h"
 #include "tests/support/PanelBench.h"

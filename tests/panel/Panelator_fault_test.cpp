@@ -3,6 +3,7 @@
 #include "standin/host/core/HostParts.h"
 #include "standin/host/faults/Sweep.h"
 #include "tests/panel/PanelTest.h"
+#include "tests/support/OutputOf.h"
 
 #include <memory>
 
@@ -196,9 +197,7 @@ using Entry = A_Err (*)(SPBasicSuite*, A_long major, A_long minor, AEGP_PluginID
 void loadBy(Loading& loading, Entry entry)
 {
     TreeLog() = {};
-    testing::internal::CaptureStdout();
-    loading.loaded = loading.host.Load(entry);
-    (void)testing::internal::GetCapturedStdout();
+    (void)OutputOf([&] { loading.loaded = loading.host.Load(entry); });
     loading.treeCalls = TreeLog().calls;
 }
 

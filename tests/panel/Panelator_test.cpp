@@ -321,7 +321,7 @@ TEST_F(PanelatorTest, FailuresInTheMenuUpdateAreIgnored)
 class PanelatorAtDeath : public PanelatorTest
 {
 protected:
-    /// The suites that the controller holds outlive the plug-in; the host's end ends their life.
+    /// The suites that the controller holds outlive the plug-in and end with the host.
     PassRecord Quit()
     {
         ExpectKeptSuites(host);
@@ -373,7 +373,7 @@ TEST_F(PanelatorTest, TheMarkIsTheNumberOne)
     EXPECT_EQ(update.calls.back(), "Command 1 AEGP_CheckMarkMenuCommand(1001, 1)");
 }
 
-TEST_F(PanelatorTest, TheStateOfALayerWithoutIdIsZeros)
+TEST_F(PanelatorTest, StateOfALayerWithoutIdIsZeros)
 {
     bench.ShowAndSettle();
     host.Faults().FailFunction("AEGP_GetLayerID");
@@ -381,7 +381,7 @@ TEST_F(PanelatorTest, TheStateOfALayerWithoutIdIsZeros)
     EXPECT_EQ(record.calls.at(3), "Tree CacheLayerTreeState(0)");
 }
 
-TEST(PanelVisibility, IsNotInFrontUnlessTheHostSaysSo)
+TEST(PanelVisibility, IsInFrontOnlyIfTheHostAnswers)
 {
     AEGP_PanelSuite1 suite = {};
     suite.AEGP_IsShown = [](const A_u_char*, A_Boolean* shown, A_Boolean*)

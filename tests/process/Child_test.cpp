@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <stdexcept>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -89,6 +91,21 @@ TEST(Child, ThatIgnoresASignalIsSentMore)
         (void)child.IsDone();
     child.End(SIGTERM);
     EXPECT_EQ(child.ExitCode(), 3);
+}
+
+TEST(Child, GivesItsExitCodeToAnIgnoringParent)
+{
+    (void)std::signal(SIGCHLD, SIG_IGN);
+    Child child([] { return 7; });
+    child.Wait();
+    EXPECT_EQ(child.ExitCode(), 7);
+}
+
+TEST(Child, SaysThatSomebodyElseHasWaited)
+{
+    Child child([] { return 7; });
+    (void)waitpid(-1, nullptr, 0);
+    EXPECT_THROW(child.Wait(), std::runtime_error);
 }
 
 TEST(Child, EndsWithWhatItHasStarted)

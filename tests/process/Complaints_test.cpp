@@ -27,7 +27,7 @@ TEST(Complaints, AreNotFoundWhereThereAreNone)
     EXPECT_EQ(ComplaintsIn("JUCE v7.0.5\nCopy Button\n"), "");
 }
 
-TEST(Complaints, OfTheProcessEndAreMadeWhenLeftForThem)
+TEST(Complaints, AtTheEndOfTheProcessAreIncluded)
 {
     Child child(
         []

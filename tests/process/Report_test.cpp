@@ -1,4 +1,4 @@
-// What a child tells its parent, whatever becomes of the child.
+// What a child tells its parent, however the child ends.
 
 #include "standin/process/CapturedOutput.h"
 

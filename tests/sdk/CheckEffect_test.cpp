@@ -2,7 +2,7 @@
 // effects.
 
 #include "standin/process/ExitCodes.h"
-#include "tests/standin_programs/ProgramRun.h"
+#include "tests/support/ProgramRun.h"
 
 #include <gmock/gmock.h>
 

@@ -5,7 +5,7 @@
 #include "effects/EffectMessages.h"
 #include "effects/LayerItems.h"
 #include "standin/host/project/ProjectFile.h"
-#include "tests/standin_programs_desktop/Scratch.h"
+#include "tests/support/Scratch.h"
 #include "tests/support/ProductHost.h"
 
 #include <gmock/gmock.h>

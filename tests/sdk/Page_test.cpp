@@ -1,22 +1,16 @@
 // The page for authors quotes the example as it is.
 
-#include <fstream>
+#include "tests/support/FileText.h"
+
 #include <gmock/gmock.h>
-#include <iterator>
-#include <sstream>
 #include <string>
 #include <vector>
 
+using standin::FileText;
 using testing::HasSubstr;
 
 namespace
 {
-std::string textOf(const char* file)
-{
-    std::ifstream stream(file);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 /// What stands between the fences of one language.
 std::vector<std::string> blocksOf(const std::string& page, const std::string& language)
 {
@@ -32,8 +26,8 @@ std::vector<std::string> blocksOf(const std::string& page, const std::string& la
 
 TEST(AuthorsPage, QuotesTheExampleWordForWord)
 {
-    const std::string example = textOf(VORTAN_EXAMPLE_SOURCE);
-    const auto blocks = blocksOf(textOf(VORTAN_AUTHORS_PAGE), "c");
+    const std::string example = FileText(VORTAN_EXAMPLE_SOURCE);
+    const auto blocks = blocksOf(FileText(VORTAN_AUTHORS_PAGE), "c");
     EXPECT_EQ(blocks.size(), 6U);
     for (const std::string& block : blocks)
         EXPECT_THAT(example, HasSubstr(block));
@@ -41,7 +35,7 @@ TEST(AuthorsPage, QuotesTheExampleWordForWord)
 
 TEST(AuthorsPage, IsReadInFiveMinutes)
 {
-    std::istringstream page(textOf(VORTAN_AUTHORS_PAGE));
+    std::istringstream page(FileText(VORTAN_AUTHORS_PAGE));
     const auto words =
         std::distance(std::istream_iterator<std::string>(page), std::istream_iterator<std::string>());
     EXPECT_GT(words, 300);

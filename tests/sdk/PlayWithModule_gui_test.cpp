@@ -1,8 +1,8 @@
 // Scenarios with an effect that comes in a module.
 
 #include "standin/process/ExitCodes.h"
-#include "tests/standin_programs/ProgramRun.h"
-#include "tests/standin_programs_desktop/Scratch.h"
+#include "tests/support/ProgramRun.h"
+#include "tests/support/Scratch.h"
 
 #include <gmock/gmock.h>
 

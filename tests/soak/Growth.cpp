@@ -8,7 +8,7 @@ namespace standin
 namespace
 {
 constexpr std::size_t leastLooks = 6;
-/// Containers that have been larger once keep their room, and it is not the same at each look.
+/// Containers keep the capacity that they once needed, so that this differs from look to look.
 constexpr long long slackOfHeap = 2048;
 
 struct Kind

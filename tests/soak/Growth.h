@@ -1,5 +1,5 @@
 #pragma once
-// What a long run may not heap up: counted at times when all is as it was, and compared over the run.
+// What must not grow in a long run: counted at times when the state is the same, and compared over the run.
 
 #include <cstddef>
 #include <string>
@@ -7,10 +7,10 @@
 
 namespace standin
 {
-/// All that is held at one time.
+/// All that is held at one moment.
 struct Holdings
 {
-    std::size_t bytes = 0; ///< Of the heap, but for what the stand-in itself keeps of a long run.
+    std::size_t bytes = 0; ///< On the heap, without what the stand-in itself keeps of a long run.
     int references = 0;    ///< Of the host, that hooks hold or have leaked.
     int suites = 0;
     int windows = 0; ///< Of the X server, or containers where there is none.

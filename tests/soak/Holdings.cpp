@@ -1,6 +1,7 @@
 #include "tests/soak/Soak.h"
 
 #include "standin/host/core/HostParts.h"
+#include "standin/host/sensors/FindingIds.h"
 #include "standin/process/ProcessCounts.h"
 #include "tests/support/Sanitized.h"
 
@@ -14,19 +15,21 @@ namespace standin
 namespace
 {
 #if VORTAN_TESTS_ARE_SANITIZED
-constexpr std::size_t besideTwoAllocations = 0;
+constexpr std::size_t besideSixWords = 0;
 #else
-// The C library keeps a word beside each, and rounds up to two words.
-constexpr std::size_t besideTwoAllocations = 4 * sizeof(void*);
+// The C library keeps a word beside each allocation, and rounds up to two words.
+constexpr std::size_t besideSixWords = 2 * sizeof(void*);
 #endif
+constexpr std::size_t bytesOfSixWords = 6 * sizeof(void*) + besideSixWords;
 
 std::size_t bytesOfNotes(const ReferenceRegistry& references)
 {
-    return references.NoteBlocks() * (ReferenceRegistry::bytesOfNoteBlock + besideTwoAllocations);
+    static_assert(ReferenceRegistry::heapOfNoteBlock == bytesOfSixWords - besideSixWords);
+    return references.NoteBlocks() * bytesOfSixWords;
 }
 
-/// A panel that is made anew leaves the object that it was, which holds two suites: docs/kept-behaviours.md.
-/// More than that is a leak.
+/// A panel that is made anew leaves the object that it was, of six words, which holds two suites:
+/// docs/kept-behaviours.md. More than that is a leak.
 struct KeptByPanels
 {
     std::size_t bytes = 0;
@@ -37,9 +40,7 @@ KeptByPanels keptByPanels(const HostParts& parts)
 {
     const Panel* panel = parts.plugins.panels.Find("Vortan Object Panel");
     const int created = panel == nullptr ? 0 : panel->created;
-    constexpr std::size_t words = 6;
-    const std::size_t object = words * sizeof(void*) + besideTwoAllocations / 2;
-    return {static_cast<std::size_t>(created) * object, 2 * created};
+    return {static_cast<std::size_t>(created) * bytesOfSixWords, 2 * created};
 }
 
 struct BasicWords
@@ -54,12 +55,13 @@ std::vector<std::string>& leakedTexts()
 }
 } // namespace
 
-Holdings HoldingsOf(Host& host)
+Holdings HoldingsOf(Host& host, int juceWindows)
 {
     const HostParts& parts = PartsOf(host);
     Holdings held;
     const KeptByPanels kept = keptByPanels(parts);
-    held.bytes = process::BytesInUse() - bytesOfNotes(parts.sensors.references) - kept.bytes;
+    held.bytes = process::BytesInUse() - bytesOfNotes(parts.sensors.references) - kept.bytes -
+                 static_cast<std::size_t>(juceWindows) * bytesOfSixWords;
     held.references = host.LiveReferences() + host.LeakedReferences();
     for (const SuiteCounts::Held& suite : parts.sensors.suites.AllHeld())
         held.suites += suite.count;
@@ -67,6 +69,19 @@ Holdings HoldingsOf(Host& host)
     held.descriptors = process::OpenDescriptors();
     held.threads = process::RunningThreads();
     return held;
+}
+
+void ExpectKeptFindings(Host& host)
+{
+    host.Expect(finding::emptyUndoGroup, "AEGP_EndUndoGroup", "an empty tree has no order to write")
+        .In("IdleHook");
+}
+
+std::string TakeUnexpected(Host& host)
+{
+    std::string unexpected = host.FindingsReport();
+    (void)host.TakeFindings();
+    return unexpected;
 }
 
 void MakeLeak(Leak leak, Host& host, void* display)

@@ -5,7 +5,6 @@
 #include "standin/check/Scene.h"
 #include "standin/host/core/HostParts.h"
 #include "standin/host/project/ProjectFile.h"
-#include "standin/host/sensors/FindingIds.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -59,6 +58,7 @@ class IdleSoak
 public:
     explicit IdleSoak(const SoakPlan& soakPlan) : plan(soakPlan), scene(plan.bundleFile, options())
     {
+        ExpectKeptFindings(scene.host);
         scene.host.SetContainerProvider(&containers);
         scene.bundle.LoadAll(scene.host);
         buildProject();
@@ -86,7 +86,6 @@ private:
     void show(PanelState state);
     void note(const HookResult& hook) { result.findings += hook.thrown.empty() ? "" : hook.thrown + "\n"; }
     void idle(int passes);
-    void takeFindings();
     void round();
     void look();
     std::vector<std::function<void()>> edits();
@@ -159,15 +158,6 @@ void IdleSoak::idle(int passes)
     result.passes += passes;
 }
 
-/// The host's log would grow with each of them. A group for an order that no move is needed for is the
-/// panel's way.
-void IdleSoak::takeFindings()
-{
-    for (const Finding& found : scene.host.TakeFindings())
-        if (found.id != finding::emptyUndoGroup)
-            result.findings += found.id + ": " + found.sentence + "\n";
-}
-
 void IdleSoak::round()
 {
     constexpr int passesBetweenEdits = 8;
@@ -180,7 +170,7 @@ void IdleSoak::round()
     MakeLeak(plan.leak, scene.host, nullptr);
     if (plan.leak == Leak::window)
         (void)containers.MakeContainer("leaked");
-    takeFindings();
+    result.findings += TakeUnexpected(scene.host);
     ReplaceProject(scene.host, saved);
     PartsOf(scene.host).project.lastLabels.clear();
     scene.host.ClearViewLog();
@@ -209,6 +199,8 @@ SoakResult IdleSoak::Run()
             round();
         look();
     }
+    scene.Quit();
+    result.findings += TakeUnexpected(scene.host);
     return std::move(result);
 }
 } // namespace

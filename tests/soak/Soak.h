@@ -11,7 +11,7 @@
 
 namespace standin
 {
-/// What a run leaks on purpose, once in each round, so that it is seen to be found.
+/// What a run leaks on purpose, once in each round, to show that it is found.
 enum class Leak
 {
     none,
@@ -45,8 +45,17 @@ SoakResult SoakIdle(const SoakPlan&);
 /// time.
 SoakResult SoakWork(const SoakPlan&);
 
-/// What the host and the process hold. `windows` is for the caller.
-Holdings HoldingsOf(Host&);
+/// What the host and the process hold. `windows` is for the caller. `juceWindows` is how many JUCE has made
+/// of the X server's windows: it makes a colour map for each and never frees it, and Xlib keeps a record of
+/// each.
+Holdings HoldingsOf(Host&, int juceWindows = 0);
+
+/// Tells the host, once and before the first round, what the panel's rules make it find.
+void ExpectKeptFindings(Host&);
+
+/// What the host has found since the last time and was not to find, a line each. The log, which would grow,
+/// is empty afterwards.
+std::string TakeUnexpected(Host&);
 
 /// Leaks once. `display` is the connection to the X server, or null without one.
 void MakeLeak(Leak, Host&, void* display);

@@ -20,6 +20,8 @@ namespace
 constexpr int passesOfASecond = 30;
 constexpr int secondsBetweenEdits = 5;
 constexpr int leastRounds = 6;
+/// The panel's, which is made anew, two for each drag and two for the menu.
+constexpr int juceWindowsOfARound = 7;
 
 /// All windows below one, whether they are to be seen or not.
 int windowsBelow(Display* display, Window window)
@@ -79,6 +81,7 @@ public:
           scene(trial, options()),
           display(XOpenDisplay(nullptr))
     {
+        ExpectKeptFindings(scene.host());
         scene.AddFourObjects();
         const int other = scene.host().AddLayer(scene.composition, "Other");
         const int shake = scene.host().AddEffect(other, "QVK VORTEFF Jitter", "shake");
@@ -135,7 +138,9 @@ void WorkSoak::round()
     scene.host().ClearViewLog();
     scene.Settle();
     scene.session.Forget();
-    Holdings held = HoldingsOf(scene.host());
+    result.findings += TakeUnexpected(scene.host());
+    const int roundsDone = static_cast<int>(result.looks.size()) + 1;
+    Holdings held = HoldingsOf(scene.host(), roundsDone * juceWindowsOfARound);
     held.windows = windowsBelow(display, DefaultRootWindow(display));
     result.looks.push_back(held);
 }
@@ -149,7 +154,7 @@ SoakResult WorkSoak::Run()
     for (long long i = 0; i < rounds; ++i)
         round();
     scene.session.End();
-    result.findings = scene.host().FindingsReport();
+    result.findings += TakeUnexpected(scene.host());
     return std::move(result);
 }
 } // namespace

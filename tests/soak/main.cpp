@@ -1,9 +1,9 @@
 // soak idle PASSES [--leak WHAT]      idle passes and edits without a screen
 // soak work SECONDS [--leak WHAT]     so many seconds of a user's work, at thirty passes each
 //
-// Looks at what is held over the run, prints each look and what grows. The
-// exit code is 0 only if nothing does and the host has found nothing. A leak that is made on purpose shows
-// that it is found: heap, reference, suite, window, descriptor.
+// Counts what is held over the run, prints each count and what grows. The exit code is 0 only if nothing
+// grows and the host has found nothing. --leak leaks on purpose, to show that it is found: heap, reference,
+// suite, window, descriptor.
 
 #include "tests/soak/Soak.h"
 
@@ -44,8 +44,8 @@ SoakResult runInSilence(bool isWork, const SoakPlan& plan)
     return isWork ? SoakWork(plan) : SoakIdle(plan);
 }
 
-/// The C library counts blocks that it keeps at hand for the next request among those in use, and so the heap
-/// seems to grow until it has enough of each size. It can be told to keep none, before a program starts.
+/// The C library counts cached free blocks as in use, so the heap seems to grow until it has enough of each
+/// size. It can be told to cache none, before a program starts.
 void startWithoutSpareBlocks(char** argv)
 {
     constexpr const char* options = "GLIBC_TUNABLES";

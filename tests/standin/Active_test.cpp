@@ -29,10 +29,9 @@ protected:
     {
         A_long itemId = 0;
         A_long layerId = 0;
-        host.RunInHook(
-            [&]
+        inHook(
+            [&](Client& client)
             {
-                Client client(host);
                 if (void* item = client.ActiveItem())
                     (void)client.Call(itemSuite, 3, 7, item, &itemId);
                 EXPECT_EQ(client.error, errNone);
@@ -156,10 +155,9 @@ TEST_F(Active, ApplyingAnEffectActivatesEffectControls)
 TEST_F(Active, LayerTimeIsMovedByTheLayersStart)
 {
     host.State().FindLayer(upper)->startTime = 250; // 2.5 s
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             const A_Time time{10, 30};
             A_Time converted{};
             EXPECT_EQ(client.Call(layerSuite, 5, 33, host.LayerHandle(upper), &time, &converted), errNone);

@@ -1,4 +1,4 @@
-// Indices, keys, ids and places for answers that no call can do anything with.
+// Indices, keys, ids and out-pointers that no call can use.
 
 #include "tests/standin/ReferenceTest.h"
 

@@ -1,30 +1,20 @@
 // docs/host-calls.md says what the description of the tables says.
 
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
-
-#include <gtest/gtest.h>
-
 #include "standin/host/suites/CallsPage.h"
+#include "tests/support/FileText.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
 
 namespace standin
 {
 namespace
 {
-std::string contentsOf(const char* path)
-{
-    std::ifstream file(path);
-    std::stringstream contents;
-    contents << file.rdbuf();
-    return contents.str();
-}
-
 TEST(CallsPage, InDocsEqualsTheDescription)
 {
     if (std::getenv("STANDIN_WRITE_CALLS_PAGE") != nullptr)
         std::ofstream(CALLS_PAGE) << CallsPage();
-    EXPECT_EQ(contentsOf(CALLS_PAGE), CallsPage());
+    EXPECT_EQ(FileText(CALLS_PAGE), CallsPage());
 }
 
 TEST(CallsPage, HasARowForEachFunction)

@@ -10,8 +10,8 @@
 
 namespace standin
 {
-/// Acquires each suite at its first use and releases all of them at its end, so it is made and
-/// dropped inside a hook.
+/// Acquires each suite at its first use and releases all of them at its end, so it lives inside
+/// a hook.
 class Client
 {
 public:
@@ -82,4 +82,16 @@ constexpr const char* registerSuite = "AEGP Register Suite";
 constexpr const char* panelSuite = "AEGP Workspace Panel Suite";
 constexpr const char* suitesSuite = "SP Suites Suite";
 constexpr const char* appSuite = "PF AE App Suite";
+
+/// Runs `body(client)` in a hook of the host's.
+template <class Body>
+HookResult InHook(Host& host, Body body)
+{
+    return host.RunInHook(
+        [&]
+        {
+            Client client(host);
+            return body(client);
+        });
+}
 } // namespace standin

@@ -115,12 +115,8 @@ TEST_F(Context, AnUnusedSuiteIsReportedIfAskedFor)
     host.RunInHook(acquireAndRelease);
     EXPECT_THAT(FindingsOf(host),
                 ElementsAre("unused-suite in Basic ReleaseSuite(\"AEGP Utility Suite\", 7)"));
-    host.RunInHook(
-        [&]
-        {
-            Client client(host);
-            EXPECT_EQ(client.Call(utilitySuite, 3, 0, host.PluginId(), "Hello"), errNone);
-        });
+    inHook([&](Client& client)
+           { EXPECT_EQ(client.Call(utilitySuite, 3, 0, host.PluginId(), "Hello"), errNone); });
     EXPECT_THAT(FindingsOf(host), IsEmpty());
 }
 
@@ -161,10 +157,9 @@ TEST_F(Context, CallsOutsideHooksAreReportedAndRefused)
 
 TEST_F(Context, CallsFromOtherThreadsAreReportedAndRefused)
 {
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             A_long count = -1;
             void* handle = host.LayerHandle(layer);
             (void)client.NumEffects(handle);
@@ -183,10 +178,9 @@ TEST_F(Context, CallsFromOtherThreadsAreReportedAndRefused)
 
 TEST_F(Context, ReservedSlotsFromOtherThreadsAreReported)
 {
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             (void)client.NumEffects(host.LayerHandle(layer));
             std::thread([&] { (void)client.Call(effectSuite, 1, 3); }).join();
         });
@@ -220,10 +214,9 @@ TEST_F(Context, AHooksErrorComesBack)
 TEST_F(Context, LeaksBeforeAnExceptionAreReported)
 {
     host.AddEffect(layer, "QVK VORTSRC Lamps", "A");
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             (void)client.EffectAt(host.LayerHandle(layer), 0);
             throw 13;
         });

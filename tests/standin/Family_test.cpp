@@ -36,10 +36,9 @@ protected:
         if (command != message::getIdentity)
             message::PutGroup(record, group);
         A_Err error = errNone;
-        host.RunInHook(
-            [&]
+        inHook(
+            [&](Client& client)
             {
-                Client client(host);
                 void* effect = client.EffectAt(handle, index);
                 const A_Time time{0, 100};
                 error = client.Call(effectSuite, 3, 7, A_long{7}, effect, &time, A_long{17},
@@ -163,10 +162,9 @@ TEST_F(Family, AMissingEffectAnswersNothing)
 TEST_F(Family, OtherGeneralCommandsAreNotForTheFamily)
 {
     std::memset(record, 7, sizeof record);
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* effect = client.EffectAt(handle, 0);
             const A_Time time{0, 100};
             void* none = nullptr;
@@ -262,10 +260,9 @@ TEST_F(Family, AnEffectCanBeWithoutParameters)
     bare.parameterCount = 1;
     host.Install(bare);
     host.AddEffect(layer, "QVK VORTSRC Bare", "N");
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* effect = client.EffectAt(handle, 2);
             EXPECT_EQ(client.StreamOf(effect, 1), nullptr);
             (void)client.DisposeEffect(effect);
@@ -277,10 +274,9 @@ TEST_F(Family, AnEffectCanBeWithoutParameters)
 TEST_F(Family, NamesNeedNotBeUtf8)
 {
     host.Effect("A").customName = "L\xE4mpchen \xFF";
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* effect = client.EffectAt(handle, 0);
             void* stream = client.StreamOf(effect, 1);
             void* parent = client.ParentOf(stream);

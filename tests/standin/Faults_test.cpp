@@ -26,10 +26,9 @@ protected:
     std::vector<A_Err> errors()
     {
         std::vector<A_Err> all;
-        host.RunInHook(
-            [&]
+        inHook(
+            [&](Client& client)
             {
-                Client client(host);
                 const auto count = [&](A_long version)
                 {
                     A_long value = -7;
@@ -67,10 +66,9 @@ TEST_F(Faults, AnNthCallAndItsFunctionFailForever)
 TEST_F(Faults, TheNthCallAndEverythingBehindItFail)
 {
     host.Faults().FailCall(3, FaultLength::everythingForGood);
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             EXPECT_EQ(client.NumEffects(handle), 1);
             EXPECT_EQ(client.NumEffects(handle), -1);
             const void* table = nullptr;
@@ -98,10 +96,9 @@ TEST_F(Faults, ANamedFunctionOfOneSuiteFailsThere)
 TEST_F(Faults, AFailedCallDoesNothing)
 {
     host.Faults().FailFunction("AEGP_DeleteLayerEffect");
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* effect = client.EffectAt(handle, 0);
             EXPECT_EQ(client.Delete(effect), errGeneric);
             EXPECT_EQ(client.Flags(effect), 1); // Not even stale.
@@ -141,7 +138,7 @@ protected:
     }
 };
 
-TEST_F(FaultOuts, StayAsTheyAreUnlessTheFaultSaysOtherwise)
+TEST_F(FaultOuts, StayUntouchedUnlessTheFaultSaysOtherwise)
 {
     EXPECT_EQ(countWith({errAlloc, OutValues::untouched}).value, -7);
     EXPECT_EQ(countWith({errAlloc, OutValues::null}).value, 0);
@@ -159,15 +156,14 @@ TEST_F(FaultOuts, CanComeWithoutAnError)
     EXPECT_TRUE(call.hasOutValues);
 }
 
-TEST_F(FaultOuts, GarbageIsAHandleOfNobodyAndAPoisonedTable)
+TEST_F(FaultOuts, GarbageIsAForeignHandleOrPoisonedTable)
 {
     host.AddEffect(layer, "QVK VORTSRC Lamps", "A");
     host.Expect("foreign-reference", "AEGP_GetEffectFlags", "the test uses what it got");
     host.Expect("poisoned-table", "", "the same");
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* effect = nullptr;
             host.Faults().FailFunction(effectSuite, 1, "AEGP_GetLayerEffectByIndex", 1, FaultLength::once,
                                        {errGeneric, OutValues::garbage});
@@ -188,10 +184,9 @@ TEST_F(Faults, AWithheldSuiteIsNotFound)
 {
     host.Faults().Withhold(effectSuite, 1);
     const void* table = this;
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             EXPECT_EQ(client.Acquire(effectSuite, 1, &table), 0x53214664);
             EXPECT_EQ(table, nullptr);
             EXPECT_EQ(client.Acquire(effectSuite, 3, &table), errNone);
@@ -254,19 +249,18 @@ enum class Mistake
 
 void readFlags(Scenario& scenario, Mistake mistake)
 {
-    scenario.host.RunInHook(
-        [&]
-        {
-            Client client(scenario.host);
-            void* effect = client.EffectAt(scenario.handle, 0);
-            scenario.error = client.error;
-            if (effect == nullptr)
-                return;
-            (void)client.Flags(effect);
-            scenario.error = client.error;
-            if (scenario.error == errNone || mistake == Mistake::none)
-                (void)client.DisposeEffect(effect);
-        });
+    InHook(scenario.host,
+           [&](Client& client)
+           {
+               void* effect = client.EffectAt(scenario.handle, 0);
+               scenario.error = client.error;
+               if (effect == nullptr)
+                   return;
+               (void)client.Flags(effect);
+               scenario.error = client.error;
+               if (scenario.error == errNone || mistake == Mistake::none)
+                   (void)client.DisposeEffect(effect);
+           });
 }
 
 TEST(Sweep, VisitsCallsAndLengthsOnFreshHosts)

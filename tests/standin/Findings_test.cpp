@@ -1,4 +1,4 @@
-// How findings are held against what is expected.
+// How findings are compared with what is expected.
 
 #include "tests/standin/PluginTest.h"
 
@@ -10,13 +10,12 @@ using ::testing::ElementsAre;
 
 void deleteNothing(Host& host, int times)
 {
-    host.RunInHook(
-        [&]
-        {
-            Client client(host);
-            for (int i = 0; i < times; ++i)
-                (void)client.Delete(nullptr);
-        });
+    InHook(host,
+           [&](Client& client)
+           {
+               for (int i = 0; i < times; ++i)
+                   (void)client.Delete(nullptr);
+           });
 }
 
 TEST(Findings, AnExpectedOneComesOnce)
@@ -32,7 +31,7 @@ TEST(Findings, AnExpectedOneComesOnce)
         "null-reference: The effect reference is null. [Effect 3 AEGP_DeleteLayerEffect(effect null)]\n");
 }
 
-TEST(Findings, AnExpectedOneOfNoNumberComesAnyTimes)
+TEST(Findings, AnUncountedExpectedOneMayComeOften)
 {
     Host host;
     host.Expect("null-reference", "AEGP_DeleteLayerEffect", "kept on purpose");
@@ -109,13 +108,12 @@ TEST(Findings, EachHeldSuiteIsExpectedByItself)
 {
     Host host;
     const void* table = nullptr;
-    host.RunInHook(
-        [&]
-        {
-            Client client(host);
-            (void)client.Acquire("AEGP Item Suite", 3, &table);
-            (void)client.Acquire("AEGP Item Suite", 3, &table);
-        });
+    InHook(host,
+           [&](Client& client)
+           {
+               (void)client.Acquire("AEGP Item Suite", 3, &table);
+               (void)client.Acquire("AEGP Item Suite", 3, &table);
+           });
     host.Expect("unbalanced-suite", "AEGP Item Suite 3: 1", "kept on purpose");
     host.CheckSuiteBalance();
     EXPECT_THAT(FindingsOf(host), ElementsAre("unbalanced-suite"));

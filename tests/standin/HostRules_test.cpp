@@ -1,4 +1,4 @@
-// Rules of the host that a plug-in learns of at a bad moment: a failed start, dialogs, keys, two panels, a
+// Rules of the host that a plug-in meets at a bad moment: a failed start, dialogs, keys, two panels, a
 // selection that goes with its effect, and an undo group that outlives its hook.
 
 #include "tests/standin/PluginTest.h"
@@ -22,15 +22,7 @@ protected:
         host.User().SelectLayers({layer});
     }
 
-    std::vector<std::string> alertTexts()
-    {
-        std::vector<std::string> texts;
-        for (const Alert& alert : host.Alerts())
-            texts.push_back(alert.text);
-        return texts;
-    }
-
-    /// As a plug-in does it.
+    /// As a plug-in registers itself.
     void deleteTop(const std::string& label)
     {
         inHook(
@@ -186,7 +178,7 @@ TEST_F(HostRules, AnAlertInsideAnAlertDoesNotWait)
     };
     inHook([&](Client& client) { (void)client.Call(utilitySuite, 3, 0, host.PluginId(), "Hello"); });
     EXPECT_THAT(plugin.events, ElementsAre("idle 2", "idle 2"));
-    EXPECT_THAT(alertTexts(), ElementsAre("Hello", "Again", "Again"));
+    EXPECT_THAT(host.AlertTexts(), ElementsAre("Hello", "Again", "Again"));
 }
 
 // ---- Panels
@@ -302,19 +294,19 @@ TEST_F(GroupAfterHook, SwallowsWhatFollows)
     (void)host.RunIdle();
     EXPECT_THAT(host.UndoNames(), IsEmpty());
     EXPECT_EQ(host.UndoGroupsLeftOpen(), 1) << "reported once";
-    EXPECT_THAT(alertTexts(), IsEmpty());
+    EXPECT_THAT(host.AlertTexts(), IsEmpty());
 }
 
 TEST_F(GroupAfterHook, IsComplainedOfAtTheNextUndo)
 {
     host.User().Rename("B", "Shaker");
     EXPECT_TRUE(host.Undo());
-    EXPECT_THAT(alertTexts(), ElementsAre("undo group mismatch, will attempt to fix"));
+    EXPECT_THAT(host.AlertTexts(), ElementsAre("undo group mismatch, will attempt to fix"));
     EXPECT_EQ(host.NameOf("A"), "Vortan Sheets Object");
     EXPECT_EQ(host.NameOf("B"), "Vortan Jitter Effector");
     EXPECT_EQ(host.OpenUndoGroups(), 0);
     EXPECT_TRUE(host.Redo());
-    EXPECT_EQ(alertTexts().size(), 1u);
+    EXPECT_EQ(host.AlertTexts().size(), 1u);
     EXPECT_EQ(host.UndoGroupsLeftOpen(), 1);
 }
 } // namespace

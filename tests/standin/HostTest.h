@@ -1,12 +1,12 @@
 #pragma once
-// A test with a host. At its end every finding that was not expected fails it, so does every
-// expected one that did not appear, and every suite that is still held is a finding.
+// A test with a host. At its end every unexpected finding fails it, and every expected one that
+// did not appear; a suite that is still held is a finding.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "standin/host/core/Host.h"
 #include "standin/host/family/Family.h"
+#include "tests/standin/Client.h"
 
 namespace standin
 {
@@ -18,6 +18,12 @@ protected:
         host.CheckSuiteBalance();
         host.CheckMemoryBalance();
         EXPECT_EQ(host.FindingsReport(), "");
+    }
+
+    template <class Body>
+    HookResult inHook(Body body)
+    {
+        return InHook(host, body);
     }
 
     Host host;

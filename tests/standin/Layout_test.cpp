@@ -149,10 +149,9 @@ class Slots : public HostTest
 TEST_F(Slots, EachReservedSlotIsANamedTrap)
 {
     int reserved = 0;
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             for (const TableFacts& facts : allFacts)
                 for (int slot = 0; slot < facts.slotCount; ++slot)
                 {
@@ -174,10 +173,9 @@ TEST_F(Slots, EachReservedSlotIsANamedTrap)
 /// Without arguments that mean anything a function cannot do its work, but it can be told by its line.
 TEST_F(Slots, EachSlotIsTheSheetsFunction)
 {
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             for (const TableFacts& facts : allFacts)
                 for (const auto& [slot, function] : facts.functions)
                 {

@@ -1,4 +1,4 @@
-// Panels: shown, behind another tab, closed, made anew, and what they are shown in.
+// Panels: shown, behind another tab, closed, created again, and what they are shown in.
 
 #include "tests/standin/PluginTest.h"
 

@@ -20,17 +20,6 @@ protected:
         plugin.events.clear();
     }
 
-    template <class Body>
-    void inHook(Body body)
-    {
-        host.RunInHook(
-            [&]
-            {
-                Client client(host);
-                body(client);
-            });
-    }
-
     std::string isShown()
     {
         A_Boolean shown = 9;

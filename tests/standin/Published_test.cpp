@@ -64,10 +64,9 @@ protected:
     A_Err publish(const char* name, A_long internalVersion, const void* table)
     {
         A_Err error = errNone;
-        host.RunInHook(
-            [&]
+        inHook(
+            [&](Client& client)
             {
-                Client client(host);
                 void* none = nullptr;
                 void* ref = nullptr;
                 error =
@@ -87,10 +86,9 @@ TEST_F(Published, ATableIsHandedOutAndCounted)
     EXPECT_EQ(publish("Vortan Panel Suite v1", 1, &panel), errNone);
     EXPECT_THAT(host.CallTexts(SuiteTraffic::leftOut),
                 ElementsAre("Suites 2 AddSuite(null, null, \"Vortan Panel Suite v1\", 1, 1, table)"));
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             const void* table = nullptr;
             EXPECT_EQ(client.Acquire("Vortan Panel Suite v1", 1, &table), errNone);
             EXPECT_EQ(table, &panel);

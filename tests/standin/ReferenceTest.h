@@ -25,12 +25,7 @@ protected:
     template <class Use>
     std::vector<std::string> findingsOf(Use use)
     {
-        host.RunInHook(
-            [&]
-            {
-                Client client(host);
-                use(client);
-            });
+        inHook(use);
         return FindingsOf(host);
     }
 

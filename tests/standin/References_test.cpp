@@ -29,10 +29,9 @@ TEST_F(References, ADisposedOfReferenceIsFine)
 
 TEST_F(References, EachHandOutIsANewHandle)
 {
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* first = client.EffectAt(handle, 1);
             (void)client.DisposeEffect(first);
             void* second = client.EffectAt(handle, 1);
@@ -282,20 +281,18 @@ TEST_F(References, AnOldReferenceIsStillKnown)
 {
     void* old = nullptr;
     void* oldStream = nullptr;
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             old = client.EffectAt(handle, 1);
             oldStream = client.StreamOf(old, 2);
             (void)client.DisposeStream(oldStream);
             (void)client.DisposeEffect(old);
         });
     for (int i = 0; i < 100; ++i)
-        host.RunInHook(
-            [&]
+        inHook(
+            [&](Client& client)
             {
-                Client client(host);
                 for (int k = 0; k < 100; ++k)
                     (void)client.DisposeEffect(client.EffectAt(handle, 0));
             });

@@ -20,21 +20,16 @@ protected:
     /// Applies an effect through the suites and gives the stack, with the new one as "new".
     std::string stackAfterApply()
     {
-        host.RunInHook(
-            [&]
-            {
-                Client client(host);
-                (void)client.DisposeEffect(client.Apply(handle, host.FindInstalled("ADBE Fill")->key));
-            });
+        inHook([&](Client& client)
+               { (void)client.DisposeEffect(client.Apply(handle, host.FindInstalled("ADBE Fill")->key)); });
         return host.StackText(layer);
     }
 
     std::string stackAfterMove(A_long from, A_long to)
     {
-        host.RunInHook(
-            [&]
+        inHook(
+            [&](Client& client)
             {
-                Client client(host);
                 void* effect = client.EffectAt(handle, from);
                 EXPECT_EQ(client.Reorder(effect, to), errNone);
                 (void)client.DisposeEffect(effect);
@@ -73,10 +68,9 @@ TEST_F(Stack, AMovePutsTheEffectAtItsIndex)
 
 TEST_F(Stack, TheInstalledWalkVisitsEachEndsInZero)
 {
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             A_long count = 0;
             EXPECT_EQ(client.Call(effectSuite, 1, 11, &count), errNone);
             EXPECT_EQ(count, 24);
@@ -94,10 +88,9 @@ TEST_F(Stack, TheInstalledWalkVisitsEachEndsInZero)
 TEST_F(Stack, TheWalkCanEndInAnError)
 {
     host.Options().walkEnd = WalkEnd::isError;
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             A_long key = host.InstalledEffects().back().key;
             EXPECT_NE(client.Call(effectSuite, 1, 12, key, &key), errNone);
             EXPECT_EQ(key, host.InstalledEffects().back().key);

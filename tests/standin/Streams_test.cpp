@@ -20,10 +20,9 @@ protected:
     template <class Use>
     void withStreams(Use use)
     {
-        host.RunInHook(
-            [&]
+        inHook(
+            [&](Client& client)
             {
-                Client client(host);
                 void* effect = client.EffectAt(host.LayerHandle(layer), 0);
                 void* parameter = client.StreamOf(effect, 1);
                 void* group = client.ParentOf(parameter);
@@ -85,12 +84,7 @@ TEST_F(Streams, AMatchNameIsCutAtItsLimit)
     const auto matchName = [&]
     {
         char name[128] = "";
-        host.RunInHook(
-            [&]
-            {
-                Client client(host);
-                (void)client.Call(effectSuite, 1, 14, key, static_cast<char*>(name));
-            });
+        inHook([&](Client& client) { (void)client.Call(effectSuite, 1, 14, key, static_cast<char*>(name)); });
         return std::string(name);
     };
     EXPECT_EQ(matchName(), std::string(127, 'm'));
@@ -105,12 +99,7 @@ TEST_F(Streams, AnUnterminatedMatchNameFillsTheBuffer)
     effect.matchNameEnding = InstalledEffect::MatchNameEnding::notTerminated;
     const A_long key = host.Install(effect);
     char name[128] = "";
-    host.RunInHook(
-        [&]
-        {
-            Client client(host);
-            (void)client.Call(effectSuite, 1, 14, key, static_cast<char*>(name));
-        });
+    inHook([&](Client& client) { (void)client.Call(effectSuite, 1, 14, key, static_cast<char*>(name)); });
     EXPECT_EQ(std::string(name, 128), "QVK VORTSRC Endless" + std::string(109, '#'));
 }
 
@@ -186,10 +175,9 @@ TEST_F(Streams, OtherFlagsCannotBeSet)
             EXPECT_NE(
                 client.Call(dynamicStreamSuite, 2, 5, parameter, A_u_long{1}, A_Boolean{0}, A_Boolean{1}), 0);
         });
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* effect = client.EffectAt(host.LayerHandle(layer), 0);
             EXPECT_NE(client.Call(effectSuite, 1, 5, effect, A_long{8}, A_long{8}), errNone);
             (void)client.DisposeEffect(effect);
@@ -200,10 +188,9 @@ TEST_F(Streams, OtherFlagsCannotBeSet)
 TEST_F(Streams, OnlyTheBitsOfTheMaskAreSet)
 {
     host.Effect("A").flags = effectActive | effectAudioToo;
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* effect = client.EffectAt(host.LayerHandle(layer), 0);
             EXPECT_EQ(client.Call(effectSuite, 1, 5, effect, A_long{1}, A_long{0}), errNone);
             EXPECT_EQ(client.Flags(effect), effectAudioToo);

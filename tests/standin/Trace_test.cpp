@@ -44,10 +44,9 @@ protected:
 
 TEST_F(Trace, SuiteTrafficIsInItsPlace)
 {
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             (void)client.NumEffects(handle);
             const void* table = nullptr;
             (void)client.Acquire("Nobody's Suite", 1, &table);
@@ -60,10 +59,9 @@ TEST_F(Trace, SuiteTrafficIsInItsPlace)
 
 TEST_F(Trace, EffectsGoByTheirLabels)
 {
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* effect = client.EffectAt(handle, 1);
             (void)client.Flags(effect);
             (void)client.SetActive(effect, Switch::off);
@@ -84,10 +82,9 @@ TEST_F(Trace, EffectsGoByTheirLabels)
 TEST_F(Trace, MessagesShowRequestAndAnswer)
 {
     host.Effect("B").family.uuid = IdentityOf(0x0a);
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* effect = client.EffectAt(handle, 1);
             host.ClearTrace();
             send(client, effect, message::getGroup, -1);
@@ -112,10 +109,9 @@ TEST_F(Trace, MessagesShowRequestAndAnswer)
 
 TEST_F(Trace, StreamsGoByTheirEffectAndParameter)
 {
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* effect = client.EffectAt(handle, 1);
             void* stream = client.StreamOf(effect, 1);
             void* group = client.ParentOf(stream);
@@ -147,10 +143,9 @@ TEST_F(Trace, StreamsGoByTheirEffectAndParameter)
 TEST_F(Trace, AllOtherCallsReadAsTheyWereMade)
 {
     host.Expect("empty-undo-group", "AEGP_EndUndoGroup", "the test only looks at the lines");
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             void* active = client.ActiveLayer();
             void* item = client.ActiveItem();
             A_long id = 0;
@@ -187,10 +182,9 @@ TEST_F(Trace, NullReferencesAndFailedCallsShow)
     host.Expect("null-reference", "AEGP_DeleteLayerEffect", "the test passes null");
     host.Expect("null-reference", "AEGP_DisposeStream", "the test passes null");
     host.Expect("null-reference", "AEGP_GetLayerNumEffects", "the test passes null");
-    host.RunInHook(
-        [&]
+    inHook(
+        [&](Client& client)
         {
-            Client client(host);
             (void)client.Delete(none);
             (void)client.DisposeStream(none);
             (void)client.NumEffects(none);

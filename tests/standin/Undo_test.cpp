@@ -22,17 +22,6 @@ protected:
         handle = host.LayerHandle(layer);
     }
 
-    template <class Body>
-    void inHook(Body body)
-    {
-        host.RunInHook(
-            [&]
-            {
-                Client client(host);
-                body(client);
-            });
-    }
-
     void reorder(Client& client, A_long from, A_long to)
     {
         void* effect = client.EffectAt(handle, from);

@@ -1,7 +1,7 @@
 // The program `standin check` as its users meet it: what it says, and what it tells the shell.
 
 #include "standin/process/ExitCodes.h"
-#include "tests/standin_programs/ProgramRun.h"
+#include "tests/support/ProgramRun.h"
 
 #include <chrono>
 #include <fstream>
@@ -174,15 +174,6 @@ TEST(CheckCommand, AnUnloadableBundleIsReportedWithItsFailure)
     EXPECT_THAT(hang.errors, HasSubstr("cannot be loaded: it took longer than 2 seconds"));
     for (const ProgramRun& run : {crash, early, hang})
         EXPECT_THAT(run.output, IsEmpty());
-}
-
-TEST(CheckCommand, WhatLeaksUntilTheProcessEndsFails)
-{
-    process::Child child(process::Program({VORTAN_STANDIN, "check", bad("leaks-at-load")}),
-                         process::Streams::kept);
-    child.Wait();
-    EXPECT_EQ(child.ExitCode(), exit_code::failed);
-    EXPECT_THAT(child.Errors(), HasSubstr("cannot be loaded: *** Leaked objects detected"));
 }
 
 TEST(CheckCommand, AWrongCommandLineIsUsage)

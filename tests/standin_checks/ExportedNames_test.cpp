@@ -1,6 +1,7 @@
 // The reader of exported names, on files that are and are not what it reads.
 
 #include "standin/check/ExportedNames.h"
+#include "tests/support/FileText.h"
 
 #include <fstream>
 #include <gmock/gmock.h>
@@ -31,8 +32,7 @@ TEST(ExportedNames, AreNotReadFromOtherFiles)
 
 TEST(ExportedNames, ATruncatedFileIsReported)
 {
-    std::ifstream whole(folder + "/refuses.so", std::ios::binary);
-    const std::string bytes((std::istreambuf_iterator<char>(whole)), {});
+    const std::string bytes = FileText(folder + "/refuses.so");
     const std::string file = testing::TempDir() + "/cut.so";
     std::ofstream(file, std::ios::binary) << bytes.substr(0, bytes.size() / 2);
     EXPECT_THROW((void)ExportedNames(file), std::runtime_error);

@@ -1,4 +1,4 @@
-// The audit of a pass with a fault, on traces made by hand: what it lets pass, and what it does not.
+// The audit of a pass with a fault, on hand-made traces: what it accepts, and what it reports.
 
 #include "standin/check/FaultAudit.h"
 #include "standin/host/sensors/FindingIds.h"
@@ -19,6 +19,14 @@ CallRecord call(const std::string& function, A_Err error = errNone, const std::s
     record.function = function;
     record.head = function + "(" + arguments + ")";
     record.error = error;
+    return record;
+}
+
+CallRecord struck(const std::string& function)
+{
+    CallRecord record = call(function, errGeneric);
+    record.suite = "AEGP Suite";
+    record.struck = true;
     return record;
 }
 
@@ -126,11 +134,9 @@ TEST_F(FaultAudit, FindingsPassInTheirSituationAlone)
     EXPECT_THAT(Verdict(), HasSubstr("double-dispose")) << "no missing suite excuses that";
 }
 
-TEST_F(FaultAudit, GarbageIsGivenBackWhereItCameFromAlone)
+TEST_F(FaultAudit, GarbageMayBeDisposedOfByItsTaker)
 {
-    run.calls = {call("AEGP_GetLayerEffectByIndex", errGeneric)};
-    run.calls[0].suite = "AEGP Effect Suite";
-    run.calls[0].struck = true;
+    run.calls = {struck("AEGP_GetLayerEffectByIndex")};
     run.findings = {found(finding::foreignReference, "AEGP_DisposeEffect")};
     EXPECT_THAT(Verdict(), HasSubstr("foreign-reference")) << "the fault has left nothing there";
     run.how.outs = OutValues::garbage;
@@ -139,7 +145,32 @@ TEST_F(FaultAudit, GarbageIsGivenBackWhereItCameFromAlone)
     EXPECT_THAT(Verdict(), HasSubstr("foreign-reference")) << "the error was not looked at";
 }
 
-TEST_F(FaultAudit, AHookMayBeLeftForWantOfMemoryWhereThereWasNone)
+TEST_F(FaultAudit, ARefusedMenuEntryMayBeUnknown)
+{
+    run.findings = {found(finding::unknownCommand, "AEGP_CheckMarkMenuCommand"),
+                    found(finding::unknownCommand, "AEGP_EnableCommand")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-command"));
+    run.calls = {struck("AEGP_RegisterCreatePanelHook")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-command")) << "it was the panel that was refused";
+    run.calls = {struck("AEGP_InsertMenuCommand")};
+    EXPECT_EQ(Verdict(), "");
+    run.findings = {found(finding::unknownCommand, "AEGP_RegisterCommandHook")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-command")) << "the command is the caller's all the same";
+}
+
+TEST_F(FaultAudit, ARefusedPanelMayBeUnknown)
+{
+    run.findings = {found(finding::unknownPanel, "AEGP_IsShown")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-panel"));
+    run.calls = {struck("AEGP_InsertMenuCommand")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-panel")) << "it was the menu entry that was refused";
+    run.calls = {struck("AEGP_RegisterCreatePanelHook")};
+    EXPECT_EQ(Verdict(), "");
+    run.findings = {found(finding::unknownPanel, "AEGP_ToggleVisibility")};
+    EXPECT_THAT(Verdict(), HasSubstr("unknown-panel")) << "nobody has chosen the menu entry";
+}
+
+TEST_F(FaultAudit, AHookMayThrowBadAllocWithoutMemory)
 {
     run.results = {{errGeneric, std::nullopt, "an exception: std::bad_alloc"}};
     EXPECT_THAT(Verdict(), HasSubstr("a hook was left by an exception: std::bad_alloc"));

@@ -2,6 +2,7 @@
 
 #include "standin/check/effects/EffectChecks.h"
 #include "standin/process/ExitCodes.h"
+#include "tests/support/FileText.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -31,15 +32,9 @@ std::string tableOfChecks(const CheckBook& book)
     return table;
 }
 
-std::string page(const char* path)
-{
-    std::ifstream stream(path);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 void writeTable(const CheckBook& book)
 {
-    const std::string before = page(VORTAN_CHECKS_PAGE);
+    const std::string before = FileText(VORTAN_CHECKS_PAGE);
     const std::size_t from = before.find(beginningOf(book)) + beginningOf(book).size();
     std::ofstream(VORTAN_CHECKS_PAGE)
         << before.substr(0, from) << tableOfChecks(book) << before.substr(before.find(end, from));
@@ -51,7 +46,7 @@ TEST(StandinPage, ListsEveryCheckWithItsSentence)
     {
         if (std::getenv("STANDIN_WRITE_CHECKS") != nullptr)
             writeTable(*book);
-        EXPECT_THAT(page(VORTAN_CHECKS_PAGE), HasSubstr(beginningOf(*book) + tableOfChecks(*book) + end));
+        EXPECT_THAT(FileText(VORTAN_CHECKS_PAGE), HasSubstr(beginningOf(*book) + tableOfChecks(*book) + end));
     }
 }
 
@@ -60,7 +55,7 @@ TEST(StandinPage, ListsEveryExitCode)
     std::string table = "| Exit code | Meaning |\n|---|---|\n";
     for (std::size_t code = 0; code < exit_code::Meanings().size(); ++code)
         table += "| " + std::to_string(code) + " | " + exit_code::Meanings()[code] + " |\n";
-    EXPECT_THAT(page(VORTAN_STANDIN_PAGE), HasSubstr(table + "\n"));
+    EXPECT_THAT(FileText(VORTAN_STANDIN_PAGE), HasSubstr(table + "\n"));
 }
 } // namespace
 } // namespace standin

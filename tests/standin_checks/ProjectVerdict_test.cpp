@@ -1,4 +1,4 @@
-// The verdict on a project after a fault: what it lets pass, for which call, and what it does not.
+// The verdict on a project after a fault: what it accepts for which call, and what it reports.
 
 #include "standin/check/ProjectVerdict.h"
 
@@ -74,7 +74,7 @@ TEST_F(ProjectVerdict, AnotherEffectRenamedIsFound)
     EXPECT_THAT(Verdict("AEGP_GetStreamName"), HasSubstr("the effect \"mast\" is called \"torch\""));
 }
 
-TEST_F(ProjectVerdict, ANameRepeatsFromAboveAfterAFailedRead)
+TEST_F(ProjectVerdict, AFailedReadMayRepeatTheNameAbove)
 {
     after()[1].name = "lamp";
     EXPECT_EQ(Verdict("AEGP_GetStreamName"), "");
@@ -110,7 +110,7 @@ TEST_F(ProjectVerdict, AFailedReadSwitchesOffAllBelow)
     EXPECT_THAT(Verdict("AEGP_EffectCallGeneric"), HasSubstr("has the flags 0"));
 }
 
-TEST_F(ProjectVerdict, AnOutsideEffectIsHiddenByAFailedCountAlone)
+TEST_F(ProjectVerdict, OnlyAFailedCountMayHideOutsideEffects)
 {
     after()[2].hidden = true;
     EXPECT_EQ(Verdict("AEGP_GetLayerNumEffects"), "");
@@ -151,7 +151,7 @@ TEST_F(ProjectVerdict, AnOrderThatNoStepGivesIsFound)
     EXPECT_THAT(Verdict("AEGP_ReorderEffect"), HasSubstr("no step that fails gives it"));
 }
 
-TEST_F(ProjectVerdict, AnEffectThatIsGoneOrUnaskedForIsFound)
+TEST_F(ProjectVerdict, FindsALostOrUnwantedEffect)
 {
     after().pop_back();
     EXPECT_EQ(Verdict("AEGP_DeleteLayerEffect"), "the effect \"blur\" is gone");
@@ -160,7 +160,7 @@ TEST_F(ProjectVerdict, AnEffectThatIsGoneOrUnaskedForIsFound)
     EXPECT_EQ(Verdict("AEGP_ApplyEffect"), "nobody has asked for the effect \"dots\"");
 }
 
-TEST(Allowances, StandInTheTableOnceEachWithAReason)
+TEST(Allowances, AppearOnceEachWithAReason)
 {
     std::set<std::pair<std::string, Fate>> rows;
     for (const Allowance& row : Allowances())

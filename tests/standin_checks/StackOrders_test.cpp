@@ -17,7 +17,7 @@ using testing::Not;
 constexpr int lamp = 1;
 constexpr int mast = 2;
 constexpr int disc = 3;
-constexpr int blur = 4; // Stands in no list of objects.
+constexpr int blur = 4; // In no list of objects.
 
 TEST(OrdersOfFaultyReorder, HoldTheOldAndTheNewOrder)
 {
@@ -28,7 +28,7 @@ TEST(OrdersOfFaultyReorder, HoldTheOldAndTheNewOrder)
 
 TEST(OrdersOfFaultyReorder, HoldThatOfOneMoveRefused)
 {
-    // The move of the disc is taken for done: where the mast is believed to be, the disc stands.
+    // The move of the disc counts as done, so the disc stands where the mast is believed to be.
     EXPECT_THAT(OrdersOfFaultyReorder({mast, lamp, disc}, {lamp, disc, mast}),
                 Contains(StackOrder{lamp, mast, disc}));
 }
@@ -46,7 +46,7 @@ TEST(OrdersOfFaultyReorder, MoveNothingAboveWhatWasNotMisread)
                 Not(Contains(StackOrder{blur, lamp, mast, disc})));
 }
 
-TEST(OrdersOfFaultyDeletion, HoldEachStepOfTheMoveToTheTop)
+TEST(OrdersOfFaultyDeletion, HoldEachStepOfMovingToTheTop)
 {
     const auto orders = OrdersOfFaultyDeletion({lamp, mast, disc}, {mast, disc}, {lamp});
     EXPECT_THAT(orders, Contains(StackOrder{mast, lamp, disc}));

@@ -1,7 +1,7 @@
 // All checks of the stand-in on the bundle of this build, by the program as its users start it.
 
 #include "standin/process/ExitCodes.h"
-#include "tests/standin_programs/ProgramRun.h"
+#include "tests/support/ProgramRun.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>

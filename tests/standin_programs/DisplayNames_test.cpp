@@ -1,37 +1,19 @@
-// The stand-in's own table of display names, held against the plug-in's.
+// The display names that the stand-in expects, compared with the plug-in's.
 
 #include "effects/ObjectItem.h"
+#include "sdk/VortanFamily.h"
 #include "standin/user/eyes/DisplayNames.h"
 
 #include <gtest/gtest.h>
 
+using standin::user::DisplayNameOf;
+
 TEST(DisplayNames, AreThoseThatThePlugInShows)
 {
-    for (const char* name : {"Vortan Sheets Object",
-                             "Vortan Route Object",
-                             "Vortan GEO Object",
-                             "Vortan Solids Object",
-                             "Vortan Copies Object",
-                             "Vortan Cutter Object",
-                             "Vortan Round Zone",
-                             "Vortan Jitter Effector",
-                             "Vortan Enclosure",
-                             "Vortan Placement",
-                             "Vortan Tint Table",
-                             "Vortan Dimmer Effector",
-                             "Vortan Pulse Effector",
-                             "Vortan Dots Renderer",
-                             "Vortan Strokes Renderer",
-                             "Vortan Tiling Renderer",
-                             "Vortan Rays Renderer",
-                             "Vortan Panes Renderer",
-                             "Vortan Elder Renderer",
-                             "Vortan",
-                             "lamp",
-                             "",
-                             "Vortan Jitter Effector 2",
-                             "A Vortan Placement",
-                             "Vortan Cutter"})
-        EXPECT_EQ(standin::user::DisplayNameOf(name), GetItemDisplayString(name)) << name;
-    EXPECT_EQ(standin::user::DisplayNameOf("Vortan Route Object"), "Routes");
+    std::vector<std::string> names{"Vortan", "lamp", "", "A Vortan Placement", "Vortan Cutter"};
+    for (const VortanRowName& row : VORTAN_ROW_NAMES)
+        names.insert(names.end(), {row.defaultName, row.defaultName + std::string(" 2")});
+    for (const std::string& name : names)
+        EXPECT_EQ(DisplayNameOf(name), GetItemDisplayString(name)) << name;
+    EXPECT_EQ(DisplayNameOf("Vortan Route Object"), "Routes");
 }

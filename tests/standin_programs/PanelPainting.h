@@ -1,5 +1,5 @@
 #pragma once
-// Pictures as the panel paints them, made without it.
+// Pictures as the panel would paint them, drawn without it.
 
 #include "standin/user/eyes/TextShapes.h"
 

@@ -3,6 +3,7 @@
 #include "standin/script/Parser.h"
 #include "standin/script/Phrase.h"
 #include "standin/script/Player.h"
+#include "tests/support/FileText.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -36,14 +37,6 @@ std::string errorOf(const std::string& line)
         return error.what();
     }
     return "no error";
-}
-
-std::string textOf(const std::string& file)
-{
-    std::ifstream stream(file);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
 }
 
 TEST(Phrases, BlanksAreFilledInTheirOrder)
@@ -93,11 +86,11 @@ TEST(Phrases, ThePageListsThemAllAsTheyAre)
 {
     if (std::getenv("STANDIN_WRITE_PHRASES") != nullptr)
     {
-        const std::string page = textOf(VORTAN_SCENARIOS_PAGE);
+        const std::string page = FileText(VORTAN_SCENARIOS_PAGE);
         const std::size_t end = page.find("### The project");
         std::ofstream(VORTAN_SCENARIOS_PAGE) << page.substr(0, end) << PhraseReference();
     }
-    EXPECT_THAT(textOf(VORTAN_SCENARIOS_PAGE), HasSubstr(PhraseReference()));
+    EXPECT_THAT(FileText(VORTAN_SCENARIOS_PAGE), HasSubstr(PhraseReference()));
 }
 
 TEST(ReadScenario, AFileWithoutAnyExpectationIsRefused)

@@ -1,7 +1,8 @@
 // The program `standin play` as its users meet it: what it says, and what it tells the shell.
 
 #include "standin/process/ExitCodes.h"
-#include "tests/standin_programs/ProgramRun.h"
+#include "tests/support/ProgramRun.h"
+#include "tests/support/FileText.h"
 #include "tests/support/Sanitized.h"
 
 #include <fstream>
@@ -85,13 +86,12 @@ TEST_F(PlayCommand, LeavesATraceOfCallsBelowTheirLines)
     const std::string file =
         write("traced.scenario", std::string(goodScenario) + "turn off \"lamp\"\nexpect \"lamp\" is off\n");
     EXPECT_EQ(play({"--own-display", "--trace", trace, file}).exitCode, exit_code::well);
-    std::ifstream stream(trace);
-    const std::string text((std::istreambuf_iterator<char>(stream)), {});
+    const std::string text = FileText(trace);
     EXPECT_THAT(text,
                 StartsWith("before the first action\n    Basic AcquireSuite(\"SP Suites Suite\", 2)\n"));
     EXPECT_THAT(text, HasSubstr(file + ":4: open the panel\n    "));
-    const std::string behind = text.substr(text.find(file + ":6: turn off \"lamp\"\n"));
-    EXPECT_THAT(behind, HasSubstr("\n    Effect 1 AEGP_GetEffectFlags(effect e1) -> 0\n"));
+    const std::string after = text.substr(text.find(file + ":6: turn off \"lamp\"\n"));
+    EXPECT_THAT(after, HasSubstr("\n    Effect 1 AEGP_GetEffectFlags(effect e1) -> 0\n"));
     const ProgramRun none = play({"--own-display", "--trace", "/nowhere/trace.txt", file});
     EXPECT_EQ(none.exitCode, exit_code::noFile);
     EXPECT_EQ(none.errors, "/nowhere/trace.txt: the trace cannot be written\n");

@@ -1,4 +1,4 @@
-// A session with the built bundle: what players and other programs rest on.
+// A session with the built bundle, on which the player and the checks are built.
 
 #include "standin/user/WindowSession.h"
 

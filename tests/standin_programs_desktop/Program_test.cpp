@@ -2,8 +2,8 @@
 
 #include "standin/process/ExitCodes.h"
 #include "standin/user/x11/Xvfb.h"
-#include "tests/standin_programs/ProgramRun.h"
-#include "tests/standin_programs_desktop/Scratch.h"
+#include "tests/support/ProgramRun.h"
+#include "tests/support/Scratch.h"
 
 #include <cstdlib>
 #include <gmock/gmock.h>
@@ -68,7 +68,7 @@ TEST_F(ProgramTest, WrongUsageNamesTheWrongWord)
 
 TEST_F(ProgramTest, WithoutADisplayItEndsWithEight)
 {
-    // Takes the number 0 where that is free, the display that is anybody's.
+    // Takes the display number 0 where that is free, which JUCE tries by default.
     const Xvfb server(64, 64);
     const ProgramRun run = Run({});
     EXPECT_EQ(run.exitCode, exit_code::noDisplay);

@@ -1,7 +1,7 @@
 // Projects in files: what is written comes back, and what cannot be read changes nothing.
 
 #include "standin/host/project/ProjectFile.h"
-#include "tests/standin_programs_desktop/Scratch.h"
+#include "tests/support/Scratch.h"
 
 #include "standin/host/core/HostParts.h"
 #include "standin/host/family/Family.h"

@@ -3,7 +3,7 @@
 #include "standin/desktop/model/Workbench.h"
 #include "standin/host/core/HostParts.h"
 #include "standin/script/record/Shown.h"
-#include "tests/standin_programs_desktop/Scratch.h"
+#include "tests/support/Scratch.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -14,10 +14,10 @@ struct Taken
     std::size_t bytes = 0;
 };
 
-/// All that this thread has taken so far.
+/// What this thread has allocated so far.
 Taken TakenSoFar();
 
-/// What `body` takes.
+/// What `body` allocates.
 template <class Body>
 Taken TakenBy(Body body)
 {

@@ -1,5 +1,5 @@
-// The platform side of a panel without a window: what the platform would do is written to the log of the
-// fake tree.
+// The platform side of a panel without a window: what the platform would do goes into the log of the fake
+// tree.
 
 #include "tests/support/FakePlatform.h"
 

@@ -1,12 +1,12 @@
 #pragma once
-// What the fake platform was last given to make a panel of.
+// The arguments of the last panel that the fake platform made.
 
 #include "host/HostSuites.h"
 
 class ValueTreesDemo;
 struct _TreeStateTable_Internal;
 
-/// Pointers to look at, and not to follow: the host may have taken its container back.
+/// Pointers to compare, not to follow: the host may have taken its container back.
 struct PanelMade
 {
     const void* basicSuite = nullptr;

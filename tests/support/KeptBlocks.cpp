@@ -1,8 +1,10 @@
 #include "tests/support/KeptBlocks.h"
 
+#include "panel/Panelator.h"
 #include "panel/VnPanelRef.h"
 #include "standin/host/core/HostParts.h"
 
+#include <memory>
 #include <utility>
 
 namespace standin
@@ -36,7 +38,8 @@ void KeptBlocks::Free()
     for (const auto& hook : host.PluginsView().hooks.idle)
         panelRef = hook.pluginId == plugin.id ? hook.refcon : panelRef;
     delete static_cast<VnPanelRef*>(panelRef);
-    // Their suites are held on purpose, so no destructor runs.
+    // Their suites are held on purpose, so no destructor runs but that of a controller's list.
+    std::destroy_at(&static_cast<Panelator*>(plugin.globalRefcon)->layerItems);
     for (void* panel : panels)
         ::operator delete(panel);
     ::operator delete(plugin.globalRefcon);

@@ -1,7 +1,7 @@
 #pragma once
 // What a loaded bundle keeps until the host ends, and never frees: its controller, the record of its panel
-// suite, its panels. A test that ends before its program does frees them, so that the leak checker sees what
-// else is left. The blocks of the first entry point are plain memory, of which LeakSuppressions.cpp tells the
+// suite, its panels. A test that ends before its program does frees them, so that the leak checker sees only
+// other leaks. The blocks of the first entry point are plain memory, of which LeakSuppressions.cpp tells the
 // checker.
 
 #include "standin/host/core/Host.h"

@@ -7,6 +7,6 @@
 namespace standin
 {
 /// Deletes the controller, its inbox and the panel that it made last, after the host has quit, so that the
-/// leak sanitizer only sees what is really lost. The suites that they release by then are nobody's any more.
+/// leak sanitizer reports only real leaks. By then the suites that they release no longer count.
 void DeleteKeptObjects(Host& host, Panelator* panelator);
 } // namespace standin

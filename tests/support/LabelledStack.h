@@ -56,7 +56,7 @@ struct LabelledStack : ProductHost
     HookResult Select(bool useHide, bool touchMain, const Items& selected);
     HookResult SelectOn(AEGP_LayerH layer, bool useHide, bool touchMain, const Items& selected);
 
-    /// What `operation` returns when the host's hook calls it. What it prints is kept.
+    /// What `operation` returns when a hook of the host calls it. Keeps what it prints.
     template <class Operation>
     int InHook(Operation operation)
     {

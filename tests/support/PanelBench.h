@@ -82,7 +82,7 @@ public:
     VnPanelRef& Inbox() const { return *plugin->publishedSuite.panelRef; }
 
     /// Deletes all that the plug-in keeps for the life of the host, so that every suite that is still
-    /// held afterwards, and all memory, is really lost. Faults are disarmed, and the host idles inside no
+    /// held afterwards, and all memory, has leaked. Faults are disarmed, and the host idles inside no
     /// call.
     void Close();
 

@@ -6,14 +6,14 @@
 
 namespace standin
 {
-/// What every pass begins with: the panel is up, item 101 is active and layer 1 is its active layer.
+/// The beginning of every pass: the panel is up, item 101 is active and layer 1 is its active layer.
 Calls PassHead();
 /// The question for adds and deletes that has an empty answer.
 Calls NoAddsAndDeletes();
 
 /// The rebuild of the tree after the second reading.
 Calls TreeRebuild(const std::string& names);
-/// The tree's turn in a pass in which nothing has moved.
+/// The tree's part of a pass in which nothing has moved.
 Calls QuietTree();
 
 /// The effect at `index` is renamed.

@@ -1,9 +1,9 @@
 #pragma once
-// The fixture of tests over one layer's stack: the test makes the stack. At the end nothing may have been
-// printed that the test did not take, no suite be held, and nothing have been found that the test did not
-// expect.
+// The fixture of tests over one layer's stack, which the test makes. At the end there may be no output that
+// the test has not taken, no held suite and no unexpected finding.
 
 #include "tests/support/LabelledStack.h"
+#include "tests/support/OutputOf.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -63,14 +63,5 @@ inline HostOptions EveryGroupShows()
     HostOptions options;
     options.unchangedGroup = UnchangedGroup::leavesPhantomEntry;
     return options;
-}
-
-/// What `action` writes to the standard output.
-template <class Action>
-std::string OutputOf(Action action)
-{
-    testing::internal::CaptureStdout();
-    action();
-    return testing::internal::GetCapturedStdout();
 }
 } // namespace standin

@@ -52,7 +52,7 @@ bool isCallOf(const CallRecord& record, const std::string& function)
     return Begins(record, function + "(");
 }
 
-/// Whether some kind goes on with this record behind `taken` calls, all of which agree with the kind.
+/// Whether some kind continues with this record after `taken` calls, all of which match the kind.
 bool goesOn(const std::vector<ChainSteps>& kinds, const std::vector<const CallRecord*>& taken,
             const CallRecord& record)
 {
@@ -127,7 +127,7 @@ std::string argumentOf(const CallRecord& record)
     return record.head.substr(bracket + 1, record.head.size() - bracket - 2);
 }
 
-/// What is out, and in which function it was had.
+/// Follows each reference from the function that gave it to its disposal.
 void auditReferences(const std::vector<CallRecord>& records, TraceAudit& audit)
 {
     std::vector<std::pair<std::string, std::string>> held; // What it is called, and by which function.

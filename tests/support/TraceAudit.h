@@ -1,7 +1,7 @@
 #pragma once
-// What a sweep of faults holds a trace against: that a chain of calls with an undo group goes as far as its
-// first error and no further, that what was taken is disposed of in the fixed order, and which findings
-// follow from what could not be had.
+// The rules that a sweep of faults checks a trace against: a chain of calls with an undo group goes exactly
+// as far as its first error, what was taken is disposed of in the fixed order, and these findings follow from
+// what was missing.
 
 #include "standin/host/sensors/CallTrace.h"
 
@@ -10,7 +10,7 @@
 
 namespace standin
 {
-/// The calls of one kind of chain behind the start of its undo group, as the trace begins their lines:
+/// The calls of one kind of chain after the start of its undo group, as the trace begins their lines:
 /// "Utility 3 AEGP_EndUndoGroup". The last one closes the group.
 using ChainSteps = std::vector<std::string>;
 

@@ -15,7 +15,7 @@ struct SoundRun
     std::vector<CallRecord> calls;
     std::vector<std::string> texts; ///< Of the calls.
     check::SeenProject after;
-    std::vector<Finding> findings; ///< What is done on purpose and reported all the same.
+    std::vector<Finding> findings; ///< Done on purpose, and reported nevertheless.
     std::string violation;         ///< Empty if it is fit for a sweep.
 };
 

@@ -32,7 +32,7 @@ struct SweepFigures
 {
     std::size_t faults = 0;
     std::size_t unexplained = 0;
-    std::map<std::string, std::size_t> outcomes;
+    std::map<std::string, std::map<std::string, std::size_t>> outcomes; ///< By the kind of the fault.
     FaultTally tally;
 };
 
@@ -61,8 +61,8 @@ public:
 
     void PrintFigures() const
     {
-        for (const auto& [outcome, count] : figures.outcomes)
-            std::cout << count << "  " << outcome << "\n";
+        for (const FaultKind& kind : FaultKinds())
+            printOutcomes(kind.name);
         for (const Allowance& row : Allowances())
         {
             const auto needed = figures.tally.allowed.find(&row);
@@ -73,6 +73,17 @@ public:
     }
 
 private:
+    void printOutcomes(const std::string& kind) const
+    {
+        const auto outcomes = figures.outcomes.find(kind);
+        if (outcomes == figures.outcomes.end())
+            return;
+        std::cout << kind << ":";
+        for (const auto& [outcome, count] : outcomes->second)
+            std::cout << (outcome == outcomes->second.begin()->first ? " " : ", ") << count << " " << outcome;
+        std::cout << "\n";
+    }
+
     static std::size_t firstOf(const SweptScenario& scenario, const SoundRun& sound)
     {
         std::size_t first = 1;
@@ -121,7 +132,7 @@ private:
         if (verdict.wasMet)
         {
             ++figures.faults;
-            ++figures.outcomes[verdict.outcome];
+            ++figures.outcomes[kind.name][verdict.outcome];
         }
         return verdict.wasMet;
     }

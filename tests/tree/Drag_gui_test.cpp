@@ -11,17 +11,17 @@ namespace
 class Drag : public TreeGuiTest
 {
 protected:
-    // The upper edge of a row inserts before it, the lower edge behind it, its middle into it.
-    Point above(const std::string& name) { return at(name, {60, 2}); }
-    Point below(const std::string& name) { return at(name, {60, 18}); }
-    Point onto(const std::string& name) { return at(name, {60, 10}); }
+    // The upper edge of a row inserts before it, the lower edge after it, its middle into it.
+    Place above(const std::string& name) { return at(name, {60, 2}); }
+    Place below(const std::string& name) { return at(name, {60, 18}); }
+    Place onto(const std::string& name) { return at(name, {60, 10}); }
 };
 } // namespace
 
 TEST_F(Drag, IntoAGroupGivesTheObjectItsNumber)
 {
     show({object(1, "a"), object(2, "b", 4), object(3, "c", 4)});
-    const std::string output = outputOf([this] { drag(textOf("a"), above("c")); });
+    const std::string output = OutputOf([this] { drag(textOf("a"), above("c")); });
     EXPECT_EQ(output, "Items: 1\nMoving Item: a\n");
     EXPECT_EQ(shape(), "Layer(Group 4(b a* c))");
     EXPECT_THAT(groupsOf(GetItemsFromTree(panel)), ElementsAre(4, 4, 4));
@@ -61,7 +61,7 @@ TEST_F(Drag, ReordersUpwards)
 TEST_F(Drag, BelowAllRowsGoesToTheEnd)
 {
     show({object(1, "a"), object(2, "b"), object(3, "c", 1)});
-    drag(textOf("a"), view().localPointToGlobal(Point(100, 200)));
+    drag(textOf("a"), inView({100, 200}));
     EXPECT_EQ(shape(), "Layer(b Group 1(c) a*)");
 }
 
@@ -83,10 +83,10 @@ TEST_F(Drag, ArrivesWhereSeenInAScrolledTree)
 TEST_F(Drag, TakesTheWholeSelectionInItsOrder)
 {
     show({object(1, "a"), object(2, "b"), object(3, "c"), object(4, "d"), object(5, "e", 1)});
-    click(textOf("a"));
-    clickHolding("Control_L", textOf("c"));
-    clickHolding("Control_L", textOf("d"));
-    const std::string output = outputOf([this] { drag(textOf("c"), below("e")); });
+    Click(textOf("a"));
+    Click(textOf("c"), {"Control"});
+    Click(textOf("d"), {"Control"});
+    const std::string output = OutputOf([this] { drag(textOf("c"), below("e")); });
     EXPECT_EQ(output, "Items: 3\nMoving Item: d\nMoving Item: c\nMoving Item: a\n");
     // Right below the last row, and right of its indent: still in the group.
     EXPECT_EQ(shape(), "Layer(b Group 1(e a* c* d*))");
@@ -95,7 +95,7 @@ TEST_F(Drag, TakesTheWholeSelectionInItsOrder)
 TEST_F(Drag, OfRigidObjectsIntoAGroupIsRefused)
 {
     show({object(1, "r", -1), object(2, "b", 1), object(3, "c", 1)});
-    EXPECT_EQ(outputOf([this] { drag(textOf("r"), above("c")); }), "");
+    EXPECT_EQ(OutputOf([this] { drag(textOf("r"), above("c")); }), "");
     EXPECT_EQ(shape(), "Layer(r* Group 1(b c))");
 }
 
@@ -111,7 +111,7 @@ TEST_F(Drag, OfARigidObjectAtTheTopWorks)
 TEST_F(Drag, OfAGroupIntoAGroupIsRefused)
 {
     show({object(1, "a", 1), object(2, "b", 2), object(3, "c", 2)});
-    EXPECT_EQ(outputOf([this] { drag(textOf("Group 1"), above("c")); }), "");
+    EXPECT_EQ(OutputOf([this] { drag(textOf("Group 1"), above("c")); }), "");
     EXPECT_EQ(shape(), "Layer(Group 1*(a) Group 2(b c))");
 }
 
@@ -126,8 +126,8 @@ TEST_F(Drag, OfAGroupMovesItsObjectsToo)
 TEST_F(Drag, OfOutsideRowsAndTheLayerIsRefused)
 {
     show({external("x"), object(1, "a"), object(2, "b")});
-    EXPECT_EQ(outputOf([this] { drag(textOf("x"), below("a")); }), "");
-    EXPECT_EQ(outputOf([this] { drag(textOf("Layer"), below("a")); }), "");
+    EXPECT_EQ(OutputOf([this] { drag(textOf("x"), below("a")); }), "");
+    EXPECT_EQ(OutputOf([this] { drag(textOf("Layer"), below("a")); }), "");
     EXPECT_EQ(shape(), "Layer*(x a b)");
 }
 
@@ -149,19 +149,19 @@ TEST_F(Drag, OntoTheLayerRowGoesToTheTop)
 TEST_F(Drag, OutsideThePanelMovesNothing)
 {
     show({object(1, "a"), object(2, "b")});
-    startDrag(textOf("a"), Point(hostX + panelWidth + 40, hostY + 200));
-    EXPECT_EQ(outputOf([this] { endDrag(); }), "");
+    StartDrag(textOf("a"), {hostX + panelWidth + 40, hostY + 200});
+    EXPECT_EQ(OutputOf([this] { Drop(); }), "");
     EXPECT_EQ(shape(), "Layer(a* b)");
 }
 
 TEST_F(Drag, EndsWithEscape)
 {
     show({object(1, "a"), object(2, "b"), object(3, "c")});
-    startDrag(textOf("a"), below("b"));
+    StartDrag(textOf("a"), below("b"));
     ASSERT_TRUE(panel->isDragAndDropActive());
-    key("Escape");
+    PressKey("Escape");
     EXPECT_TRUE(pumpUntil([this] { return !panel->isDragAndDropActive(); }));
-    EXPECT_EQ(outputOf([this] { releaseButton(); }), "");
+    EXPECT_EQ(OutputOf([this] { Release(); }), "");
     EXPECT_EQ(shape(), "Layer(a* b c)");
 }
 
@@ -172,7 +172,7 @@ TEST_F(Drag, GivesTheKeyboardBackToTheTree)
     EXPECT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }));
     pumpFor(400);
     EXPECT_TRUE(view().hasKeyboardFocus(false));
-    key("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(pumpUntil([this] { return shape() == "Layer(b c)"; }));
     EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(1)));
 }
@@ -180,15 +180,15 @@ TEST_F(Drag, GivesTheKeyboardBackToTheTree)
 TEST_F(Drag, ReturnsTheKeyboardAfterEscapeOrOutsideDrop)
 {
     show({object(1, "a"), object(2, "b"), object(3, "c")});
-    startDrag(textOf("a"), below("b"));
-    key("Escape");
+    StartDrag(textOf("a"), below("b"));
+    PressKey("Escape");
     EXPECT_TRUE(pumpUntil([this] { return !panel->isDragAndDropActive(); }));
-    releaseButton();
+    Release();
     pumpFor(300);
     EXPECT_TRUE(view().hasKeyboardFocus(false));
 
-    startDrag(textOf("a"), Point(hostX + panelWidth + 40, hostY + 200));
-    endDrag();
+    StartDrag(textOf("a"), {hostX + panelWidth + 40, hostY + 200});
+    Drop();
     pumpFor(300);
     EXPECT_TRUE(view().hasKeyboardFocus(false));
 }
@@ -196,8 +196,8 @@ TEST_F(Drag, ReturnsTheKeyboardAfterEscapeOrOutsideDrop)
 TEST_F(Drag, LeavesTheHostAKeyboardItTook)
 {
     show({object(1, "a"), object(2, "b"), object(3, "c")});
-    startDrag(textOf("a"), below("b"));
-    releaseButton();
+    StartDrag(textOf("a"), below("b"));
+    Release();
     // The picture of the row still fades.
     clickOnHost();
     EXPECT_TRUE(pumpUntil([this] { return !panel->isDragAndDropActive(); }));

@@ -36,7 +36,7 @@ TEST_F(Embedding, PutsTheWidgetIntoTheHostsWindow)
 {
     EXPECT_EQ(parentOf(windowOf(*panel)), host.Frame());
     EXPECT_EQ(panel->getBounds(), juce::Rectangle<int>(0, 0, panelWidth, panelHeight));
-    EXPECT_EQ(panel->getScreenPosition(), Point(hostX, hostY));
+    EXPECT_EQ(panel->getScreenPosition(), juce::Point<int>(hostX, hostY));
     EXPECT_TRUE(panel->isVisible());
 }
 
@@ -81,7 +81,7 @@ TEST_F(Embedding, ReplacesOneWidgetByAnother)
         panel = CreateTreeWidget(false);
         addToDesktop(panel, nullptr, panelWidth, panelHeight, host.FrameHandle());
         show({object(1, "a"), object(2, "b")});
-        click(textOf("b"));
+        Click(textOf("b"));
         EXPECT_EQ(shape(), "Layer(a b*)");
     }
 }
@@ -89,7 +89,7 @@ TEST_F(Embedding, ReplacesOneWidgetByAnother)
 TEST_F(Embedding, ReturnsTheKeyboardWhenTheWidgetGoes)
 {
     show({object(1, "a")});
-    click(textOf("a"));
+    Click(textOf("a"));
     ASSERT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }));
     deleteWidget();
     pumpFor(50);

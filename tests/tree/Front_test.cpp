@@ -1,4 +1,4 @@
-// A widget that lies in no window yet asks for its place in front, which shows nowhere. The program's calls
+// A widget without a window asks to come to the front, which has no visible effect. The program's calls
 // of juce::Component::toFront are the linker's to lead here.
 
 #include "tests/tree/support/TreeTest.h"

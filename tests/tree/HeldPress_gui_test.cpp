@@ -25,14 +25,8 @@ protected:
         juce::MouseEvent::setDoubleClickTimeout(5000);
     }
 
-    void press(juce::Point<int> inView) { pressAt(view().localPointToGlobal(inView)); }
-    void letGo()
-    {
-        if (panel != nullptr)
-            return releaseButton();
-        hands.release();
-        pump();
-    }
+    void press(juce::Point<int> place) { Press(inView(place)); }
+    void letGo() { Release(); }
 
     void holdKey(Key key)
     {
@@ -55,7 +49,7 @@ protected:
         EXPECT_TRUE(pumpUntil([this] { return panel->isShowing(); }));
         // JUCE has not heard of the release, since it had no window then.
         for (int x = 300; isButtonDown() && x < 310; ++x)
-            moveTo(panel->localPointToGlobal(Point(x, 40)));
+            Point(OnScreen({x, 40}));
     }
 
 private:
@@ -133,14 +127,14 @@ protected:
         happen(before, made.spot.row);
         if (panel == nullptr)
             return "";
-        moveTo(view().localPointToGlobal(place + Point(3, 8)));
-        moveTo(view().localPointToGlobal(place + Point(9, 20)));
+        Point(inView(place) + Place{3, 8});
+        Point(inView(place) + Place{9, 20});
         happen(meanwhileInTheAir, made.spot.row);
         if (panel == nullptr)
             return "";
-        moveTo(view().localPointToGlobal(Point(100, 280)));
-        moveTo(view().localPointToGlobal(Point(100, 285)));
-        const std::string printed = outputOf([this] { endDrag(); });
+        Point(inView({100, 280}));
+        Point(inView({100, 285}));
+        const std::string printed = OutputOf([this] { Drop(); });
         holdKey(Key::none);
         pump();
         return printed;
@@ -240,9 +234,9 @@ TEST_F(AHeldButton, OnTheOpenButtonDragsNothing)
     {
         begin(standin::Press(Part::openBox, "Group 1", Key::none, {"b"}), Clicks::one);
         happen(meanwhile, "Group 1");
-        moveTo(view().localPointToGlobal(place + Point(0, 60)));
+        Point(inView(place) + Place{0, 60});
         EXPECT_FALSE(panel->isDragAndDropActive());
-        EXPECT_EQ(outputOf([this] { endDrag(); }), "");
+        EXPECT_EQ(OutputOf([this] { Drop(); }), "");
     }
 }
 
@@ -257,9 +251,9 @@ TEST_F(AHeldButton, DragsARowThatHasScrolledAway)
     RefreshTree(panel, many);
     pump();
     ASSERT_EQ(view().getItemComponent(&row("row 2")), nullptr);
-    moveTo(view().localPointToGlobal(Point(100, 62)));
-    moveTo(view().localPointToGlobal(Point(100, 82)));
-    EXPECT_EQ(outputOf([this] { endDrag(); }), "Items: 1\nMoving Item: row 2\n");
+    Point(inView({100, 62}));
+    Point(inView({100, 82}));
+    EXPECT_EQ(OutputOf([this] { Drop(); }), "Items: 1\nMoving Item: row 2\n");
 }
 
 TEST_F(AHeldButton, DragsARowsPictureUnderThePointer)
@@ -269,13 +263,14 @@ TEST_F(AHeldButton, DragsARowsPictureUnderThePointer)
         begin(standin::Press(Part::text, "b", Key::none, {}), Clicks::one);
         happen(meanwhile, "b");
         // JUCE adds to the place of the press what the mouse has moved until the drag begins.
-        moveTo(view().localPointToGlobal(place + Point(0, 6)));
-        const auto mouse = view().localPointToGlobal(place + Point(0, 40));
-        moveTo(mouse);
+        Point(inView(place) + Place{0, 6});
+        const Place mouse = inView(place) + Place{0, 40};
+        Point(mouse);
         pump();
         ASSERT_EQ(juce::Desktop::getInstance().getNumComponents(), 2);
         const auto picture = juce::Desktop::getInstance().getComponent(1)->getScreenBounds();
-        EXPECT_EQ((mouse - picture.getPosition()).toString(), Point(20, 16).toString());
-        (void)outputOf([this] { endDrag(); });
+        EXPECT_EQ(picture.getX(), mouse.x - 20);
+        EXPECT_EQ(picture.getY(), mouse.y - 16);
+        (void)OutputOf([this] { Drop(); });
     }
 }

@@ -1,4 +1,4 @@
-// Keys and clicks on the way that they take on macOS, with either generation of JUCE.
+// Keys and clicks on the path that they take on macOS, with either generation of JUCE.
 
 #include "tests/tree/support/MacWindow.h"
 #include "tests/tree/support/Pump.h"
@@ -108,7 +108,7 @@ protected:
 TEST_P(MacKeyPath, MovesOneRowWithAnArrow)
 {
     KeyEnd end = KeyEnd::panel;
-    EXPECT_EQ(outputOf([&] { end = window->press(downKey); }), "Key Pressed\n");
+    EXPECT_EQ(OutputOf([&] { end = window->press(downKey); }), "Key Pressed\n");
     EXPECT_EQ(end, unusedEnd(downKey));
     EXPECT_THAT(selectedNames(), ElementsAre("Group 1"));
     (void)window->press(downKey);
@@ -126,7 +126,7 @@ TEST_P(MacKeyPath, AsksReturnOnceWithNothingSelected)
 {
     view().clearSelectedItems();
     KeyEnd end = KeyEnd::panel;
-    EXPECT_EQ(outputOf([&] { end = window->press(returnKey); }),
+    EXPECT_EQ(OutputOf([&] { end = window->press(returnKey); }),
               "Key Pressed\nReturn Key Pressed\nEdit Button\n");
     EXPECT_EQ(end, KeyEnd::host);
 }
@@ -232,7 +232,7 @@ protected:
     void expectInThePanel()
     {
         KeyEnd end = KeyEnd::host;
-        EXPECT_EQ(outputOf([&] { end = window->press(tried().key); }), tried().lines);
+        EXPECT_EQ(OutputOf([&] { end = window->press(tried().key); }), tried().lines);
         EXPECT_EQ(end, KeyEnd::panel);
         EXPECT_EQ(shape(), tried().shape);
     }
@@ -241,7 +241,7 @@ protected:
     {
         const std::string before = shape();
         KeyEnd end = KeyEnd::panel;
-        EXPECT_EQ(outputOf([&] { end = window->press(tried().key); }), "");
+        EXPECT_EQ(OutputOf([&] { end = window->press(tried().key); }), "");
         EXPECT_EQ(end, unusedEnd(tried().key));
         EXPECT_EQ(shape(), before);
         EXPECT_FALSE(editor().isVisible());

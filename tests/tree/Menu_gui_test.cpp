@@ -31,12 +31,11 @@ protected:
 
     void openMenuOf(SimpleButton& button)
     {
-        const Point at = centreOf(button);
-        (void)outputOf([&] { (void)OpenMenu({at.x, at.y}); });
+        (void)OutputOf([&] { (void)OpenMenu(centreOf(button)); });
     }
 
     /// The middle of the n-th of three rows of the menu.
-    Point menuRow(int n)
+    static Place menuRow(int n)
     {
         const auto bounds = menu()->getScreenBounds();
         return {bounds.getCentreX(), bounds.getY() + bounds.getHeight() * (2 * n - 1) / 6};
@@ -50,7 +49,7 @@ TEST_F(Menu, ChoiceByMouseAddsTheKey)
 {
     openMenu();
     EXPECT_THAT(keys(), IsEmpty());
-    click(menuRow(2));
+    Click(menuRow(2));
     EXPECT_TRUE(pumpUntil(isMenuClosed));
     EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
     EXPECT_THAT(keys(), ElementsAre(12));
@@ -61,9 +60,9 @@ TEST_F(Menu, ChoiceByKeyboardAddsTheKey)
 {
     openMenu();
     for (int i = 0; i < 3; ++i)
-        key("Down");
+        PressKey("Down");
     pumpFor(50);
-    key("Return");
+    PressKey("Return");
     EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
     EXPECT_THAT(keys(), ElementsAre(13));
     EXPECT_FALSE(view().renameEditor->isVisible());
@@ -74,7 +73,7 @@ TEST_F(Menu, OffersTheEntriesInTheirOrder)
     for (int n = 1; n <= 3; ++n)
     {
         openMenu();
-        click(menuRow(n));
+        Click(menuRow(n));
         EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
         EXPECT_THAT(keys(), ElementsAre(10 + n));
     }
@@ -82,7 +81,7 @@ TEST_F(Menu, OffersTheEntriesInTheirOrder)
 
 namespace
 {
-/// Takes down what a menu paints.
+/// Records what a menu paints.
 class MenuPainting : public juce::LookAndFeel_V4
 {
 public:
@@ -109,7 +108,7 @@ TEST_F(Menu, OffersEntriesThatAreActiveAndNotTicked)
     openMenu();
     EXPECT_THAT(painting.painted,
                 ElementsAre(Pair("Routes", "active"), Pair("Sheets", "active"), Pair("Solids", "active")));
-    key("Escape");
+    PressKey("Escape");
     EXPECT_TRUE(pumpUntil(isMenuClosed));
 }
 
@@ -121,7 +120,7 @@ TEST_F(Menu, CutsItsTextsAt4000Characters)
     openMenuOf(panel->rendererButton);
     EXPECT_THAT(painting.painted,
                 ElementsAre(Pair("Rays", "active"), Pair(std::string(4000, 'w'), "active")));
-    key("Escape");
+    PressKey("Escape");
     EXPECT_TRUE(pumpUntil(isMenuClosed));
 }
 
@@ -133,7 +132,7 @@ TEST_F(Menu, OffersNamesOfAnyKind)
     for (int n = 1; n <= 3; ++n)
     {
         openMenuOf(panel->rendererButton);
-        click(menuRow(n));
+        Click(menuRow(n));
         EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
         EXPECT_THAT(keys(), ElementsAre(30 + n));
     }
@@ -145,12 +144,12 @@ TEST_F(Menu, ChoiceOfTheKeyZeroAddsNothing)
     AddObject(panel, VN_OBJECT_RENDERER, 0, "No such effect");
     AddObject(panel, VN_OBJECT_RENDERER, 22, "Rays");
     openMenuOf(panel->rendererButton);
-    click(menuRow(2));
+    Click(menuRow(2));
     EXPECT_TRUE(pumpUntil(isMenuClosed));
     pumpFor(200);
     EXPECT_THAT(keys(), IsEmpty());
     openMenuOf(panel->rendererButton);
-    click(menuRow(3));
+    Click(menuRow(3));
     EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
     EXPECT_THAT(keys(), ElementsAre(22));
 }
@@ -162,7 +161,7 @@ TEST_F(Menu, LeavesTheHostAliveWhileItIsOpen)
     RefreshTree(panel, {object(5, "new")});
     pump();
     EXPECT_TRUE(isMenuOpen());
-    click(menuRow(1));
+    Click(menuRow(1));
     EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
     EXPECT_THAT(keys(), ElementsAre(11));
 }
@@ -170,7 +169,7 @@ TEST_F(Menu, LeavesTheHostAliveWhileItIsOpen)
 TEST_F(Menu, DismissedByEscapeAddsNothing)
 {
     openMenu();
-    key("Escape");
+    PressKey("Escape");
     EXPECT_TRUE(pumpUntil(isMenuClosed));
     pumpFor(100);
     EXPECT_THAT(keys(), IsEmpty());
@@ -179,7 +178,7 @@ TEST_F(Menu, DismissedByEscapeAddsNothing)
 TEST_F(Menu, DismissedByAnotherPanelClickAddsNothing)
 {
     openMenu();
-    click(panel->localPointToGlobal(Point(390, 410)));
+    Click(OnScreen({390, 410}));
     EXPECT_TRUE(pumpUntil(isMenuClosed));
     pumpFor(100);
     EXPECT_THAT(keys(), IsEmpty());
@@ -188,7 +187,7 @@ TEST_F(Menu, DismissedByAnotherPanelClickAddsNothing)
 TEST_F(Menu, DismissedByItsButtonStaysAway)
 {
     openMenu();
-    (void)outputOf([this] { click(centreOf(panel->geometryButton)); });
+    (void)OutputOf([this] { Click(centreOf(panel->geometryButton)); });
     EXPECT_TRUE(pumpUntil(isMenuClosed));
     pumpFor(300);
     EXPECT_TRUE(isMenuClosed());
@@ -209,7 +208,7 @@ TEST_F(Menu, DismissedByAHostClickAddsNothing)
 TEST_F(Menu, DismissedAfterHoveringAddsNothing)
 {
     openMenu();
-    moveTo(menuRow(2));
+    Point(menuRow(2));
     pumpFor(100);
     clickOnHost();
     EXPECT_TRUE(pumpUntil(isMenuClosed));
@@ -239,19 +238,19 @@ TEST_F(Menu, GivesTheKeyboardBackAfterAChoice)
     clickOnHost();
     pump();
     openMenu();
-    click(menuRow(1));
+    Click(menuRow(1));
     EXPECT_TRUE(pumpUntil(isMenuClosed));
     EXPECT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }));
     pumpFor(300);
     EXPECT_TRUE(view().hasKeyboardFocus(false));
-    keyHolding("Control_L", "a");
+    PressKey("Control+a");
     EXPECT_TRUE(pumpUntil([this] { return shape() == "Layer(a* b*)"; }));
 }
 
 TEST_F(Menu, GivesTheKeyboardBackAfterEscape)
 {
     openMenu();
-    key("Escape");
+    PressKey("Escape");
     EXPECT_TRUE(pumpUntil(isMenuClosed));
     pumpFor(300);
     EXPECT_TRUE(view().hasKeyboardFocus(false));
@@ -279,7 +278,7 @@ TEST_F(Menu, ChosenWhileItsWidgetGoesAddsNothing)
     openMenu();
     menu()->exitModalState(2);
     deleteWidget();
-    // Whatever still holds on to the old widget may well find the new one in its place.
+    // Whoever still refers to the old widget may find the new one at its address.
     panel = CreateTreeWidget(false);
     EXPECT_TRUE(pumpUntil(isMenuClosed));
     pumpFor(100);
@@ -290,13 +289,13 @@ TEST_F(Menu, OpensOneAfterTheOther)
 {
     AddObject(panel, VN_OBJECT_RENDERER, 21, "Dots");
     AddObject(panel, VN_OBJECT_RENDERER, 22, "Rays");
-    (void)outputOf([this] { click(centreOf(panel->rendererButton)); });
+    (void)OutputOf([this] { Click(centreOf(panel->rendererButton)); });
     pumpFor(400);
     ASSERT_TRUE(isMenuOpen());
     // Above the open menu, and not under it.
     openMenu();
     EXPECT_EQ(juce::Component::getNumCurrentlyModalComponents(), 1);
-    click(menuRow(3));
+    Click(menuRow(3));
     EXPECT_TRUE(pumpUntil([this] { return !panel->keysToBeAdded.empty(); }));
     pumpFor(100);
     EXPECT_THAT(keys(), ElementsAre(13));

@@ -29,7 +29,7 @@ protected:
         std::string text;
         for (const int x : {4, 7})
         {
-            const Point pixel = at(name, {x, 10});
+            const Place pixel = at(name, {x, 10});
             text += picture.at(pixel.x, pixel.y) == 0xcccccc ? "#" : "-";
         }
         return text;
@@ -40,14 +40,9 @@ protected:
         return pumpUntil([&] { return boxOnScreen(name) == look; });
     }
 
-    void wheel(Point place, unsigned button, int clicks)
+    void wheel(Place at, int notches)
     {
-        moveTo(place);
-        for (int i = 0; i < clicks; ++i)
-        {
-            hands.press(button);
-            hands.release(button);
-        }
+        Wheel(at, notches);
         pump();
     }
 };
@@ -56,19 +51,19 @@ protected:
 TEST_F(Mouse, ClickOnABoxTogglesTheObject)
 {
     show({object(1, "a", 0, 1), object(2, "b", 0, 1)});
-    click(boxOf("b"));
+    Click(boxOf("b"));
     EXPECT_THAT(actives(), ElementsAre(1, 0));
     EXPECT_EQ(shape(), "Layer(a b*)");
-    click(boxOf("b"));
+    Click(boxOf("b"));
     EXPECT_THAT(actives(), ElementsAre(1, 1));
 }
 
 TEST_F(Mouse, ClickOnANonzeroBoxSwitchesItOff)
 {
     show({object(1, "a", 0, 7)});
-    click(boxOf("a"));
+    Click(boxOf("a"));
     EXPECT_THAT(actives(), ElementsAre(0));
-    click(boxOf("a"));
+    Click(boxOf("a"));
     EXPECT_THAT(actives(), ElementsAre(1));
 }
 
@@ -76,16 +71,16 @@ TEST_F(Mouse, ClickHitsTheBoxFromEdgeToEdge)
 {
     show({object(1, "a", 0, 1)});
     int expected = 1;
-    for (const Point hit : {Point(2, 6), Point(9, 6), Point(2, 13), Point(9, 13)})
+    for (const Place hit : {Place{2, 6}, Place{9, 6}, Place{2, 13}, Place{9, 13}})
     {
-        click(at("a", hit));
+        Click(at("a", hit));
         expected = 1 - expected;
-        EXPECT_THAT(actives(), ElementsAre(expected)) << hit.toString();
+        EXPECT_THAT(actives(), ElementsAre(expected)) << hit.x << ", " << hit.y;
     }
-    for (const Point miss : {Point(1, 10), Point(10, 10), Point(5, 5), Point(5, 14), Point(30, 10)})
+    for (const Place miss : {Place{1, 10}, Place{10, 10}, Place{5, 5}, Place{5, 14}, Place{30, 10}})
     {
-        click(at("a", miss));
-        EXPECT_THAT(actives(), ElementsAre(expected)) << miss.toString();
+        Click(at("a", miss));
+        EXPECT_THAT(actives(), ElementsAre(expected)) << miss.x << ", " << miss.y;
     }
 }
 
@@ -103,9 +98,9 @@ TEST_F(Mouse, ClicksOnBoxesWorkInAScrolledTree)
         if (clicked.hasType("Group"))
             continue;
         const int before = clicked["active"];
-        click(boxOf(name));
+        Click(boxOf(name));
         EXPECT_EQ(static_cast<int>(clicked["active"]), 1 - before) << name << " at " << y;
-        click(textOf(name));
+        Click(textOf(name));
         EXPECT_EQ(static_cast<int>(clicked["active"]), 1 - before) << name << " at " << y;
     }
 }
@@ -113,11 +108,11 @@ TEST_F(Mouse, ClicksOnBoxesWorkInAScrolledTree)
 TEST_F(Mouse, ClickOnAGroupsBoxTogglesAllObjects)
 {
     show({object(1, "a", 1, 1), object(2, "b", 1, 0), object(3, "c", 1, 1), object(4, "d", 0, 1)});
-    click(boxOf("Group 1"));
+    Click(boxOf("Group 1"));
     EXPECT_THAT(actives(), ElementsAre(0, 0, 0, 1));
-    click(boxOf("Group 1"));
+    Click(boxOf("Group 1"));
     EXPECT_THAT(actives(), ElementsAre(1, 1, 1, 1));
-    click(boxOf("Group 1"));
+    Click(boxOf("Group 1"));
     EXPECT_THAT(actives(), ElementsAre(0, 0, 0, 1));
 }
 
@@ -125,7 +120,7 @@ TEST_F(Mouse, ClickOnAnEmptyGroupsBoxChangesNothing)
 {
     show({object(1, "a", 0, 1)});
     panel->AddNewGroup(root());
-    click(boxOf("Group 1"));
+    Click(boxOf("Group 1"));
     EXPECT_EQ(shape(), "Layer(Group 1* a)");
     EXPECT_THAT(actives(), ElementsAre(1));
 }
@@ -134,20 +129,20 @@ TEST_F(Mouse, ClickOnAnOutsideBoxChangesNothing)
 {
     show({external("x"), object(1, "a", 0, 1)});
     const auto before = CalcItemsHash(0, GetItemsFromTree(panel));
-    click(boxOf("x"));
+    Click(boxOf("x"));
     EXPECT_EQ(static_cast<int>(node("x")["active"]), 1);
     EXPECT_EQ(CalcItemsHash(0, GetItemsFromTree(panel)), before);
-    click(boxOf("x"));
+    Click(boxOf("x"));
     EXPECT_EQ(static_cast<int>(node("x")["active"]), 0);
 }
 
 TEST_F(Mouse, ClickOnAnOutsideBoxIsSeen)
 {
     show({external("x"), object(1, "a")});
-    click(boxOf("x"));
+    Click(boxOf("x"));
     EXPECT_TRUE(waitForBox("x", "##"));
     // The selection stays as it is now, so that nothing but the box is painted anew.
-    click(boxOf("x"));
+    Click(boxOf("x"));
     EXPECT_TRUE(waitForBox("x", "--"));
 }
 
@@ -165,8 +160,8 @@ TEST_F(Mouse, GroupsBoxIsRepaintedWithItsObjects)
 TEST_F(Mouse, ClickOnTheLayerRowHitsNoBox)
 {
     show({object(1, "a", 0, 1)});
-    for (const Point place : {Point(0, 0), Point(2, 6), Point(6, 10)})
-        click(at("Layer", place));
+    for (const Place place : {Place{0, 0}, Place{2, 6}, Place{6, 10}})
+        Click(at("Layer", place));
     EXPECT_EQ(shape(), "Layer*(a)");
     EXPECT_FALSE(root()->getNode().hasProperty("active"));
     EXPECT_THAT(actives(), ElementsAre(1));
@@ -175,25 +170,25 @@ TEST_F(Mouse, ClickOnTheLayerRowHitsNoBox)
 TEST_F(Mouse, ClickOnASelectedBoxTogglesOneRow)
 {
     show({object(1, "a", 0, 1), object(2, "b", 0, 1), object(3, "c", 0, 1)});
-    click(textOf("a"));
-    clickHolding("Shift_L", textOf("c"));
+    Click(textOf("a"));
+    Click(textOf("c"), {"Shift"});
     ASSERT_THAT(selectedNames(), ElementsAre("a", "b", "c"));
-    pressAt(boxOf("b"));
+    Press(boxOf("b"));
     EXPECT_THAT(actives(), ElementsAre(1, 0, 1));
     EXPECT_THAT(selectedNames(), ElementsAre("a", "b", "c"));
-    releaseButton();
+    Release();
     EXPECT_THAT(selectedNames(), ElementsAre("b"));
 }
 
 TEST_F(Mouse, ClickOnABoxKeepsTheSelection)
 {
     show({object(1, "a", 0, 1)});
-    click(boxOf("a"));
+    Click(boxOf("a"));
     ASSERT_THAT(actives(), ElementsAre(0));
     // JUCE selects before it tells the row; here it tells it alone.
     view().clearSelectedItems();
     auto* rows = view().getViewport()->getViewedComponent();
-    const auto place = (row("a").getItemPosition(false).getPosition() + Point(6, 10)).toFloat();
+    const auto place = row("a").getItemPosition(false).getPosition().toFloat() + juce::Point(6.0f, 10.0f);
     const auto now = juce::Time::getCurrentTime();
     row("a").itemClicked(juce::MouseEvent(juce::Desktop::getInstance().getMainMouseSource(), {6.0f, 10.0f},
                                           {}, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, rows, rows, now, place, now, 1,
@@ -209,9 +204,9 @@ TEST_F(Mouse, ClickOnABoxKeepsTheSelection)
 TEST_F(Mouse, ClickSelectsOneRow)
 {
     show({object(1, "a"), object(2, "b")});
-    click(textOf("a"));
+    Click(textOf("a"));
     EXPECT_EQ(shape(), "Layer(a* b)");
-    click(textOf("b"));
+    Click(textOf("b"));
     EXPECT_EQ(shape(), "Layer(a b*)");
     EXPECT_THAT(namesOf(GetSelectedTreeItems(panel)), ElementsAre("b"));
 }
@@ -219,43 +214,43 @@ TEST_F(Mouse, ClickSelectsOneRow)
 TEST_F(Mouse, ControlClickAddsAndTakesAway)
 {
     show({object(1, "a"), object(2, "b"), object(3, "c")});
-    click(textOf("a"));
-    clickHolding("Control_L", textOf("c"));
+    Click(textOf("a"));
+    Click(textOf("c"), {"Control"});
     EXPECT_EQ(shape(), "Layer(a* b c*)");
-    clickHolding("Control_L", textOf("a"));
+    Click(textOf("a"), {"Control"});
     EXPECT_EQ(shape(), "Layer(a b c*)");
 }
 
 TEST_F(Mouse, ShiftClickSelectsARange)
 {
     show({object(1, "a"), object(2, "b", 1), object(3, "c")});
-    click(textOf("a"));
-    clickHolding("Shift_L", textOf("c"));
+    Click(textOf("a"));
+    Click(textOf("c"), {"Shift"});
     EXPECT_EQ(shape(), "Layer(a* Group 1*(b*) c*)");
 }
 
 TEST_F(Mouse, ClickBelowTheRowsClearsTheSelection)
 {
     show({object(1, "a"), object(2, "b")});
-    click(textOf("a"));
-    click(view().localPointToGlobal(Point(100, 200)));
+    Click(textOf("a"));
+    Click(inView({100, 200}));
     EXPECT_EQ(shape(), "Layer(a b)");
 }
 
 TEST_F(Mouse, ClickOnThePanelClearsTheSelection)
 {
     show({object(1, "a"), object(2, "b")});
-    click(textOf("a"));
-    click(panel->localPointToGlobal(Point(300, 40)));
+    Click(textOf("a"));
+    Click(OnScreen({300, 40}));
     EXPECT_EQ(shape(), "Layer(a b)");
 }
 
 TEST_F(Mouse, ClickOnTheTriangleClosesAndOpens)
 {
     show({object(1, "a", 1), object(2, "b")});
-    click(openBoxOf("Group 1"));
+    Click(openBoxOf("Group 1"));
     EXPECT_EQ(shape(), "Layer(Group 1+ b)");
-    click(openBoxOf("Group 1"));
+    Click(openBoxOf("Group 1"));
     EXPECT_EQ(shape(), "Layer(Group 1(a) b)");
 }
 
@@ -263,11 +258,11 @@ TEST_F(Mouse, DoubleClickKeepsItsUsualMeaning)
 {
     show({object(1, "a", 1), object(2, "b", 0, 1)});
     juce::MouseEvent::setDoubleClickTimeout(5000);
-    click(textOf("Group 1"));
-    click(textOf("Group 1"));
+    Click(textOf("Group 1"));
+    Click(textOf("Group 1"));
     EXPECT_EQ(shape(), "Layer(Group 1*+ b)");
-    click(textOf("b"));
-    click(textOf("b"));
+    Click(textOf("b"));
+    Click(textOf("b"));
     EXPECT_EQ(shape(), "Layer(Group 1+ b*)");
     EXPECT_FALSE(view().renameEditor->isVisible());
 }
@@ -275,26 +270,26 @@ TEST_F(Mouse, DoubleClickKeepsItsUsualMeaning)
 TEST_F(Mouse, WheelScrollsAndClicksHitVisibleRows)
 {
     show(manyItems(60));
-    wheel(textOf("row 5"), 5, 6);
+    wheel(textOf("row 5"), 6);
     ASSERT_TRUE(pumpUntil([this] { return view().getViewport()->getViewPositionY() > 0; }));
     pumpFor(100);
     auto* item = dynamic_cast<ValueTreeItem*>(view().getItemAt(70));
     ASSERT_NE(item, nullptr);
     const std::string name = item->getNode()["name"].toString().toStdString();
     const int before = node(name)["active"];
-    click(boxOf(name));
+    Click(boxOf(name));
     EXPECT_EQ(static_cast<int>(node(name)["active"]), 1 - before);
 }
 
 TEST_F(Mouse, WheelOverATriangleIsSurvived)
 {
     show(manyItems(60));
-    moveTo(openBoxOf("Group 1"));
-    wheel(openBoxOf("Group 1"), 5, 30);
+    Point(openBoxOf("Group 1"));
+    wheel(openBoxOf("Group 1"), 30);
     ASSERT_TRUE(pumpUntil([this] { return view().getViewport()->getViewPositionY() > 200; }));
-    const Point elsewhere = view().localPointToGlobal(Point(150, 60));
-    moveTo(elsewhere);
-    moveTo(elsewhere + Point(10, 40));
+    const Place elsewhere = inView({150, 60});
+    Point(elsewhere);
+    Point(elsewhere + Place{10, 40});
     pump();
 }
 
@@ -303,11 +298,11 @@ TEST_F(Mouse, ShrinkingUnderAHoveredTriangleIsSurvived)
     std::vector<ObjectItem> items = manyItems(60);
     items[12].group = 2;
     show(items);
-    moveTo(openBoxOf("Group 2"));
+    Point(openBoxOf("Group 2"));
     panel->setSize(panelWidth, 150);
     pump();
-    moveTo(panel->localPointToGlobal(Point(200, 120)));
-    moveTo(panel->localPointToGlobal(Point(210, 125)));
+    Point(OnScreen({200, 120}));
+    Point(OnScreen({210, 125}));
     pump();
 }
 
@@ -316,35 +311,39 @@ TEST_F(Mouse, RebuildUnderAHoveredTriangleIsSurvived)
     show({object(1, "a", 1), object(2, "b", 1)});
     for (int i = 0; i < 4; ++i)
     {
-        const Point triangle = openBoxOf("Group 1");
-        moveTo(triangle);
+        const Place triangle = openBoxOf("Group 1");
+        Point(triangle);
         show({object(1, "a", 1), object(2, "b", 1)});
-        moveTo(triangle + Point(100, 3));
+        Point(triangle + Place{100, 3});
         pump();
     }
-    moveTo(openBoxOf("Group 1"));
+    Point(openBoxOf("Group 1"));
     ClearTree(panel);
-    moveTo(panel->localPointToGlobal(Point(200, 200)));
+    Point(OnScreen({200, 200}));
     pump();
 }
 
 TEST_F(Mouse, ButtonActsOnThePress)
 {
     show({object(1, "a")});
-    const std::string pressed = outputOf([this] { pressAt(centreOf(panel->groupButton)); });
+    const std::string pressed = OutputOf([this] { Press(centreOf(panel->groupButton)); });
     EXPECT_EQ(pressed, "button clicked\n");
     EXPECT_EQ(shape(), "Layer(Group 1 a)");
-    EXPECT_EQ(outputOf([this] { releaseButton(); }), "");
+    EXPECT_EQ(OutputOf([this] { Release(); }), "");
     EXPECT_EQ(shape(), "Layer(Group 1 a)");
 }
 
 TEST_F(Mouse, FirstClickAnywhereGivesTheTreeTheKeyboard)
 {
-    const std::vector<std::function<Point()>> places = {
+    const std::vector<std::function<Place()>> places = {
         [this] { return textOf("row 1"); },
         [this] { return centreOf(panel->geometryButton); },
-        [this] { return panel->localPointToGlobal(Point(300, 40)); },
-        [this] { return view().localPointToGlobal(Point(100, 200)); },
+        [this] {
+            return OnScreen({300, 40});
+        },
+        [this] {
+            return inView({100, 200});
+        },
         [this] { return centreOf(view().getViewport()->getVerticalScrollBar()); },
     };
     for (const auto& place : places)
@@ -356,20 +355,21 @@ TEST_F(Mouse, FirstClickAnywhereGivesTheTreeTheKeyboard)
         show(manyItems(60));
         clickOnHost();
         ASSERT_FALSE(hasFocus());
-        (void)outputOf([&] { click(place()); });
-        EXPECT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); })) << place().toString();
+        (void)OutputOf([&] { Click(place()); });
+        EXPECT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }))
+            << place().x << ", " << place().y;
     }
 }
 
 TEST_F(Mouse, ClickOnAButtonLeavesTheTreesKeyboard)
 {
     show({object(1, "a"), object(2, "b")});
-    click(textOf("b"));
+    Click(textOf("b"));
     ASSERT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }));
-    click(centreOf(panel->groupButton));
+    Click(centreOf(panel->groupButton));
     pumpFor(50);
     EXPECT_TRUE(view().hasKeyboardFocus(false));
-    hands.key("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(pumpUntil([this] { return shape() == "Layer(Group 1 a)"; }));
 }
 

@@ -11,7 +11,7 @@ namespace
 {
 constexpr const char* emptyNameMark = "\xef\xb7\x90";
 
-// Names as a host may hand them over, whatever they are.
+// Any names that a host may hand over.
 const std::vector<std::string> oddNames = {
     "",
     "\xff",
@@ -102,6 +102,16 @@ TEST_F(Names, SurviveARenameThatChangesNothing)
     }
 }
 
+TEST_F(Names, ThatAreMissingAreEditedAsEmpty)
+{
+    build({"a"});
+    select({"a"});
+    node("a").removeProperty(TreeIds::name, nullptr);
+    view().renameItem();
+    EXPECT_TRUE(view().renameEditor->isVisible());
+    EXPECT_EQ(view().renameEditor->getText(), "");
+}
+
 TEST_F(Names, KeepOddBytesAroundAnEdit)
 {
     build({"a\xff"
@@ -131,7 +141,7 @@ TEST_F(Names, OfMovedRowsAreWrittenAsTheyAre)
     for (int i = 0; i < 3; ++i)
         if (auto* item = root()->getSubItem(i))
             item->setSelected(true, false);
-    const std::string output = outputOf([this] { root()->itemDropped({juce::var(), &view(), {}}, 0); });
+    const std::string output = OutputOf([this] { root()->itemDropped({juce::var(), &view(), {}}, 0); });
     EXPECT_NE(output.find("Moving Item: a\xff\n"), std::string::npos) << output;
 }
 

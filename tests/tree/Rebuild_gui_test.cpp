@@ -23,7 +23,7 @@ protected:
     void expectUsable()
     {
         show(items);
-        click(textOf("b"));
+        Click(textOf("b"));
         EXPECT_THAT(selectedNames(), ElementsAre("b"));
         drag(textOf("a"), at("c", {60, 2}));
         EXPECT_EQ(shape(), "Layer(Group 1(b a* c) x)");
@@ -43,14 +43,14 @@ TEST_F(Rebuild, UnderAHeldButtonOnARow)
     for (const char* name : {"Layer", "a", "Group 1", "b", "x"})
     {
         show(items);
-        pressAt(textOf(name));
+        Press(textOf(name));
         RefreshTree(panel, others);
         EXPECT_EQ(shape(), "Layer(p q Group 2(s))");
         pump();
-        moveTo(panel->localPointToGlobal(Point(200, 300)));
+        Point(OnScreen({200, 300}));
         pump();
         EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("p", "q", "s"));
-        endDrag(); // The new tree has a row "Layer" as well.
+        Drop(); // The new tree has a row "Layer" as well.
         expectRowsGone();
     }
     expectUsable();
@@ -58,13 +58,13 @@ TEST_F(Rebuild, UnderAHeldButtonOnARow)
 
 TEST_F(Rebuild, UnderAHeldButtonWithoutAMove)
 {
-    pressAt(textOf("b"));
+    Press(textOf("b"));
     RefreshTree(panel, items);
     pump();
     RefreshTree(panel, others);
     pump();
     EXPECT_GT(view().getRetiredRows().size(), 0);
-    releaseButton();
+    Release();
     expectRowsGone();
     EXPECT_EQ(shape(), "Layer(p q Group 2(s))");
     expectUsable();
@@ -72,39 +72,39 @@ TEST_F(Rebuild, UnderAHeldButtonWithoutAMove)
 
 TEST_F(Rebuild, UnderAHeldButtonInASelection)
 {
-    click(textOf("a"));
-    clickHolding("Shift_L", textOf("c"));
-    pressAt(textOf("b"));
+    Click(textOf("a"));
+    Click(textOf("c"), {"Shift"});
+    Press(textOf("b"));
     RefreshTree(panel, items);
     pump();
-    releaseButton();
+    Release();
     expectRowsGone();
     expectUsable();
 }
 
 TEST_F(Rebuild, UnderAHeldButtonOnATriangle)
 {
-    pressAt(openBoxOf("Group 1"));
+    Press(openBoxOf("Group 1"));
     RefreshTree(panel, items);
     pump();
-    moveTo(textOf("a"));
-    releaseButton();
+    Point(textOf("a"));
+    Release();
     expectRowsGone();
     expectUsable();
 }
 
 TEST_F(Rebuild, InTheMiddleOfADrag)
 {
-    startDrag(textOf("a"), at("c", {60, 2}));
+    StartDrag(textOf("a"), at("c", {60, 2}));
     ASSERT_TRUE(panel->isDragAndDropActive());
     RefreshTree(panel, others);
     pump();
     select({"q"});
-    moveTo(at("q", {60, 3}));
-    moveTo(at("s", {60, 3}));
+    Point(at("q", {60, 3}));
+    Point(at("s", {60, 3}));
     // What was dragged is gone, and what is selected now was not.
     EXPECT_EQ(marks(), 0);
-    EXPECT_EQ(outputOf([this] { endDrag(); }), "");
+    EXPECT_EQ(OutputOf([this] { Drop(); }), "");
     EXPECT_EQ(shape(), "Layer(p q* Group 2(s))");
     expectRowsGone();
     expectUsable();
@@ -112,15 +112,15 @@ TEST_F(Rebuild, InTheMiddleOfADrag)
 
 TEST_F(Rebuild, DuringADragOverAndOver)
 {
-    startDrag(textOf("a"), at("c", {60, 2}));
+    StartDrag(textOf("a"), at("c", {60, 2}));
     for (int i = 0; i < 5; ++i)
     {
         RefreshTree(panel, i % 2 == 0 ? others : items);
         pump();
-        moveTo(panel->localPointToGlobal(Point(80, 120 + 10 * i)));
+        Point(OnScreen({80, 120 + 10 * i}));
         pumpFor(120);
     }
-    (void)outputOf([this] { endDrag(); });
+    (void)OutputOf([this] { Drop(); });
     expectRowsGone();
     EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("p", "q", "s"));
     expectUsable();
@@ -132,7 +132,7 @@ TEST_F(Rebuild, DuringADragDroppedOnItsOldPlace)
     {
         show(items);
         const int oldTop = row(dragged).getItemPosition(true).getY();
-        startDrag(textOf(dragged), at("c", {60, 2}));
+        StartDrag(textOf(dragged), at("c", {60, 2}));
         ASSERT_TRUE(panel->isDragAndDropActive());
         std::vector<ObjectItem> after = others;
         after.push_back(object(dragged == std::string("a") ? 1 : 2, dragged));
@@ -142,9 +142,9 @@ TEST_F(Rebuild, DuringADragDroppedOnItsOldPlace)
         // The row that stands there now takes the drop, and is marked before.
         const char* standsThere = dragged == std::string("a") ? "p" : "Group 2";
         ASSERT_EQ(row(standsThere).getItemPosition(true).getY(), oldTop);
-        moveTo(at(standsThere, {60, 2}));
+        Point(at(standsThere, {60, 2}));
         EXPECT_EQ(marks(), 2);
-        EXPECT_EQ(outputOf([this] { endDrag(); }), "Items: 1\nMoving Item: " + std::string(dragged) + "\n");
+        EXPECT_EQ(OutputOf([this] { Drop(); }), "Items: 1\nMoving Item: " + std::string(dragged) + "\n");
         EXPECT_EQ(shape(),
                   dragged == std::string("a") ? "Layer(a* p q Group 2(s))" : "Layer(p q b* Group 2(s))");
         expectRowsGone();
@@ -155,41 +155,41 @@ TEST_F(Rebuild, DuringADragDroppedOnItsOldPlace)
 TEST_F(Rebuild, DuringADragWithTheStateRestored)
 {
     auto* table = CreateTreeStateTable();
-    startDrag(textOf("a"), at("c", {60, 2}));
+    StartDrag(textOf("a"), at("c", {60, 2}));
     CacheLayerTreeState(table, 1, panel);
     RefreshTree(panel, items);
     ApplyLayerTreeState(table, 1, panel);
     DeleteTreeStateTable(table);
     pump();
-    moveTo(at("b", {60, 3}));
+    Point(at("b", {60, 3}));
     // The same object is selected again, so the drop goes on as if nothing had been.
-    EXPECT_EQ(outputOf([this] { endDrag(); }), "Items: 1\nMoving Item: a\n");
+    EXPECT_EQ(OutputOf([this] { Drop(); }), "Items: 1\nMoving Item: a\n");
     EXPECT_EQ(shape(), "Layer(Group 1(a* b c) x)");
     expectRowsGone();
 }
 
 TEST_F(Rebuild, ClearUnderAHeldButton)
 {
-    pressAt(textOf("b"));
+    Press(textOf("b"));
     ClearTree(panel);
     EXPECT_EQ(root(), nullptr);
     EXPECT_THAT(GetItemsFromTree(panel), IsEmpty());
     pump();
-    moveTo(panel->localPointToGlobal(Point(200, 300)));
-    releaseButton();
+    Point(OnScreen({200, 300}));
+    Release();
     expectRowsGone();
     expectUsable();
 }
 
 TEST_F(Rebuild, ClearInTheMiddleOfADrag)
 {
-    startDrag(textOf("a"), at("c", {60, 2}));
+    StartDrag(textOf("a"), at("c", {60, 2}));
     EXPECT_EQ(marks(), 2);
     ClearTree(panel);
     EXPECT_EQ(marks(), 0);
     pump();
-    moveTo(panel->localPointToGlobal(Point(80, 150)));
-    EXPECT_EQ(outputOf([this] { endDrag(); }), "");
+    Point(OnScreen({80, 150}));
+    EXPECT_EQ(OutputOf([this] { Drop(); }), "");
     EXPECT_EQ(root(), nullptr);
     expectRowsGone();
     expectUsable();
@@ -197,68 +197,68 @@ TEST_F(Rebuild, ClearInTheMiddleOfADrag)
 
 TEST_F(Rebuild, ClearAndRefreshUnderOneHeldButton)
 {
-    pressAt(textOf("b"));
+    Press(textOf("b"));
     ClearTree(panel);
     pump();
     RefreshTree(panel, others);
     pump();
-    releaseButton();
+    Release();
     expectRowsGone();
     EXPECT_EQ(shape(), "Layer(p q Group 2(s))");
 }
 
 TEST_F(Rebuild, DeleteUnderAHeldButton)
 {
-    pressAt(textOf("b"));
+    Press(textOf("b"));
     ASSERT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }));
-    key("Delete");
+    PressKey("Delete");
     EXPECT_TRUE(pumpUntil([this] { return shape() == "Layer(a Group 1(c) x)"; }));
-    moveTo(panel->localPointToGlobal(Point(200, 300)));
-    releaseButton();
+    Point(OnScreen({200, 300}));
+    Release();
     pump();
     expectUsable();
 }
 
 TEST_F(Rebuild, WidgetDeletedUnderAHeldButton)
 {
-    pressAt(textOf("b"));
+    Press(textOf("b"));
     ClearTree(panel);
     DeleteTreeWidget(panel);
     panel = nullptr;
     pump();
-    hands.release();
+    Release();
     pumpFor(100);
 }
 
 TEST_F(Rebuild, WidgetDeletedInTheMiddleOfADrag)
 {
-    startDrag(textOf("a"), at("c", {60, 2}));
+    StartDrag(textOf("a"), at("c", {60, 2}));
     ASSERT_TRUE(panel->isDragAndDropActive());
     DeleteTreeWidget(panel);
     panel = nullptr;
     pump();
-    hands.release();
+    Release();
     pumpFor(300);
 }
 
 TEST_F(Rebuild, WidgetDeletedWithRetiredRows)
 {
-    startDrag(textOf("a"), at("c", {60, 2}));
+    StartDrag(textOf("a"), at("c", {60, 2}));
     RefreshTree(panel, others);
     pump();
     ASSERT_GT(view().getRetiredRows().size(), 0);
     DeleteTreeWidget(panel);
     panel = nullptr;
     pump();
-    hands.release();
+    Release();
     pumpFor(100);
 }
 
 TEST_F(Rebuild, WidgetDeletedDuringARename)
 {
-    click(textOf("b"));
+    Click(textOf("b"));
     ASSERT_TRUE(pumpUntil([this] { return view().hasKeyboardFocus(false); }));
-    key("Return");
+    PressKey("Return");
     ASSERT_TRUE(pumpUntil([this] { return view().renameEditor->hasKeyboardFocus(false); }));
     deleteWidget();
     pumpFor(50);

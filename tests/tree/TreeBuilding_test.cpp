@@ -39,22 +39,22 @@ TEST_F(TreeBuilding, LeavesTheRootUnselectedForAnyOtherIndex)
 
 TEST_F(TreeBuilding, SelectsAndReportsTheActiveIndex)
 {
-    const auto output = outputOf([this] { build({object(1, "a"), object(2, "b"), object(3, "c")}, 1); });
+    const auto output = OutputOf([this] { build({object(1, "a"), object(2, "b"), object(3, "c")}, 1); });
     EXPECT_EQ(output, "Active Effect Index Found\n");
     EXPECT_EQ(shape(), "Layer(a b* c)");
 }
 
 TEST_F(TreeBuilding, CountsOutsideEffectsButNeverSelectsThem)
 {
-    EXPECT_EQ(outputOf([this] { build({external("x"), object(1, "a")}, 0); }), "");
+    EXPECT_EQ(OutputOf([this] { build({external("x"), object(1, "a")}, 0); }), "");
     EXPECT_EQ(shape(), "Layer(x a)");
-    EXPECT_EQ(outputOf([this] { build({external("x"), object(1, "a")}, 1); }), "Active Effect Index Found\n");
+    EXPECT_EQ(OutputOf([this] { build({external("x"), object(1, "a")}, 1); }), "Active Effect Index Found\n");
     EXPECT_EQ(shape(), "Layer(x a*)");
 }
 
 TEST_F(TreeBuilding, WritesNothingWithoutAnActiveIndex)
 {
-    EXPECT_EQ(outputOf([this] { build({object(1, "a"), object(2, "b", 2)}); }), "");
+    EXPECT_EQ(OutputOf([this] { build({object(1, "a"), object(2, "b", 2)}); }), "");
 }
 
 TEST_F(TreeBuilding, GathersAGroupWhereItsFirstObjectStands)

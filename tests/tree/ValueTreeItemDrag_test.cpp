@@ -72,7 +72,7 @@ TEST_F(RowsInADrag, TakeNoDropOutsideTheirView)
     view().setRootItem(nullptr);
     EXPECT_FALSE(left->isInterestedInDragSource(details));
     EXPECT_FALSE(left->getSubItem(1)->isInterestedInDragSource(details));
-    EXPECT_EQ(outputOf([&] { left->itemDropped(details, 0); }), "");
+    EXPECT_EQ(OutputOf([&] { left->itemDropped(details, 0); }), "");
 }
 
 TEST_F(RowsInADrag, StartNoneOnceTheyHaveLeftTheirView)
@@ -151,7 +151,7 @@ TEST_F(RowsInADrag, ListWhatTheyMoveFromTheLast)
 {
     build({object(1, "a"), object(2, "b", 1), object(3, "c")});
     select({"a", "b", "c"});
-    EXPECT_EQ(outputOf([this] { drop("Layer", 0); }),
+    EXPECT_EQ(OutputOf([this] { drop("Layer", 0); }),
               "Items: 3\nMoving Item: c\nMoving Item: b\nMoving Item: a\n");
     EXPECT_EQ(shape(), "Layer(a* b* c* Group 1)");
 }
@@ -160,7 +160,7 @@ TEST_F(RowsInADrag, SayThatTheyMoveNothing)
 {
     build({object(1, "a"), object(2, "b", 1)});
     view().clearSelectedItems();
-    EXPECT_EQ(outputOf([this] { drop("Group 1", 0); }), "Items: 0\n");
+    EXPECT_EQ(OutputOf([this] { drop("Group 1", 0); }), "Items: 0\n");
     EXPECT_EQ(shape(), "Layer(a Group 1(b))");
 }
 
@@ -168,7 +168,7 @@ TEST_F(RowsInADrag, NameTheRootButLeaveIt)
 {
     build({object(1, "a"), object(2, "b")});
     select({"Layer", "b"});
-    EXPECT_EQ(outputOf([this] { drop("Layer", 0); }), "Items: 2\nMoving Item: b\nMoving Item: Layer\n");
+    EXPECT_EQ(OutputOf([this] { drop("Layer", 0); }), "Items: 2\nMoving Item: b\nMoving Item: Layer\n");
     EXPECT_EQ(shape(), "Layer*(b* a)");
 }
 
@@ -232,4 +232,14 @@ TEST_F(RowsInADrag, MoveWithoutANewParentToNowhere)
     build({object(1, "a"), object(2, "b")});
     move({"a"}, juce::ValueTree(), 0);
     EXPECT_EQ(shape(), "Layer(b)");
+}
+
+TEST_F(RowsInADrag, TakeTheirMarksAlong)
+{
+    build({object(1, "a"), object(2, "b")});
+    const int before = view().getNumChildComponents();
+    view().itemDragMove({"Object", &view(), {30, 30}});
+    EXPECT_GT(view().getNumChildComponents(), before);
+    RefreshTree(panel, {object(1, "a")});
+    EXPECT_EQ(view().getNumChildComponents(), before);
 }

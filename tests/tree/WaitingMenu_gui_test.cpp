@@ -66,10 +66,10 @@ protected:
     /// has ended.
     void openMenuAnd(std::function<void()> inside)
     {
-        moveTo(centreOf(panel->geometryButton));
+        Point(centreOf(panel->geometryButton));
         const InMenu menu([this] { hands.release(); }, std::move(inside));
         hands.press();
-        (void)outputOf([&menu]
+        (void)OutputOf([&menu]
                        { EXPECT_TRUE(pumpUntil([&menu] { return menu.isDone() && !isMenuOpen(); })); });
     }
 };
@@ -81,9 +81,9 @@ TEST_F(WaitingMenu, AddsTheKeyOfTheChoice)
         [this]
         {
             EXPECT_THAT(GetKeysToBeAddedToLayer(panel), IsEmpty());
-            key("Down");
-            key("Down");
-            key("Return");
+            PressKey("Down");
+            PressKey("Down");
+            PressKey("Return");
         });
     EXPECT_FALSE(isMenuOpen());
     EXPECT_THAT(GetKeysToBeAddedToLayer(panel), ElementsAre(12));
@@ -91,7 +91,7 @@ TEST_F(WaitingMenu, AddsTheKeyOfTheChoice)
 
 TEST_F(WaitingMenu, AddsNothingWhenItIsDismissed)
 {
-    openMenuAnd([this] { key("Escape"); });
+    openMenuAnd([this] { PressKey("Escape"); });
     EXPECT_FALSE(isMenuOpen());
     EXPECT_THAT(GetKeysToBeAddedToLayer(panel), IsEmpty());
 }

@@ -22,7 +22,7 @@ class Label : public TreeTest
 protected:
     static constexpr int timeMs = 1500;
 
-    // JUCE's timers may ring a little early when the machine is busy.
+    // JUCE's timers may fire a little early when the machine is busy.
     static constexpr int timerSlackMs = 250;
 
     Label() : label(timeMs)
@@ -195,6 +195,7 @@ TEST_F(Label, PaintsItsTextOnALightBlueField)
     const auto corner = picture.getPixelAt(0, 0);
     const auto edge = picture.getPixelAt(picture.getWidth() / 2, 1);
     EXPECT_LT(corner.getAlpha(), edge.getAlpha());
+    EXPECT_EQ(picture.getPixelAt(2, 0), edge) << "the corners are rounded by two pixels";
     EXPECT_NEAR(edge.getAlpha(), 204, 2);
     EXPECT_NEAR(edge.getRed(), juce::Colours::lightblue.getRed(), 2);
     EXPECT_NEAR(edge.getBlue(), juce::Colours::lightblue.getBlue(), 2);
@@ -220,19 +221,23 @@ TEST_F(Label, OfThePanelStaysInTheMiddle)
     EXPECT_EQ(panel->notifyLabel.getBounds().getCentre(), juce::Point<int>(150, 250));
 }
 
-TEST_F(Button, ActsOnThePress) { EXPECT_TRUE(button.getTriggeredOnMouseDown()); }
+TEST_F(Button, ActsOnThePressAndTakesNoKeys)
+{
+    EXPECT_TRUE(button.getTriggeredOnMouseDown());
+    EXPECT_FALSE(button.getWantsKeyboardFocus());
+}
 
 TEST_F(Button, ReportsItsClickAndPassesItself)
 {
     juce::Button* clicked = nullptr;
     button.onClick = [&clicked](juce::Button* b) { clicked = b; };
-    EXPECT_EQ(outputOf([this] { button.clicked(); }), "button clicked\n");
+    EXPECT_EQ(OutputOf([this] { button.clicked(); }), "button clicked\n");
     EXPECT_EQ(clicked, &button);
 }
 
 TEST_F(Button, ThrowsWithoutACallback)
 {
-    EXPECT_EQ(outputOf([this] { EXPECT_THROW(button.clicked(), std::bad_function_call); }),
+    EXPECT_EQ(OutputOf([this] { EXPECT_THROW(button.clicked(), std::bad_function_call); }),
               "button clicked\n");
 }
 
@@ -285,4 +290,24 @@ TEST_F(Button, IsDarkGreyWithLightText)
     for (int x = 0; x < 5; ++x)
         for (int y = 0; y < 15; ++y)
             ASSERT_EQ(picture.getPixelAt(x, y), ground);
+}
+
+TEST_F(Button, FitsTextsOfAnyLength)
+{
+    std::string text = "Add Group";
+    for (int height : {15, 30, 60})
+        for (text.resize(9); text.size() < 60; text += text.size() % 7 == 0 ? ' ' : 'm')
+        {
+            button.setSize(100, height);
+            button.setButtonText(text);
+            juce::Image expected(juce::Image::ARGB, 100, height, true);
+            juce::Graphics g(expected);
+            g.fillAll(juce::Colour::greyLevel(0.1f));
+            g.setColour(juce::Colour::greyLevel(0.8f));
+            g.drawFittedText(text, 5, 4, 90, height - 8, juce::Justification::left, 2, 0.0f);
+            const auto picture = button.createComponentSnapshot(button.getLocalBounds());
+            for (int x = 0; x < 100; ++x)
+                for (int y = 0; y < height; ++y)
+                    ASSERT_EQ(picture.getPixelAt(x, y), expected.getPixelAt(x, y)) << text << ", " << height;
+        }
 }

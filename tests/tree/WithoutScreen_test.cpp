@@ -1,4 +1,4 @@
-// What the widget is asked on X11, without an X server and without a widget.
+// The questions to the widget on X11, without an X server and without a widget.
 
 #include "tests/tree/support/TreeTest.h"
 #include "tree/platform/Platform.h"

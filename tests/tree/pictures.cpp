@@ -35,20 +35,20 @@ public:
     void tree(const juce::File& file)
     {
         showExample();
-        click(textOf("Vortan Jitter Effector"));
-        clickHolding("Control_L", textOf("My own sheets"));
+        Click(textOf("Vortan Jitter Effector"));
+        Click(textOf("My own sheets"), {"Control"});
         write(file);
     }
 
     void renameEditor(const juce::File& file)
     {
         showExample();
-        click(textOf("Vortan Jitter Effector"));
+        Click(textOf("Vortan Jitter Effector"));
         (void)pumpUntil([this] { return view().hasKeyboardFocus(false); });
-        key("Return");
+        PressKey("Return");
         (void)pumpUntil([this] { return view().renameEditor->hasKeyboardFocus(false); });
         write(file);
-        key("Escape");
+        PressKey("Escape");
         (void)pumpUntil([this] { return !view().renameEditor->isVisible(); });
     }
 
@@ -63,11 +63,11 @@ public:
     void openMenu(const juce::File& file)
     {
         showExample();
-        click(centreOf(panel->geometryButton));
+        Click(centreOf(panel->geometryButton));
         (void)pumpUntil([] { return juce::Component::getNumCurrentlyModalComponents() > 0; });
-        moveTo(centreOf(panel->geometryButton) + Point(20, 45));
+        Point(centreOf(panel->geometryButton) + Place{20, 45});
         write(file);
-        key("Escape");
+        PressKey("Escape");
         (void)pumpUntil([] { return juce::Component::getNumCurrentlyModalComponents() == 0; });
     }
 

@@ -7,8 +7,8 @@
 #include "tests/support/KeptObjects.h"
 #include "tree/NameText.h"
 #include "tree/TreeModel.h"
-#include "tree/platform/x11/JuceInternals.h"
 
+#include <JuceInternals.h>
 #include <cstdio>
 #include <cstdlib>
 #include <sstream>

@@ -1,5 +1,5 @@
 // random-walk: walks without a screen, until so many steps are done. Each walk has its seed; one that fails
-// is made shorter, and told as a scenario. The last line is for programs.
+// is shortened, and written as a scenario. The last line is for programs.
 //
 //     random-walk --steps 100000 --seed 1          walks of seed 1, 2, 3 and so on
 //     random-walk --steps 200 --length 200 --seed 17   the walk of seed 17 alone
@@ -32,7 +32,7 @@ struct Options
 
 char currentSeed[64];
 
-/// A walk that ends the process has told its seed.
+/// A walk that crashes has printed its seed before.
 void tellSeed(int signal)
 {
     (void)!write(STDERR_FILENO, currentSeed, std::strlen(currentSeed));
@@ -151,7 +151,7 @@ int main(int count, char** words)
 {
     try
     {
-        // Without a display named, JUCE takes the first, which may be somebody's.
+        // Without a display, JUCE tries the machine's first one, which may be another user's.
         (void)setenv("DISPLAY", ":65535", 1);
         std::signal(SIGSEGV, &standin::check::tellSeed);
         std::signal(SIGABRT, &standin::check::tellSeed);

@@ -187,7 +187,7 @@ TEST_F(Embedding, MakesAParentlessPanelOfANullView)
               std::string::npos);
     IdleFor(100ms);
     EXPECT_EQ(window.TakeErrors(), 0);
-    // Gives way to one with a view.
+    // Replaced by one with a view.
     EXPECT_EQ(host.SetPanelState(panelName, PanelState::frontmost).thrown, "");
     Settle();
     ClickInto(Row(2));

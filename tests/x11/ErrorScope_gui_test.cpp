@@ -1,4 +1,4 @@
-// Which handler hears of a host's error while hooks run inside hooks, and which is in place after them.
+// Which handler receives a host's error while hooks run inside hooks, and which is installed after them.
 
 #include "panel/platform/PlatformEvents.h"
 

@@ -1,4 +1,4 @@
-// X errors: those of the panel reach nobody, those of the host reach the host.
+// X errors: those of the panel reach no handler, those of the host reach the host.
 
 #include "tests/x11/support/PanelInHost.h"
 

@@ -1,4 +1,4 @@
-// Presses that are held while the panel carries them to the layer and builds its rows anew, against quick
+// Presses that are held while the panel carries them to the layer and rebuilds its rows, compared with quick
 // ones.
 
 #include "tests/x11/support/PanelInHost.h"

@@ -116,6 +116,7 @@ TEST_F(Keyboard, GoesBackToTheWindowItCameFrom)
     const unsigned long field = window.MakeField();
     window.SetFocus(field);
     EXPECT_TRUE(IdleUntil([&] { return hands.focusedWindow() == field; }));
+    Idle(); // The panel looks where the keyboard is.
     ClickInto(Row(2));
     Click(HostArea());
     EXPECT_TRUE(IdleUntil([&] { return hands.focusedWindow() == field; }));

@@ -271,7 +271,7 @@ TEST_F(Keys, ClickAndKeyOfOneIdleKeepOrder)
     Click(Row(3));
     PressKey("Delete");
     expectStack("a b");
-    // The rebuild has brought the selection back that was there before: "b".
+    // The rebuild has restored the former selection: "b".
     PressKey("Delete");
     Click(Row(1));
     expectStack("a");

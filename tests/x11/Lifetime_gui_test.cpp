@@ -233,8 +233,7 @@ ProcessUse useOfProcess()
     return use;
 }
 
-/// A sanitizer keeps what was freed, so that its build tells nothing by its size; there the leaks are
-/// counted.
+/// A sanitizer keeps freed memory, so that the size of its build says nothing; there the leaks are counted.
 void ExpectMemoryGrewAtMost([[maybe_unused]] long kilobytes, [[maybe_unused]] const ProcessUse& before,
                             [[maybe_unused]] const ProcessUse& after)
 {

@@ -1,4 +1,4 @@
-// The end of a test's own X server, at the one moment at which the server sleeps over the signal.
+// The end of a test's own X server at the one moment at which the server misses the signal.
 
 #include "standin/user/x11/Xvfb.h"
 

@@ -1,8 +1,8 @@
 // A host that has a copy of JUCE of its own, besides the one in the bundle.
 
 #include "tests/x11/support/PanelInHost.h"
-#include "tree/platform/x11/JuceInternals.h"
 
+#include <JuceInternals.h>
 #include <juce_gui_basics/juce_gui_basics.h>
 
 using namespace standin;

@@ -48,7 +48,7 @@ std::string Designer::unusedName(const char* kind, const std::vector<std::string
 {
     for (int number = 1;; ++number)
     {
-        const std::string name = std::string(kind) + " " + std::to_string(number);
+        std::string name = std::string(kind) + " " + std::to_string(number);
         if (std::find(taken.begin(), taken.end(), name) == taken.end())
             return name;
     }

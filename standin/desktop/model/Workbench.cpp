@@ -87,7 +87,8 @@ bool Workbench::Open(const std::string& path)
     {
         OpenProject(host, path);
         if (record != nullptr)
-            record->Comment("The project " + path + " is opened. A scenario cannot: record anew with it.");
+            record->Comment("The project " + path +
+                            " is opened. A scenario cannot: start a new recording with it.");
         messages.Add(MessageKind::note, "Opened " + path);
         return true;
     }

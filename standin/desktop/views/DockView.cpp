@@ -33,15 +33,17 @@ public:
     {
         setTitleBarHeight(theme::headerHeight);
         setColour(juce::DocumentWindow::textColourId, theme::strong);
-        setContentOwned(new juce::Component(), false);
+        setContentNonOwned(&inside, false);
         setResizable(true, false);
         setBounds(at.x, at.y, 360, 480);
         setVisible(true);
     }
     void closeButtonPressed() override { bench.TheDock().ClosePanel(); }
+    const juce::Component& Inside() const { return inside; }
 
 private:
     Workbench& bench;
+    juce::Component inside;
 };
 
 DockView::DockView(Workbench& owner, X11Containers& nativeViews) : bench(owner), containers(nativeViews)
@@ -66,22 +68,21 @@ void DockView::Follow()
         isInFront = dock.PanelIsInFront();
         repaint();
     }
-    if (place == PanelPlace::floating && floating == nullptr)
-        floating = std::make_unique<Floating>(bench, theme::Text(dock.PanelName()),
-                                              getScreenPosition() + juce::Point<int>(-90, 60));
-    placeNativeView();
-    // Only now is the panel out of that window.
-    if (place != PanelPlace::floating)
-        floating.reset();
+    if (place == PanelPlace::floating)
+    {
+        if (floating == nullptr)
+            floating = std::make_unique<Floating>(bench, theme::Text(dock.PanelName()),
+                                                  getScreenPosition() + juce::Point<int>(-90, 60));
+        return placeNativeView(floating->Inside(), 0);
+    }
+    placeNativeView(*this, theme::headerHeight);
+    floating.reset(); // Only now is the panel out of that window.
 }
 
-void DockView::placeNativeView()
+void DockView::placeNativeView(const juce::Component& around, int fromTop)
 {
-    const bool isFloating = place == PanelPlace::floating;
-    const juce::Component& around = isFloating ? *floating->getContentComponent() : *this;
     const auto* top = around.getTopLevelComponent();
-    const auto inside = around.getLocalBounds().withTrimmedTop(isFloating ? 0 : theme::headerHeight);
-    const auto area = onScreen(top->getLocalArea(&around, inside));
+    const auto area = onScreen(top->getLocalArea(&around, around.getLocalBounds().withTrimmedTop(fromTop)));
     const unsigned long window = windowOf(*top);
     if (window == 0 || (window == lastParent && area == lastArea))
         return;

@@ -16,7 +16,7 @@ public:
     ~DockView() override;
 
     void Show(const script::Shown& now);
-    /// Moves the native view to where the panel is now, and paints the tabs anew if they have changed. Hooks
+    /// Moves the native view to where the panel is now, and repaints the tabs if they have changed. Hooks
     /// of the plug-in open and close its panel too.
     void Follow();
 
@@ -33,7 +33,7 @@ private:
     void paintTab(juce::Graphics&, juce::Rectangle<int> area, const juce::String& name, bool isFront) const;
     void paintMarks(juce::Graphics&) const;
     void paintInfo(juce::Graphics&, juce::Rectangle<int> area) const;
-    void placeNativeView();
+    void placeNativeView(const juce::Component& around, int fromTop);
 
     Workbench& bench;
     X11Containers& containers;

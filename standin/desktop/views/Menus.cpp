@@ -169,13 +169,11 @@ bool Menus::HandleKey(const juce::KeyPress& key)
         windows.saveProject();
     else if (key == quitKey.key)
         windows.quit();
-    else if (selected == 0)
-        return false;
-    else if (key == duplicateKey.key)
+    else if (selected != 0 && key == duplicateKey.key)
         user.Duplicate(selected);
-    else if (key == deleteKey.key)
+    else if (selected != 0 && key == deleteKey.key)
         user.Delete(selected);
-    else if (key == renameKey.key)
+    else if (selected != 0 && key == renameKey.key)
         windows.rename();
     else
         return false;

@@ -3,7 +3,8 @@
 #include <juce_gui_basics/juce_gui_basics.h>
 
 #include "standin/desktop/views/WindowEvents.h"
-#include "tree/platform/x11/JuceInternals.h"
+
+#include <JuceInternals.h>
 
 namespace standin::desktop
 {

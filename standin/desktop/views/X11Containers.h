@@ -1,6 +1,10 @@
 #pragma once
 // The native views of panels: plain X11 windows, children of a window of the desktop, on a connection of
 // their own. The plug-in puts its panel into one and knows nothing of what is around it.
+//
+// user::HostWindow makes containers too, but in a frame that it creates, paints, gives the keyboard and reads
+// the keys of. Here JUCE does all that for the desktop's window, and the container moves from one of its
+// windows to another when the panel is undocked; what the two have in common is a call of Xlib for each duty.
 
 #include <optional>
 #include <string>

@@ -57,7 +57,10 @@ void Bundle::KeepMemoryOf(Host& host)
     for (const auto& [plugin, refcon] : parts.plugins.hooks.globalRefcons)
         kept.push_back(refcon);
     for (const Panel& panel : parts.plugins.panels.All())
+    {
         kept.push_back(panel.panelRefcon);
+        kept.insert(kept.end(), panel.formerRefcons.begin(), panel.formerRefcons.end());
+    }
     for (const auto& [name, suite] : parts.plugins.published)
         kept.push_back(suite.table);
 }

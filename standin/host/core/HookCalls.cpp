@@ -143,7 +143,7 @@ HookResult ChangePanelState(HostParts& parts, Panel& panel, PanelState state)
         panel.container = parts.plugins.provider->MakeContainer(panel.matchName);
         panel.handle = reinterpret_cast<PanelH>(&panel);
         panel.functions = {};
-        panel.panelRefcon = nullptr;
+        panel.formerRefcons.push_back(std::exchange(panel.panelRefcon, nullptr));
         ++panel.created;
         result = RunHook(parts, {HookKind::ordinary, panel.pluginId, "CreatePanelHook"},
                          [&]

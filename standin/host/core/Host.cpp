@@ -254,6 +254,15 @@ FindingLog& Host::Findings() { return parts->sensors.findings; }
 
 std::vector<Finding> Host::TakeFindings() { return parts->sensors.findings.Take(); }
 
+std::vector<std::string> Host::TakeFindingIds()
+{
+    std::vector<std::string> ids;
+    for (const Finding& finding : TakeFindings())
+        ids.push_back(finding.id);
+    std::sort(ids.begin(), ids.end());
+    return ids;
+}
+
 ExpectedFinding& Host::Expect(const std::string& id, const std::string& function, const std::string& reason)
 {
     return parts->sensors.findings.Expect(id, function, reason);

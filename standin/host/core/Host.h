@@ -190,6 +190,7 @@ public:
 
     const std::vector<MenuItem>& MenuItems() const;
     const std::vector<Alert>& Alerts() const;
+    std::vector<std::string> AlertTexts() const;
     /// The panel that a plug-in has registered, or null.
     const Panel* FindPanel(const std::string& matchName) const;
     /// What a user does with tabs: opening, bringing to the front, covering with another, closing.
@@ -212,6 +213,8 @@ public:
 
     FindingLog& Findings();
     std::vector<Finding> TakeFindings();
+    /// The same by their ids, sorted.
+    std::vector<std::string> TakeFindingIds();
     /// See FindingLog::Expect.
     ExpectedFinding& Expect(const std::string& id, const std::string& function, const std::string& reason);
     /// Unexpected and missing findings, a line each; empty when all is well.

@@ -208,6 +208,14 @@ const std::vector<MenuItem>& Host::MenuItems() const { return parts->plugins.men
 
 const std::vector<Alert>& Host::Alerts() const { return parts->plugins.alerts; }
 
+std::vector<std::string> Host::AlertTexts() const
+{
+    std::vector<std::string> texts;
+    for (const Alert& alert : Alerts())
+        texts.push_back(alert.text);
+    return texts;
+}
+
 const Panel* Host::FindPanel(const std::string& matchName) const
 {
     return std::as_const(parts->plugins.panels).Find(matchName);

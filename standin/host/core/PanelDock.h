@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <string>
+#include <vector>
 
 #include "standin/host/core/Abi.h"
 
@@ -27,7 +28,8 @@ struct Panel
     PanelH handle = nullptr;
     PanelFunctions functions{};
     void* panelRefcon = nullptr;
-    int created = 0; ///< How often the create hook ran.
+    std::vector<void*> formerRefcons; ///< Of the views that were there before.
+    int created = 0;                  ///< How often the create hook ran.
     std::string title;
 };
 

@@ -131,6 +131,7 @@ void fixUndoGroups(HostParts& parts, const std::string& when)
 std::vector<Parameter> FreshParameters(const InstalledEffect& entry)
 {
     std::vector<Parameter> parameters;
+    parameters.reserve(static_cast<std::size_t>(entry.parameterCount));
     for (int i = 0; i < entry.parameterCount; ++i)
         parameters.push_back({i == 0 ? "Input" : "Parameter " + std::to_string(i), false});
     return parameters;

@@ -1,6 +1,8 @@
 #include "standin/host/sensors/ReferenceRegistry.h"
 
 #include <algorithm>
+#include <new>
+#include <sys/mman.h>
 
 namespace standin
 {
@@ -32,11 +34,21 @@ Reference noted(std::uint64_t note)
 }
 } // namespace
 
+void ReferenceRegistry::Unmap::operator()(Block* block) const { (void)munmap(block, sizeof(Block)); }
+
+ReferenceRegistry::MappedBlock ReferenceRegistry::newBlock()
+{
+    void* pages = mmap(nullptr, sizeof(Block), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (pages == MAP_FAILED)
+        throw std::bad_alloc();
+    return MappedBlock(static_cast<Block*>(pages));
+}
+
 ReferenceRegistry::Cell& ReferenceRegistry::newCell()
 {
     if (usedInNewest == cellsPerBlock)
     {
-        auto block = std::make_unique<Block>();
+        MappedBlock block = newBlock();
         newest = block.get();
         usedInNewest = 0;
         blocks[reinterpret_cast<std::uintptr_t>(newest->data())] = std::move(block);

@@ -68,10 +68,10 @@ public:
     /// Whether a stream that was had through this effect reference is still out.
     bool HasLiveStreams(const void* effectHandle) const;
     int CountLive() const;
-    /// The notes are the one thing here that grows for as long as the host lives, by whole blocks. What a
-    /// block asks of the heap, with its entry in the map: two allocations.
+    /// The notes are the one thing here that grows for as long as the host lives, by whole blocks. These lie
+    /// outside the heap, and only their entries in the map, one allocation each, are in it.
     std::size_t NoteBlocks() const { return blocks.size(); }
-    static constexpr std::size_t bytesOfNoteBlock = 1024 * sizeof(std::uint64_t) + 6 * sizeof(void*);
+    static constexpr std::size_t heapOfNoteBlock = 6 * sizeof(void*);
 
 private:
     unsigned generationOf(int layerId) const;
@@ -79,19 +79,26 @@ private:
     /// What a handle points at. It only says what the reference was once its record has been given up.
     struct Cell
     {
-        std::uint64_t note = 0;
+        std::uint64_t note; ///< 0 until the reference's record is given up.
     };
-    static constexpr std::size_t cellsPerBlock = 1024;
+    static constexpr std::size_t cellsPerBlock = 131072;
     /// How many records of settled references are kept whole. Of older ones only the note is left, so
     /// that a run of many hours does not fill the memory.
     static constexpr std::size_t recordsKept = 4096;
+    /// Whole pages of the system's. They come zeroed, and only as they are written to.
     using Block = std::array<Cell, cellsPerBlock>;
+    struct Unmap
+    {
+        void operator()(Block* block) const;
+    };
+    using MappedBlock = std::unique_ptr<Block, Unmap>;
 
+    static MappedBlock newBlock();
     Cell& newCell();
     Reference* findNote(const void* handle);
     void giveUpOldRecords();
 
-    std::map<std::uintptr_t, std::unique_ptr<Block>> blocks; ///< By their addresses.
+    std::map<std::uintptr_t, MappedBlock> blocks; ///< By their addresses.
     Block* newest = nullptr;
     std::size_t usedInNewest = cellsPerBlock;
     std::deque<const void*> settled; ///< In the order of their settling.

@@ -42,7 +42,7 @@ struct Sensors
     std::vector<RunningCall> running;
     int hookDepth = 0;
     HookKind hookKind = HookKind::ordinary;
-    int leakedReferences = 0; ///< That hooks have left behind, all of them together.
+    int leakedReferences = 0; ///< Leaked by hooks, in total.
 
     /// Adds a finding for the innermost running call.
     void Report(const char* id, const std::string& sentence);

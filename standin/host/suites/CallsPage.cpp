@@ -50,7 +50,7 @@ std::string CallsPage()
         "The tables of functions that the stand-in host lays out, and that the plug-in uses of the real "
         "one. This page is\n"
         "made from the description in `standin/host/suites/`, and a test holds it to that: run it with\n"
-        "`STANDIN_WRITE_CALLS_PAGE=1` to write the page anew. Slots that are not listed are reserved: in "
+        "`STANDIN_WRITE_CALLS_PAGE=1` to write the page again. Slots that are not listed are reserved: in "
         "the stand-in they\n"
         "are traps that report suite, version and slot.\n";
     for (const SuiteDescription& suite : SuiteDescriptions())

@@ -15,7 +15,7 @@ namespace standin::script
 class PanelRecording
 {
 public:
-    /// Where the panel is on the screen, and whether it has the keyboard; asked for anew each time.
+    /// Where the panel is on the screen, and whether it has the keyboard; asked for each time.
     struct View
     {
         std::optional<user::Area> area; ///< Nothing while it cannot be seen.

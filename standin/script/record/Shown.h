@@ -1,5 +1,5 @@
 #pragma once
-// What the windows of the desktop show of a host: plain values that are read off anew and compared, so that
+// What the windows of the desktop show of a host: plain values that are read again and compared, so that
 // a window paints itself again only when something it shows has changed.
 
 #include <string>

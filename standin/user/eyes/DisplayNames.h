@@ -1,5 +1,6 @@
 #pragma once
-// Under which name the panel shows an effect: the family's default names are shortened.
+// The name by which the panel's rows show an effect, as the kit for authors tells it: the family's default
+// names are shortened.
 
 #include <string>
 

@@ -1,6 +1,7 @@
 #include "standin/user/eyes/PanelReader.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace standin::user
 {
@@ -126,7 +127,7 @@ std::uint32_t blend(std::uint32_t above, std::uint32_t below, double alpha)
     for (const int shift : {16, 8, 0})
     {
         const double value = alpha * ((above >> shift) & 0xff) + (1 - alpha) * ((below >> shift) & 0xff);
-        result |= static_cast<std::uint32_t>(value + 0.5) << shift;
+        result |= static_cast<std::uint32_t>(std::lround(value)) << shift;
     }
     return result;
 }

@@ -219,9 +219,10 @@ double TextShapes::bestDifference(const Ink& seen, const std::string& text, cons
 {
     constexpr double step = 0.25;
     double best = 1;
-    for (double x = place.x - place.slack; x <= place.x + place.slack; x += step)
+    const auto steps = std::lround(2 * place.slack / step);
+    for (long i = 0; i <= steps; ++i)
     {
-        const Ink& ink = Draw(text, place.height, x);
+        const Ink& ink = Draw(text, place.height, place.x - place.slack + static_cast<double>(i) * step);
         const int middle = (seen.height - ink.height) / 2;
         for (int down = middle - 1; down <= middle + 1; ++down)
             best = std::min(best, Difference(seen, ink, down, place.tooLong));

@@ -1,4 +1,4 @@
-// Uses what the oldest macOS that the bundle is for does not have.
+// Uses a function that the oldest supported macOS does not have.
 
 #include <charconv>
 

@@ -1,4 +1,4 @@
-// Has an object that is made when the host loads the module, before anyone calls it.
+// Has an object that is constructed when the host loads the module, before any call.
 
 #include <cstdlib>
 

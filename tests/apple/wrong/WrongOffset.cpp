@@ -1,4 +1,4 @@
-// Holds what is not so, to see that the check over the sources notices it.
+// Asserts a wrong offset, which the check of the sources has to notice.
 
 #include "host/HostSuites.h"
 

@@ -1,5 +1,5 @@
-// Effects with one mistake each, of the kind that authors make. Which one it is, is said by the definition
-// MISTAKE.
+// Effects with one mistake each, of the kind that authors make. The definition MISTAKE says which
+// one.
 
 #include "sdk/VortanFamilyAnswers.h"
 #include "sdk/VortanTryEffect.h"

@@ -1,5 +1,5 @@
-// Bundles that do to the process what no bundle should. What each entry point does, and what loading does,
-// is said by definitions: LOADING, IDLE_SUITE_ENTRY and PANEL_ENTRY, each one of the words below.
+// Bundles that do to the process what no bundle should. The definitions LOADING,
+// IDLE_SUITE_ENTRY and PANEL_ENTRY say what loading and each entry point do, in the words below.
 
 #include <csignal>
 #include <cstdint>
@@ -33,13 +33,6 @@ namespace
 [[maybe_unused]] int endTheProcess() { std::exit(0); }
 
 [[maybe_unused]] int throwNumber() { throw 4711; }
-
-/// As JUCE does when the process ends and an object of its classes was not deleted.
-[[maybe_unused]] int leakAnObject()
-{
-    return std::atexit(
-        [] { (void)std::fputs("*** Leaked objects detected: 1 instance(s) of class Row\n", stderr); });
-}
 
 const int loaded = LOADING();
 } // namespace

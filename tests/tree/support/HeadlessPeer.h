@@ -5,7 +5,7 @@
 
 namespace standin
 {
-/// Its later generation asks a peer whether it shows; the earlier one knows no such question.
+/// JUCE 8 asks a peer whether it shows; JUCE 7 has no such function.
 class ShowingPeer : public juce::ComponentPeer
 {
 public:

@@ -1,7 +1,7 @@
 #pragma once
-// What a press does, by what happens while the button is down: every press that there is, against the quick
-// click of the same press. Runs on a window without a screen and on a real one, by the hands that the fixture
-// brings:
+// The effect of a press, by what happens while the button is down: every kind of press, compared with the
+// quick click of it. Runs on a window without a screen and on a real one, with the hands that the fixture
+// provides:
 //   press(place in the view), letGo(), holdKey(Key), passTime(), show(items), makeWidget()
 
 #include "tests/tree/support/Pump.h"
@@ -151,7 +151,7 @@ protected:
     const std::vector<ObjectItem> items = {object(1, "a"),    object(2, "b"), object(3, "c", 1),
                                            object(4, "d", 1), external("x"),  object(5, "e")};
 
-    /// One cell of the table for each press: what it comes to, against the quick click.
+    /// One cell of the table for each press: its outcome, compared with that of the quick click.
     void playAll(const PressCase& play, const std::vector<PressSpot>& spots)
     {
         for (const auto& spot : spots)
@@ -174,7 +174,7 @@ protected:
     void arrange(const Press& press)
     {
         this->show(items);
-        // So that no press before this one counts as a click of it.
+        // So that it does not make a double click with an earlier press.
         this->press(this->view().getLocalPoint(this->panel, juce::Point<int>(300, 40)));
         this->letGo();
         this->select(press.selected);

@@ -1,8 +1,8 @@
 #include "tests/tree/support/Pump.h"
 
 #include "standin/user/User.h"
-#include "tree/platform/x11/JuceInternals.h"
 
+#include <JuceInternals.h>
 #include <juce_gui_basics/juce_gui_basics.h>
 
 namespace

@@ -1,29 +1,29 @@
 #include "tests/tree/support/TreeGuiTest.h"
 
-namespace
-{
-constexpr int dragSteps = 6;
-
-juce::Point<int> mousePosition()
-{
-    return juce::Desktop::getInstance().getMainMouseSource().getScreenPosition().roundToInt();
-}
-} // namespace
-
 namespace standin
 {
 using namespace user;
 
-bool isButtonDown() { return juce::Desktop::getInstance().getMainMouseSource().isDragging(); }
+namespace
+{
+juce::MouseInputSource mouse() { return juce::Desktop::getInstance().getMainMouseSource(); }
+
+Place placeOf(juce::Point<int> point) { return {point.x, point.y}; }
+
+/// JUCE hears nothing of the mouse over the host's own window.
+bool isOverJuce(Place at) { return juce::Desktop::getInstance().findComponentAt({at.x, at.y}) != nullptr; }
+} // namespace
+
+bool isButtonDown() { return mouse().isDragging(); }
 
 TreeGuiTest::TreeGuiTest() : User(std::make_unique<Xvfb>(800, 600)), TreeTest(Screen::ofTheEnvironment)
 {
-    // Two clicks in a row are two clicks, unless a test wants a double click.
     juce::MouseEvent::setDoubleClickTimeout(0);
+    betweenClicks = {};
     SetBGColor(panel, 0.19f, 0.19f, 0.19f, 1.0f);
     addToDesktop(panel, nullptr, panelWidth, panelHeight, host.FrameHandle());
     EXPECT_TRUE(pumpUntil([this] { return panel->isShowing(); }));
-    User::Point(host.EmptyPlace());
+    Point(host.EmptyPlace());
     pump();
 }
 
@@ -39,65 +39,45 @@ void TreeGuiTest::show(const std::vector<ObjectItem>& items)
     pump();
 }
 
-TreeGuiTest::Point TreeGuiTest::at(const std::string& name, Point fromRow)
+Place TreeGuiTest::at(const std::string& name, Place fromRow)
 {
     pump();
-    return view().localPointToGlobal(row(name).getItemPosition(true).getPosition() + fromRow);
+    return inView(row(name).getItemPosition(true).getPosition()) + fromRow;
 }
 
-void TreeGuiTest::moveTo(Point to)
+Place TreeGuiTest::inView(juce::Point<int> point) { return placeOf(view().localPointToGlobal(point)); }
+
+Place TreeGuiTest::centreOf(const juce::Component& component)
 {
-    hands.move(to.x, to.y);
-    EXPECT_TRUE(pumpUntil([to] { return mousePosition() == to; })) << to.toString();
+    return placeOf(component.getScreenBounds().getCentre());
 }
 
-void TreeGuiTest::pressAt(Point place, unsigned button)
+void TreeGuiTest::pointed(Place at)
 {
-    moveTo(place);
-    hands.press(button);
-    EXPECT_TRUE(pumpUntil(isButtonDown));
+    const auto hasArrived = [at]
+    { return mouse().getScreenPosition().roundToInt() == juce::Point<int>(at.x, at.y); };
+    EXPECT_TRUE(!isOverJuce(at) || pumpUntil(hasArrived));
 }
 
-void TreeGuiTest::releaseButton(unsigned button)
+void TreeGuiTest::pressed(Place at) { EXPECT_TRUE(!isOverJuce(at) || pumpUntil(isButtonDown)); }
+
+void TreeGuiTest::released()
 {
-    hands.release(button);
-    EXPECT_TRUE(pumpUntil([] { return !isButtonDown(); }));
+    EXPECT_TRUE(panel == nullptr || !isButtonDown() || pumpUntil([] { return !isButtonDown(); }));
 }
 
-void TreeGuiTest::click(Point place, unsigned button)
+void TreeGuiTest::drag(Place from, Place to)
 {
-    pressAt(place, button);
-    releaseButton(button);
-}
-
-void TreeGuiTest::clickHolding(const std::string& modifierKey, Point place)
-{
-    hands.keyDown(modifierKey);
-    click(place);
-    hands.keyUp(modifierKey);
-}
-
-void TreeGuiTest::startDrag(Point from, Point to)
-{
-    pressAt(from);
-    for (int step = 1; step <= dragSteps; ++step)
-        moveTo(from + (to - from) * step / dragSteps);
-}
-
-void TreeGuiTest::endDrag()
-{
-    releaseButton();
-    EXPECT_TRUE(pumpUntil([this] { return !panel->isDragAndDropActive(); }));
-    // The picture of the dragged row fades in a window of its own, and the server gives that window a press
-    // that is meant for the row below it.
-    EXPECT_TRUE(pumpUntil([] { return !juce::Desktop::getInstance().getAnimator().isAnimating(); }));
-}
-
-void TreeGuiTest::drag(Point from, Point to)
-{
-    startDrag(from, to);
+    StartDrag(from, to);
     EXPECT_TRUE(panel->isDragAndDropActive());
-    endDrag();
+    Drop();
+}
+
+void TreeGuiTest::Drop()
+{
+    User::Drop();
+    EXPECT_TRUE(pumpUntil([this] { return !panel->isDragAndDropActive(); }));
+    EXPECT_TRUE(pumpUntil([] { return !juce::Desktop::getInstance().getAnimator().isAnimating(); }));
 }
 
 void TreeGuiTest::clickOnHost()
@@ -105,12 +85,5 @@ void TreeGuiTest::clickOnHost()
     Click(host.EmptyPlace());
     host.HandleEvents();
     EXPECT_EQ(hands.focusedWindow(), host.Frame());
-}
-
-void TreeGuiTest::keyHolding(const std::string& modifierKey, const std::string& name)
-{
-    hands.keyDown(modifierKey);
-    hands.key(name);
-    hands.keyUp(modifierKey);
 }
 } // namespace standin

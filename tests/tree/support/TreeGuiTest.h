@@ -1,5 +1,5 @@
 #pragma once
-// The widget in a host's window on a real X server, with a user's hands on mouse and keyboard.
+// The widget in a host's window on a real X server, with a user before it.
 
 #include "standin/user/HostWindow.h"
 #include "standin/user/User.h"
@@ -8,7 +8,10 @@
 
 namespace standin
 {
-/// The user's screen comes before JUCE and goes after it.
+using user::Place;
+
+/// The user's screen comes before JUCE and goes after it. What the mouse does, JUCE has seen when the call
+/// returns; two clicks make a double click where a test sets JUCE's time for it, and nowhere else.
 class TreeGuiTest : protected user::User, public TreeTest
 {
 protected:
@@ -19,42 +22,39 @@ protected:
     static constexpr int panelWidth = 400;
     static constexpr int panelHeight = 420;
 
-    using Point = juce::Point<int>;
-
     TreeGuiTest();
     ~TreeGuiTest() override;
 
     /// Builds the tree and waits until it is laid out.
     void show(const std::vector<ObjectItem>& items);
 
-    /// A place on the screen, so far from the top left of the row.
-    Point at(const std::string& name, Point fromRow);
-    Point boxOf(const std::string& name) { return at(name, {6, 10}); }
-    Point textOf(const std::string& name) { return at(name, {20, 10}); }
-    Point openBoxOf(const std::string& name) { return at(name, {-10, 10}); }
-    Point centreOf(juce::Component& component) { return component.getScreenBounds().getCentre(); }
+    // Places on the screen: so far from the top left of the row or the view.
+    Place at(const std::string& name, Place fromRow);
+    Place boxOf(const std::string& name) { return at(name, {6, 10}); }
+    Place textOf(const std::string& name) { return at(name, {20, 10}); }
+    Place openBoxOf(const std::string& name) { return at(name, {-10, 10}); }
+    Place inView(juce::Point<int>);
+    static Place centreOf(const juce::Component&);
 
     void Idle() override { pump(); }
     user::Area PanelArea() const override { return {hostX, hostY, panelWidth, panelHeight}; }
 
-    /// Each waits until JUCE has seen it.
-    void moveTo(Point);
-    void pressAt(Point, unsigned button = 1);
-    void releaseButton(unsigned button = 1);
-    void click(Point, unsigned button = 1);
-    void clickHolding(const std::string& modifierKey, Point);
-    void drag(Point from, Point to);
-    void startDrag(Point from, Point to);
-    void endDrag();
-
+    /// Drags a row from one place to the other. It fails if JUCE takes it for no drag.
+    void drag(Place from, Place to);
+    /// Also waits until JUCE takes another drag, and until the picture of the dragged row has faded. It does
+    /// so in a window of its own, and the server would give that window a press that is meant for the row
+    /// below it.
+    void Drop();
     /// A click into the window around the panel, which takes the focus for it.
     void clickOnHost();
-
-    void key(const std::string& name) { hands.key(name); }
-    void keyHolding(const std::string& modifierKey, const std::string& name);
     bool hasFocus() { return panel->hasKeyboardFocus(true); }
 
     user::HostWindow host{{{hostX, hostY, hostWidth, hostHeight}, {0, 0, panelWidth, panelHeight}}};
+
+private:
+    void pointed(Place) override;
+    void pressed(Place) override;
+    void released() override;
 };
 
 bool isButtonDown();

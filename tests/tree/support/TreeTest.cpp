@@ -57,13 +57,6 @@ std::vector<int> activesOf(const std::vector<ObjectItem>& items)
     return result;
 }
 
-std::string outputOf(const std::function<void()>& action)
-{
-    testing::internal::CaptureStdout();
-    action();
-    return testing::internal::GetCapturedStdout();
-}
-
 juce::KeyPress commandKey(int letter)
 {
     return juce::KeyPress(letter, juce::ModifierKeys::commandModifier, 0);
@@ -71,7 +64,7 @@ juce::KeyPress commandKey(int letter)
 
 TreeTest::TreeTest(Screen screen)
 {
-    // Without a display, JUCE tries the first one of the machine, whosever it is.
+    // Without a display, JUCE tries the machine's first one, which may be another user's.
     if (screen == Screen::none)
         (void)setenv("DISPLAY", "none", 1);
     JuceGlobalInit();

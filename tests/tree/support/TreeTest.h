@@ -3,6 +3,7 @@
 // the lines on standard output, and direct input to the components.
 
 #include "effects/ObjectItem.h"
+#include "tests/support/OutputOf.h"
 #include "tree/Tree.h"
 #include "tree/TreeModel.h"
 #include "tree/ValueTreeItem.h"
@@ -27,9 +28,6 @@ ObjectItem external(const std::string& name);
 std::vector<std::string> namesOf(const std::vector<ObjectItem>& items);
 std::vector<int> groupsOf(const std::vector<ObjectItem>& items);
 std::vector<int> activesOf(const std::vector<ObjectItem>& items);
-
-/// What `action` writes to standard output.
-std::string outputOf(const std::function<void()>& action);
 
 /// JUCE is up, and there is a widget, on no desktop.
 class TreeTest : public testing::Test

@@ -92,13 +92,6 @@ void PanelInHost::ClickInto(Place place)
     Idle();
 }
 
-void PanelInHost::StartDrag(int row)
-{
-    Press(Row(row));
-    Idle();
-    Move(Row(row), Row(row) + Place{0, -40});
-}
-
 bool PanelInHost::PanelHasFocus()
 {
     const unsigned long panel = window.PanelWindow();
@@ -106,13 +99,6 @@ bool PanelInHost::PanelHasFocus()
 }
 
 Place PanelInHost::MenuEntry(int index) { return Button(0) + Place{20, 21 + 22 * index}; }
-
-std::string PanelInHost::OutputOf(const std::function<void()>& action)
-{
-    testing::internal::CaptureStdout();
-    action();
-    return testing::internal::GetCapturedStdout();
-}
 
 std::string PanelInHost::OutputUntil(const std::string& awaited, const std::function<void()>& action)
 {

@@ -7,6 +7,7 @@
 #include "standin/host/core/Host.h"
 #include "standin/user/User.h"
 #include "tests/support/KeptBlocks.h"
+#include "tests/support/OutputOf.h"
 #include "tests/x11/support/PlainHost.h"
 
 #include <gmock/gmock.h>
@@ -56,7 +57,7 @@ protected:
     /// Clicks and idles until the panel has the keyboard.
     void ClickInto(user::Place);
     /// Presses a row and moves it upwards by two.
-    void StartDrag(int row);
+    void StartDrag(int row) { User::StartDrag(Row(row), Row(row - 2)); }
 
     bool PanelHasFocus();
     bool HostHasFocus() { return hands.focusedWindow() == window.Frame(); }
@@ -68,9 +69,7 @@ protected:
     /// The n-th entry of the open menu, from 0.
     static user::Place MenuEntry(int index);
 
-    /// What `action` writes to standard output.
-    static std::string OutputOf(const std::function<void()>& action);
-    /// The same, with what the passes after it write until this text has come.
+    /// What `action` writes to standard output, with what the passes after it write until this text has come.
     std::string OutputUntil(const std::string& awaited, const std::function<void()>& action);
 
     /// Idles until the host has got so many keys, and expects them to be these and no more.

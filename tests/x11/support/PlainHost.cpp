@@ -79,7 +79,7 @@ std::vector<std::string> PlainHost::TakeKeys()
 
 long PlainHost::CountOf(const std::string& key) const { return std::count(keys.begin(), keys.end(), key); }
 
-/// A change of a property is told with its time.
+/// The server reports a change of a property with its time.
 unsigned long PlainHost::ServerTime()
 {
     const Window window = XCreateSimpleWindow(display, frame, 0, 0, 1, 1, 0, 0, 0);

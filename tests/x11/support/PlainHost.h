@@ -1,6 +1,6 @@
 #pragma once
-// The host's window with what only tests do to it: it notes every key that comes and goes, tells what lies in
-// it and who listens to it, and does to the panel's windows what a host may do.
+// The host's window with what only tests do to it: it records every key event, tells what it contains and who
+// listens to it, and does to the panel's windows what a host may do.
 
 #include "standin/user/HostWindow.h"
 
@@ -93,7 +93,7 @@ public:
     void Resize(int newWidth, int newHeight);
     void Map();
     void Unmap();
-    /// The container dies and what lies in it dies with it.
+    /// Destroys the container with everything in it.
     void Destroy();
     void DestroyPanelWindow();
 

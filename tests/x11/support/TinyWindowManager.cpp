@@ -11,7 +11,7 @@ namespace standin
 {
 namespace
 {
-/// How long the manager thinks before it hands a click on: longer than a host's idle interval.
+/// How long the manager waits before it passes a click on: longer than a host's idle interval.
 constexpr auto thinkingTime = std::chrono::milliseconds(40);
 constexpr int lookForLostFocusMs = 10;
 

@@ -1,6 +1,6 @@
 #pragma once
-// What window managers have in common, as far as it matters to a panel: a click gives a window the focus and
-// is handed on only then, and a focus that nobody has any more goes to the last window that had it.
+// What window managers have in common, as far as it matters to a panel: a click gives a window the focus
+// before it is passed on, and a lost focus goes back to the last window that had it.
 
 #include "standin/process/Child.h"
 

@@ -4,8 +4,8 @@
 
 #include "tree/ValueTreesDemo.h"
 #include "tree/platform/x11/HostLoop.h"
-#include "tree/platform/x11/JuceInternals.h"
 
+#include <JuceInternals.h>
 #include <algorithm>
 #include <cmath>
 #include <optional>

@@ -1,6 +1,7 @@
 #pragma once
-// What the public headers of JUCE do not offer, under the names that each major version uses: the header of
-// its event loop's inner side, and the function that delivers one batch of messages and window events.
+// What the public headers of JUCE do not offer on Linux, under the names that each major version uses: the
+// header of its event loop's inner side, and the function that delivers one batch of messages and window
+// events. Whoever links `juce` has it.
 
 #include <juce_events/juce_events.h>
 

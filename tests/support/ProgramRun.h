@@ -1,8 +1,16 @@
 #pragma once
-// A program run to its end, with what it wrote and how it ended.
+// Runs a program to its end: what it wrote, and its exit code.
 
 #include "standin/process/Child.h"
 #include "standin/process/Complaints.h"
+
+#include <gtest/gtest.h>
+
+#include <iterator>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace standin
 {
@@ -30,5 +38,24 @@ inline ProgramRun RunProgram(const std::vector<std::string>& command,
     child.Wait();
     EXPECT_EQ(process::ComplaintsIn(child.Errors()), "") << command.front();
     return {child.ExitCode(), child.Output(), WithoutGreeting(child.Errors())};
+}
+
+/// The lines that a program prints. Throws std::runtime_error if it fails.
+inline std::vector<std::string> LinesOf(const std::vector<std::string>& command)
+{
+    const ProgramRun run = RunProgram(command);
+    if (run.exitCode != 0)
+        throw std::runtime_error(command.front() + " fails: " + run.errors);
+    std::vector<std::string> lines;
+    std::istringstream text(run.output);
+    for (std::string line; std::getline(text, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+inline std::vector<std::string> WordsOf(const std::string& line)
+{
+    std::istringstream words(line);
+    return {std::istream_iterator<std::string>(words), {}};
 }
 } // namespace standin

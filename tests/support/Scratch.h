@@ -1,14 +1,10 @@
 #pragma once
-// A folder of a test's own, which goes when the test ends.
+// A temporary folder, removed when the test ends.
+
+#include "tests/support/FileText.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
-#include <string>
-#include <vector>
 
 namespace standin
 {
@@ -34,11 +30,7 @@ public:
         std::ofstream(Path(name), std::ios::binary) << text;
     }
 
-    std::string Read(const std::string& name) const
-    {
-        std::ifstream file(Path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    }
+    std::string Read(const std::string& name) const { return FileText(folder / name); }
 
     /// All files in it, in alphabetical order.
     std::vector<std::string> Names() const
