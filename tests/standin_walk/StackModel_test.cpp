@@ -282,7 +282,7 @@ TEST(StackModelTest, AClosedGroupStaysClosedThroughARebuild)
     EXPECT_THAT(rows(model), ElementsAre("Group 1:", "Group 2: b", "new", "blur"));
 }
 
-TEST(StackModelTest, AChangeRightBelowTheLayerOpensAllGroups)
+TEST(StackModelTest, AChangeBelowTheLayerOpensAllGroups)
 {
     StackModel model = twoGroups();
     model.ClickTriangle(rowAt(model, 0));
@@ -302,7 +302,7 @@ TEST(StackModelTest, ADragTakesGroupsAndOutsideEffectsAlong)
     EXPECT_THAT(rows(model), ElementsAre("Group 1: a", "Group 2: c b", "blur"));
 }
 
-TEST(StackModelTest, ARowIsSelectedForAsLongAsItIsPressed)
+TEST(StackModelTest, ARowIsSelectedWhileItIsPressed)
 {
     StackModel model = threeObjects();
     model.Press(2, StackModel::Part::text, Selecting::alone);

@@ -98,7 +98,7 @@ TEST_F(Focus, GoesWhereTheLastClickWent)
     EXPECT_EQ(focused(), &two);
 }
 
-TEST_F(Focus, IsFreeOnceTheClickedOneHasLostIt)
+TEST_F(Focus, IsFreeOnceTheClickedOneLostIt)
 {
     click(one);
     focus.lost(two);

@@ -197,7 +197,7 @@ TEST_F(StateTable, RestoresEachRowOfAGroup)
     }
 }
 
-TEST_F(StateTable, OpensAGroupToSelectWhatIsInIt)
+TEST_F(StateTable, OpensAGroupToSelectInsideIt)
 {
     show(1, {object(1, "Group 1"), object(2, "a", 1), object(3, "z")});
     root()->getSubItem(0)->setOpen(false);
