@@ -5,8 +5,8 @@
 #include "effects/EffectMessages.h"
 #include "effects/LayerItems.h"
 #include "standin/host/project/ProjectFile.h"
-#include "tests/support/Scratch.h"
 #include "tests/support/ProductHost.h"
+#include "tests/support/Scratch.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
 // The program `standin play` as its users meet it: what it says, and what it tells the shell.
 
 #include "standin/process/ExitCodes.h"
-#include "tests/support/ProgramRun.h"
 #include "tests/support/FileText.h"
+#include "tests/support/ProgramRun.h"
 #include "tests/support/Sanitized.h"
 
 #include <fstream>
