@@ -1,6 +1,7 @@
 """scripts/mutate: see the head of that script."""
 
 import argparse
+import functools
 import hashlib
 import json
 import os
@@ -25,6 +26,8 @@ def arguments():
     parser.add_argument("--rebuilt", type=int, metavar="N", default=0,
                         help="also so many of those that need a build of their own; none")
     parser.add_argument("--no-scenarios", action="store_true", help="asks the quicker tests alone")
+    parser.add_argument("--programs", metavar="NAME,...", help="builds only these programs of the tests, and asks them")
+    parser.add_argument("--tests", metavar="REGEX", default="", help="asks only the tests with such names")
     parser.add_argument("--jobs", type=int, default=2, help="processes at a time; 2")
     chosen = parser.parse_args()
     for folder in chosen.folders:
@@ -110,15 +113,18 @@ def main():
     found = workspace.find()
     print("compiling the sources with their mutants", flush=True)
     workspace.write(found)
-    code, said = workspace.make(["commit-tests"])
+    programs = chosen.programs.split(",") if chosen.programs else None
+    code, said = workspace.make(programs or ["commit-tests"])
     if code != 0:
         sys.exit("the tests do not build:\n" + said[-4000:])
 
     everything = [mutant for name in sorted(found) for mutant in found[name].mutants]
     mutants = choose([mutant for mutant in everything if not mutant.isConstant], chosen)
-    jury = Jury(workspace, max(mutant.number for mutant in everything), chosen.jobs, not chosen.no_scenarios)
+    jury = Jury(workspace, max(mutant.number for mutant in everything), chosen.jobs, not chosen.no_scenarios,
+                programs, chosen.tests)
     print(f"{len(jury.tests)} tests run without a mutant, to see what each comes past", flush=True)
-    jury.prepare(digest([test.command[0] for test in jury.tests] + workspace.others()))
+    others = workspace.others()
+    jury.prepare(functools.lru_cache(None)(lambda program: digest([program] + others)))
     killers = try_all(jury, mutants, chosen.jobs)
 
     constants = choose([mutant for mutant in everything if mutant.isConstant], chosen)

@@ -13,7 +13,8 @@ NEGATIONS = {"<": ">=", "<=": ">", ">": "<=", ">=": "<", "==": "!=", "!=": "=="}
 ARITHMETIC = {"+": "-", "-": "+", "*": "/", "/": "*", "%": "*", "<<": ">>", ">>": "<<", "&": "|", "|": "&", "^": "&"}
 INTEGERS = (TypeKind.INT, TypeKind.UINT, TypeKind.LONG, TypeKind.ULONG, TypeKind.LONGLONG, TypeKind.ULONGLONG,
             TypeKind.SHORT, TypeKind.USHORT, TypeKind.SCHAR, TypeKind.UCHAR, TypeKind.CHAR_S, TypeKind.CHAR_U)
-ORDERLESS = ("max", "min", "swap")  # The standard library's: their arguments say the same in either order.
+# The standard library's and JUCE's: their arguments say the same in either order.
+ORDERLESS = re.compile(r"\b(max|min|swap|jmax|jmin)\s*(<[^()]*>)?\s*\(")
 LITERALS = (Kind.INTEGER_LITERAL, Kind.FLOATING_LITERAL, Kind.CHARACTER_LITERAL, Kind.STRING_LITERAL,
             Kind.CXX_BOOL_LITERAL_EXPR, Kind.CXX_NULL_PTR_LITERAL_EXPR)
 BODIES = (Kind.COMPOUND_STMT, Kind.IF_STMT, Kind.FOR_STMT, Kind.WHILE_STMT, Kind.DO_STMT, Kind.CXX_FOR_RANGE_STMT,
@@ -315,8 +316,7 @@ class Finder:
         places = {(child.start, child.end): child for child in inside}
         arguments = [places.get((each.extent.start.offset, each.extent.end.offset))
                      for each in node.cursor.get_arguments() if each is not None]
-        called = node.cursor.referenced
-        if self.is_operator_call(node) or (called is not None and called.spelling in ORDERLESS):
+        if self.is_operator_call(node) or ORDERLESS.match(re.sub(r"^(\w+::)+", "", self.text(node))):
             return
         for first, second in zip(arguments, arguments[1:]):
             if first is None or second is None or self.text(first) == self.text(second):

@@ -8,6 +8,7 @@ import resource
 import signal
 import subprocess
 import tempfile
+import threading
 import time
 from collections import defaultdict
 from concurrent.futures import ThreadPoolExecutor
@@ -25,6 +26,7 @@ class Test:
     folder: str
     complaint: str  # What must not be in its output, a regular expression; or empty.
     seconds: float = 0.0
+    processor: float = 0.0  # Seconds of it, which depend less on what else the machine does.
     reached: frozenset = frozenset()
 
     @property
@@ -33,8 +35,8 @@ class Test:
         return next((word[len("--gtest_filter="):] for word in self.command if word.startswith("--gtest_filter=")), None)
 
 
-def listed(build, wanted):
-    """The tests that may judge a mutant, as CTest knows them."""
+def listed(build, wanted, programs):
+    """The tests that may judge a mutant, as CTest knows them; of all programs if `programs` is None."""
     said = subprocess.run(["ctest", "--test-dir", build, "--show-only=json-v1"], capture_output=True, text=True,
                           check=True).stdout
     tests, expanded = [], set()
@@ -44,6 +46,8 @@ def listed(build, wanted):
         # What is no program of this build has nothing to do with a mutant: a script over the sources, for instance.
         labels = set(properties.get("LABELS", []))
         if not command or not labels & wanted or not command[0].startswith(build):
+            continue
+        if programs is not None and os.path.basename(command[0]) not in programs:
             continue
         if not os.path.exists(command[0]) or "PASS_REGULAR_EXPRESSION" in properties:
             continue
@@ -78,10 +82,12 @@ def each_of(program):
 class Run:
     """One process with limits: a mutant may loop, or eat all memory, or wait for what never comes."""
 
-    def __init__(self, command, environment, folder, seconds):
+    def __init__(self, command, environment, folder, seconds, processor):
         self.command, self.folder = command, folder
-        self.processor, self.clock = 4 + int(5 * seconds), 40 + 25 * seconds
-        self.environment = {**os.environ, **environment}
+        self.processor, self.clock = 4 + int(5 * processor), 40 + 25 * seconds
+        self.used = 0.0
+        # What is given back to the C library is overwritten: a mutant that goes on using it is seen.
+        self.environment = {**os.environ, **environment, "MALLOC_PERTURB_": "165"}
 
     def limit(self):
         resource.setrlimit(resource.RLIMIT_CPU, (self.processor, self.processor + 1))
@@ -93,14 +99,16 @@ class Run:
             process = subprocess.Popen(
                 self.command, cwd=self.folder, env={**self.environment, "TMPDIR": scratch}, stdin=subprocess.DEVNULL,
                 stdout=output, stderr=subprocess.STDOUT, start_new_session=True, preexec_fn=self.limit)
-            try:
-                code = process.wait(self.clock)
-            except subprocess.TimeoutExpired:
-                code = -1
+            watch = threading.Timer(self.clock, self.end, (process,))
+            watch.start()
+            _, status, usage = os.wait4(process.pid, 0)
+            watch.cancel()
+            process.returncode = os.waitstatus_to_exitcode(status)
+            self.used = usage.ru_utime + usage.ru_stime
             self.end(process)
             output.seek(0)
             self.output = output.read()
-        return code == 0 and not (complaint and re.search(complaint.encode(), self.output))
+        return process.returncode == 0 and not (complaint and re.search(complaint.encode(), self.output))
 
     @staticmethod
     def end(process):
@@ -109,55 +117,49 @@ class Run:
             os.killpg(process.pid, signal.SIGKILL)
         except ProcessLookupError:
             pass
-        process.wait()
 
 
 class Jury:
     """The tests, and what each of them comes past."""
 
-    def __init__(self, workspace, count, jobs, scenarios):
+    def __init__(self, workspace, count, jobs, scenarios, programs, asked):
         self.workspace, self.count, self.jobs = workspace, count, jobs
-        self.withScenarios = scenarios
-        self.tests = listed(workspace.build, WITHOUT_SCREEN | {"scenarios"})
+        labels = WITHOUT_SCREEN | {"scenarios"} if scenarios else WITHOUT_SCREEN
+        self.tests = [test for test in listed(workspace.build, labels, programs) if re.search(asked, test.name)]
         self.killers = defaultdict(list)  # Of a function's mutants so far, the latest first.
         self.together = {}  # Program -> whether its tests pass in one process as they do in many.
 
     # ---- The run without a mutant
 
-    def prepare(self, key):
-        """Runs each test by itself without a mutant; again only if `key` has changed since."""
+    def prepare(self, keyOf):
+        """Runs each test by itself without a mutant; again only if the key of its program has changed since."""
         cache = os.path.join(self.workspace.folder, "baseline.pickle")
+        known = {}  # Name -> key, test, whether it passes.
         if os.path.exists(cache):
             with open(cache, "rb") as file:
-                known, tests, together = pickle.load(file)
-            if known == key:
-                self.tests, self.together = tests, together
-                return self.choose()
+                known = pickle.load(file)
+        anew = [test for test in self.tests if known.get(test.name, ("",))[0] != keyOf(test.command[0])]
         with ThreadPoolExecutor(self.jobs) as pool:
-            passed = list(pool.map(self.try_alone, self.tests))
-        for test, isGood in zip(self.tests, passed):
-            if not isGood:
+            for test, isGood in zip(anew, pool.map(self.try_alone, anew)):
+                known[test.name] = keyOf(test.command[0]), test, isGood
+        with open(cache, "wb") as file:
+            pickle.dump(known, file)
+        for test in self.tests:
+            if not known[test.name][2]:
                 print(f"left out, since it fails without a mutant: {test.name}", flush=True)
-        self.tests = [test for test, isGood in zip(self.tests, passed) if isGood]
+        self.tests = [known[test.name][1] for test in self.tests if known[test.name][2]]
         for program, tests in self.by_program(self.tests).items():
             self.together[program] = len(tests) == 1 or self.in_one(tests).passes(tests[0].complaint)
             if not self.together[program]:
                 print(f"one test at a time, since they fail together: {os.path.basename(program)}", flush=True)
-        with open(cache, "wb") as file:
-            pickle.dump((key, self.tests, self.together), file)
-        self.choose()
-
-    def choose(self):
-        if not self.withScenarios:
-            self.tests = [test for test in self.tests if test.filter or not test.name.startswith("scenario.")]
 
     def try_alone(self, test):
         with tempfile.NamedTemporaryFile() as reached:
             reached.truncate(self.count + 1)
             start = time.monotonic()
-            isGood = Run(test.command, {**test.environment, "MUTANTS_REACHED": reached.name}, test.folder,
-                         60).passes(test.complaint)
-            test.seconds = time.monotonic() - start
+            run = Run(test.command, {**test.environment, "MUTANTS_REACHED": reached.name}, test.folder, 60, 60)
+            isGood = run.passes(test.complaint)
+            test.seconds, test.processor = time.monotonic() - start, run.used
             test.reached = frozenset(number for number, byte in enumerate(reached.read()) if byte)
         return isGood
 
@@ -178,16 +180,18 @@ class Jury:
             command = [word for word in command if not word.startswith("--gtest_filter=")]
             command += ["--gtest_filter=" + ":".join(test.filter for test in tests), "--gtest_fail_fast"]
         return Run(command, {**first.environment, **(environment or {})}, first.folder,
-                   sum(test.seconds for test in tests))
+                   sum(test.seconds for test in tests), sum(test.processor for test in tests))
 
     # ---- A mutant
 
     def groups(self, tests):
-        """The tests as processes, the quickest first."""
+        """The tests as processes, the quickest first. Of many in one program, those that come past the fewest
+        mutants go ahead: they are about this place more than the others."""
         groups = []
         for program, of_program in self.by_program(tests).items():
             if self.together.get(program, True):
-                groups.append(of_program)
+                narrow = sorted(of_program, key=lambda test: len(test.reached))
+                groups += [part for part in (narrow[:8], narrow[8:40], narrow[40:]) if part]
             else:
                 groups += [[test] for test in of_program]
         return sorted(groups, key=lambda group: sum(test.seconds for test in group))

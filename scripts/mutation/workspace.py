@@ -92,7 +92,8 @@ class Workspace:
         """What a test depends on besides its program: the bundle, and the files that tests read."""
         data = ("tests/scenarios/", "fuzz/corpus/", "samples/", "docs/")
         paths = [os.path.join(self.source, name) for name in self.files if name.startswith(data)]
-        return paths + [os.path.join(self.build, "VortanObjectPanel.so")]
+        paths = [path for path in paths + [os.path.join(self.build, "VortanObjectPanel.so")] if os.path.exists(path)]
+        return paths + [os.path.join(HERE, "trials.py")]
 
     def numbers_in(self, name):
         return {of.number for _, _, of in self.writers[name].spans if not isinstance(of, tuple)}

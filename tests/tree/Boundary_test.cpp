@@ -1,3 +1,4 @@
+#include "tests/tree/support/MacWindow.h"
 #include "tests/tree/support/Pump.h"
 #include "tests/tree/support/TreeTest.h"
 
@@ -57,6 +58,40 @@ TEST_F(Boundary, RefreshesFullyOpenAndUnselected)
     EXPECT_EQ(shape(), "Layer(Group 1(a) b x r)");
     EXPECT_FALSE(view().areItemsOpenByDefault());
     EXPECT_EQ(static_cast<int>(root()->getNode()["select"]), 0);
+}
+
+TEST_F(Boundary, WritesNothingWhileItRefreshes)
+{
+    EXPECT_EQ(OutputOf([this] { RefreshTree(panel, {object(1, "a"), object(2, "b"), object(3, "c")}); }), "");
+}
+
+TEST_F(Boundary, LetsGoOfAClearedDocument)
+{
+    RefreshTree(panel, {object(1, "a")});
+    (void)HashTreeItems(panel, 0);
+    const juce::ValueTree document = root()->getNode();
+    ClearTree(panel);
+    EXPECT_EQ(document.getReferenceCount(), 1);
+}
+
+TEST_F(Boundary, PutsTheWidgetIntoItsContainer)
+{
+    const MacWindow window(JuceGeneration::seven);
+    EXPECT_EQ(window.panel->getBounds(), juce::Rectangle<int>(0, 0, 400, 420));
+    EXPECT_TRUE(window.panel->isVisible());
+    EXPECT_EQ(window.panel->getPeer()->getStyleFlags(), juce::ComponentPeer::windowIsSemiTransparent);
+}
+
+TEST_F(Boundary, DeletesNoRowThatHasNoParent)
+{
+    ClearTree(panel);
+    juce::ValueTree alone = ValueTreesDemo::createTree("Object", "alone");
+    alone.setProperty(TreeIds::uuid, juce::String(uuidOf(1)), nullptr);
+    view().showRootItem(new ValueTreeItem(alone, false));
+    root()->setSelected(true, true);
+    view().deleteSelectedItems();
+    EXPECT_THAT(GetEffectsToBeRemoved(panel), IsEmpty());
+    EXPECT_EQ(shape(), "alone*");
 }
 
 TEST_F(Boundary, RefreshesOpenAndClosedWhateverTheDefault)
@@ -208,7 +243,7 @@ TEST_F(Boundary, HashesTheItemsThatTheTreeHasNow)
     for (const auto& items : {first, second, first})
     {
         RefreshTree(panel, items);
-        for (const std::uint64_t seed : {5u, 6u, 5u})
+        for (const std::uint64_t seed : {5u, 0u, 6u, 5u})
             EXPECT_EQ(HashTreeItems(panel, seed), CalcItemsHash(seed, GetItemsFromTree(panel)));
     }
     ClearTree(panel);
@@ -223,6 +258,8 @@ TEST_F(Boundary, HashesTheOrderButNotTheSelection)
     EXPECT_EQ(HashTreeItems(panel, 0), start);
     node("a").getParent().moveChild(0, 1, nullptr);
     EXPECT_NE(HashTreeItems(panel, 0), start);
+    EXPECT_EQ(HashTreeItems(panel, 0), CalcItemsHash(0, GetItemsFromTree(panel)));
+    node("Layer").appendChild(node("a").createCopy(), nullptr);
     EXPECT_EQ(HashTreeItems(panel, 0), CalcItemsHash(0, GetItemsFromTree(panel)));
 }
 
@@ -251,9 +288,11 @@ TEST_F(Boundary, ItemsShowEditsOfBoxNameAndPlace)
     EXPECT_NE(afterName, afterBox);
 
     drop("Group 1", 0);
-    EXPECT_NE(hash(), afterName);
+    const auto afterDrop = hash();
+    EXPECT_NE(afterDrop, afterName);
 
     view().deleteSelectedItems();
+    EXPECT_NE(hash(), afterDrop);
     EXPECT_THAT(namesOf(GetItemsFromTree(panel)), ElementsAre("b"));
     EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(1)));
 }

@@ -359,6 +359,7 @@ TEST_F(TreeKeys, TheEditorIsColouredAndSelectsItsText)
 {
     EXPECT_EQ(editor().findColour(0x1000202), juce::Colours::lightskyblue);
     EXPECT_EQ(editor().findColour(0x1000206), juce::Colours::lightgrey);
+    EXPECT_EQ(editor().findColour(0x1000203), juce::Colours::black);
     EXPECT_FALSE(editor().isVisible());
     EXPECT_EQ(editor().getParentComponent(), &view());
     EXPECT_EQ(editor().getPasswordCharacter(), 0u);

@@ -1,11 +1,9 @@
 // How long a button is held never changes what it does, whatever the idle pass does to the tree meanwhile.
 
-#include "tests/tree/support/HeadlessWindow.h"
+#include "tests/tree/support/HeadlessHands.h"
 #include "tests/tree/support/PressTable.h"
 
 #include <gtest/gtest.h>
-
-#include <memory>
 
 using namespace standin;
 using testing::ElementsAre;
@@ -13,59 +11,6 @@ using testing::IsEmpty;
 
 namespace
 {
-class HeadlessHands : public TreeTest
-{
-protected:
-    HeadlessHands() { openWindow(); }
-    ~HeadlessHands() override { deleteWidget(); }
-
-    void show(const std::vector<ObjectItem>& items)
-    {
-        RefreshTree(panel, items);
-        pump();
-    }
-
-    void press(juce::Point<int> inView,
-               juce::ModifierKeys::Flags button = juce::ModifierKeys::leftButtonModifier)
-    {
-        window->wait(10);
-        window->press(window->getLocalPoint(&view(), inView), button);
-    }
-
-    void moveTo(juce::Point<int> inView) { window->moveTo(window->getLocalPoint(&view(), inView)); }
-
-    void letGo()
-    {
-        window->wait(10);
-        window->release();
-    }
-
-    void holdKey(Key key)
-    {
-        static const int flags[] = {0, juce::ModifierKeys::commandModifier,
-                                    juce::ModifierKeys::shiftModifier};
-        window->hold(juce::ModifierKeys(flags[static_cast<int>(key)]));
-    }
-
-    void passTime() { window->wait(5000); }
-
-    void makeWidget()
-    {
-        window.reset();
-        panel = CreateTreeWidget(false);
-        openWindow();
-    }
-
-    std::unique_ptr<HeadlessWindow> window;
-
-private:
-    void openWindow()
-    {
-        panel->setSize(400, 420);
-        window = std::make_unique<HeadlessWindow>(*panel);
-    }
-};
-
 class AHeldPress : public PressTable<HeadlessHands>
 {
 protected:

@@ -27,6 +27,29 @@ TEST(NameText, KeepsValidUtf8AsItIs)
     }
 }
 
+TEST(NameText, KeepsTheFirstAndLastOfEachLength)
+{
+    for (const std::string bytes :
+         {"\x01", "\x7f", "\xc2\x80", "\xdf\xbf", "\xe0\xa0\x80", "\xed\x9f\xbf", "\xee\x80\x80",
+          "\xef\xbf\xbf", "\xf0\x90\x80\x80", "\xf4\x8f\xb7\xbf", "\xf4\x8f\xbc\x80", "\xf4\x8f\xbf\xbf"})
+    {
+        SCOPED_TRACE(bytes);
+        EXPECT_EQ(TextFromBytes(bytes).length(), 1);
+        EXPECT_EQ(TextFromBytes(bytes + "\xff").length(), 2);
+        EXPECT_EQ(BytesFromText(TextFromBytes(bytes + "\xff")), bytes + "\xff");
+        EXPECT_EQ(EditableText(TextFromBytes(bytes)).toStdString(), bytes);
+        expectBytesSurvive(bytes);
+    }
+}
+
+TEST(NameText, EscapesEachByteThatIsNotText)
+{
+    for (const std::string bytes :
+         {"\xed\xa0\x80", "\xed\xbf\xbf", "\xe0\x9f\xbf", "\xf4\x90\x80\x80", "\xf0\x8f\xbf\xbf",
+          "\xf4\x8f\xb8\x80", "\xf4\x8f\xbb\xbf", "\xc1\xbf", "\x84\x80\x80\x80"})
+        EXPECT_EQ(TextFromBytes(bytes).length(), static_cast<int>(bytes.size())) << bytes;
+}
+
 TEST(NameText, KeepsEverySingleByte)
 {
     for (int byte = 0; byte < 256; ++byte)

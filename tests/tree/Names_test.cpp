@@ -102,6 +102,16 @@ TEST_F(Names, SurviveARenameThatChangesNothing)
     }
 }
 
+TEST_F(Names, ThatAreMissingAreEditedAsEmpty)
+{
+    build({"a"});
+    select({"a"});
+    node("a").removeProperty(TreeIds::name, nullptr);
+    view().renameItem();
+    EXPECT_TRUE(view().renameEditor->isVisible());
+    EXPECT_EQ(view().renameEditor->getText(), "");
+}
+
 TEST_F(Names, KeepOddBytesAroundAnEdit)
 {
     build({"a\xff"

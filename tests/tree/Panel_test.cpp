@@ -73,6 +73,21 @@ TEST_F(Panel, SetsItsTreeUp)
     EXPECT_TRUE(view().isRootItemVisible());
     EXPECT_EQ(view().getViewport()->getScrollBarThickness(), 8);
     EXPECT_EQ(view().findColour(0x1000501), juce::Colours::white);
+    EXPECT_FALSE(view().getViewport()->getWantsKeyboardFocus());
+}
+
+TEST_F(Panel, KeepsItsLooksUnderAnyLookAndFeel)
+{
+    juce::LookAndFeel_V2 red; // Its scroll bars are wider.
+    for (int id = 0x1000500; id < 0x1000508; ++id)
+        red.setColour(id, juce::Colours::red);
+    view().setLookAndFeel(&red);
+    for (const int id : {juce::TreeView::selectedItemBackgroundColourId, juce::TreeView::oddItemsColourId,
+                         juce::TreeView::evenItemsColourId})
+        EXPECT_EQ(view().findColour(id), juce::Colours::transparentBlack);
+    EXPECT_EQ(view().findColour(juce::TreeView::backgroundColourId), juce::Colours::red);
+    EXPECT_EQ(view().getViewport()->getScrollBarThickness(), 8);
+    view().setLookAndFeel(nullptr);
 }
 
 TEST_F(Panel, LaysOutWithTheToolbar)
@@ -235,6 +250,21 @@ TEST_F(Panel, LeavesItsRowsToJuceWhenItGoes)
     // Still alive, and in no view; it ends when JUCE does.
     EXPECT_EQ(left->getOwnerView(), nullptr);
     EXPECT_EQ(left->getNumSubItems(), 2);
+    const juce::ValueTree document = left->getNode();
+    JuceGlobalShutDown();
+    EXPECT_EQ(document.getReferenceCount(), 1);
+    JuceGlobalInit();
+}
+
+TEST_F(Panel, StopsAnimationsWhereTheyAre)
+{
+    juce::Component moving;
+    auto& animator = juce::Desktop::getInstance().getAnimator();
+    animator.animateComponent(&moving, {100, 100, 10, 10}, 1.0f, 100000, false, 1.0, 1.0);
+    ASSERT_TRUE(animator.isAnimating());
+    deleteWidget();
+    EXPECT_FALSE(animator.isAnimating());
+    EXPECT_EQ(moving.getX(), 0);
 }
 
 TEST_F(Panel, GoesWithoutRowsAsWell)

@@ -130,6 +130,14 @@ TEST_F(RowPainting, ShowsTheThreeStatesOfAGroup)
     EXPECT_EQ(box("Group 1"), emptyBox);
 }
 
+TEST_F(RowPainting, FillsTheBoxOfAGroupOfOne)
+{
+    build({object(1, "a", 1, 1)});
+    EXPECT_EQ(box("Group 1"), fullBox);
+    node("a").setProperty("active", 0, nullptr);
+    EXPECT_EQ(box("Group 1"), emptyBox);
+}
+
 TEST_F(RowPainting, LeavesTheBoxOfAnEmptyGroupEmpty)
 {
     build({object(1, "a")});
@@ -159,6 +167,21 @@ TEST_F(RowPainting, StartsTheTextBehindTheBox)
     const auto image = picture("MMM");
     EXPECT_FALSE(hasInk(image, {10, 0, 6, 20}));
     EXPECT_TRUE(hasInk(image, {16, 0, 10, 20}));
+}
+
+TEST_F(RowPainting, WritesTheTextInTheMiddle)
+{
+    build({object(1, "MMM", 0, 0)});
+    const auto image = picture("MMM");
+    juce::Image expected(juce::Image::ARGB, image.getWidth(), 20, true);
+    juce::Graphics g(expected);
+    g.fillAll(ground);
+    g.setFont(15.0f);
+    g.setColour(lightGrey);
+    g.drawText("MMM", 16, 0, image.getWidth() - 16, 20, juce::Justification::centredLeft, true);
+    for (int x = 16; x < image.getWidth(); ++x)
+        for (int y = 0; y < 20; ++y)
+            ASSERT_EQ(image.getPixelAt(x, y), expected.getPixelAt(x, y)) << x << ", " << y;
 }
 
 TEST_F(RowPainting, HugsTheTextOfASelectedRow)
@@ -213,6 +236,9 @@ TEST_F(RowPainting, WritesSelectedRowsInBlack)
     EXPECT_LE(lightest(picture("MMM")), 204);
     select({"MMM"});
     EXPECT_LT(darkest(picture("MMM")), 30);
+    select({});
+    EXPECT_GT(lightest(picture("MMM")), 180);
+    EXPECT_LE(lightest(picture("MMM")), 204);
 }
 
 TEST_F(RowPainting, KeepsTheBoxLightOnASelectedRow)

@@ -1,5 +1,6 @@
 // What the state table stores, and which changes it notices.
 
+#include "standin/process/ProcessCounts.h"
 #include "tests/tree/support/StateTableTest.h"
 
 #include <gtest/gtest.h>
@@ -123,6 +124,63 @@ TEST_F(StateTable, NoticesSelectionOpennessAndScrolling)
     EXPECT_TRUE(didChange(1));
     scrollTo(0);
     EXPECT_FALSE(didChange(1));
+}
+
+TEST_F(StateTable, NoticesScrollingBackToAnEarlierPlace)
+{
+    RefreshTree(panel, manyItems("a", 40));
+    pump();
+    cache(1);
+    ASSERT_FALSE(didChange(1));
+    scrollTo(20);
+    cache(1);
+    scrollTo(0);
+    EXPECT_TRUE(didChange(1));
+}
+
+TEST_F(StateTable, NoticesThatTheLastRowHasGone)
+{
+    RefreshTree(panel, {object(1, "a")});
+    cache(1);
+    node("Layer").removeChild(0, nullptr);
+    EXPECT_TRUE(didChange(1));
+}
+
+TEST_F(StateTable, NoticesEachRowOfAGroup)
+{
+    for (const char* name : {"a1", "a2", "a4"})
+    {
+        RefreshTree(panel, manyItems("a", 10));
+        cache(1);
+        row(name).setOpen(false);
+        EXPECT_TRUE(didChange(1)) << name;
+    }
+}
+
+TEST_F(StateTable, LeavesTheRowsThatItLooksAt)
+{
+    show(1, manyItems("a", 10));
+    const juce::Component::SafePointer<juce::Component> component(view().getItemComponent(&row("a1")));
+    select({"a2"});
+    ASSERT_TRUE(didChange(1));
+    cache(1);
+    EXPECT_NE(component, nullptr) << "a button may be down over it";
+}
+
+TEST_F(StateTable, TakesAllItsLayersAlong)
+{
+    show(1, manyItems("a", 200));
+    const auto bytesAfterOne = [this]
+    {
+        auto* other = CreateTreeStateTable();
+        for (int layerId = 0; layerId < 20; ++layerId)
+            CacheLayerTreeState(other, layerId, panel);
+        DeleteTreeStateTable(other);
+        return static_cast<long>(process::BytesInUse());
+    };
+    (void)bytesAfterOne();
+    const long before = bytesAfterOne();
+    EXPECT_LT(bytesAfterOne() - before, 10000);
 }
 
 TEST_F(StateTable, NoticesRenamesReordersAndNewGroups)

@@ -26,6 +26,7 @@ TEST(TreeModel, MakesANodeWithNameAndSelect)
     const juce::ValueTree node = makeNode("Group", "Group 3");
     EXPECT_EQ(node.getType().toString(), "Group");
     EXPECT_EQ(node.getNumProperties(), 2);
+    EXPECT_EQ(node.getPropertyName(0).toString(), "name");
     EXPECT_EQ(node["name"].toString(), "Group 3");
     EXPECT_TRUE(node["select"].isInt());
     EXPECT_EQ(static_cast<int>(node["select"]), 0);

@@ -233,3 +233,13 @@ TEST_F(RowsInADrag, MoveWithoutANewParentToNowhere)
     move({"a"}, juce::ValueTree(), 0);
     EXPECT_EQ(shape(), "Layer(b)");
 }
+
+TEST_F(RowsInADrag, TakeTheirMarksAlong)
+{
+    build({object(1, "a"), object(2, "b")});
+    const int before = view().getNumChildComponents();
+    view().itemDragMove({"Object", &view(), {30, 30}});
+    EXPECT_GT(view().getNumChildComponents(), before);
+    RefreshTree(panel, {object(1, "a")});
+    EXPECT_EQ(view().getNumChildComponents(), before);
+}

@@ -59,6 +59,14 @@ TEST_F(Rows, ComeBackSelectedByTheirNode)
     EXPECT_EQ(shape(), "Layer(new a b*)");
 }
 
+TEST_F(Rows, ComeBackSelectedWithTheirGroup)
+{
+    build({object(1, "a", 1), object(2, "b", 1)});
+    select({"Layer", "Group 1", "a"});
+    panel->AddNewGroup(root());
+    EXPECT_EQ(shape(), "Layer*(Group 1*(a* b) Group 2)");
+}
+
 TEST_F(Rows, RememberTheirSelectionInTheNode)
 {
     build({object(1, "a"), object(2, "b")});
@@ -85,7 +93,7 @@ TEST_F(Rows, OfAClosedGroupGoAndComeBack)
 
 TEST_F(Rows, CountTheActiveObjectsOfAGroup)
 {
-    build({object(1, "a", 1, 1), object(2, "b", 1, 0), object(3, "c", 1, 5)});
+    build({object(1, "a", 1, 1), object(2, "b", 1, 0), object(3, "c", 1, 5), object(4, "d")});
     int total = 7;
     int active = 7;
     ValueTreeItem::getGroupActiveItems(node("Group 1"), total, active);
@@ -146,6 +154,14 @@ TEST_F(Rows, FollowANodeThatIsAdded)
     EXPECT_EQ(shape(), "Layer(Group 1(a new))");
 }
 
+TEST_F(Rows, OpenForANodeThatIsAdded)
+{
+    build({object(1, "a", 1)});
+    row("Group 1").setOpen(false);
+    node("Group 1").appendChild(ValueTreesDemo::createTree("Object", "new"), nullptr);
+    EXPECT_EQ(shape(), "Layer(Group 1(a new))");
+}
+
 TEST_F(Rows, FollowANodeThatIsRemoved)
 {
     build({object(1, "a", 1), object(2, "b", 1)});
@@ -165,9 +181,9 @@ TEST_F(Rows, FollowAChangeOfOrder)
 TEST_F(Rows, BelowOtherNodesStayWhenOneChanges)
 {
     build({object(1, "a", 1), object(2, "b", 2)});
-    const auto* untouched = &row("b");
+    row("Group 2").setOpen(false);
     node("Group 1").appendChild(ValueTreesDemo::createTree("Object", "new"), nullptr);
-    EXPECT_EQ(&row("b"), untouched);
+    EXPECT_EQ(shape(), "Layer(Group 1(a new) Group 2+)");
 }
 
 TEST_F(Rows, TakeTheirNameFromTheirEditor)

@@ -126,6 +126,14 @@ TEST_F(Label, RoundsEachHalfOfItsShrinkingTowardsZero)
     EXPECT_EQ(oddHeights, 2);
 }
 
+TEST_F(Label, StaysForATextOfTheSameSize)
+{
+    show("12");
+    const auto bounds = label.getBounds();
+    show("21");
+    EXPECT_EQ(label.getBounds(), bounds);
+}
+
 TEST_F(Label, WrapsALongMessageWithinItsParent)
 {
     show("Hello");
@@ -195,6 +203,7 @@ TEST_F(Label, PaintsItsTextOnALightBlueField)
     const auto corner = picture.getPixelAt(0, 0);
     const auto edge = picture.getPixelAt(picture.getWidth() / 2, 1);
     EXPECT_LT(corner.getAlpha(), edge.getAlpha());
+    EXPECT_EQ(picture.getPixelAt(2, 0), edge) << "the corners are rounded by two pixels";
     EXPECT_NEAR(edge.getAlpha(), 204, 2);
     EXPECT_NEAR(edge.getRed(), juce::Colours::lightblue.getRed(), 2);
     EXPECT_NEAR(edge.getBlue(), juce::Colours::lightblue.getBlue(), 2);
@@ -220,7 +229,11 @@ TEST_F(Label, OfThePanelStaysInTheMiddle)
     EXPECT_EQ(panel->notifyLabel.getBounds().getCentre(), juce::Point<int>(150, 250));
 }
 
-TEST_F(Button, ActsOnThePress) { EXPECT_TRUE(button.getTriggeredOnMouseDown()); }
+TEST_F(Button, ActsOnThePressAndTakesNoKeys)
+{
+    EXPECT_TRUE(button.getTriggeredOnMouseDown());
+    EXPECT_FALSE(button.getWantsKeyboardFocus());
+}
 
 TEST_F(Button, ReportsItsClickAndPassesItself)
 {
@@ -285,4 +298,24 @@ TEST_F(Button, IsDarkGreyWithLightText)
     for (int x = 0; x < 5; ++x)
         for (int y = 0; y < 15; ++y)
             ASSERT_EQ(picture.getPixelAt(x, y), ground);
+}
+
+TEST_F(Button, FitsTextsOfAnyLength)
+{
+    std::string text = "Add Group";
+    for (int height : {15, 30, 60})
+        for (text.resize(9); text.size() < 60; text += text.size() % 7 == 0 ? ' ' : 'm')
+        {
+            button.setSize(100, height);
+            button.setButtonText(text);
+            juce::Image expected(juce::Image::ARGB, 100, height, true);
+            juce::Graphics g(expected);
+            g.fillAll(juce::Colour::greyLevel(0.1f));
+            g.setColour(juce::Colour::greyLevel(0.8f));
+            g.drawFittedText(text, 5, 4, 90, height - 8, juce::Justification::left, 2, 0.0f);
+            const auto picture = button.createComponentSnapshot(button.getLocalBounds());
+            for (int x = 0; x < 100; ++x)
+                for (int y = 0; y < height; ++y)
+                    ASSERT_EQ(picture.getPixelAt(x, y), expected.getPixelAt(x, y)) << text << ", " << height;
+        }
 }
