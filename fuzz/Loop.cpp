@@ -251,13 +251,22 @@ private:
             Require(each.id == finding::emptyUndoGroup, each.Text().c_str());
     }
 
-    void comeToRest()
+    void showTheLayer()
     {
         bench.host.User().OpenComposition(bench.on.compId);
         bench.host.User().SelectLayers({bench.on.layerId});
         bench.host.User().Activate(ActivePanel::timeline);
         bench.Show();
         (void)RefreshPanel(&bench.Inbox());
+    }
+
+    /// What still waits is done first: a deletion of the effect that is selected in the host clears the
+    /// host's selection, and then no layer is active.
+    void comeToRest()
+    {
+        showTheLayer();
+        idle();
+        showTheLayer();
         for (int pass = 0; pass < mostPasses; ++pass)
         {
             const ProjectState state = bench.host.State();

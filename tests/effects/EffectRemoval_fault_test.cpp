@@ -39,6 +39,8 @@ struct Failure
     Calls sweep = {}; ///< Its last calls, without the disposals.
 };
 
+void PrintTo(const Failure& row, std::ostream* out) { *out << row.test; }
+
 class RemovalWhileTheHostFails : public ::testing::TestWithParam<Failure>
 {
 };

@@ -132,6 +132,8 @@ struct NameRow
     std::string onLayer;
 };
 
+void PrintTo(const NameRow& row, std::ostream* out) { *out << row.test; }
+
 class LayerEffectChangesName : public StackTest, public ::testing::WithParamInterface<NameRow>
 {
 };

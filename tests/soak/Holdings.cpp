@@ -39,8 +39,10 @@ struct KeptByPanels
 KeptByPanels keptByPanels(const HostParts& parts)
 {
     const Panel* panel = parts.plugins.panels.Find("Vortan Object Panel");
-    const int created = panel == nullptr ? 0 : panel->created;
-    return {static_cast<std::size_t>(created) * bytesOfSixWords, 2 * created};
+    if (panel == nullptr)
+        return {};
+    const std::size_t listed = panel->formerRefcons.capacity() * sizeof(void*); // The stand-in's own.
+    return {static_cast<std::size_t>(panel->created) * bytesOfSixWords + listed, 2 * panel->created};
 }
 
 struct BasicWords
