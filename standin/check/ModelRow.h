@@ -54,9 +54,9 @@ struct ModelRow
     Kind kind = Kind::layer;
     /// An effect's is the effect's own, the layer's is 0. A group's is below 0, and new with each rebuild.
     int id = 0;
-    ModelEffect effect{};  ///< Of an object or an outside effect.
-    std::string title{};   ///< Of the layer and of a group.
-    int number = 0;        ///< Of a group; that of where it was moved to, until the rows are made anew.
+    ModelEffect effect{}; ///< Of an object or an outside effect.
+    std::string title{};  ///< Of the layer and of a group.
+    int number = 0;       ///< Of a group; that of where it was moved to, until the rows are made anew.
     bool isOpen = true;
     bool isSelected = false;
     std::vector<ModelRow> rows{};

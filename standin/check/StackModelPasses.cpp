@@ -78,8 +78,9 @@ void StackModel::makeRows()
             rows.push_back(ModelRow::Of(effect));
             continue;
         }
-        auto group = std::find_if(rows.begin(), rows.end(), [&](const ModelRow& row)
-                                  { return row.IsGroup() && row.number == effect.group; });
+        auto group =
+            std::find_if(rows.begin(), rows.end(),
+                         [&](const ModelRow& row) { return row.IsGroup() && row.number == effect.group; });
         if (group == rows.end())
             group = rows.insert(rows.end(), ModelRow::Group(effect.group, --lastGroupId));
         group->rows.push_back(ModelRow::Of(effect));

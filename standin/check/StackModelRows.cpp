@@ -169,7 +169,8 @@ void StackModel::DeleteRow(int id)
     PressDelete();
 }
 
-/// A group goes with all that is below it; the layer's row stays, and of an outside effect the row alone goes.
+/// A group goes with all that is below it; the layer's row stays, and of an outside effect the row alone
+/// goes.
 void StackModel::PressDelete()
 {
     printed.emplace_back("Key Pressed");

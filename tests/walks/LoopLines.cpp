@@ -105,8 +105,8 @@ Lines hostLines()
         {"idle inside each call", [](S& s, A) { idleInside(s, IdleInCalls::always); }},
         {"idle inside each call of WORD",
          [](S& s, A a) { idleInside(s, IdleInCalls::never, a.texts[0].c_str()); }},
-        {"fail call NUMBER of WORD", [](S& s, A a)
-         { s.host.Faults().FailFunction(a.texts[0], static_cast<std::size_t>(a.numbers[0])); }},
+        {"fail call NUMBER of WORD",
+         [](S& s, A a) { s.host.Faults().FailFunction(a.texts[0], static_cast<std::size_t>(a.numbers[0])); }},
         {"all is well again", [](S& s, A) { s.host.Faults().Disarm(); }},
         {"hold idle", [](S&, A) {}}, // The walker holds it.
         {"go on", [](S&, A) {}},
