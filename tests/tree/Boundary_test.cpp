@@ -62,7 +62,7 @@ TEST_F(Boundary, RefreshesFullyOpenAndUnselected)
 
 TEST_F(Boundary, WritesNothingWhileItRefreshes)
 {
-    EXPECT_EQ(outputOf([this] { RefreshTree(panel, {object(1, "a"), object(2, "b"), object(3, "c")}); }), "");
+    EXPECT_EQ(OutputOf([this] { RefreshTree(panel, {object(1, "a"), object(2, "b"), object(3, "c")}); }), "");
 }
 
 TEST_F(Boundary, LetsGoOfAClearedDocument)

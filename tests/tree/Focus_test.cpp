@@ -123,7 +123,7 @@ TEST_F(Focus, LeavesTheTreeForTheNameField)
     press(row("a").getItemPosition(true).getPosition() + juce::Point<int>(20, 10));
     letGo();
     ASSERT_TRUE(view().hasKeyboardFocus(false));
-    (void)outputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
+    (void)OutputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
     EXPECT_TRUE(view().renameEditor->hasKeyboardFocus(false));
 }
 
@@ -131,7 +131,7 @@ TEST_F(Focus, LeavesTheClickedNameFieldForTheTree)
 {
     show({object(1, "a")});
     select({"a"});
-    (void)outputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
+    (void)OutputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
     view().grabKeyboardFocus();
     press(view().renameEditor->getBounds().getCentre());
     letGo();
@@ -149,7 +149,7 @@ TEST_F(Focus, GoesToAClickFromAnotherWindow)
 {
     show({object(1, "a"), object(2, "b")});
     select({"a"});
-    (void)outputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
+    (void)OutputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
     const auto onB = row("b").getItemPosition(true).getPosition() + juce::Point<int>(250, 10);
     const auto onField = view().renameEditor->getBounds().getCentre();
     auto& field = *view().renameEditor;
@@ -229,7 +229,7 @@ TEST_F(Focus, ComesBackToWhatHadItLast)
 {
     show({object(1, "a")});
     select({"a"});
-    (void)outputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
+    (void)OutputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
     auto& field = *view().renameEditor;
     field.setText("some text", false);
     Focusable another;
@@ -294,15 +294,15 @@ TEST_F(Focus, LeavesItsKeysWhereItWas)
 {
     show({object(1, "a")});
     select({"a"});
-    (void)outputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
+    (void)OutputOf([this] { (void)pressKey(juce::KeyPress(juce::KeyPress::returnKey)); });
     auto& field = *view().renameEditor;
     field.setText("typed", false);
     field.grabKeyboardFocus();
     window->getPeer()->handleFocusLoss();
     // What the field has no use for is the tree's.
-    EXPECT_EQ(outputOf([this] { (void)panel->keyPressed(juce::KeyPress(juce::KeyPress::F5Key)); }),
+    EXPECT_EQ(OutputOf([this] { (void)panel->keyPressed(juce::KeyPress(juce::KeyPress::F5Key)); }),
               "Key Pressed\n");
-    EXPECT_EQ(outputOf([this] { EXPECT_TRUE(panel->keyPressed(juce::KeyPress(juce::KeyPress::returnKey))); }),
+    EXPECT_EQ(OutputOf([this] { EXPECT_TRUE(panel->keyPressed(juce::KeyPress(juce::KeyPress::returnKey))); }),
               "");
     EXPECT_FALSE(field.isVisible());
     EXPECT_EQ(shape(), "Layer(typed*)");

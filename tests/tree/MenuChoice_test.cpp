@@ -71,7 +71,7 @@ protected:
 
     void open(SimpleButton& button)
     {
-        (void)outputOf([&] { button.clicked(); });
+        (void)OutputOf([&] { button.clicked(); });
     }
 
     std::vector<int> keysOfChoice(int result)

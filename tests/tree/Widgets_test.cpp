@@ -126,6 +126,14 @@ TEST_F(Label, RoundsEachHalfOfItsShrinkingTowardsZero)
     EXPECT_EQ(oddHeights, 2);
 }
 
+TEST_F(Label, StaysForATextOfTheSameSize)
+{
+    show("12");
+    const auto bounds = label.getBounds();
+    show("21");
+    EXPECT_EQ(label.getBounds(), bounds);
+}
+
 TEST_F(Label, WrapsALongMessageWithinItsParent)
 {
     show("Hello");
