@@ -107,9 +107,11 @@ int freeNumber(const std::set<int>& inUse)
     return 0;
 }
 
+/// Rows of the layer and of groups have no identity, not an empty one.
 bool renameFirst(ModelNode& node, const std::string& uuid, const std::string& name)
 {
-    if (node.uuid == uuid)
+    const bool hasIdentity = node.kind != ModelNode::Kind::layer && node.kind != ModelNode::Kind::group;
+    if (hasIdentity && node.uuid == uuid)
     {
         node.name = name;
         return true;

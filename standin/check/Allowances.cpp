@@ -14,6 +14,8 @@ constexpr const char* noPlace = "an effect whose identity is not known is not pu
 constexpr const char* undeleted = "the order of the panel is written without the effect that was not deleted";
 constexpr const char* otherTree =
     "what passes for another layer's tree is compared in full, and the order of the rows is written";
+constexpr const char* misreadTree =
+    "rows that were read wrongly are taken for an edit, and their order is written with it";
 constexpr const char* lost = "a row whose effect was not recognised is made anew, and is not selected";
 constexpr const char* refused =
     "where an edit was refused, the rows keep a name or a selection that the layer does not know";
@@ -69,6 +71,11 @@ const std::vector<Allowance>& Allowances()
         {"AEGP_GetActiveItem", Fate::orderOfRows, otherTree},
         {"AEGP_GetActiveLayer", Fate::orderOfRows, otherTree},
         {"AEGP_GetLayerID", Fate::orderOfRows, otherTree},
+        {"AEGP_GetInstalledKeyFromLayerEffect", Fate::orderOfRows, misreadTree},
+        {"AEGP_GetEffectMatchName", Fate::orderOfRows, misreadTree},
+        {"AEGP_GetNewEffectStreamByIndex", Fate::orderOfRows, misreadTree},
+        {"AEGP_GetNewParentStreamRef", Fate::orderOfRows, misreadTree},
+        {"AEGP_GetStreamName", Fate::orderOfRows, misreadTree},
 
         {"AEGP_ConvertLayerToCompTime", Fate::hiddenWrongly, lost},
         {"AEGP_GetLayerNumEffects", Fate::hiddenWrongly, lost},

@@ -1,5 +1,6 @@
 #include "tests/bundle_linux/BundleTest.h"
 
+#include "standin/host/family/Family.h"
 #include "standin/host/family/KeptSuites.h"
 
 namespace standin

@@ -117,6 +117,34 @@ TEST_F(ProjectVerdict, OnlyAFailedCountMayHideOutsideEffects)
     EXPECT_THAT(Verdict("AEGP_SetDynamicStreamFlag"), HasSubstr("the effect \"blur\" is hidden"));
 }
 
+TEST_F(ProjectVerdict, ARefusedNameMayCostTheSelection)
+{
+    after()[0].hidden = false;
+    EXPECT_EQ(Verdict("AEGP_SetStreamName"), "");
+    project.after = project.wanted;
+    after()[0].hidden = false;
+    EXPECT_THAT(Verdict("AEGP_SetStreamName"), HasSubstr("is shown")) << "the name was not refused";
+}
+
+TEST_F(ProjectVerdict, ARefusedDeletionMayCostTheSelection)
+{
+    after()[0].hidden = false;
+    after()[0].name = "torch";
+    EXPECT_THAT(Verdict("AEGP_ReorderEffect"), HasSubstr("is shown"));
+    project.wanted.layers[layer].erase(project.wanted.layers[layer].begin() + 1);
+    EXPECT_EQ(Verdict("AEGP_ReorderEffect"), "");
+}
+
+TEST_F(ProjectVerdict, OutsidersSinkBelowTheRowsOfAnotherTree)
+{
+    std::swap(project.before.layers[layer][1], project.before.layers[layer][2]);
+    project.wanted = project.before;
+    EXPECT_EQ(Verdict("AEGP_GetLayerID"), "");
+    EXPECT_THAT(Verdict("AEGP_DisposeStream"), HasSubstr("neither the old one nor the new one"));
+    std::swap(after()[0], after()[1]);
+    EXPECT_NE(Verdict("AEGP_GetLayerID"), "") << "that is not the order of the rows";
+}
+
 TEST_F(ProjectVerdict, AnOrderThatNoStepGivesIsFound)
 {
     std::swap(after()[0], after()[2]);

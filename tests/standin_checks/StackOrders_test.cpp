@@ -59,5 +59,16 @@ TEST(OrdersOfFaultyDeletion, HoldThePanelsOrderWithoutTheUndeleted)
     EXPECT_THAT(OrdersOfFaultyDeletion({lamp, mast, disc}, {lamp}, {mast, disc}),
                 Contains(StackOrder{mast, disc, lamp}));
 }
+TEST(OrderOfRows, GathersGroupsAndLeavesOutsidersBelow)
+{
+    const std::map<int, int> groups{{lamp, 2}, {mast, 0}, {disc, 2}};
+    EXPECT_EQ(OrderOfRows({blur, lamp, mast, disc}, groups), (StackOrder{lamp, disc, mast, blur}));
+}
+
+TEST(OrderOfRows, GathersNothingThatIsInNoGroup)
+{
+    const std::map<int, int> groups{{lamp, -1}, {mast, 0}, {disc, -1}};
+    EXPECT_EQ(OrderOfRows({lamp, mast, disc}, groups), (StackOrder{lamp, mast, disc}));
+}
 } // namespace
 } // namespace standin

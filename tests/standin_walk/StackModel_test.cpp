@@ -265,5 +265,62 @@ TEST(StackModelTest, TwinsFromOutsideChangePlacesUnseen)
     EXPECT_EQ(model.Settle(), 1);
     EXPECT_THAT(model.UndoNames(), ElementsAre("Reorder Effect"));
 }
+StackModel twoGroups()
+{
+    return modelOf({effect(1, ModelKind::geometry, "a", 1), effect(2, ModelKind::geometry, "b", 2),
+                    effect(3, ModelKind::geometry, "c"), effect(4, ModelKind::outside, "blur")});
+}
+
+TEST(StackModelTest, AClosedGroupStaysClosedThroughARebuild)
+{
+    StackModel model = twoGroups();
+    model.ClickTriangle(rowAt(model, 0));
+    EXPECT_THAT(rows(model), ElementsAre("Group 1:", "Group 2: b", "c", "blur"));
+    (void)model.Settle();
+    model.Rename(3, "new");
+    (void)model.Settle();
+    EXPECT_THAT(rows(model), ElementsAre("Group 1:", "Group 2: b", "new", "blur"));
+}
+
+TEST(StackModelTest, AChangeRightBelowTheLayerOpensAllGroups)
+{
+    StackModel model = twoGroups();
+    model.ClickTriangle(rowAt(model, 0));
+    model.MoveRow(3, {0, 0});
+    EXPECT_THAT(rows(model), ElementsAre("c", "Group 1: a", "Group 2: b", "blur"));
+}
+
+TEST(StackModelTest, ADragTakesGroupsAndOutsideEffectsAlong)
+{
+    StackModel model = twoGroups();
+    model.ClickRow(3, Selecting::alone);
+    model.ClickRow(4, Selecting::toggled);
+    model.ClickRow(rowAt(model, 0), Selecting::toggled);
+    model.MoveRow(3, {rowAt(model, 1), 0});
+    EXPECT_THAT(rows(model), ElementsAre("Group 2: Group 1 a c blur b"));
+    (void)model.Settle();
+    EXPECT_THAT(rows(model), ElementsAre("Group 1: a", "Group 2: c b", "blur"));
+}
+
+TEST(StackModelTest, ARowIsSelectedForAsLongAsItIsPressed)
+{
+    StackModel model = threeObjects();
+    model.Press(2, StackModel::Part::text, Selecting::alone);
+    model.Rename(1, "new");
+    (void)model.Settle();
+    EXPECT_FALSE(model.FindRow(2)->isSelected) << "the view that is restored is older than the press";
+    model.LetGo();
+    EXPECT_TRUE(model.FindRow(2)->isSelected);
+}
+
+TEST(StackModelTest, APressedRowThatIsGoneSelectsNothing)
+{
+    StackModel model = threeObjects();
+    model.Press(2, StackModel::Part::text, Selecting::alone);
+    model.Delete(2);
+    (void)model.Settle();
+    model.LetGo();
+    EXPECT_FALSE(model.FindRow(1)->isSelected || model.FindRow(3)->isSelected);
+}
 } // namespace
 } // namespace standin

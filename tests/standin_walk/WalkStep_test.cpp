@@ -79,6 +79,26 @@ TEST(WalkStepTest, WhereTheHostIdlesStandsBeforeTheStep)
                                      "delete \"route\""));
 }
 
+TEST(WalkStepTest, ACallFailsOnlyWhereThePanelShowsALayer)
+{
+    int failing = 0;
+    for (unsigned seed = 1; seed <= 40; ++seed)
+    {
+        WalkState state = WalkBegin(WalkKind::loop);
+        for (const WalkStep& step : DrawWalk(WalkKind::loop, seed, 40))
+        {
+            if (!step.fault.empty())
+            {
+                ++failing;
+                EXPECT_TRUE(state.model.HasItem() && state.model.ActiveLayer() >= 0 && !state.isHeld);
+                EXPECT_EQ(state.model.Tab(), TabPlace::inFront);
+            }
+            (void)CarryOut(state, step);
+        }
+    }
+    EXPECT_GT(failing, 20);
+}
+
 TEST(WalkStepTest, EveryWalkLineIsInTheLanguage)
 {
     int read = 0;

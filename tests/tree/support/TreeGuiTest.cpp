@@ -76,6 +76,7 @@ void TreeGuiTest::drag(Place from, Place to)
 void TreeGuiTest::Drop()
 {
     User::Drop();
+    EXPECT_TRUE(pumpUntil([this] { return !panel->isDragAndDropActive(); }));
     EXPECT_TRUE(pumpUntil([] { return !juce::Desktop::getInstance().getAnimator().isAnimating(); }));
 }
 

@@ -41,8 +41,9 @@ protected:
 
     /// Drags a row from one place to the other. It fails if JUCE takes it for no drag.
     void drag(Place from, Place to);
-    /// Also waits until the picture of the dragged row has faded. It does so in a window of its own, and the
-    /// server would give that window a press that is meant for the row below it.
+    /// Also waits until JUCE takes another drag, and until the picture of the dragged row has faded. It does
+    /// so in a window of its own, and the server would give that window a press that is meant for the row
+    /// below it.
     void Drop();
     /// A click into the window around the panel, which takes the focus for it.
     void clickOnHost();
