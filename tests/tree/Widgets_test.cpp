@@ -138,6 +138,8 @@ TEST_F(Label, WrapsALongMessageWithinItsParent)
 {
     show("Hello");
     const int oneLine = label.getHeight();
+    show("Hello World");
+    EXPECT_EQ(label.getHeight(), oneLine);
     show("A message that is much longer than its parent is wide, and so has to be broken into lines");
     EXPECT_LE(label.getWidth(), 305);
     EXPECT_GT(label.getHeight(), oneLine);
