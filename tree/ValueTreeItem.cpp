@@ -96,7 +96,7 @@ void ValueTreeItem::paintItem(juce::Graphics& g, int width, int height)
         g.fillRect(0, 0, juce::jmin(textWidth, width), height);
     }
     g.setColour(textColour);
-    g.drawText(text, textX, 0, width - textX, height, juce::Justification::centredLeft, true);
+    g.drawText(text, textX, 0, juce::jmax(0, width - textX), height, juce::Justification::centredLeft, true);
     paintCheckBox(g);
 }
 

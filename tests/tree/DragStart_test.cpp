@@ -44,7 +44,7 @@ namespace
 class DragStart : public PressTable<HeadlessHands>
 {
 protected:
-    DragStart() { starts.clear(); }
+    ~DragStart() override { starts.clear(); }
 
     void dragTo(juce::Point<int> inView)
     {
