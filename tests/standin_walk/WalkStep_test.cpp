@@ -79,7 +79,7 @@ TEST(WalkStepTest, WhereTheHostIdlesStandsBeforeTheStep)
                                      "delete \"route\""));
 }
 
-TEST(WalkStepTest, CallsFailOnlyWhereThePanelShowsALayer)
+TEST(WalkStepTest, CallsFailOnlyWhereALayerIsShown)
 {
     int failing = 0;
     for (unsigned seed = 1; seed <= 40; ++seed)
