@@ -4,6 +4,7 @@
 
 #include "standin/host/core/Host.h"
 
+#include <gtest/gtest.h>
 #include <optional>
 #include <set>
 #include <string>
