@@ -253,9 +253,9 @@ void AuditFaultyRun(Trial& trial, const FaultyRun& run, FaultTally& tally)
     of.groupLeft = tally.left > leftBefore;
     of.startRefused = hasFailed(run.calls, {"AEGP_StartUndoGroup"});
     of.readingFailed =
-        hasFailed(run.calls, {"AEGP_IsShown", "AEGP_GetActiveItem", "AEGP_ConvertLayerToCompTime",
-                              "AEGP_GetLayerNumEffects", "AEGP_GetLayerEffectByIndex", "AEGP_GetEffectFlags",
-                              "AEGP_EffectCallGeneric"});
+        hasFailed(run.calls, {"AEGP_IsShown", "AEGP_GetActiveItem", "AEGP_GetActiveLayer",
+                              "AEGP_ConvertLayerToCompTime", "AEGP_GetLayerNumEffects",
+                              "AEGP_GetLayerEffectByIndex", "AEGP_GetEffectFlags", "AEGP_EffectCallGeneric"});
     for (const Finding& finding : run.findings)
         trial.Require(isKept(finding, of), finding.Text());
     AuditProject(trial, run, tally);

@@ -124,8 +124,11 @@ TEST_F(FaultAudit, FindingsPassInTheirSituationAlone)
     EXPECT_THAT(Verdict(), HasSubstr("nested-undo-group"));
     run.findings = {found(finding::emptyUndoGroup, "AEGP_EndUndoGroup")};
     EXPECT_THAT(Verdict(), HasSubstr("empty-undo-group"));
-    run.calls = {call("AEGP_GetLayerNumEffects", errGeneric)};
-    EXPECT_EQ(Verdict(), "") << "there is no order to write";
+    for (const char* const function : {"AEGP_GetLayerNumEffects", "AEGP_GetActiveLayer"})
+    {
+        run.calls = {call(function, errGeneric)};
+        EXPECT_EQ(Verdict(), "") << "there is no order to write";
+    }
     run.calls = {};
     run.findings = {found(finding::undoGroupMismatch, "AEGP_EndUndoGroup")};
     EXPECT_THAT(Verdict(), HasSubstr("undo-group-mismatch"));
