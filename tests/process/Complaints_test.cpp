@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <gtest/gtest.h>
 
 namespace standin::process
 {
