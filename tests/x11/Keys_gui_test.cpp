@@ -25,7 +25,7 @@ protected:
     /// What the key writes: this text has to come, and what comes a little later belongs to it.
     std::string write(const std::string& key, const std::string& awaited = "Key Pressed\n")
     {
-        constexpr auto noMoreComes = 30ms;
+        static constexpr auto noMoreComes = 30ms;
         const std::string output = OutputUntil(awaited, [&] { PressKey(key); });
         return output + OutputOf([this] { IdleFor(noMoreComes); });
     }
