@@ -72,7 +72,7 @@ def each_of(program):
         name = line.split("#")[0].strip()
         if name and not line.startswith(" "):
             suite = name if name.endswith(".") else ""
-        elif name and suite and not name.startswith("DISABLED_"):
+        elif name and suite:
             tests.append(Test(f"{os.path.basename(program.command[0])}.{suite}{name}",
                               [program.command[0], f"--gtest_filter={suite}{name}"], program.environment,
                               program.folder, program.complaint))
