@@ -2,9 +2,9 @@
 
 #include "standin/process/ExitCodes.h"
 #include "tests/support/ProgramRun.h"
+#include "tests/support/Scratch.h"
 
 #include <chrono>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -145,8 +145,9 @@ TEST(CheckCommand, AnUnstartableServerIsNoDisplay)
 
 TEST(CheckCommand, AFileThatIsNoBundleIsNamed)
 {
-    const std::string file = testing::TempDir() + "/no-bundle.so";
-    std::ofstream(file) << "this is no bundle";
+    const Scratch scratch;
+    const std::string file = scratch.Path("no-bundle.so");
+    scratch.Write("no-bundle.so", "this is no bundle");
     const ProgramRun none = check({"/nowhere.so"});
     EXPECT_EQ(none.exitCode, exit_code::noFile);
     EXPECT_EQ(none.errors, "/nowhere.so: there is no such file\n");

@@ -1,9 +1,8 @@
 // The reader of exported names, on files that are and are not what it reads.
 
 #include "standin/check/ExportedNames.h"
-#include "tests/support/FileText.h"
+#include "tests/support/Scratch.h"
 
-#include <fstream>
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
@@ -24,18 +23,18 @@ TEST(ExportedNames, AreReadFromTheFile)
 
 TEST(ExportedNames, AreNotReadFromOtherFiles)
 {
-    const std::string file = testing::TempDir() + "/no-elf.so";
-    std::ofstream(file) << std::string(100, 'x');
-    EXPECT_THROW((void)ExportedNames(file), std::runtime_error);
+    const Scratch scratch;
+    scratch.Write("no-elf.so", std::string(100, 'x'));
+    EXPECT_THROW((void)ExportedNames(scratch.Path("no-elf.so")), std::runtime_error);
     EXPECT_THROW((void)ExportedNames("/nowhere.so"), std::runtime_error);
 }
 
 TEST(ExportedNames, ATruncatedFileIsReported)
 {
     const std::string bytes = FileText(folder + "/refuses.so");
-    const std::string file = testing::TempDir() + "/cut.so";
-    std::ofstream(file, std::ios::binary) << bytes.substr(0, bytes.size() / 2);
-    EXPECT_THROW((void)ExportedNames(file), std::runtime_error);
+    const Scratch scratch;
+    scratch.Write("cut.so", bytes.substr(0, bytes.size() / 2));
+    EXPECT_THROW((void)ExportedNames(scratch.Path("cut.so")), std::runtime_error);
 }
 } // namespace
 } // namespace standin

@@ -28,7 +28,7 @@ std::string firstWord(const std::string& line) { return line.substr(0, line.find
 TEST(WholeCheck, TheBundlePassesAllListedChecks)
 {
     const auto listed = listedChecks();
-    const ProgramRun run = RunProgram({VORTAN_STANDIN, "check", VORTAN_BUNDLE, "--json"}, {});
+    const ProgramRun run = RunProgram({VORTAN_STANDIN, "check", VORTAN_BUNDLE, "--json", "--jobs", "6"}, {});
     EXPECT_EQ(run.exitCode, exit_code::well) << run.output;
     EXPECT_EQ(run.errors, "");
     const auto document = nlohmann::json::parse(run.output);

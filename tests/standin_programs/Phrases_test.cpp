@@ -3,7 +3,7 @@
 #include "standin/script/Parser.h"
 #include "standin/script/Phrase.h"
 #include "standin/script/Player.h"
-#include "tests/support/FileText.h"
+#include "tests/support/Scratch.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -95,8 +95,9 @@ TEST(Phrases, ThePageListsThemAllAsTheyAre)
 
 TEST(ReadScenario, AFileWithoutAnyExpectationIsRefused)
 {
-    const std::string file = testing::TempDir() + "/no-expectation.scenario";
-    std::ofstream(file) << "composition \"C\"\nundo\n";
+    const Scratch scratch;
+    const std::string file = scratch.Path("no-expectation.scenario");
+    scratch.Write("no-expectation.scenario", "composition \"C\"\nundo\n");
     EXPECT_THROW(
         {
             try
@@ -115,10 +116,10 @@ TEST(ReadScenario, AFileWithoutAnyExpectationIsRefused)
 
 TEST(ReadScenario, EmptyAndMissingFilesAreRefused)
 {
-    const std::string file = testing::TempDir() + "/empty.scenario";
-    std::ofstream(file) << "# nothing\n";
-    EXPECT_THROW((void)ReadScenario(file), ScenarioError);
-    EXPECT_THROW((void)ReadScenario(testing::TempDir() + "/is-not-there.scenario"), ScenarioError);
+    const Scratch scratch;
+    scratch.Write("empty.scenario", "# nothing\n");
+    EXPECT_THROW((void)ReadScenario(scratch.Path("empty.scenario")), ScenarioError);
+    EXPECT_THROW((void)ReadScenario(scratch.Path("is-not-there.scenario")), ScenarioError);
 }
 } // namespace
 } // namespace standin

@@ -1,11 +1,10 @@
 // The program `standin play` as its users meet it: what it says, and what it tells the shell.
 
 #include "standin/process/ExitCodes.h"
-#include "tests/support/FileText.h"
 #include "tests/support/ProgramRun.h"
 #include "tests/support/Sanitized.h"
+#include "tests/support/Scratch.h"
 
-#include <fstream>
 #include <gmock/gmock.h>
 
 using testing::EndsWith;
@@ -27,19 +26,20 @@ class PlayCommand : public testing::Test
 protected:
     std::string write(const std::string& name, const std::string& text)
     {
-        const std::string file = testing::TempDir() + "/" + name;
-        std::ofstream(file) << text;
-        return file;
+        scratch.Write(name, text);
+        return scratch.Path(name);
     }
 
     ProgramRun play(const std::vector<std::string>& arguments,
                     const std::vector<std::string>& environment = {})
     {
         std::vector<std::string> command{VORTAN_STANDIN, "play",       "--bundle",
-                                         VORTAN_BUNDLE,  "--pictures", testing::TempDir() + "/pictures"};
+                                         VORTAN_BUNDLE,  "--pictures", scratch.Path("pictures")};
         command.insert(command.end(), arguments.begin(), arguments.end());
         return RunProgram(command, environment);
     }
+
+    const Scratch scratch;
 };
 
 TEST_F(PlayCommand, PlaysScenariosAndCountsThem)
@@ -66,7 +66,7 @@ TEST_F(PlayCommand, AFailedExpectationHasLineAndPicture)
     EXPECT_EQ(run.exitCode, exit_code::failed);
     EXPECT_THAT(run.output, EndsWith("0 passed, 1 failed\n"));
     EXPECT_THAT(run.errors, StartsWith(file + ":7: expect stack \"lantern\"\n  found \"lamp\"\n"));
-    EXPECT_TRUE(std::ifstream(testing::TempDir() + "/pictures/wrong-line-7.png").good());
+    EXPECT_TRUE(std::filesystem::exists(scratch.Path("pictures/wrong-line-7.png")));
 }
 
 TEST_F(PlayCommand, AnImpossibleActionIsReportedWithItsLine)
@@ -82,11 +82,11 @@ TEST_F(PlayCommand, AnImpossibleActionIsReportedWithItsLine)
 
 TEST_F(PlayCommand, LeavesATraceOfCallsBelowTheirLines)
 {
-    const std::string trace = testing::TempDir() + "/trace.txt";
+    const std::string trace = scratch.Path("trace.txt");
     const std::string file =
         write("traced.scenario", std::string(goodScenario) + "turn off \"lamp\"\nexpect \"lamp\" is off\n");
     EXPECT_EQ(play({"--own-display", "--trace", trace, file}).exitCode, exit_code::well);
-    const std::string text = FileText(trace);
+    const std::string text = scratch.Read("trace.txt");
     EXPECT_THAT(text,
                 StartsWith("before the first action\n    Basic AcquireSuite(\"SP Suites Suite\", 2)\n"));
     EXPECT_THAT(text, HasSubstr(file + ":4: open the panel\n    "));

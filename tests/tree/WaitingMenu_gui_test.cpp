@@ -17,14 +17,15 @@ namespace
 {
 bool isMenuOpen() { return juce::Component::getNumCurrentlyModalComponents() > 0; }
 
-/// Does something in the loop of a menu, once the menu is open and listens.
+/// Does something in the loop of a menu, once the menu is open and listens. The loop is JUCE's own, which
+/// leaves lying what only deliverReadEvents sees.
 class InMenu : private juce::Timer
 {
 public:
     InMenu(std::function<void()> whenOpen, std::function<void()> whenListening)
         : atOpening(std::move(whenOpen)), inside(std::move(whenListening))
     {
-        startTimer(20);
+        startTimer(untilMenuOpens);
     }
 
     bool isDone() const { return inside == nullptr; }
@@ -32,17 +33,19 @@ public:
 private:
     void timerCallback() override
     {
-        if (!isMenuOpen())
+        deliverReadEvents();
+        if (!isMenuOpen() || isDone())
             return;
         if (atOpening != nullptr)
         {
             std::exchange(atOpening, nullptr)();
             return startTimer(untilMenuListens);
         }
-        stopTimer();
+        startTimer(untilMenuOpens);
         std::exchange(inside, nullptr)();
     }
 
+    static constexpr int untilMenuOpens = 20;
     static constexpr int untilMenuListens = static_cast<int>(user::waits::menuIgnoresClicks.count());
 
     std::function<void()> atOpening;

@@ -59,11 +59,22 @@ double worstLetter(const std::vector<double>& unlike, const std::vector<double>&
     {
         const auto at = static_cast<std::ptrdiff_t>(x);
         const double all = std::accumulate(ink.begin() + at, ink.begin() + at + letterWidth, 0.0);
+        if (all < leastInk)
+            continue;
         const double wrong = std::accumulate(unlike.begin() + at, unlike.begin() + at + letterWidth, 0.0);
-        if (all >= leastInk)
-            worst = std::max(worst, wrong / all);
+        worst = std::max(worst, wrong / all);
     }
     return worst;
+}
+
+/// Fills `row` with a row of the ink, and with nothing where there is none.
+void copyRow(const Ink& ink, int y, std::vector<float>& row)
+{
+    const bool isInside = y >= 0 && y < ink.height;
+    const auto count = isInside ? std::min(static_cast<std::size_t>(ink.width), row.size()) : 0;
+    const auto begin = ink.cover.begin() + (isInside ? static_cast<std::ptrdiff_t>(y) * ink.width : 0);
+    const auto end = std::copy_n(begin, count, row.begin());
+    std::fill(end, row.end(), 0.0f);
 }
 
 void addBitmap(Ink& ink, const FT_Bitmap& bitmap, int left, int top)
@@ -195,19 +206,20 @@ double TextShapes::Difference(const Ink& seen, const Ink& drawnInk, int down, To
 {
     const bool isLonger = drawnInk.width > seen.width;
     const bool isCut = isLonger && tooLong == TooLong::isCut;
-    const int columns = isCut ? seen.width - endOfCutText : std::max(seen.width, drawnInk.width);
-    std::vector<double> unlike;
-    std::vector<double> ink;
-    for (int x = 0; x < columns; ++x)
+    const auto columns = static_cast<std::size_t>(
+        std::max(0, isCut ? seen.width - endOfCutText : std::max(seen.width, drawnInk.width)));
+    std::vector<double> unlike(columns);
+    std::vector<double> ink(columns);
+    std::vector<float> a(columns);
+    std::vector<float> b(columns);
+    for (int y = 0; y < seen.height; ++y)
     {
-        unlike.push_back(0);
-        ink.push_back(0);
-        for (int y = 0; y < seen.height; ++y)
+        copyRow(seen, y, a);
+        copyRow(drawnInk, y - down, b);
+        for (std::size_t x = 0; x < columns; ++x)
         {
-            const float a = seen.At(x, y);
-            const float b = drawnInk.At(x, y - down);
-            unlike.back() += std::abs(a - b);
-            ink.back() += std::max(a, b);
+            unlike[x] += std::abs(a[x] - b[x]);
+            ink[x] += std::max(a[x], b[x]);
         }
     }
     const double all = std::accumulate(ink.begin(), ink.end(), 0.0);
