@@ -69,6 +69,9 @@ else()
 endif()
 
 set(vortan_juce_sources)
+if(NOT APPLE)
+  list(APPEND vortan_juce_sources ${CMAKE_CURRENT_LIST_DIR}/juce/JuceWindowEvents.cpp)
+endif()
 foreach(module ${vortan_juce_modules})
   # The later generation keeps some of a module in files beside its main one.
   file(GLOB beside ${VORTAN_JUCE_DIR}/modules/${module}/${module}_*.c ${VORTAN_JUCE_DIR}/modules/${module}/${module}_*.cpp)

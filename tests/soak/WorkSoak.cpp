@@ -8,6 +8,7 @@
 
 #include <X11/Xlib.h>
 #include <algorithm>
+#include <chrono>
 
 namespace standin
 {
@@ -17,9 +18,11 @@ using namespace user;
 
 namespace
 {
-constexpr int passesOfASecond = 30;
-constexpr int secondsBetweenEdits = 5;
 constexpr int leastRounds = 6;
+/// Five seconds at thirty passes each. Work that is too short for six rounds of that has less.
+constexpr long long mostPassesBetweenEdits = 150;
+/// JUCE lets go of the picture that it paints a window in when three seconds have passed without painting.
+constexpr auto untilPictureIsGone = std::chrono::seconds(4);
 /// The panel's, which is made anew, two for each drag and two for the menu.
 constexpr int juceWindowsOfARound = 7;
 
@@ -103,8 +106,9 @@ private:
         return chosen;
     }
 
-    void idle(int passes);
+    void idle(long long passes);
     void round();
+    long long passesBetweenEdits() const;
 
     SoakPlan plan;
     Trial trial;
@@ -114,9 +118,15 @@ private:
     SoakResult result;
 };
 
-void WorkSoak::idle(int passes)
+long long WorkSoak::passesBetweenEdits() const
 {
-    for (int i = 0; i < passes; ++i)
+    const auto ofShortWork = plan.passes / (leastRounds * static_cast<long long>(edits().size()));
+    return std::clamp(ofShortWork, 1LL, mostPassesBetweenEdits);
+}
+
+void WorkSoak::idle(long long passes)
+{
+    for (long long i = 0; i < passes; ++i)
     {
         (void)scene.host().RunIdle();
         scene.host().ClearTrace();
@@ -130,7 +140,7 @@ void WorkSoak::round()
     {
         scene.Do(line);
         ++result.edits;
-        idle(passesOfASecond * secondsBetweenEdits);
+        idle(passesBetweenEdits());
     }
     MakeLeak(plan.leak, scene.host(), display);
     ReplaceProject(scene.host(), saved);
@@ -139,6 +149,7 @@ void WorkSoak::round()
     scene.Settle();
     scene.session.Forget();
     result.findings += TakeUnexpected(scene.host());
+    WaitFor(untilPictureIsGone, [this] { idle(1); });
     const int roundsDone = static_cast<int>(result.looks.size()) + 1;
     Holdings held = HoldingsOf(scene.host(), roundsDone * juceWindowsOfARound);
     held.windows = windowsBelow(display, DefaultRootWindow(display));
@@ -147,9 +158,8 @@ void WorkSoak::round()
 
 SoakResult WorkSoak::Run()
 {
-    const auto rounds =
-        std::max<long long>(leastRounds, plan.passes / (static_cast<long long>(edits().size()) *
-                                                        passesOfASecond * secondsBetweenEdits));
+    const auto passesOfARound = static_cast<long long>(edits().size()) * passesBetweenEdits();
+    const auto rounds = std::max<long long>(leastRounds, plan.passes / passesOfARound);
     result.looks.reserve(static_cast<std::size_t>(rounds));
     for (long long i = 0; i < rounds; ++i)
         round();

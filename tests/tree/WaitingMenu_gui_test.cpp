@@ -3,6 +3,7 @@
 #include "tests/tree/support/TreeGuiTest.h"
 #include "tree/platform/x11/TreeX11.h"
 
+#include <JuceWindowEvents.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -18,7 +19,7 @@ namespace
 bool isMenuOpen() { return juce::Component::getNumCurrentlyModalComponents() > 0; }
 
 /// Does something in the loop of a menu, once the menu is open and listens. The loop is JUCE's own, which
-/// leaves lying what only deliverReadEvents sees.
+/// leaves lying what only DeliverJuceWindowEvents sees.
 class InMenu : private juce::Timer
 {
 public:
@@ -33,7 +34,7 @@ public:
 private:
     void timerCallback() override
     {
-        deliverReadEvents();
+        DeliverJuceWindowEvents();
         if (!isMenuOpen() || isDone())
             return;
         if (atOpening != nullptr)

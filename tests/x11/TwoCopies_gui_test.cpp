@@ -3,6 +3,7 @@
 #include "tests/x11/support/PanelInHost.h"
 
 #include <JuceInternals.h>
+#include <JuceWindowEvents.h>
 #include <juce_gui_basics/juce_gui_basics.h>
 
 using namespace standin;
@@ -46,6 +47,7 @@ protected:
 
     void pumpHost()
     {
+        DeliverJuceWindowEvents();
         for (int i = 0; i < 100 && DispatchJuceMessages(); ++i)
         {
         }

@@ -1,8 +1,7 @@
 #include "standin/desktop/views/MainView.h"
 
-#include "standin/desktop/views/WindowEvents.h"
-
 #include <JuceText.h>
+#include <JuceWindowEvents.h>
 
 namespace standin::desktop
 {
@@ -88,7 +87,7 @@ void MainView::tendWindow()
     // focus has come may be under way, though, and would take it from whoever has it by then.
     if (passesDeaf == passesUntilSure)
         peer->handleFocusGain();
-    DeliverWindowEvents();
+    DeliverJuceWindowEvents();
     if (waiting && getCurrentlyModalComponent() == nullptr && getCurrentlyFocusedComponent() != nullptr)
         std::exchange(waiting, nullptr)();
 }

@@ -5,10 +5,6 @@
 
 namespace standin
 {
-/// Delivers the window events that Xlib has read while it waited for an answer of the server. JUCE looks at
-/// the connection alone, and leaves them lying until more comes. Outside a display, nothing.
-void deliverReadEvents();
-
 /// Delivers what is waiting: messages, timers, window events, repaints.
 void pump();
 
