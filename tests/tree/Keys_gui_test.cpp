@@ -44,6 +44,16 @@ TEST_F(Keys, ReachTheTreeOnce)
     EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(1)));
 }
 
+TEST_F(Keys, ArriveThatCameWithAnAnswerOfTheServer)
+{
+    clickAndFocus("a");
+    hands.key("Down");
+    // A question to the server; what it has sent before its answer is in Xlib's queue after that.
+    EXPECT_TRUE(panel->getPeer()->isFocused());
+    (void)OutputOf([] { pump(); });
+    EXPECT_THAT(selectedNames(), ElementsAre("Group 1"));
+}
+
 TEST_F(Keys, ThatAreNotConsumedReachTheTreeOnce)
 {
     clickAndFocus("a");
