@@ -74,6 +74,9 @@ public:
     /// Where a button is clicked, on the screen.
     user::Place MiddleOf(const user::PanelButton& button) const;
 
+    /// Lets go of what was drawn to read the screen: how much it is depends on when the screen was looked at.
+    void ForgetDrawnTexts() { reader.Forget(); }
+
     /// From now on, rows and the like may show this text.
     void AddCandidate(const std::string& text);
 

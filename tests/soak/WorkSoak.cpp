@@ -148,6 +148,7 @@ void WorkSoak::round()
     scene.host().ClearViewLog();
     scene.Settle();
     scene.session.Forget();
+    scene.ForgetDrawnTexts();
     result.findings += TakeUnexpected(scene.host());
     WaitFor(untilPictureIsGone, [this] { idle(1); });
     const int roundsDone = static_cast<int>(result.looks.size()) + 1;

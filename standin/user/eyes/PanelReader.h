@@ -71,6 +71,8 @@ public:
     static bool IsEditorOpen(const ScreenPicture& panel);
     /// Whether it does and has the keyboard.
     static bool IsEditorListening(const ScreenPicture& panel);
+    /// Lets go of the texts that were drawn to compare with.
+    void Forget() { shapes.Forget(); }
 
     /// The middle of the nth of so many entries of a menu of this height, from its upper edge.
     static int MenuEntryMiddle(std::size_t index);

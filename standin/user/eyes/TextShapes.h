@@ -59,9 +59,11 @@ public:
     TextShapes(const TextShapes&) = delete;
     TextShapes& operator=(const TextShapes&) = delete;
 
-    /// UTF-8 text.
+    /// UTF-8 text. What is drawn is kept, and is drawn once.
     const Ink& Draw(const std::string& text, double height, double x);
     double WidthOf(const std::string& text, double height);
+    /// Lets go of all that was drawn so far, which is otherwise kept. Drawn ink is not to be used any more.
+    void Forget() { drawn.clear(); }
 
     /// The candidate that the ink shows; nothing if it shows none of them. Text that is too long for the
     /// ink's width is compared as far as it goes.
