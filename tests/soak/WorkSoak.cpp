@@ -151,6 +151,7 @@ void WorkSoak::round()
     scene.ForgetDrawnTexts();
     result.findings += TakeUnexpected(scene.host());
     WaitFor(untilPictureIsGone, [this] { idle(1); });
+    PartsOf(scene.host()).sensors.trace.ClearWithRoom();
     const int roundsDone = static_cast<int>(result.looks.size()) + 1;
     Holdings held = HoldingsOf(scene.host(), roundsDone * juceWindowsOfARound);
     held.windows = windowsBelow(display, DefaultRootWindow(display));

@@ -48,6 +48,8 @@ public:
     const std::vector<CallRecord>& Records() const { return records; }
     std::vector<std::string> Texts(SuiteTraffic traffic) const;
     void Clear() { records.clear(); }
+    /// Lets go of the calls, and of the room that most of them together needed.
+    void ClearWithRoom() { std::vector<CallRecord>().swap(records); }
     /// All calls since the host was made, also those that were cleared.
     std::size_t Count() const { return count; }
 
