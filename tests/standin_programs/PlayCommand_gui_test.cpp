@@ -164,7 +164,7 @@ TEST_F(PlayCommand, ACrashIsReportedAndTheNextPlays)
 TEST_F(PlayCommand, AScenarioThatTakesTooLongIsEnded)
 {
     const std::string slow = write("slow.scenario", "wait 60000 milliseconds\nexpect no alerts\n");
-    // The limit counts from the start of the process, and a busy machine takes seconds to get to the first line.
+    // The limit counts from the start of the process. A busy machine takes seconds to get to the first line.
     const ProgramRun run = play({"--own-display", "--limit", "30", slow});
     EXPECT_EQ(run.exitCode, exit_code::timeOut);
     EXPECT_THAT(run.errors, HasSubstr(slow + ":1: wait 60000 milliseconds\n"
