@@ -44,7 +44,7 @@ TEST_F(Keys, ReachTheTreeOnce)
     EXPECT_THAT(GetEffectsToBeRemoved(panel), ElementsAre(uuidOf(1)));
 }
 
-TEST_F(Keys, ArriveThatCameWithAnAnswerOfTheServer)
+TEST_F(Keys, ArriveWithAnAnswerOfTheServer)
 {
     clickAndFocus("a");
     hands.key("Down");
