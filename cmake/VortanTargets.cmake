@@ -53,7 +53,10 @@ endif()
 # With a compiler that has not been tried here, warnings do not keep the bundle from being built.
 option(VORTAN_WARNINGS_ARE_ERRORS "Stop at the first warning of the compiler in this project's sources" OFF)
 add_library(vortan-warnings INTERFACE)
-target_compile_options(vortan-warnings INTERFACE -Wall -Wextra -Wshadow -Wconversion ${vortan_instruments})
+# Among sources that are compiled together two warnings mean nothing; the other compiler's build has each by itself.
+set(vortan_is_together $<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>)
+target_compile_options(vortan-warnings INTERFACE -Wall -Wextra $<$<NOT:${vortan_is_together}>:-Wshadow> -Wconversion
+  $<$<AND:$<COMPILE_LANGUAGE:CXX>,${vortan_is_together}>:-Wno-subobject-linkage> ${vortan_instruments})
 if(VORTAN_WARNINGS_ARE_ERRORS)
   target_compile_options(vortan-warnings INTERFACE -Werror)
 endif()
@@ -66,17 +69,26 @@ macro(vortan_build_for_proof)
   endforeach()
 endmacro()
 
-# The other compiler builds without precompiled headers, so that a forgotten include shows.
-option(VORTAN_PRECOMPILE "Precompile the headers of JUCE and of the test framework" ON)
+# Half of the compiler's time goes into headers that it has read before. The other compiler builds without what follows,
+# so that a forgotten include shows.
+option(VORTAN_READ_HEADERS_ONCE "Precompile headers, and compile sources of the stand-in and the tests together" ON)
 if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  set(VORTAN_PRECOMPILE OFF)
+  set(VORTAN_READ_HEADERS_ONCE OFF)
 endif()
+
+# vortan_compile_together(): in this folder and below, several sources of a target are one to the compiler; so the names
+# that they keep to themselves must differ. The product is compiled as users get it.
+macro(vortan_compile_together)
+  if(VORTAN_READ_HEADERS_ONCE)
+    set(CMAKE_UNITY_BUILD ON)
+  endif()
+endmacro()
 
 # vortan_precompile(TARGET HEADERS header...) or vortan_precompile(TARGET AS other): the headers that the target's
 # sources share, or those of another target that is compiled with the same options.
 function(vortan_precompile target)
   cmake_parse_arguments(ARG "" "AS" "HEADERS" ${ARGN})
-  if(NOT VORTAN_PRECOMPILE)
+  if(NOT VORTAN_READ_HEADERS_ONCE)
     return()
   endif()
   if(ARG_AS)

@@ -39,6 +39,11 @@ struct ModelEffect
 
 using ModelStack = std::vector<ModelEffect>;
 
+inline auto WithId(int id)
+{
+    return [id](const ModelEffect& effect) { return effect.id == id; };
+}
+
 /// A row, and all that are below it. Where a row is closed there are no rows below it on the screen; what
 /// they stand for, and which of them are selected, is kept all the same.
 struct ModelRow

@@ -5,15 +5,6 @@
 
 namespace standin::check
 {
-namespace
-{
-auto withId(int id)
-{
-    return [id](const ModelEffect& effect) { return effect.id == id; };
-}
-
-} // namespace
-
 StackModel::StackModel(std::vector<ModelStack> theLayers) : layers(std::move(theLayers)) {}
 
 std::vector<std::string> StackModel::UndoNames() const
@@ -48,7 +39,7 @@ ModelEffect* StackModel::inStack(int id)
 {
     if (active < 0)
         return nullptr;
-    const auto found = std::find_if(stack().begin(), stack().end(), withId(id));
+    const auto found = std::find_if(stack().begin(), stack().end(), WithId(id));
     return found == stack().end() ? nullptr : &*found;
 }
 
@@ -86,14 +77,14 @@ void StackModel::Move(int id, int index)
            [&]
            {
                const ModelEffect effect = *inStack(id);
-               stack().erase(std::find_if(stack().begin(), stack().end(), withId(id)));
+               stack().erase(std::find_if(stack().begin(), stack().end(), WithId(id)));
                stack().insert(stack().begin() + index, effect);
            });
 }
 
 void StackModel::Delete(int id)
 {
-    change("Delete Effect", [&] { stack().erase(std::find_if(stack().begin(), stack().end(), withId(id))); });
+    change("Delete Effect", [&] { stack().erase(std::find_if(stack().begin(), stack().end(), WithId(id))); });
 }
 
 void StackModel::Duplicate(int id, int copyId)
@@ -101,7 +92,7 @@ void StackModel::Duplicate(int id, int copyId)
     change("Duplicate Effect",
            [&]
            {
-               const auto original = std::find_if(stack().begin(), stack().end(), withId(id));
+               const auto original = std::find_if(stack().begin(), stack().end(), WithId(id));
                ModelEffect copy = *original;
                copy.id = copyId;
                if (IsHidden(id))

@@ -11,11 +11,6 @@ namespace
 {
 constexpr int highestGroup = 10;
 
-auto withId(int id)
-{
-    return [id](const ModelEffect& effect) { return effect.id == id; };
-}
-
 /// Where the effects of a kind begin and end.
 struct Extent
 {
@@ -127,7 +122,7 @@ bool StackModel::carryOutRequests()
            [&]
            {
                for (const int id : doomed)
-                   stack().erase(std::find_if(stack().begin(), stack().end(), withId(id)));
+                   stack().erase(std::find_if(stack().begin(), stack().end(), WithId(id)));
            });
     return isAsked;
 }
@@ -148,7 +143,7 @@ void StackModel::carryOrderToLayer(const ModelStack& wanted, const char* stepNam
                for (const ModelEffect& each : wanted)
                    inOrder.push_back(*inStack(each.id));
                for (const ModelEffect& each : stack())
-                   if (std::find_if(wanted.begin(), wanted.end(), withId(each.id)) == wanted.end())
+                   if (std::find_if(wanted.begin(), wanted.end(), WithId(each.id)) == wanted.end())
                        inOrder.push_back(each);
                stack() = inOrder;
            });
@@ -162,7 +157,7 @@ void StackModel::carryRowsToLayer(const ModelStack& wanted)
     {
         for (const ModelEffect& each : wanted)
         {
-            const auto partner = std::find_if(former.begin(), former.end(), withId(each.id));
+            const auto partner = std::find_if(former.begin(), former.end(), WithId(each.id));
             if ((*partner).*field == each.*field)
                 continue;
             isOrderAlone = false;

@@ -16,7 +16,7 @@ namespace standin::cli
 {
 namespace
 {
-struct Options
+struct PlayArguments
 {
     std::vector<std::string> files;
     script::PlayOptions play;
@@ -27,7 +27,7 @@ struct Options
 };
 
 /// A file that is not there is another matter than one that says nonsense.
-int readAll(const Options& options, std::vector<std::vector<script::Step>>& scenarios)
+int readAll(const PlayArguments& options, std::vector<std::vector<script::Step>>& scenarios)
 {
     for (const std::string& file : options.files)
     {
@@ -49,7 +49,7 @@ int readAll(const Options& options, std::vector<std::vector<script::Step>>& scen
     return exit_code::well;
 }
 
-int playOne(const std::string& file, const std::vector<script::Step>& steps, const Options& options)
+int playOne(const std::string& file, const std::vector<script::Step>& steps, const PlayArguments& options)
 {
     const SeparateOutcome outcome = PlaySeparately(steps, options.play, std::chrono::seconds(options.timeout),
                                                    options.verbose ? StepsShown::yes : StepsShown::no);
@@ -63,7 +63,7 @@ int playOne(const std::string& file, const std::vector<script::Step>& steps, con
     return outcome.exitCode;
 }
 
-int playAll(const Options& options)
+int playAll(const PlayArguments& options)
 {
     std::vector<std::vector<script::Step>> scenarios;
     if (const int code = readAll(options, scenarios); code != exit_code::well)
@@ -97,7 +97,7 @@ int playAll(const Options& options)
 
 void AddPlayCommand(CLI::App& app, int& exitCode)
 {
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<PlayArguments>();
     options->play.bundleFile = BuiltBundle();
     CLI::App* play =
         app.add_subcommand("play", "Play scenarios: plain text, one action or expectation a line");

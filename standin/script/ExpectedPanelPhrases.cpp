@@ -30,7 +30,7 @@ Texts selectedTexts(const std::vector<user::PanelRow>& rows)
     return texts;
 }
 
-std::string compare(const Texts& wanted, const Texts& found)
+std::string compareShown(const Texts& wanted, const Texts& found)
 {
     return wanted == found ? "" : "the panel shows " + QuotedList(found);
 }
@@ -96,17 +96,18 @@ std::vector<Phrase> rowPhrases()
 {
     return {Expectation("expect rows TEXTS",
                         "All visible rows, with a dash for each level: \"Layer\" \"- Group 1\" \"-- lamp\".",
-                        [](Stage& s, const Arguments& a) { return compare(a.texts, rowTexts(s.Rows())); }),
+                        [](Stage& s, const Arguments& a)
+                        { return compareShown(a.texts, rowTexts(s.Rows())); }),
             Expectation("expect no rows", "The tree is empty.",
-                        [](Stage& s, const Arguments&) { return compare({}, rowTexts(s.Rows())); }),
+                        [](Stage& s, const Arguments&) { return compareShown({}, rowTexts(s.Rows())); }),
             Expectation("expect panel and stack agree",
                         "Rows, order, groups and boxes match the current layer's stack.",
                         [](Stage& s, const Arguments&) { return agreement(s); }),
             Expectation("expect selected TEXTS", "Exactly these rows are selected.",
                         [](Stage& s, const Arguments& a)
-                        { return compare(a.texts, selectedTexts(s.Rows())); }),
+                        { return compareShown(a.texts, selectedTexts(s.Rows())); }),
             Expectation("expect nothing selected", "No row is.",
-                        [](Stage& s, const Arguments&) { return compare({}, selectedTexts(s.Rows())); }),
+                        [](Stage& s, const Arguments&) { return compareShown({}, selectedTexts(s.Rows())); }),
             Expectation("expect box of TEXT is full", "Switched on.",
                         [](Stage& s, const Arguments& a) { return box(s, a, user::Box::full); }),
             Expectation("expect box of TEXT is half", "A group of which some are on.",
@@ -127,27 +128,27 @@ std::vector<Phrase> widgetPhrases()
                             Texts texts;
                             for (const user::PanelButton& button : s.Buttons())
                                 texts.push_back(button.text);
-                            return compare(a.texts, texts);
+                            return compareShown(a.texts, texts);
                         }),
             Expectation("expect TEXT offers TEXTS", "The entries of a button's menu.",
                         [](Stage& s, const Arguments& a)
                         {
                             const Texts found = s.OpenMenu(a.texts[0]);
                             s.session.CloseMenu();
-                            return compare(Texts(a.texts.begin() + 1, a.texts.end()), found);
+                            return compareShown(Texts(a.texts.begin() + 1, a.texts.end()), found);
                         }),
             Expectation("expect notification TEXT", "The text that the panel shows over its middle.",
                         [](Stage& s, const Arguments& a)
                         {
                             s.AddCandidate(a.texts[0]);
                             const std::optional<std::string> found = s.Notification();
-                            return compare(a.texts, found ? Texts{*found} : Texts{});
+                            return compareShown(a.texts, found ? Texts{*found} : Texts{});
                         }),
             Expectation("expect no notification", "None is shown.",
                         [](Stage& s, const Arguments&)
                         {
                             const std::optional<std::string> found = s.Notification();
-                            return compare({}, found ? Texts{*found} : Texts{});
+                            return compareShown({}, found ? Texts{*found} : Texts{});
                         }),
             Expectation("expect the name field", "The field for a new name lies over a row.",
                         [](Stage& s, const Arguments&) {

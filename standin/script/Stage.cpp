@@ -10,7 +10,6 @@ namespace standin::script
 {
 namespace
 {
-constexpr int mostGroups = 10;
 
 std::string groupName(int number) { return "Group " + std::to_string(number); }
 
@@ -97,7 +96,7 @@ void Stage::addUsualTexts()
 {
     AddCandidate("Layer");
     AddCandidate(""); // An empty name is drawn as it is.
-    for (int number = 1; number <= mostGroups; ++number)
+    for (int number = 1; number <= user::PanelReader::mostGroups; ++number)
         AddCandidate(groupName(number));
     AddCandidate("Not Found");
     for (const InstalledEffect& effect : host().InstalledEffects())
@@ -269,7 +268,7 @@ std::vector<user::PanelRow> Stage::RowsOfStack()
         const bool isOn = isFamily(host(), effect) && (effect.flags & effectActive) != 0;
         row.box = isOn ? user::Box::full : user::Box::empty;
         const int group = effect.family.group;
-        if (isFamily(host(), effect) && group >= 1 && group <= mostGroups)
+        if (isFamily(host(), effect) && group >= 1 && group <= user::PanelReader::mostGroups)
             addToGroup(rows, group, row);
         else
             rows.push_back(row);

@@ -26,10 +26,10 @@ std::string entryFor(const std::string& architecture, const Plugin& plugin)
     return architecture == "arm64" ? plugin.siliconEntry : plugin.intelEntry;
 }
 
-class Faults
+class TreeFaults
 {
 public:
-    explicit Faults(const std::string& tree) : contents(tree + "/Contents/") {}
+    explicit TreeFaults(const std::string& tree) : contents(tree + "/Contents/") {}
 
     void FollowInfo()
     {
@@ -86,7 +86,7 @@ private:
 
 std::vector<std::string> FindTreeFaults(const std::string& tree)
 {
-    Faults faults(tree);
+    TreeFaults faults(tree);
     faults.FollowInfo();
     return faults.found;
 }

@@ -1,4 +1,4 @@
-#include "tests/support/FileText.h"
+#include "tests/bundle/SourceText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,11 +11,9 @@ namespace
 {
 using testing::IsEmpty;
 
-std::string sourceText(const std::string& path) { return FileText(VORTAN_SOURCE_FOLDER "/" + path); }
-
 bool isChecked(const std::string& table, const std::string& member)
 {
-    static const std::string lists = sourceText("bundle/abi/CheckedNames.h");
+    static const std::string lists = SourceText("bundle/abi/CheckedNames.h");
     const bool isInSharedList = lists.find("CHECK(suite, " + member + ")") != std::string::npos &&
                                 lists.find("(CHECK, " + table + ")") != std::string::npos;
     return isInSharedList || lists.find("CHECK(" + table + ", " + member + ")") != std::string::npos;
@@ -23,7 +21,7 @@ bool isChecked(const std::string& table, const std::string& member)
 
 bool isChecked(const std::string& name)
 {
-    static const std::string lists = sourceText("bundle/abi/CheckedNames.h");
+    static const std::string lists = SourceText("bundle/abi/CheckedNames.h");
     return lists.find("CHECK(" + name + ")") != std::string::npos;
 }
 
@@ -38,7 +36,7 @@ std::vector<std::string> unchecked(const std::vector<std::string>& names)
 
 TEST(CheckedNames, HoldEveryFunctionOfEveryTable)
 {
-    const std::string header = sourceText("host/HostSuites.h");
+    const std::string header = SourceText("host/HostSuites.h");
     const std::regex tablePattern("struct (\\w+)\\n\\{([^}]*)\\};");
     int functions = 0;
     std::vector<std::string> missing;
@@ -61,7 +59,7 @@ TEST(CheckedNames, HoldEveryFunctionOfEveryTable)
 
 TEST(CheckedNames, HoldEveryScalarAndHandle)
 {
-    const std::vector<std::string> names = FindAll(sourceText("host/HostTypes.h"), "using (\\w+) =");
+    const std::vector<std::string> names = FindAll(SourceText("host/HostTypes.h"), "using (\\w+) =");
 
     EXPECT_THAT(names, testing::Contains("A_long"));
     std::vector<std::string> missing = unchecked(names);
@@ -73,7 +71,7 @@ TEST(CheckedNames, HoldEveryScalarAndHandle)
 TEST(CheckedNames, HoldEveryConstant)
 {
     const std::vector<std::string> names =
-        FindAll(sourceText("host/HostTypes.h"), "\\b((?:AEGP|PF|A)_\\w+) = -?\\d");
+        FindAll(SourceText("host/HostTypes.h"), "\\b((?:AEGP|PF|A)_\\w+) = -?\\d");
 
     EXPECT_THAT(names, testing::Contains("PF_Cmd_COMPLETELY_GENERAL"));
     EXPECT_THAT(unchecked(names), IsEmpty());

@@ -1,4 +1,4 @@
-#include "tests/support/FileText.h"
+#include "tests/bundle/SourceText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,11 +13,9 @@ using testing::UnorderedElementsAreArray;
 
 const std::string workflow = ".github/workflows/build.yml";
 
-std::string sourceText(const std::string& path) { return FileText(VORTAN_SOURCE_FOLDER "/" + path); }
-
 std::vector<std::string> findIn(const std::string& path, const std::string& pattern)
 {
-    return FindAll(sourceText(path), pattern);
+    return FindAll(SourceText(path), pattern);
 }
 
 std::vector<std::string> findOnPage(const std::string& pattern) { return findIn("docs/macos.md", pattern); }
@@ -25,7 +23,7 @@ std::vector<std::string> findOnPage(const std::string& pattern) { return findIn(
 bool isSwitch(const std::string& enumeration, const std::string& value)
 {
     static const std::string headers =
-        sourceText("standin/host/core/HostOptions.h") + sourceText("standin/host/core/Host.h");
+        SourceText("standin/host/core/HostOptions.h") + SourceText("standin/host/core/Host.h");
     return std::regex_search(headers,
                              std::regex("enum class " + enumeration + "\\s*\\{[^}]*\\b" + value + "\\b"));
 }
@@ -47,7 +45,7 @@ TEST(MacosPage, NamesSwitchesThatTheStandInHas)
 
 TEST(MacosPage, NamesOperationsThatTheStandInHas)
 {
-    const std::string header = sourceText("standin/host/core/Host.h");
+    const std::string header = SourceText("standin/host/core/Host.h");
     const std::vector<std::string> named = findOnPage("`Host::([A-Z]\\w+)`");
     std::vector<std::string> unknown;
     for (const std::string& name : named)
@@ -72,9 +70,9 @@ TEST(MacosPage, NamesFilesThatAreThere)
 
 TEST(MacosPage, NamesOptionsThatTheBuildHas)
 {
-    const std::string build = sourceText("bundle/CMakeLists.txt") + sourceText("cmake/VortanAbiCheck.cmake") +
-                              sourceText("cmake/VortanBundle.cmake") + sourceText("cmake/VortanJuce.cmake") +
-                              sourceText("cmake/VortanTargets.cmake");
+    const std::string build = SourceText("bundle/CMakeLists.txt") + SourceText("cmake/VortanAbiCheck.cmake") +
+                              SourceText("cmake/VortanBundle.cmake") + SourceText("cmake/VortanJuce.cmake") +
+                              SourceText("cmake/VortanTargets.cmake");
     const std::vector<std::string> named = findOnPage("\\| `(VORTAN_\\w+)`");
     std::vector<std::string> unknown;
     for (const std::string& name : named)

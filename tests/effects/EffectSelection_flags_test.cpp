@@ -1,15 +1,13 @@
 // The calls that switch the hidden flags, by suite version, and their result.
 
 #include "standin/host/family/Liars.h"
+#include "tests/effects/SelectionArguments.h"
 #include "tests/support/StackTest.h"
 
 namespace standin
 {
 namespace
 {
-constexpr bool hideThem = true;
-constexpr bool twirlThem = false;
-
 class EffectSelectionFlags : public StackTest
 {
 protected:

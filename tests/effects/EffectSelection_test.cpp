@@ -2,14 +2,13 @@
 
 #include "effects/EffectSelection.h"
 #include "standin/host/family/Liars.h"
+#include "tests/effects/SelectionArguments.h"
 #include "tests/support/StackTest.h"
 
 namespace standin
 {
 namespace
 {
-constexpr bool hideThem = true;
-constexpr bool twirlThem = false;
 constexpr bool touchMain = true;
 constexpr bool leaveMain = false;
 

@@ -20,7 +20,7 @@ std::string beginningOf(const CheckBook& book)
 {
     return std::string("<!-- checks of ") + book.kind + "s -->\n";
 }
-constexpr const char* end = "<!-- end of checks -->";
+constexpr const char* endOfTable = "<!-- end of checks -->";
 
 std::string tableOfChecks(const CheckBook& book)
 {
@@ -37,7 +37,7 @@ void writeTable(const CheckBook& book)
     const std::string before = FileText(VORTAN_CHECKS_PAGE);
     const std::size_t from = before.find(beginningOf(book)) + beginningOf(book).size();
     std::ofstream(VORTAN_CHECKS_PAGE)
-        << before.substr(0, from) << tableOfChecks(book) << before.substr(before.find(end, from));
+        << before.substr(0, from) << tableOfChecks(book) << before.substr(before.find(endOfTable, from));
 }
 
 TEST(StandinPage, ListsEveryCheckWithItsSentence)
@@ -46,7 +46,8 @@ TEST(StandinPage, ListsEveryCheckWithItsSentence)
     {
         if (std::getenv("STANDIN_WRITE_CHECKS") != nullptr)
             writeTable(*book);
-        EXPECT_THAT(FileText(VORTAN_CHECKS_PAGE), HasSubstr(beginningOf(*book) + tableOfChecks(*book) + end));
+        EXPECT_THAT(FileText(VORTAN_CHECKS_PAGE),
+                    HasSubstr(beginningOf(*book) + tableOfChecks(*book) + endOfTable));
     }
 }
 

@@ -26,7 +26,7 @@ Step bind(const std::string& line)
     return BindPhrase(ParseScenario(stream, "some.scenario").at(0));
 }
 
-std::string errorOf(const std::string& line)
+std::string bindingErrorOf(const std::string& line)
 {
     try
     {
@@ -52,19 +52,19 @@ TEST(Phrases, BlanksAreFilledInTheirOrder)
 
 TEST(Phrases, AnUnknownLineNamesTheNearestOnes)
 {
-    const std::string error = errorOf("click rows \"lamp\"");
+    const std::string error = bindingErrorOf("click rows \"lamp\"");
     EXPECT_THAT(error, HasSubstr("some.scenario:1: a scenario cannot say this"));
     EXPECT_THAT(error, HasSubstr("click row TEXT"));
-    EXPECT_EQ(errorOf("zzz"), "some.scenario:1: a scenario cannot say this");
+    EXPECT_EQ(bindingErrorOf("zzz"), "some.scenario:1: a scenario cannot say this");
 }
 
 TEST(Phrases, ABlankTakesOnlyItsOwnKind)
 {
-    EXPECT_THAT(errorOf("click row lamp"), HasSubstr("cannot say this"));
-    EXPECT_THAT(errorOf("move \"lamp\" to place \"2\""), HasSubstr("cannot say this"));
-    EXPECT_THAT(errorOf("press \"Return\""), HasSubstr("cannot say this"));
-    EXPECT_THAT(errorOf("expect stack"), HasSubstr("cannot say this"));
-    EXPECT_THAT(errorOf("undo undo"), HasSubstr("cannot say this"));
+    EXPECT_THAT(bindingErrorOf("click row lamp"), HasSubstr("cannot say this"));
+    EXPECT_THAT(bindingErrorOf("move \"lamp\" to place \"2\""), HasSubstr("cannot say this"));
+    EXPECT_THAT(bindingErrorOf("press \"Return\""), HasSubstr("cannot say this"));
+    EXPECT_THAT(bindingErrorOf("expect stack"), HasSubstr("cannot say this"));
+    EXPECT_THAT(bindingErrorOf("undo undo"), HasSubstr("cannot say this"));
 }
 
 TEST(Phrases, EachHasOneKindAndAnExplanation)

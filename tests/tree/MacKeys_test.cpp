@@ -20,9 +20,9 @@ using juce::KeyPress;
 const juce::ModifierKeys noModifier;
 const juce::ModifierKeys command(juce::ModifierKeys::commandModifier);
 
-const MacKey deleteKey = {"Delete", KeyPress::backspaceKey, 0x7f, noModifier, false, true};
+const MacKey macDeleteKey = {"Delete", KeyPress::backspaceKey, 0x7f, noModifier, false, true};
 const MacKey forwardDeleteKey = {"ForwardDelete", KeyPress::deleteKey, 0, noModifier, true, true};
-const MacKey returnKey = {"Return", KeyPress::returnKey, '\r', noModifier, false, true};
+const MacKey macReturnKey = {"Return", KeyPress::returnKey, '\r', noModifier, false, true};
 const MacKey cutKeys = {"CommandX", 'X', 'x', command, true, true};
 const MacKey copyKeys = {"CommandC", 'C', 'c', command, true, true};
 const MacKey pasteKeys = {"CommandV", 'V', 'v', command, true, true};
@@ -126,7 +126,7 @@ TEST_P(MacKeyPath, AsksReturnOnceWithNothingSelected)
 {
     view().clearSelectedItems();
     KeyEnd end = KeyEnd::panel;
-    EXPECT_EQ(OutputOf([&] { end = window->press(returnKey); }),
+    EXPECT_EQ(OutputOf([&] { end = window->press(macReturnKey); }),
               "Key Pressed\nReturn Key Pressed\nEdit Button\n");
     EXPECT_EQ(end, KeyEnd::host);
 }
@@ -140,7 +140,7 @@ TEST_P(MacKeyPath, LeavesTheHostItsKeys)
 
 TEST_P(MacKeyPath, LeavesTheHostsKeysDuringARename)
 {
-    EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
+    EXPECT_EQ(window->press(macReturnKey), KeyEnd::panel);
     for (const MacKey& key : {saveKeys, f5Key})
         EXPECT_EQ(window->press(key), unusedEnd(key)) << key.name;
     EXPECT_EQ(editor().getText(), "a");
@@ -156,7 +156,7 @@ TEST_P(MacKeyPath, LeavesTheHostTab)
 
 TEST_P(MacKeyPath, LeavesTheHostTabInTheNameField)
 {
-    EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
+    EXPECT_EQ(window->press(macReturnKey), KeyEnd::panel);
     type("first");
     EXPECT_EQ(window->press(tabKey), KeyEnd::host);
     type("second");
@@ -166,22 +166,22 @@ TEST_P(MacKeyPath, LeavesTheHostTabInTheNameField)
 
 TEST_P(MacKeyPath, RenamesAfterTheWindowHasBeenAway)
 {
-    EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
+    EXPECT_EQ(window->press(macReturnKey), KeyEnd::panel);
     type("ne");
     loseAndRegainKeyStatus();
     type("w");
-    EXPECT_EQ(window->press(deleteKey), KeyEnd::panel);
+    EXPECT_EQ(window->press(macDeleteKey), KeyEnd::panel);
     EXPECT_EQ(editor().getText(), "ne");
     // Otherwise the system's input context would have no field to write into.
     EXPECT_TRUE(editor().hasKeyboardFocus(false));
-    EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
+    EXPECT_EQ(window->press(macReturnKey), KeyEnd::panel);
     EXPECT_EQ(shape(), "Layer(ne* Group 1(b c) x)");
     EXPECT_THAT(GetEffectsToBeRemoved(panel), IsEmpty());
 }
 
 TEST_P(MacKeyPath, LeavesTheHostsTextFieldItsKeys)
 {
-    EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
+    EXPECT_EQ(window->press(macReturnKey), KeyEnd::panel);
     window->clickElsewhere(MacWindow::Other::takesFirstResponder);
     EXPECT_EQ(window->press(letter('q')), KeyEnd::host);
     EXPECT_EQ(window->press(leftKey), unusedEnd(leftKey));
@@ -191,20 +191,20 @@ TEST_P(MacKeyPath, LeavesTheHostsTextFieldItsKeys)
 
 TEST_P(MacKeyPath, ClickingTheNameFieldTakesTheKeyboard)
 {
-    EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
+    EXPECT_EQ(window->press(macReturnKey), KeyEnd::panel);
     window->clickElsewhere(MacWindow::Other::leavesFirstResponder);
     EXPECT_EQ(window->press(letter('q')), KeyEnd::host);
     window->clickInside(panel->getLocalPoint(&editor(), juce::Point<int>(100, 10)));
     EXPECT_EQ(window->press(selectAllKeys), KeyEnd::panel);
     type("new");
-    EXPECT_EQ(window->press(returnKey), KeyEnd::panel);
+    EXPECT_EQ(window->press(macReturnKey), KeyEnd::panel);
     EXPECT_EQ(shape(), "Layer(new* Group 1(b c) x)");
 }
 
 TEST_P(MacKeyPath, WorksWhateverJuceHoldsForFocused)
 {
     panel->giveAwayKeyboardFocus();
-    EXPECT_EQ(window->press(deleteKey), KeyEnd::panel);
+    EXPECT_EQ(window->press(macDeleteKey), KeyEnd::panel);
     EXPECT_EQ(shape(), "Layer(Group 1(b c) x)");
 }
 
@@ -288,9 +288,9 @@ INSTANTIATE_TEST_SUITE_P(
     OfJuce, MacPanelKey,
     testing::Combine(
         testing::Values(JuceGeneration::seven, JuceGeneration::eight),
-        testing::Values(KeyAndOutcome{deleteKey, "Key Pressed\n", "Layer(Group 1(b c) x)"},
+        testing::Values(KeyAndOutcome{macDeleteKey, "Key Pressed\n", "Layer(Group 1(b c) x)"},
                         KeyAndOutcome{forwardDeleteKey, "Key Pressed\n", "Layer(Group 1(b c) x)"},
-                        KeyAndOutcome{returnKey, "Key Pressed\nReturn Key Pressed\nEdit Button\n",
+                        KeyAndOutcome{macReturnKey, "Key Pressed\nReturn Key Pressed\nEdit Button\n",
                                       "Layer(a* Group 1(b c) x)"},
                         KeyAndOutcome{cutKeys, "Key Pressed\nCut Button\n", "Layer(a* Group 1(b c) x)"},
                         KeyAndOutcome{copyKeys, "Key Pressed\nCopy Button\n", "Layer(a* Group 1(b c) x)"},

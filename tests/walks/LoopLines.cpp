@@ -20,8 +20,6 @@ namespace
 using Texts = std::vector<std::string>;
 using Lines = std::map<std::string, std::function<void(LoopSession&, const script::Arguments&)>>;
 
-constexpr const char* panelName = "Vortan Object Panel";
-
 void selectLayer(LoopSession& s, const std::string& name)
 {
     s.currentLayer = name == "Solid 1" ? s.layerIds.at(0) : s.layerIds.at(1);
@@ -68,7 +66,10 @@ void dropAtEnd(LoopSession& s, const std::string& dragged, ValueTreeItem& target
     s.Drop(dragged, target, target.getNode().getNumChildren());
 }
 
-void setPanel(LoopSession& s, PanelState state) { (void)s.host.SetPanelState(panelName, state); }
+void setPanel(LoopSession& s, PanelState state)
+{
+    (void)s.host.SetPanelState(user::Session::panelName, state);
+}
 
 Lines hostLines()
 {

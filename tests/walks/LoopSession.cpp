@@ -19,7 +19,6 @@ namespace standin::check
 {
 namespace
 {
-constexpr const char* panelName = "Vortan Object Panel";
 constexpr int panelWidth = 400;
 constexpr int panelHeight = 700; ///< All rows of a walk are in view.
 constexpr int middleOfRow = 10;
@@ -101,7 +100,7 @@ LoopSession::LoopSession(const StackModel& begin) : host(plainOptions())
     currentLayer = layerIds.front();
     host.User().SelectLayers({currentLayer});
     panelator = static_cast<Panelator*>(host.Load(&PanelEntryPointFunc).globalRefcon);
-    (void)host.SetPanelState(panelName, PanelState::frontmost);
+    (void)host.SetPanelState(user::Session::panelName, PanelState::frontmost);
     Tree().setSize(panelWidth, panelHeight);
     window = std::make_unique<HeadlessWindow>(Tree());
 }

@@ -9,8 +9,9 @@
 
 #include <gtest/gtest.h>
 
-using namespace standin;
-using namespace standin::user;
+namespace standin
+{
+using namespace user;
 
 namespace
 {
@@ -144,3 +145,4 @@ TEST_F(Dispatch, RunsMessagesAndTimersWithoutAWidget)
     tree = nullptr;
     EXPECT_TRUE(IdleUntil([&] { return timer.ticks > 3; }));
 }
+} // namespace standin

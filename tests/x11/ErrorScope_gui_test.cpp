@@ -8,8 +8,9 @@
 
 #include <X11/Xlib.h>
 
-using namespace standin;
-using namespace standin::user;
+namespace standin
+{
+using namespace user;
 
 namespace
 {
@@ -102,3 +103,4 @@ TEST_F(ErrorScope, KeepsTheHandlerSetInTheInnermost)
     }
     EXPECT_EQ(presentHandler(), &countSecond);
 }
+} // namespace standin

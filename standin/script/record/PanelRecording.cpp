@@ -14,7 +14,6 @@ namespace
 constexpr int rowHeight = user::PanelReader::rowHeight;
 constexpr int dragThreshold = 5;
 constexpr int passesOfDoubleClick = 20; ///< Surely longer than a double click takes.
-constexpr int mostGroups = 10;
 constexpr unsigned wheelUp = 4;
 constexpr unsigned wheelDown = 5;
 
@@ -94,7 +93,7 @@ std::vector<std::string> PanelRecording::candidates() const
             add(host.NameOf(effect.label));
     for (const InstalledEffect& effect : host.InstalledEffects())
         add(effect.defaultName);
-    for (int number = 1; number <= mostGroups; ++number)
+    for (int number = 1; number <= user::PanelReader::mostGroups; ++number)
         texts.push_back("Group " + std::to_string(number));
     return texts;
 }

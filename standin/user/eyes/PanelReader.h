@@ -57,6 +57,7 @@ public:
     static constexpr int rowHeight = 20;
     static constexpr int buttonWidth = 100;
     static constexpr int buttonHeight = 15;
+    static constexpr int mostGroups = 10; ///< The panel offers those with the numbers from 1 to this.
 
     /// Whole rows from the top. Rows that are scrolled away in part or whole are not seen.
     std::vector<PanelRow> Rows(const ScreenPicture& panel, const std::vector<std::string>& candidates);
