@@ -43,6 +43,7 @@ def preprocessed(entry):
     output = words.index("-o")
     words = words[:output] + words[output + 2:]
     words[words.index("-c")] = "-E"
+    words.append("-C")  # Comments too can tell clang-tidy something.
     result = subprocess.run(words, cwd=entry["directory"], capture_output=True)
     return result.stdout if result.returncode == 0 else None
 
