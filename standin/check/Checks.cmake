@@ -237,7 +237,7 @@ vortan_check(pass-inside-pass
   MUTANT passes-are-not-kept-apart panel/IdlePass.cpp
   WAS [[others.Begin();]]
   IS [[]]
-  FOUND [[a rename, and the host idles inside call]])
+  FOUND [[a rename, and the host idles inside each 8th call]])
 vortan_check(kept-findings "What a strict host reports of the bundle appears where it is meant, and nowhere else."
   RUNS KeptFindings SCREEN
   MUTANT released-only-if-obtained host/IdleSuite.cpp

@@ -1,4 +1,4 @@
-// The host idles inside each call of a change in turn: nothing may come of it.
+// The host idles inside each call of a change, an eighth of them in each run: nothing may come of it.
 
 #include "standin/check/PanelScene.h"
 #include "standin/host/core/HostParts.h"
@@ -36,33 +36,32 @@ public:
         const std::string name = edit.name;
         scene.trial.At(name + ", and the host idles inside no call");
         // The first time the panel's view of the layer is another one than from then on.
-        (void)carryOut(edit, 0);
-        const Left alone = carryOut(edit, 0);
-        std::size_t ordinal = 1;
-        for (;; ++ordinal)
+        (void)carryOut(edit);
+        const Left alone = carryOut(edit);
+        std::size_t timesIdled = 0;
+        for (std::size_t first = 1; first <= step; ++first)
         {
-            const bool isCall = ordinal <= alone.calls.size();
-            scene.trial.At(name + ", and the host idles inside call " + std::to_string(ordinal) +
-                           (isCall ? ": " + alone.calls[ordinal - 1] : ""));
-            const Left left = carryOut(edit, ordinal);
-            if (scene.host().Idles().TimesIdled() == 0)
-                break;
+            scene.trial.At(name + ", and the host idles inside each " + std::to_string(step) +
+                           "th call from call " + std::to_string(first) + " on");
+            const Left left = carryOut(edit, alone.calls.size(), first);
+            timesIdled += scene.host().Idles().TimesIdled();
             requireSame(left, alone);
         }
-        scene.trial.RequireEqual(ordinal - 1, alone.calls.size(), "the number of calls it has idled inside");
+        scene.trial.RequireEqual(timesIdled, alone.calls.size(), "the number of calls it has idled inside");
         scene.trial.Require(alone.calls.size() > fewestCalls, name + " makes next to no calls");
     }
 
 private:
     static constexpr std::size_t fewestCalls = 60;
+    static constexpr std::size_t step = 8; ///< So many runs come to each call once.
 
-    /// `ordinal` 0 for no call.
-    Left carryOut(const SweptEdit& edit, std::size_t ordinal)
+    /// The host idles inside each step-th of so many calls, beginning with the first-th.
+    Left carryOut(const SweptEdit& edit, std::size_t calls = 0, std::size_t first = 1)
     {
         constexpr int passesOfAChange = 2;
         reset();
         edit.begin();
-        scene.host().Idles().InCall(ordinal);
+        scene.host().Idles().InCalls(first, step, calls);
         for (int i = 0; i < passesOfAChange; ++i)
             scene.session.Idle();
         Left left{scene.session.Calls(), scene.session.Printed(), scene.host().State(),

@@ -185,13 +185,6 @@ class IdleInEachCall : public ::testing::TestWithParam<Change>
 {
 };
 
-/// Lets the host idle inside each of so many calls, beginning with the first-th.
-void idleInEvery(Host& host, std::size_t step, std::size_t first, std::size_t calls)
-{
-    for (std::size_t ordinal = first; ordinal <= calls; ordinal += step)
-        host.Idles().InCall(ordinal);
-}
-
 TEST_P(IdleInEachCall, LeavesWhatAHostLeavesThatDoesNot)
 {
     constexpr std::size_t step = 8; // So many runs come to each call once.
@@ -203,7 +196,7 @@ TEST_P(IdleInEachCall, LeavesWhatAHostLeavesThatDoesNot)
     for (std::size_t first = 1; first <= step && !HasFailure(); ++first)
     {
         SCOPED_TRACE("idling inside each eighth call from the " + std::to_string(first) + "th");
-        const Left left = carryOut(GetParam(), [&](Host& host) { idleInEvery(host, step, first, calls); });
+        const Left left = carryOut(GetParam(), [&](Host& host) { host.Idles().InCalls(first, step, calls); });
         timesIdled += left.timesIdled;
         expectSame(left, alone);
     }

@@ -56,6 +56,14 @@ TEST_F(IdleInCall, PicksTheNthCallOfAll)
     EXPECT_THAT(plugin.events, ElementsAre("count", "count", "idle 2", "count"));
 }
 
+TEST_F(IdleInCall, PicksEachNthCallUpToALast)
+{
+    host.Idles().InCalls(2, 2, 5); // The acquire is the first.
+    Count(6);
+    EXPECT_THAT(plugin.events,
+                ElementsAre("count", "idle 2", "count", "count", "idle 2", "count", "count", "count"));
+}
+
 TEST_F(IdleInCall, PicksTheNthCallOfAFunction)
 {
     host.Idles().InFunction("AEGP_GetLayerNumEffects", 3);

@@ -13,6 +13,12 @@ void IdlePlan::Clear()
 
 void IdlePlan::InCall(std::size_t ordinal) { choices.emplace_back(ordinal, CallSpan::once); }
 
+void IdlePlan::InCalls(std::size_t first, std::size_t step, std::size_t last)
+{
+    for (std::size_t ordinal = first; ordinal <= last; ordinal += step)
+        InCall(ordinal);
+}
+
 void IdlePlan::InFunction(const std::string& function, std::size_t nth)
 {
     choices.emplace_back(function, nth, CallSpan::once);

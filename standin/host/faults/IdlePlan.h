@@ -19,6 +19,8 @@ public:
 
     /// Inside the `ordinal`-th call from now on, counted from 1.
     void InCall(std::size_t ordinal);
+    /// Inside the `first`-th call and each `step`-th after it, up to the `last`-th.
+    void InCalls(std::size_t first, std::size_t step, std::size_t last);
     /// Inside the `nth` call from now on of a named function, counted from 1, whatever its suite.
     void InFunction(const std::string& function, std::size_t nth = 1);
     /// Inside each call of a named function from now on.
